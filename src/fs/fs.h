@@ -1,0 +1,85 @@
+// The only door to the operating system. Above it a path is UTF-16 text with backslashes, on every
+// platform; what a call does to a path before the system sees it stays behind this header.
+// Nothing here throws except for want of memory.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "text.h"
+
+namespace Korvel::CANTORIS::PLX::fs {
+
+// --- Path logic: pure text, backslashes only -----------------------------------------------------
+
+inline constexpr Char separator = static_cast<Char>('\\');
+
+// Everything up to the last separator, without it; the empty text when there is none.
+StringView parentPath(StringView path);
+
+// Everything after the last separator; the empty text when there is none.
+StringView fileName(StringView path);
+
+// From the last dot anywhere in the path to its end; the empty text when there is none.
+StringView extension(StringView path);
+
+// The two joined by one separator.
+String join(StringView folder, StringView name);
+
+// --- Questions ------------------------------------------------------------------------------------
+
+// Links are followed. A path that cannot be put into the host's form does not exist.
+bool exists(const String& path);
+bool isDirectory(const String& path);
+bool isPlainFile(const String& path); // a regular file or a link to one: no folder, pipe or device
+
+// True when both exist and, with links resolved, `path` lies strictly below `folder`.
+bool isStrictlyBelow(const String& path, const String& folder);
+
+// --- Listing ----------------------------------------------------------------------------------------
+
+// Calls visit(path) for each plain file below the folder, in the order in which the file system lists
+// them; a sub-folder is descended into at its place in that order. A link counts as what it leads to,
+// except that a link back to a folder being listed above it is passed over. Names that are no valid
+// text and special files are passed over; a folder that cannot be listed counts as empty.
+// The path is good until visit returns.
+void forEachFile(const String& folder, const std::function<void(const String& path)>& visit);
+
+// --- Changes ----------------------------------------------------------------------------------------
+
+// Makes the folder and its missing ancestors. True when it is a folder afterwards.
+bool createDirectories(const String& path);
+
+// Removes one file, one link (never what it leads to) or one empty folder.
+bool remove(const String& path);
+
+// Removes a file, a link, or a folder with everything in it; links inside are removed, not followed.
+// False when anything is left.
+bool removeTree(const String& path);
+
+// --- Contents -----------------------------------------------------------------------------------------
+
+// Reads a plain file whole into `content`, replacing it. False when it is missing, is no plain file
+// (pipes and devices are not opened), or cannot be read to its end.
+bool readFile(const String& path, std::string& content);
+
+enum class WriteResult {
+    written,
+    notOpened, // nothing was changed
+    failed,    // the file was opened, hence emptied; it holds what was written before the failure
+};
+
+// Replaces the file's content. Only a write whose every step succeeded, closing included, is written.
+WriteResult writeFile(const String& path, std::string_view content);
+
+// Copies a plain file byte for byte.
+bool copyFile(const String& from, const String& to);
+
+// --- Identity -------------------------------------------------------------------------------------------
+
+// A new random UUID: 36 characters, lower-case hexadecimal, 8-4-4-4-12. Empty when the system has no
+// randomness to give.
+String newUuid();
+
+} // namespace Korvel::CANTORIS::PLX::fs
