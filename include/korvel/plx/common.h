@@ -104,4 +104,100 @@ typedef struct KRT_PLX_EffectBase KRT_PLX_EffectBase;
 /** A named value of an effect; see effect.h. */
 typedef struct KRT_PLX_EffectParameterBase KRT_PLX_EffectParameterBase;
 
+/** What kind of part a clip holds, and what a part is: KRT_PLX_ClipBase_partType(),
+ *  KRT_PLX_PartBase_type(). */
+typedef enum KRT_PLX_PartType {
+    /** An audio part: it names a wave file. */
+    KRT_PLX_PART_AUDIO = 1,
+    /** A MIDI part sung by an AI voice. */
+    KRT_PLX_PART_MIDI_AI = 2,
+    /** A MIDI part sung by a voice bank. */
+    KRT_PLX_PART_MIDI = 3,
+    /** No part: an editable clip that has none yet, or a null handle. */
+    KRT_PLX_PART_NONE = 4
+} KRT_PLX_PartType;
+
+/** Where a catalogue clip comes from: KRT_PLX_Clip_type(). */
+typedef enum KRT_PLX_ClipKind {
+    /** A factory clip from a system clip directory; it cannot be changed or removed. */
+    KRT_PLX_CLIP_SYSTEM = 0,
+    /** A clip from a user clip directory. */
+    KRT_PLX_CLIP_USER = 1,
+    /** The handle is null or no catalogue clip. */
+    KRT_PLX_CLIP_NO_KIND = 2
+} KRT_PLX_ClipKind;
+
+/**
+ * Result codes of KRT_PLX_CreateManager(), KRT_PLX_Manager_readAllClipFiles(),
+ * KRT_PLX_Manager_readUserClipFiles() and KRT_PLX_MutableClip_save().
+ *
+ * Compare them with the `uint32_t` that these functions hand out. Each function says which codes it
+ * uses. Values that are missing here are not used by this version.
+ */
+typedef enum KRT_PLX_Result {
+    /** Done. */
+    KRT_PLX_RESULT_OK = 0,
+    /** Creation: the application ID or a directory is null. Saving: the name is null. */
+    KRT_PLX_RESULT_NULL_ARGUMENT = 2,
+    /** Creation: the application ID is empty. */
+    KRT_PLX_RESULT_EMPTY_APP_ID = 6,
+    /** Creation: the system clip directory is no existing directory. Reading: the main directory of
+     *  a list that is being read is no existing directory. */
+    KRT_PLX_RESULT_DIRECTORY_MISSING = 7,
+    /** Creation: the user clip directory could not be created. Saving: the new clip's folder or the
+     *  "audio" folder in it could not be created. */
+    KRT_PLX_RESULT_DIRECTORY_NOT_CREATED = 8,
+    /** Saving: the user clip directory does not exist (any more). */
+    KRT_PLX_RESULT_USER_DIRECTORY_MISSING = 9,
+    /** Saving: the name is empty. */
+    KRT_PLX_RESULT_EMPTY_NAME = 10,
+    /** Saving: the clip is none of its manager's editable clips. No live handle leads to it. */
+    KRT_PLX_RESULT_UNKNOWN_CLIP = 12,
+    /** Saving: the clip has no part. */
+    KRT_PLX_RESULT_NO_PART = 13,
+    /** Saving an audio part: it names no wave file, or the file is gone or is a folder. */
+    KRT_PLX_RESULT_WAVE_FILE_MISSING = 14,
+    /** Saving an audio part: the wave file could not be copied, or its path holds no backslash. */
+    KRT_PLX_RESULT_WAVE_FILE_NOT_COPIED = 15,
+    /** Saving: a document could not be opened. */
+    KRT_PLX_RESULT_FILE_NOT_OPENED = 16,
+    /** Saving: a document could not be written (the disk is full, a text holds a lone surrogate, a
+     *  number is not finite), or could not be read back. */
+    KRT_PLX_RESULT_FILE_NOT_WRITTEN = 17,
+    /** Saving a part of type #KRT_PLX_PART_MIDI: it has no voice bank ID. */
+    KRT_PLX_RESULT_NO_VOICE_BANK = 18,
+    /** Saving a part of type #KRT_PLX_PART_MIDI: its language was never set. */
+    KRT_PLX_RESULT_BAD_LANGUAGE = 19,
+    /** Saving a part of type #KRT_PLX_PART_MIDI_AI: it has no AI voice bank ID. */
+    KRT_PLX_RESULT_NO_AI_VOICE_BANK = 20,
+    /** Saving a part of type #KRT_PLX_PART_MIDI_AI: it has no AI language. */
+    KRT_PLX_RESULT_NO_AI_LANGUAGE = 21,
+    /** Saving a part of type #KRT_PLX_PART_MIDI_AI: an AI language is above 127. The setters let
+     *  none in. */
+    KRT_PLX_RESULT_BAD_AI_LANGUAGE = 22,
+    /** Reading: the manager handle is null, or memory ran out. */
+    KRT_PLX_RESULT_NO_MANAGER = 23
+} KRT_PLX_Result;
+
+/*
+ * Marks for "there is no such value". Each function names the mark that it returns.
+ */
+
+/** No part key; a real one is 0 to 30. */
+#define KRT_PLX_NO_KEY 31u
+
+/** No handle to take a tempo from; a real tempo is 0 (none given) or 2000 to 30000, in hundredths of
+ *  a beat per minute. */
+#define KRT_PLX_NO_TEMPO 0xFFFFFFFFu
+
+/** No language (a live object has none, or the index is past the end); a real one is 0 to 127. */
+#define KRT_PLX_NO_LANGUAGE 0xFFFFFFFFu
+
+/** What most functions with an `int32_t` result return for a null or rejected handle. */
+#define KRT_PLX_NO_INT32 INT32_MIN
+
+/** What most functions with a `uint32_t` result return for a null or rejected handle: the same 32
+ *  bits as #KRT_PLX_NO_INT32. */
+#define KRT_PLX_NO_UINT32 0x80000000u
+
 #endif
