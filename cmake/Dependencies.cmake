@@ -1,0 +1,19 @@
+# What the build takes from the system's packages: RapidJSON and, for the tests, GoogleTest.
+# Both come as source, so that a cross build and a sanitized build can use them too.
+
+# The host's include folder must never reach a cross compiler, hence a folder of its own that leads
+# to RapidJSON alone.
+find_path(KRT_PLX_RAPIDJSON_PARENT rapidjson/document.h NO_CMAKE_FIND_ROOT_PATH REQUIRED
+    PATHS /usr/include /usr/local/include)
+set(KRT_PLX_RAPIDJSON_INCLUDE "${PROJECT_BINARY_DIR}/rapidjson-only")
+file(MAKE_DIRECTORY "${KRT_PLX_RAPIDJSON_INCLUDE}")
+file(CREATE_LINK "${KRT_PLX_RAPIDJSON_PARENT}/rapidjson" "${KRT_PLX_RAPIDJSON_INCLUDE}/rapidjson"
+    SYMBOLIC)
+
+if(KRT_PLX_TESTS)
+    find_path(KRT_PLX_GOOGLETEST googlemock/CMakeLists.txt NO_CMAKE_FIND_ROOT_PATH REQUIRED
+        PATHS /usr/src/googletest NO_DEFAULT_PATH)
+    set(INSTALL_GTEST OFF)
+    set(BUILD_GMOCK ON)
+    add_subdirectory("${KRT_PLX_GOOGLETEST}" googletest EXCLUDE_FROM_ALL SYSTEM)
+endif()

@@ -1,0 +1,49 @@
+# krt_plx_add_test_program(<name> <library>...)
+#
+# A GoogleTest program of the calling folder's sources and of tests/support, linked to the libraries
+# and registered with CTest. A folder without sources makes no program.
+function(krt_plx_add_test_program name)
+    file(GLOB_RECURSE sources CONFIGURE_DEPENDS "*.cpp" "*.h")
+    file(GLOB support CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/tests/support/*.cpp"
+        "${PROJECT_SOURCE_DIR}/tests/support/*.h")
+    if(NOT sources MATCHES "\\.cpp")
+        return()
+    endif()
+    add_executable(${name} ${sources} ${support})
+    target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}/tests"
+        "${KRT_PLX_EXPORTS_DIR}")
+    target_link_libraries(${name} PRIVATE ${ARGN} krt_plx_warnings GTest::gmock_main)
+    add_dependencies(${name} krt_plx krt_plx_exports)
+    krt_plx_describe_surroundings(${name})
+    krt_plx_register_test_program(${name})
+endfunction()
+
+# Where a program finds the shipped library and the sources' data: UTF-8, in the form of the system
+# that the program runs on.
+function(krt_plx_describe_surroundings name)
+    target_compile_definitions(${name} PRIVATE
+        "KRT_PLX_TEST_LIBRARY_FILE=\"${KRT_PLX_TEST_ROOT}$<TARGET_FILE:krt_plx>\""
+        "KRT_PLX_TEST_SOURCE_FOLDER=\"${KRT_PLX_TEST_ROOT}${PROJECT_SOURCE_DIR}\"")
+endfunction()
+
+function(krt_plx_register_test_program name)
+    set(environment
+        "GTEST_OUTPUT=json:${KRT_PLX_TEST_ROOT}${KRT_PLX_TEST_RESULTS}/${name}.json"
+        "ASAN_OPTIONS=detect_leaks=1:detect_stack_use_after_return=1:strict_string_checks=1"
+        "UBSAN_OPTIONS=print_stacktrace=1"
+        "TSAN_OPTIONS=halt_on_error=1:second_deadlock_stack=1")
+    if(KRT_PLX_TEST_FILTER)
+        list(APPEND environment "GTEST_FILTER=${KRT_PLX_TEST_FILTER}")
+    endif()
+    if(KRT_PLX_SANITIZERS STREQUAL "thread")
+        set(launcher "${PROJECT_SOURCE_DIR}/cmake/with-plain-addresses" $<TARGET_FILE:${name}>)
+    else()
+        set(launcher ${name})
+    endif()
+    add_test(NAME ${name} COMMAND ${launcher})
+    set_tests_properties(${name} PROPERTIES
+        ENVIRONMENT "${environment}" LABELS program TIMEOUT 600)
+    if(CMAKE_CROSSCOMPILING)
+        set_tests_properties(${name} PROPERTIES FIXTURES_REQUIRED wine)
+    endif()
+endfunction()

@@ -1,0 +1,54 @@
+# How every target of this build is compiled.
+
+option(KRT_PLX_TESTS "Build the tests" ON)
+option(KRT_PLX_EXAMPLES "Build the example hosts" ON)
+option(KRT_PLX_COVERAGE "Count which lines run" OFF)
+set(KRT_PLX_SANITIZERS "" CACHE STRING "Arguments of -fsanitize=, for instance address,undefined")
+set(KRT_PLX_TEST_FILTER "" CACHE STRING "Run only the tests that match this GoogleTest filter")
+set(KRT_PLX_TEST_LAUNCHER "" CACHE STRING "Command and arguments to start the test programs with")
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_C_STANDARD 99)
+set(CMAKE_C_STANDARD_REQUIRED ON)
+set(CMAKE_C_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+# Only what the public headers declare may be seen from outside.
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_C_VISIBILITY_PRESET hidden)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+
+# One folder for programs and library: on Windows a program finds the DLL beside itself.
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
+set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/lib")
+
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    # A unique symbol would keep the library mapped after the host has closed it.
+    add_compile_options($<$<COMPILE_LANGUAGE:CXX>:-fno-gnu-unique>)
+endif()
+
+if(KRT_PLX_SANITIZERS)
+    add_compile_options(-fsanitize=${KRT_PLX_SANITIZERS} -fno-sanitize-recover=all
+        -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=${KRT_PLX_SANITIZERS})
+    add_compile_definitions(_GLIBCXX_ASSERTIONS)
+endif()
+
+if(KRT_PLX_COVERAGE)
+    add_compile_options(--coverage)
+    add_link_options(--coverage)
+endif()
+
+if(WIN32)
+    add_compile_definitions(UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX)
+    # The compiler's runtime goes into the binaries, so that they need nothing but Windows.
+    add_link_options(-static)
+endif()
+
+add_library(krt_plx_warnings INTERFACE)
+target_compile_options(krt_plx_warnings INTERFACE
+    -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
