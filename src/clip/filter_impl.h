@@ -1,0 +1,56 @@
+#pragma once
+
+#include "clip/filter.h"
+#include "clip/filter_tags.h"
+
+namespace Korvel::CANTORIS::PLX {
+
+class FilterImpl : public Filter {
+public:
+    const FilterTags& tags() const { return tags_; }
+    FilterTags& tags() { return tags_; }
+
+    std::uint64_t numSingerGroups() const override { return count(Tag::singerGroup); }
+    const Char* singerGroup(std::uint64_t index) const override
+    {
+        return text(Tag::singerGroup, index);
+    }
+    std::uint64_t numVendors() const override { return count(Tag::vendor); }
+    const Char* vendor(std::uint64_t index) const override { return text(Tag::vendor, index); }
+    std::uint64_t numLanguages() const override { return tags_.languages().size(); }
+    std::int32_t language(std::uint64_t index) const override;
+    std::uint64_t numSingerIDs() const override { return count(Tag::singerID); }
+    const Char* singerID(std::uint64_t index) const override { return text(Tag::singerID, index); }
+    std::uint64_t numTypes() const override { return count(Tag::type); }
+    const Char* type(std::uint64_t index) const override { return text(Tag::type, index); }
+    std::uint64_t numGenres() const override { return count(Tag::genre); }
+    const Char* genre(std::uint64_t index) const override { return text(Tag::genre, index); }
+
+private:
+    std::uint64_t count(Tag tag) const { return tags_.texts(tag).size(); }
+    const Char* text(Tag tag, std::uint64_t index) const;
+
+    FilterTags tags_;
+};
+
+class MutableFilterImpl final : public MutableFilter, public FilterImpl {
+public:
+    bool addSingerGroup(const Char* text) override { return tags().add(Tag::singerGroup, text); }
+    bool removeSingerGroup(const Char* text) override
+    {
+        return tags().remove(Tag::singerGroup, text);
+    }
+    bool addVendor(const Char* text) override { return tags().add(Tag::vendor, text); }
+    bool removeVendor(const Char* text) override { return tags().remove(Tag::vendor, text); }
+    bool addLanguage(std::int32_t number) override { return tags().addLanguage(number); }
+    bool removeLanguage(std::int32_t number) override { return tags().removeLanguage(number); }
+    bool addSingerID(const Char* text) override { return tags().add(Tag::singerID, text); }
+    bool removeSingerID(const Char* text) override { return tags().remove(Tag::singerID, text); }
+    bool addType(const Char* text) override { return tags().add(Tag::type, text); }
+    bool removeType(const Char* text) override { return tags().remove(Tag::type, text); }
+    bool addGenre(const Char* text) override { return tags().add(Tag::genre, text); }
+    bool removeGenre(const Char* text) override { return tags().remove(Tag::genre, text); }
+    MutableFilter* asMutableFilter() override { return this; }
+};
+
+} // namespace Korvel::CANTORIS::PLX

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <memory>
+
+#include "clip/clip_base_impl.h"
+#include "clip/filter_impl.h"
+#include "model/mutable_part_impl.h"
+#include "result.h"
+
+namespace Korvel::CANTORIS::PLX {
+
+class MutableClipImpl;
+
+// What a mutable clip needs of the manager that made it.
+class MutableClipOwner {
+public:
+    virtual Manager* manager() = 0;
+    virtual bool owns(const MutableClipImpl& clip) const = 0;
+    virtual void discard(const MutableClipImpl& clip) = 0;
+    // Writes a checked clip as a new user clip.
+    virtual UserClip* write(const MutableClipImpl& clip, StringView name, bool formatted,
+                            Result& result) = 0;
+
+protected:
+    ~MutableClipOwner() = default;
+};
+
+class MutableClipImpl final : public MutableClip, public ClipBaseImpl {
+public:
+    explicit MutableClipImpl(MutableClipOwner& owner);
+
+    const FilterTags& tags() const { return filter_.tags(); }
+    const PartBase* part() const { return part_.get(); }
+
+    std::uint32_t partType() const override;
+    void destroy() override;
+    void setVendorName(const Char* text) override;
+    bool setPartKey(std::uint32_t value) override { return base().assignPartKey(value); }
+    bool setPartTempo(std::uint32_t value) override { return base().assignPartTempo(value); }
+    MutableFilterImpl* filter() override { return &filter_; }
+    MutableAudioPart* createAudioPart() override;
+    MutableAudioPart* audioPart() const override;
+    bool hasAudioPart(const PartBase* element) const override;
+    MutableMidiPart* createMidiAiPart() override;
+    MutableMidiPart* createMidiPart() override;
+    MutableMidiPart* midiPart() const override;
+    bool hasMidiPart(const PartBase* element) const override;
+    UserClip* save(const Char* name, bool formatted, std::uint32_t* errorCode) override;
+    MutableClip* asMutableClip() override { return this; }
+
+private:
+    MutableMidiPart* createMidi(std::uint32_t type);
+    Result check(const Char* name) const;
+    Result checkPart() const;
+
+    MutableClipOwner& owner_;
+    MutableFilterImpl filter_;
+    std::unique_ptr<MutablePartImpl> part_;
+};
+
+} // namespace Korvel::CANTORIS::PLX

@@ -1,0 +1,88 @@
+#pragma once
+
+#include <cstdint>
+
+#include "model/effect_impl.h"
+#include "model/mutable_part_impl.h"
+#include "model/part.h"
+
+namespace Korvel::CANTORIS::PLX {
+
+class AudioPartBaseImpl : public virtual AudioPartBase {
+public:
+    explicit AudioPartBaseImpl(ClipBase* clip) : clip_(clip) {}
+
+    const Char* wavFilePath() const override { return wavFilePath_.c_str(); }
+    // Neither document stores the region and no operation changes it.
+    std::int32_t begin() const override { return 0; }
+    std::int32_t end() const override { return 0; }
+
+    void assignWavFilePath(String&& path) { wavFilePath_ = std::move(path); }
+
+protected:
+    ClipBase* clip() const { return clip_; }
+
+private:
+    ClipBase* clip_;
+    String wavFilePath_;
+};
+
+class AudioPartImpl final : public AudioPart, public AudioPartBaseImpl {
+public:
+    AudioPartImpl(ClipBase* clip, std::uint32_t type) : AudioPartBaseImpl(clip), type_(type) {}
+
+    // For the reader, which fills a part before anyone sees it.
+    EffectList<AudioEffectImpl>& audioEffects() { return audioEffects_; }
+
+    std::uint32_t type() const override { return type_; }
+    void setType(std::uint32_t code) override { type_ = code; }
+    bool isMutable() const override { return false; }
+    std::uint64_t numAudioEffects() const override { return audioEffects_.effects().size(); }
+    ClipBase* parent() const override { return clip(); }
+    AudioEffect* audioEffect(std::uint64_t index) const override
+    {
+        return audioEffects_.effects().at(index);
+    }
+    bool hasAudioEffect(const EffectBase* element) const override
+    {
+        return audioEffects_.effects().has(element);
+    }
+    AudioPartBase* asAudioPartBase() override { return this; }
+    AudioPart* asAudioPart() override { return this; }
+
+private:
+    std::uint32_t type_;
+    EffectList<AudioEffectImpl> audioEffects_;
+};
+
+class MutableAudioPartImpl final : public MutableAudioPart,
+                                   public AudioPartBaseImpl,
+                                   public MutablePartImpl {
+public:
+    MutableAudioPartImpl(ClipBase* clip, std::uint32_t type)
+        : AudioPartBaseImpl(clip), MutablePartImpl(type)
+    {
+    }
+
+    std::uint64_t numAudioEffects() const override { return audioEffects().size(); }
+    ClipBase* parent() const override { return clip(); }
+    bool setWavFilePath(const Char* path) override;
+    // The region is fixed; hosts expect to be told that all is well.
+    bool setRegion(std::int32_t, std::int32_t) override { return true; }
+    MutableAudioEffect* audioEffect(std::uint64_t index) const override
+    {
+        return audioEffects().at(index);
+    }
+    bool hasAudioEffect(const EffectBase* element) const override
+    {
+        return audioEffects().has(element);
+    }
+    MutableAudioEffect* insertAudioEffect(std::uint64_t index, const Char* id) override
+    {
+        return insertAudioEffectAt(index, id);
+    }
+    AudioPartBase* asAudioPartBase() override { return this; }
+    MutableAudioPart* asMutableAudioPart() override { return this; }
+};
+
+} // namespace Korvel::CANTORIS::PLX

@@ -1,0 +1,56 @@
+#include "model/dvqm_impl.h"
+
+namespace Korvel::CANTORIS::PLX {
+
+const Char* DvqmBaseImpl::compID() const
+{
+    return component_ == nullptr ? ""_t.data() : component_->id.c_str();
+}
+
+std::uint64_t DvqmBaseImpl::numLevelNames() const
+{
+    return component_ == nullptr ? 0 : component_->levelNames.size();
+}
+
+const Char* DvqmBaseImpl::levelName(std::uint64_t index) const
+{
+    return index < numLevelNames() ? component_->levelNames[index].c_str() : nullptr;
+}
+
+void DvqmBaseImpl::assignCompID(StringView text)
+{
+    if (!text.empty() || component_ != nullptr) {
+        component().id = String(text); // by way of a copy: the text may be our own
+    }
+}
+
+void DvqmBaseImpl::appendLevelName(StringView text)
+{
+    component().levelNames.emplace_back(text);
+}
+
+DvqmBaseImpl::Component& DvqmBaseImpl::component()
+{
+    if (component_ == nullptr) {
+        component_ = std::make_unique<Component>();
+    }
+    return *component_;
+}
+
+bool MutableDvqmImpl::addLevelName(const Char* text)
+{
+    if (isNullOrEmpty(text) || numLevelNames() >= maxEditedLevelNames) {
+        return false;
+    }
+    appendLevelName(text);
+    return true;
+}
+
+// Reports the flag, not success: hosts rely on it.
+bool MutableDvqmImpl::protect(bool value)
+{
+    assignProtected(value);
+    return value;
+}
+
+} // namespace Korvel::CANTORIS::PLX

@@ -1,0 +1,106 @@
+// The interfaces of a part's effects and their parameters.
+#pragma once
+
+#include <cstdint>
+
+#include "model/interface.h"
+#include "text.h"
+
+namespace Korvel::CANTORIS::PLX {
+
+class PartBase;
+class EffectBase;
+class EffectParameter;
+class MutableEffectParameter;
+
+// What an effect parameter holds.
+enum class ValueType : std::uint32_t { none = 0, int32 = 1, float32 = 2, string = 3 };
+
+class EffectParameterBase : private Interface {
+public:
+    virtual const Char* name() const = 0;
+    virtual std::uint32_t type() const = 0;
+    virtual std::int32_t valueInt32() const = 0;
+    virtual float valueFloat() const = 0;
+    virtual const Char* valueString() const = 0;
+    virtual ~EffectParameterBase() = default;
+
+    virtual EffectParameter* asEffectParameter() { return nullptr; }
+    virtual MutableEffectParameter* asMutableEffectParameter() { return nullptr; }
+};
+
+class EffectParameter : public virtual EffectParameterBase {
+public:
+    virtual EffectBase* parent() const = 0;
+};
+
+class MutableEffectParameter : public virtual EffectParameterBase {
+public:
+    virtual EffectBase* parent() const = 0;
+    virtual bool remove() = 0;
+    virtual bool setValueInt32(std::int32_t value) = 0;
+    virtual bool setValueFloat(float value) = 0;
+    virtual bool setValueString(const Char* text) = 0;
+};
+
+class Effect;
+class AudioEffect;
+class MidiEffect;
+class MutableEffect;
+class MutableAudioEffect;
+class MutableMidiEffect;
+
+inline constexpr std::uint32_t audioEffectType = 0;
+inline constexpr std::uint32_t midiEffectType = 1;
+
+class EffectBase : private Interface {
+public:
+    virtual const Char* id() const = 0;
+    virtual std::uint32_t type() const = 0;
+    virtual std::uint64_t numParameters() const = 0;
+    virtual ~EffectBase() = default;
+
+    virtual Effect* asEffect() { return nullptr; }
+    virtual AudioEffect* asAudioEffect() { return nullptr; }
+    virtual MidiEffect* asMidiEffect() { return nullptr; }
+    virtual MutableEffect* asMutableEffect() { return nullptr; }
+    virtual MutableAudioEffect* asMutableAudioEffect() { return nullptr; }
+    virtual MutableMidiEffect* asMutableMidiEffect() { return nullptr; }
+};
+
+class Effect : public virtual EffectBase {
+public:
+    virtual EffectParameter* parameter(std::uint64_t index) const = 0;
+    virtual bool hasParameter(const EffectParameterBase* element) const = 0;
+};
+
+class AudioEffect : public Effect {
+public:
+    virtual PartBase* parent() const = 0;
+};
+
+class MidiEffect : public Effect {
+public:
+    virtual PartBase* parent() const = 0;
+};
+
+class MutableEffect : public virtual EffectBase {
+public:
+    virtual MutableEffectParameter* parameter(std::uint64_t index) const = 0;
+    virtual MutableEffectParameter* addParameter(const Char* name) = 0;
+    virtual bool remove() = 0;
+    virtual bool move(std::uint64_t index) = 0;
+    virtual bool hasParameter(const EffectParameterBase* element) const = 0;
+};
+
+class MutableAudioEffect : public MutableEffect {
+public:
+    virtual PartBase* parent() const = 0;
+};
+
+class MutableMidiEffect : public MutableEffect {
+public:
+    virtual PartBase* parent() const = 0;
+};
+
+} // namespace Korvel::CANTORIS::PLX

@@ -1,0 +1,74 @@
+#include "model/effect_impl.h"
+
+#include <algorithm>
+
+namespace Korvel::CANTORIS::PLX {
+
+void EffectParameterBaseImpl::assign(ValueType type, std::int32_t int32, float float32,
+                                     String&& text)
+{
+    type_ = type;
+    valueInt32_ = int32;
+    valueFloat_ = float32;
+    valueString_ = std::move(text);
+}
+
+void EffectParameterBaseImpl::assignInt32(std::int32_t value)
+{
+    assign(ValueType::int32, value, unsetFloat, {});
+}
+
+void EffectParameterBaseImpl::assignFloat(float value)
+{
+    assign(ValueType::float32, unsetInt32, value, {});
+}
+
+void EffectParameterBaseImpl::assignString(StringView text)
+{
+    assign(ValueType::string, unsetInt32, unsetFloat, String(text));
+}
+
+bool MutableEffectParameterImpl::remove()
+{
+    return siblings_.remove(this);
+}
+
+bool MutableEffectParameterImpl::setValueInt32(std::int32_t value)
+{
+    assignInt32(value);
+    return true;
+}
+
+bool MutableEffectParameterImpl::setValueFloat(float value)
+{
+    assignFloat(value);
+    return true;
+}
+
+bool MutableEffectParameterImpl::setValueString(const Char* text)
+{
+    assignString(viewOrEmpty(text));
+    return true;
+}
+
+MutableEffectParameterImpl* addParameterTo(OwnedList<MutableEffectParameterImpl>& parameters,
+                                           EffectBase& effect, const Char* name)
+{
+    if (isNullOrEmpty(name)) {
+        return nullptr;
+    }
+    const StringView wanted = name;
+    const auto place = std::lower_bound(
+        parameters.begin(), parameters.end(), wanted,
+        [](const MutableEffectParameterImpl* parameter, StringView text) {
+            return StringView(parameter->nameText()) < text;
+        });
+    if (place != parameters.end() && (*place)->nameText() == wanted) {
+        return *place;
+    }
+    const auto index = static_cast<std::size_t>(place - parameters.begin());
+    return parameters.insert(
+        index, std::make_unique<MutableEffectParameterImpl>(effect, parameters, wanted));
+}
+
+} // namespace Korvel::CANTORIS::PLX

@@ -1,0 +1,243 @@
+#pragma once
+
+#include <algorithm>
+#include <cstdint>
+#include <map>
+#include <memory>
+
+#include "model/effect.h"
+#include "model/fields.h"
+#include "model/lists.h"
+
+namespace Korvel::CANTORIS::PLX {
+
+class EffectParameterBaseImpl : public virtual EffectParameterBase {
+public:
+    EffectParameterBaseImpl(EffectBase& effect, StringView name) : effect_(&effect), name_(name) {}
+
+    const Char* name() const override { return name_.c_str(); }
+    std::uint32_t type() const override { return static_cast<std::uint32_t>(type_); }
+    std::int32_t valueInt32() const override { return valueInt32_; }
+    float valueFloat() const override { return valueFloat_; }
+    const Char* valueString() const override { return valueString_.c_str(); }
+
+    // Each makes its own slot the meaningful one and marks the others as unset.
+    void assignInt32(std::int32_t value);
+    void assignFloat(float value);
+    void assignString(StringView text);
+
+    const String& nameText() const { return name_; }
+
+protected:
+    EffectBase* effect() const { return effect_; }
+
+private:
+    void assign(ValueType type, std::int32_t int32, float float32, String&& text);
+
+    EffectBase* effect_;
+    String name_;
+    ValueType type_ = ValueType::none;
+    std::int32_t valueInt32_ = unsetInt32;
+    float valueFloat_ = unsetFloat;
+    String valueString_;
+};
+
+class EffectParameterImpl final : public EffectParameter, public EffectParameterBaseImpl {
+public:
+    using EffectParameterBaseImpl::EffectParameterBaseImpl;
+
+    EffectBase* parent() const override { return effect(); }
+    EffectParameter* asEffectParameter() override { return this; }
+};
+
+class MutableEffectParameterImpl final : public MutableEffectParameter,
+                                         public EffectParameterBaseImpl {
+public:
+    using Siblings = OwnedList<MutableEffectParameterImpl>;
+
+    MutableEffectParameterImpl(EffectBase& effect, Siblings& siblings, StringView name)
+        : EffectParameterBaseImpl(effect, name), siblings_(siblings)
+    {
+    }
+
+    EffectBase* parent() const override { return effect(); }
+    bool remove() override;
+    bool setValueInt32(std::int32_t value) override;
+    bool setValueFloat(float value) override;
+    bool setValueString(const Char* text) override;
+    MutableEffectParameter* asMutableEffectParameter() override { return this; }
+
+private:
+    Siblings& siblings_;
+};
+
+class EffectBaseImpl : public virtual EffectBase {
+public:
+    EffectBaseImpl(PartBase& part, StringView id) : part_(&part), id_(id) {}
+
+    const Char* id() const override { return id_.c_str(); }
+
+    const String& idText() const { return id_; }
+
+protected:
+    PartBase* part() const { return part_; }
+
+private:
+    PartBase* part_;
+    String id_;
+};
+
+// What both read-only kinds share. The parameters are filled in by the reader and then ordered.
+template <class Kind>
+class ReadOnlyEffect : public Kind, public EffectBaseImpl {
+public:
+    using EffectBaseImpl::EffectBaseImpl;
+
+    OwnedList<EffectParameterImpl>& parameters() { return parameters_; }
+
+    std::uint64_t numParameters() const override { return parameters_.size(); }
+    EffectParameter* parameter(std::uint64_t index) const override { return parameters_.at(index); }
+    bool hasParameter(const EffectParameterBase* element) const override
+    {
+        return parameters_.has(element);
+    }
+    PartBase* parent() const override { return part(); }
+    Effect* asEffect() override { return this; }
+
+private:
+    OwnedList<EffectParameterImpl> parameters_;
+};
+
+class AudioEffectImpl final : public ReadOnlyEffect<AudioEffect> {
+public:
+    using ReadOnlyEffect::ReadOnlyEffect;
+
+    std::uint32_t type() const override { return audioEffectType; }
+    AudioEffect* asAudioEffect() override { return this; }
+};
+
+class MidiEffectImpl final : public ReadOnlyEffect<MidiEffect> {
+public:
+    using ReadOnlyEffect::ReadOnlyEffect;
+
+    std::uint32_t type() const override { return midiEffectType; }
+    MidiEffect* asMidiEffect() override { return this; }
+};
+
+// A part's effects of one kind: in the order in which they were placed, no ID twice. The index by ID
+// keeps adding an effect cheap however many there are, and whatever IDs a document makes up.
+template <class EffectImpl>
+class EffectList {
+public:
+    const OwnedList<EffectImpl>& effects() const { return effects_; }
+
+    EffectImpl* withId(StringView id) const
+    {
+        const auto found = byId_.find(id);
+        return found == byId_.end() ? nullptr : found->second;
+    }
+
+    // The effect's ID must not be in the list yet.
+    EffectImpl* insert(std::uint64_t index, std::unique_ptr<EffectImpl> effect)
+    {
+        const StringView id = effect->idText();
+        byId_.emplace(id, effect.get());
+        try {
+            const auto place = static_cast<std::size_t>(std::min<std::uint64_t>(index, effects_.size()));
+            return effects_.insert(place, std::move(effect));
+        } catch (...) {
+            byId_.erase(id);
+            throw;
+        }
+    }
+
+    EffectImpl* append(std::unique_ptr<EffectImpl> effect)
+    {
+        return insert(effects_.size(), std::move(effect));
+    }
+
+    bool remove(const EffectImpl* effect)
+    {
+        byId_.erase(effect->idText());
+        return effects_.remove(effect);
+    }
+
+    bool move(const EffectImpl* effect, std::uint64_t index)
+    {
+        const std::size_t from = effects_.find(effect);
+        if (from == effects_.size()) {
+            return false;
+        }
+        const std::size_t last = effects_.size() - 1;
+        effects_.shift(from, static_cast<std::size_t>(std::min<std::uint64_t>(index, last)));
+        return true;
+    }
+
+private:
+    OwnedList<EffectImpl> effects_;
+    std::map<StringView, EffectImpl*> byId_;
+};
+
+// What both editable kinds share. `Self` is the finished class, whose list this effect is in.
+template <class Kind, class Self>
+class EditableEffect : public Kind, public EffectBaseImpl {
+public:
+    using Siblings = EffectList<Self>;
+
+    EditableEffect(PartBase& part, Siblings& siblings, StringView id)
+        : EffectBaseImpl(part, id), siblings_(siblings)
+    {
+    }
+
+    std::uint64_t numParameters() const override { return parameters_.size(); }
+    MutableEffectParameter* parameter(std::uint64_t index) const override
+    {
+        return parameters_.at(index);
+    }
+    MutableEffectParameter* addParameter(const Char* name) override;
+    bool remove() override { return siblings_.remove(static_cast<Self*>(this)); }
+    bool move(std::uint64_t index) override
+    {
+        return siblings_.move(static_cast<Self*>(this), index);
+    }
+    bool hasParameter(const EffectParameterBase* element) const override
+    {
+        return parameters_.has(element);
+    }
+    PartBase* parent() const override { return part(); }
+    MutableEffect* asMutableEffect() override { return this; }
+
+private:
+    Siblings& siblings_;
+    OwnedList<MutableEffectParameterImpl> parameters_;
+};
+
+class MutableAudioEffectImpl final
+    : public EditableEffect<MutableAudioEffect, MutableAudioEffectImpl> {
+public:
+    using EditableEffect::EditableEffect;
+
+    std::uint32_t type() const override { return audioEffectType; }
+    MutableAudioEffect* asMutableAudioEffect() override { return this; }
+};
+
+class MutableMidiEffectImpl final : public EditableEffect<MutableMidiEffect, MutableMidiEffectImpl> {
+public:
+    using EditableEffect::EditableEffect;
+
+    std::uint32_t type() const override { return midiEffectType; }
+    MutableMidiEffect* asMutableMidiEffect() override { return this; }
+};
+
+// The existing parameter of that name, or a new one at its place in the order of names; null for a
+// null or empty name.
+MutableEffectParameterImpl* addParameterTo(OwnedList<MutableEffectParameterImpl>& parameters,
+                                           EffectBase& effect, const Char* name);
+
+template <class Kind, class Self>
+MutableEffectParameter* EditableEffect<Kind, Self>::addParameter(const Char* name)
+{
+    return addParameterTo(parameters_, *this, name);
+}
+
+} // namespace Korvel::CANTORIS::PLX

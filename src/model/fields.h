@@ -1,0 +1,80 @@
+// Every range and every initial value of the object model, once. Setters, document readers and
+// boundary tests all read this table.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+
+namespace Korvel::CANTORIS::PLX {
+
+template <class Value>
+struct Field {
+    Value initial;
+    Value minimum;
+    Value maximum;
+
+    // Two ordered comparisons, so that a NaN passes: hosts may park one in a float field.
+    constexpr bool accepts(Value value) const { return !(value < minimum) && !(maximum < value); }
+};
+
+using UnsignedField = Field<std::uint32_t>;
+using FloatField = Field<float>;
+
+// A position plus a duration may not pass this.
+inline constexpr std::int32_t lastPosition = std::numeric_limits<std::int32_t>::max();
+
+// What a note or a part reports as its language when none was set, and an AI language past the end.
+inline constexpr std::uint32_t noLanguage = 0xFFFFFFFF;
+
+// Voice bank identifiers have this many UTF-16 units.
+inline constexpr std::size_t voiceBankIdLength = 16;
+
+// How many level names a Dvqm takes from an editing host, and from a document.
+inline constexpr std::size_t maxEditedLevelNames = 5;
+inline constexpr std::size_t maxReadLevelNames = 4;
+
+// What an effect parameter holds in the value slots that are not in use.
+inline constexpr std::int32_t unsetInt32 = std::numeric_limits<std::int32_t>::min();
+inline constexpr float unsetFloat = std::numeric_limits<float>::min();
+
+// The span of something that lies within a longer one: 0 up to the longer one's duration.
+constexpr Field<std::int32_t> within(std::int32_t duration)
+{
+    return {.initial = 0, .minimum = 0, .maximum = duration};
+}
+
+namespace field {
+
+// Catalogue properties. A tempo of 0 means none and is accepted beside the range.
+inline constexpr UnsignedField partKey{.initial = 0, .minimum = 0, .maximum = 30};
+inline constexpr UnsignedField partTempo{.initial = 0, .minimum = 2000, .maximum = 30000};
+
+// Parts.
+inline constexpr Field<std::int32_t> partDuration{
+    .initial = 1, .minimum = 1, .maximum = std::numeric_limits<std::int32_t>::max()};
+inline constexpr UnsignedField language{.initial = noLanguage, .minimum = 0, .maximum = 127};
+
+// Notes.
+inline constexpr Field<std::int32_t> notePosition{
+    .initial = 0, .minimum = std::numeric_limits<std::int32_t>::min(), .maximum = lastPosition - 1};
+inline constexpr Field<std::int32_t> noteDuration{
+    .initial = 1, .minimum = 1, .maximum = lastPosition};
+inline constexpr UnsignedField noteNumber{.initial = 0, .minimum = 0, .maximum = 127};
+inline constexpr UnsignedField velocity{.initial = 0, .minimum = 0, .maximum = 127};
+inline constexpr UnsignedField accent{.initial = 50, .minimum = 0, .maximum = 100};
+inline constexpr UnsignedField bendDepth{.initial = 0, .minimum = 0, .maximum = 100};
+inline constexpr UnsignedField bendLength{.initial = 0, .minimum = 0, .maximum = 100};
+inline constexpr UnsignedField decay{.initial = 50, .minimum = 0, .maximum = 100};
+inline constexpr UnsignedField opening{.initial = 127, .minimum = 0, .maximum = 127};
+inline constexpr FloatField aiExpression{.initial = 0.5F, .minimum = 0.0F, .maximum = 1.0F};
+
+// Note expressions.
+inline constexpr UnsignedField dvqmSpeed{.initial = 50, .minimum = 0, .maximum = 100};
+inline constexpr FloatField dvqmTopFactor{.initial = 1.0F, .minimum = 0.0F, .maximum = 2.0F};
+inline constexpr UnsignedField singingSkillWeight{.initial = 64, .minimum = 0, .maximum = 127};
+inline constexpr UnsignedField vibratoType{.initial = 0, .minimum = 0, .maximum = 16};
+inline constexpr UnsignedField vibratoValue{.initial = 0, .minimum = 0, .maximum = 127};
+
+} // namespace field
+} // namespace Korvel::CANTORIS::PLX

@@ -1,0 +1,225 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include "model/assign.h"
+#include "model/dvqm_impl.h"
+#include "model/lists.h"
+#include "model/note.h"
+#include "model/singing_skill_impl.h"
+#include "model/vibrato_impl.h"
+
+namespace Korvel::CANTORIS::PLX {
+
+// The thirteen values by which an AI voice shapes a note. They share one range and one default.
+enum class AiExpression : std::uint8_t {
+    pitchFine,
+    pitchDriftStart,
+    pitchDriftEnd,
+    pitchScalingCenter,
+    pitchScalingOrigin,
+    pitchTransitionStart,
+    pitchTransitionEnd,
+    amplitudeWhole,
+    amplitudeStart,
+    amplitudeEnd,
+    formantWhole,
+    formantStart,
+    formantEnd,
+};
+inline constexpr std::size_t aiExpressionCount = 13;
+
+class NoteBaseImpl : public virtual NoteBase {
+public:
+    explicit NoteBaseImpl(MidiPartBase& part) : part_(&part)
+    {
+        aiExpression_.fill(field::aiExpression.initial);
+    }
+
+    const Char* lyric() const override { return lyric_.c_str(); }
+    const Char* phoneme() const override { return phoneme_.c_str(); }
+    std::uint32_t langID() const override { return langID_; }
+    bool isProtected() const override { return isProtected_; }
+    std::int32_t pos() const override { return pos_; }
+    std::int32_t duration() const override { return duration_; }
+    std::uint32_t number() const override { return number_; }
+    std::uint32_t velocity() const override { return velocity_; }
+    std::uint32_t accent() const override { return accent_; }
+    std::uint32_t bendDepth() const override { return bendDepth_; }
+    std::uint32_t bendLength() const override { return bendLength_; }
+    std::uint32_t decay() const override { return decay_; }
+    bool fallPort() const override { return fallPort_; }
+    bool risePort() const override { return risePort_; }
+    std::uint32_t opening() const override { return opening_; }
+    float pitchFine() const override { return ai(AiExpression::pitchFine); }
+    float pitchDriftStart() const override { return ai(AiExpression::pitchDriftStart); }
+    float pitchDriftEnd() const override { return ai(AiExpression::pitchDriftEnd); }
+    float pitchScalingCenter() const override { return ai(AiExpression::pitchScalingCenter); }
+    float pitchScalingOrigin() const override { return ai(AiExpression::pitchScalingOrigin); }
+    float pitchTransitionStart() const override { return ai(AiExpression::pitchTransitionStart); }
+    float pitchTransitionEnd() const override { return ai(AiExpression::pitchTransitionEnd); }
+    float amplitudeWhole() const override { return ai(AiExpression::amplitudeWhole); }
+    float amplitudeStart() const override { return ai(AiExpression::amplitudeStart); }
+    float amplitudeEnd() const override { return ai(AiExpression::amplitudeEnd); }
+    float formantWhole() const override { return ai(AiExpression::formantWhole); }
+    float formantStart() const override { return ai(AiExpression::formantStart); }
+    float formantEnd() const override { return ai(AiExpression::formantEnd); }
+
+    // The range rules of a note. Each stores what it accepts and leaves the note alone otherwise.
+    bool assignLyric(StringView text) { return assignText(lyric_, text); }
+    bool assignPhoneme(StringView text) { return assignText(phoneme_, text); }
+    bool assignLangID(std::uint32_t value) { return assign(langID_, field::language, value); }
+    bool assignPos(std::int32_t value);
+    bool assignDuration(std::int32_t value);
+    bool assignNumber(std::uint32_t value) { return assign(number_, field::noteNumber, value); }
+    bool assignVelocity(std::uint32_t value) { return assign(velocity_, field::velocity, value); }
+    bool assignAccent(std::uint32_t value) { return assign(accent_, field::accent, value); }
+    bool assignBendDepth(std::uint32_t value) { return assign(bendDepth_, field::bendDepth, value); }
+    bool assignBendLength(std::uint32_t value)
+    {
+        return assign(bendLength_, field::bendLength, value);
+    }
+    bool assignDecay(std::uint32_t value) { return assign(decay_, field::decay, value); }
+    bool assignOpening(std::uint32_t value) { return assign(opening_, field::opening, value); }
+    bool assignProtected(bool value) { return assignFlag(isProtected_, value); }
+    bool assignFallPort(bool value) { return assignFlag(fallPort_, value); }
+    bool assignRisePort(bool value) { return assignFlag(risePort_, value); }
+    bool assignAi(AiExpression which, float value)
+    {
+        return assign(aiExpression_[static_cast<std::size_t>(which)], field::aiExpression, value);
+    }
+
+    // Whether a note of the current duration may stand at `pos`.
+    bool acceptsPos(std::int32_t pos) const;
+
+protected:
+    MidiPartBase* part() const { return part_; }
+
+private:
+    static bool assignText(String& slot, StringView text);
+    static bool assignFlag(bool& slot, bool value);
+
+    float ai(AiExpression which) const { return aiExpression_[static_cast<std::size_t>(which)]; }
+
+    MidiPartBase* part_;
+    String lyric_;
+    String phoneme_;
+    std::uint32_t langID_ = field::language.initial;
+    std::int32_t pos_ = field::notePosition.initial;
+    std::int32_t duration_ = field::noteDuration.initial;
+    std::array<float, aiExpressionCount> aiExpression_;
+    std::uint8_t number_ = field::noteNumber.initial;
+    std::uint8_t velocity_ = field::velocity.initial;
+    std::uint8_t accent_ = field::accent.initial;
+    std::uint8_t bendDepth_ = field::bendDepth.initial;
+    std::uint8_t bendLength_ = field::bendLength.initial;
+    std::uint8_t decay_ = field::decay.initial;
+    std::uint8_t opening_ = field::opening.initial;
+    bool isProtected_ = false;
+    bool fallPort_ = false;
+    bool risePort_ = false;
+};
+
+class NoteImpl final : public Note, public NoteBaseImpl {
+public:
+    explicit NoteImpl(MidiPartBase& part);
+
+    bool isMutable() const override { return false; }
+    MidiPartBase* parent() const override { return part(); }
+    VibratoImpl* vibrato() override { return &vibrato_; }
+    DvqmImpl* dvqm(bool isAttack) override { return isAttack ? &attack_ : &release_; }
+    SingingSkillImpl* singingSkill() override { return &singingSkill_; }
+    Note* asNote() override { return this; }
+
+private:
+    VibratoImpl vibrato_;
+    DvqmImpl attack_;
+    DvqmImpl release_;
+    SingingSkillImpl singingSkill_;
+};
+
+class MutableNoteImpl final : public MutableNote, public NoteBaseImpl {
+public:
+    using Siblings = OwnedList<MutableNoteImpl>;
+
+    MutableNoteImpl(MidiPartBase& part, Siblings& siblings);
+
+    bool isMutable() const override { return true; }
+    MidiPartBase* parent() const override { return part(); }
+    bool remove() override;
+    bool setLyric(const Char* text) override { return assignLyric(viewOrEmpty(text)); }
+    bool setPhoneme(const Char* text) override { return assignPhoneme(viewOrEmpty(text)); }
+    bool setLangID(std::uint32_t value) override { return assignLangID(value); }
+    bool setProtected(bool value) override { return assignProtected(value); }
+    bool move(std::int32_t pos) override;
+    bool setDuration(std::int32_t value) override { return assignDuration(value); }
+    bool setNumber(std::uint32_t value) override { return assignNumber(value); }
+    bool setVelocity(std::uint32_t value) override { return assignVelocity(value); }
+    bool setAccent(std::uint32_t value) override { return assignAccent(value); }
+    bool setBendDepth(std::uint32_t value) override { return assignBendDepth(value); }
+    bool setBendLength(std::uint32_t value) override { return assignBendLength(value); }
+    bool setDecay(std::uint32_t value) override { return assignDecay(value); }
+    bool setOpening(std::uint32_t value) override { return assignOpening(value); }
+    bool setFallPort(bool value) override { return assignFallPort(value); }
+    bool setRisePort(bool value) override { return assignRisePort(value); }
+    bool setPitchFine(float value) override { return assignAi(AiExpression::pitchFine, value); }
+    bool setPitchDriftStart(float value) override
+    {
+        return assignAi(AiExpression::pitchDriftStart, value);
+    }
+    bool setPitchDriftEnd(float value) override
+    {
+        return assignAi(AiExpression::pitchDriftEnd, value);
+    }
+    bool setPitchScalingCenter(float value) override
+    {
+        return assignAi(AiExpression::pitchScalingCenter, value);
+    }
+    bool setPitchScalingOrigin(float value) override
+    {
+        return assignAi(AiExpression::pitchScalingOrigin, value);
+    }
+    bool setPitchTransitionStart(float value) override
+    {
+        return assignAi(AiExpression::pitchTransitionStart, value);
+    }
+    bool setPitchTransitionEnd(float value) override
+    {
+        return assignAi(AiExpression::pitchTransitionEnd, value);
+    }
+    bool setAmplitudeWhole(float value) override
+    {
+        return assignAi(AiExpression::amplitudeWhole, value);
+    }
+    bool setAmplitudeStart(float value) override
+    {
+        return assignAi(AiExpression::amplitudeStart, value);
+    }
+    bool setAmplitudeEnd(float value) override
+    {
+        return assignAi(AiExpression::amplitudeEnd, value);
+    }
+    bool setFormantWhole(float value) override
+    {
+        return assignAi(AiExpression::formantWhole, value);
+    }
+    bool setFormantStart(float value) override
+    {
+        return assignAi(AiExpression::formantStart, value);
+    }
+    bool setFormantEnd(float value) override { return assignAi(AiExpression::formantEnd, value); }
+    MutableVibratoImpl* vibrato() override { return &vibrato_; }
+    MutableDvqmImpl* dvqm(bool isAttack) override { return isAttack ? &attack_ : &release_; }
+    MutableSingingSkillImpl* singingSkill() override { return &singingSkill_; }
+    MutableNote* asMutableNote() override { return this; }
+
+private:
+    Siblings& siblings_;
+    MutableVibratoImpl vibrato_;
+    MutableDvqmImpl attack_;
+    MutableDvqmImpl release_;
+    MutableSingingSkillImpl singingSkill_;
+};
+
+} // namespace Korvel::CANTORIS::PLX

@@ -1,0 +1,76 @@
+// Lists that stand in ascending order of position: where an element goes, and how documents' points
+// become such a list.
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+#include "model/lists.h"
+
+namespace Korvel::CANTORIS::PLX {
+
+// A (position, value) pair as a document gives it, before it becomes an event or a vibrato point.
+struct CurvePoint {
+    std::int32_t pos;
+    std::int32_t value;
+};
+
+// Ascending by position; of several points at one position only the first one met stays.
+void orderCurve(std::vector<CurvePoint>& points);
+
+// The index of the first element whose position is not less than `pos`.
+template <class Element>
+std::size_t firstNotBefore(const OwnedList<Element>& list, std::int32_t pos)
+{
+    const auto place = std::lower_bound(
+        list.begin(), list.end(), pos,
+        [](const Element* element, std::int32_t wanted) { return element->pos() < wanted; });
+    return static_cast<std::size_t>(place - list.begin());
+}
+
+// The index of this very element, given the position by which it is ordered; size() when absent.
+template <class Element>
+std::size_t indexAt(const OwnedList<Element>& list, const Element* element, std::int32_t pos)
+{
+    return list.find(element, firstNotBefore(list, pos));
+}
+
+// Where the element at `index` of an ordered list belongs when its position becomes `pos`: what a
+// stable sort of the whole list would give, for the price of a search.
+template <class Element>
+std::size_t placeAfterMove(const OwnedList<Element>& list, std::size_t index, std::int32_t pos)
+{
+    const std::int32_t old = list[index].pos();
+    if (pos > old) {
+        return firstNotBefore(list, pos) - 1;
+    }
+    if (pos < old) {
+        const auto place = std::upper_bound(
+            list.begin(), list.end(), pos,
+            [](std::int32_t wanted, const Element* element) { return wanted < element->pos(); });
+        return static_cast<std::size_t>(place - list.begin());
+    }
+    return index;
+}
+
+// Moves an element of a list with unique positions and calls `store` to make the new position its
+// own. An element that stands at that position is destroyed.
+template <class Element, class Store>
+void moveUnique(OwnedList<Element>& list, const Element& element, std::int32_t pos, Store store)
+{
+    std::size_t index = indexAt(list, &element, element.pos());
+    if (index == list.size()) {
+        return;
+    }
+    const std::size_t standing = firstNotBefore(list, pos);
+    if (standing < list.size() && standing != index && list[standing].pos() == pos) {
+        list.take(standing);
+        index -= standing < index ? 1U : 0U;
+    }
+    list.shift(index, placeAfterMove(list, index, pos));
+    store();
+}
+
+} // namespace Korvel::CANTORIS::PLX

@@ -1,0 +1,143 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include "model/assign.h"
+#include "model/expression.h"
+#include "model/lists.h"
+#include "model/positions.h"
+
+namespace Korvel::CANTORIS::PLX {
+
+class VibratoBaseImpl : public virtual VibratoBase {
+public:
+    explicit VibratoBaseImpl(NoteBase& note) : note_(&note) {}
+
+    std::uint32_t type() const override { return type_; }
+    std::int32_t duration() const override { return duration_; }
+
+    bool assignType(std::uint32_t value) { return assign(type_, field::vibratoType, value); }
+    // 0 up to the note's duration as it is now.
+    bool assignDuration(std::int32_t value);
+
+    // Where a point may stand: within the vibrato's duration as it is now.
+    bool acceptsPosition(std::int32_t pos) const { return within(duration_).accepts(pos); }
+
+protected:
+    NoteBase* note() const { return note_; }
+
+private:
+    NoteBase* note_;
+    std::int32_t duration_ = 0;
+    std::uint8_t type_ = field::vibratoType.initial;
+};
+
+class VibratoParameterBaseImpl : public virtual VibratoParameterBase {
+public:
+    VibratoParameterBaseImpl(std::uint32_t type, CurvePoint point)
+        : pos_(point.pos), type_(static_cast<std::uint8_t>(type)),
+          value_(static_cast<std::uint8_t>(point.value))
+    {
+    }
+
+    std::uint32_t type() const override { return type_; }
+    std::int32_t pos() const override { return pos_; }
+    std::uint32_t value() const override { return value_; }
+
+    bool assignValue(std::uint32_t value) { return assign(value_, field::vibratoValue, value); }
+
+protected:
+    void assignPos(std::int32_t pos) { pos_ = pos; }
+
+private:
+    std::int32_t pos_;
+    std::uint8_t type_;
+    std::uint8_t value_;
+};
+
+class VibratoImpl;
+
+// What a read-only point is made from: the curve that it belongs to.
+struct VibratoCurve {
+    VibratoImpl& vibrato;
+    std::uint32_t type;
+};
+
+class VibratoParameterImpl final : public VibratoParameter, public VibratoParameterBaseImpl {
+public:
+    VibratoParameterImpl(const VibratoCurve& curve, CurvePoint point)
+        : VibratoParameterBaseImpl(curve.type, point), vibrato_(curve.vibrato)
+    {
+    }
+
+    bool isMutable() const override { return false; }
+    VibratoBase* parent() const override;
+    VibratoParameter* asVibratoParameter() override { return this; }
+
+private:
+    VibratoImpl& vibrato_;
+};
+
+class VibratoImpl final : public Vibrato, public VibratoBaseImpl {
+public:
+    using VibratoBaseImpl::VibratoBaseImpl;
+
+    // Replaces one curve; the points are accepted ones, in any order.
+    void buildCurve(std::uint32_t type, std::vector<CurvePoint>& points);
+
+    std::int64_t numParameters(std::uint32_t type) const override;
+    bool isMutable() const override { return false; }
+    NoteBase* parent() const override { return note(); }
+    VibratoParameter* parameter(std::uint32_t type, std::uint64_t index) const override;
+    bool hasParameter(std::uint32_t type, const VibratoParameterBase* element) const override;
+    Vibrato* asVibrato() override { return this; }
+
+private:
+    std::array<FixedList<VibratoParameterImpl>, vibratoCurves> curves_;
+};
+
+class MutableVibratoImpl;
+
+class MutableVibratoParameterImpl final : public MutableVibratoParameter,
+                                          public VibratoParameterBaseImpl {
+public:
+    MutableVibratoParameterImpl(MutableVibratoImpl& vibrato, std::uint32_t type, std::int32_t pos)
+        : VibratoParameterBaseImpl(type, {pos, field::vibratoValue.initial}), vibrato_(vibrato)
+    {
+    }
+
+    bool isMutable() const override { return true; }
+    VibratoBase* parent() const override;
+    bool remove() override;
+    bool move(std::int32_t pos) override;
+    bool setValue(std::uint32_t value) override { return assignValue(value); }
+    MutableVibratoParameter* asMutableVibratoParameter() override { return this; }
+
+private:
+    MutableVibratoImpl& vibrato_;
+};
+
+class MutableVibratoImpl final : public MutableVibrato, public VibratoBaseImpl {
+public:
+    using Curve = OwnedList<MutableVibratoParameterImpl>;
+    using VibratoBaseImpl::VibratoBaseImpl;
+
+    Curve& curve(std::uint32_t type) { return curves_[type]; }
+
+    std::int64_t numParameters(std::uint32_t type) const override;
+    bool isMutable() const override { return true; }
+    NoteBase* parent() const override { return note(); }
+    bool setType(std::uint32_t value) override { return assignType(value); }
+    bool setDuration(std::int32_t value) override { return assignDuration(value); }
+    MutableVibratoParameter* parameter(std::uint32_t type, std::uint64_t index) const override;
+    bool hasParameter(std::uint32_t type, const VibratoParameterBase* element) const override;
+    MutableVibratoParameter* insertParameter(std::uint32_t type, std::int32_t pos,
+                                             std::uint32_t value) override;
+    MutableVibrato* asMutableVibrato() override { return this; }
+
+private:
+    std::array<Curve, vibratoCurves> curves_;
+};
+
+} // namespace Korvel::CANTORIS::PLX
