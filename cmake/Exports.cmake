@@ -16,22 +16,20 @@
 cmake_policy(VERSION 3.25)
 
 set(KRT_PLX_EXPORTS_SCRIPT "${CMAKE_CURRENT_LIST_FILE}")
+set(KRT_PLX_EXPORTS_DIR "${CMAKE_BINARY_DIR}/generated/exports")
 
-# Makes the target krt_plx_exports, and sets KRT_PLX_EXPORTS_DIR in the caller to the folder that
-# holds the files.
+# Makes the target krt_plx_exports, which writes the files into KRT_PLX_EXPORTS_DIR.
 function(krt_plx_add_exports)
-    set(folder "${PROJECT_BINARY_DIR}/generated/exports")
     file(GLOB headers CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/include/korvel/plx/*.h")
     set(files exports.txt exports.map exports.def exported_functions.h)
-    list(TRANSFORM files PREPEND "${folder}/")
+    list(TRANSFORM files PREPEND "${KRT_PLX_EXPORTS_DIR}/")
     add_custom_command(OUTPUT ${files}
         COMMAND "${CMAKE_COMMAND}" "-DHEADERS=${PROJECT_SOURCE_DIR}/include/korvel/plx"
-            "-DFOLDER=${folder}" "-DLIBRARY=krt_plx" -P "${KRT_PLX_EXPORTS_SCRIPT}"
+            "-DFOLDER=${KRT_PLX_EXPORTS_DIR}" "-DLIBRARY=krt_plx" -P "${KRT_PLX_EXPORTS_SCRIPT}"
         DEPENDS ${headers} "${KRT_PLX_EXPORTS_SCRIPT}"
         COMMENT "Reading the exported functions from the public headers"
         VERBATIM)
     add_custom_target(krt_plx_exports DEPENDS ${files})
-    set(KRT_PLX_EXPORTS_DIR "${folder}" PARENT_SCOPE)
 endfunction()
 
 # A comment can hold anything, a declaration included.
