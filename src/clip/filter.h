@@ -44,6 +44,8 @@ public:
     virtual bool addGenre(const Char* text) = 0;
     virtual bool removeGenre(const Char* text) = 0;
     virtual ~MutableFilter() = default;
+
+    virtual Filter* asFilter() = 0;
 };
 
 } // namespace Korvel::CANTORIS::PLX

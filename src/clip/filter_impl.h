@@ -50,6 +50,7 @@ public:
     bool removeType(const Char* text) override { return tags().remove(Tag::type, text); }
     bool addGenre(const Char* text) override { return tags().add(Tag::genre, text); }
     bool removeGenre(const Char* text) override { return tags().remove(Tag::genre, text); }
+    Filter* asFilter() override { return this; }
     MutableFilter* asMutableFilter() override { return this; }
 };
 

@@ -1,0 +1,59 @@
+// What the walk through a tree asks of each platform.
+#pragma once
+
+#include <compare>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+#include "text.h"
+
+namespace Korvel::CANTORIS::PLX::fs {
+
+enum class EntryKind : unsigned char {
+    file, // a plain file or a link to one
+    folder,
+    linkToFolder,
+};
+
+// The entries of one folder, in the order of the file system. The names lie end to end in one text:
+// a folder of thousands costs a handful of allocations, and a listing that is used again costs none.
+class Listing {
+public:
+    struct Entry {
+        EntryKind kind;
+        std::size_t nameStart;
+        std::size_t nameEnd;
+    };
+
+    std::size_t size() const { return entries_.size(); }
+    EntryKind kind(std::size_t index) const { return entries_[index].kind; }
+    StringView name(std::size_t index) const;
+
+    void clear();
+
+    // Where the next name is written; add() then makes an entry of it.
+    String& names() { return names_; }
+    void add(EntryKind kind);
+
+private:
+    String names_;
+    std::vector<Entry> entries_;
+};
+
+// What the file system knows a folder by, whichever path leads to it.
+struct Identity {
+    std::uint64_t device;
+    std::uint64_t index;
+
+    auto operator<=>(const Identity&) const = default;
+};
+
+// Replaces the listing by the folder's plain files and folders; empty when it cannot be listed.
+void list(const String& folder, Listing& listing);
+
+// Links are followed. None when the path leads nowhere.
+std::optional<Identity> identify(const String& path);
+
+} // namespace Korvel::CANTORIS::PLX::fs

@@ -1,0 +1,34 @@
+#ifndef _WIN32
+
+#include "fs/posix_system.h"
+
+namespace Korvel::CANTORIS::PLX::fs {
+
+Descriptor& Descriptor::operator=(Descriptor&& other) noexcept
+{
+    std::swap(number_, other.number_);
+    return *this;
+}
+
+// Linux has released the number even when the call was interrupted; another thread may own it by
+// the time of a second call.
+bool Descriptor::close()
+{
+    const int number = std::exchange(number_, -1);
+    return number < 0 || ::close(number) == 0 || errno == EINTR;
+}
+
+bool readStatus(const HostPath& path, struct stat& status)
+{
+    return path && uninterrupted([&] { return ::stat(path.text(), &status); }) == 0;
+}
+
+bool isFolder(const char* path)
+{
+    struct stat status;
+    return uninterrupted([&] { return ::stat(path, &status); }) == 0 && S_ISDIR(status.st_mode);
+}
+
+} // namespace Korvel::CANTORIS::PLX::fs
+
+#endif

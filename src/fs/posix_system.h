@@ -1,0 +1,54 @@
+// What the POSIX side of the platform layer shares: retries, descriptors, the status of a path.
+#pragma once
+#ifndef _WIN32
+
+#include <cerrno>
+#include <utility>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "fs/posix_path.h"
+
+namespace Korvel::CANTORIS::PLX::fs {
+
+// Repeats a system call that a signal interrupted.
+template <typename Call>
+auto uninterrupted(Call call)
+{
+    auto result = call();
+    while (result == -1 && errno == EINTR) {
+        result = call();
+    }
+    return result;
+}
+
+// Owns an open file or folder.
+class Descriptor {
+public:
+    explicit Descriptor(int number) : number_(number) {}
+    Descriptor(Descriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
+    Descriptor& operator=(Descriptor&& other) noexcept;
+    ~Descriptor() { close(); }
+
+    explicit operator bool() const { return number_ >= 0; }
+    int number() const { return number_; }
+
+    // Gives the open file away.
+    int release() { return std::exchange(number_, -1); }
+
+    // False when the system reports that something written before has been lost.
+    bool close();
+
+private:
+    int number_;
+};
+
+// Links are followed. False when the path leads nowhere.
+bool readStatus(const HostPath& path, struct stat& status);
+bool isFolder(const char* path);
+
+} // namespace Korvel::CANTORIS::PLX::fs
+
+#endif

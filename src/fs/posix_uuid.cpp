@@ -1,0 +1,68 @@
+#ifndef _WIN32
+
+#include <array>
+#include <cstddef>
+
+#include <sys/random.h>
+
+#include "fs/fs.h"
+#include "fs/posix_system.h"
+
+namespace Korvel::CANTORIS::PLX::fs {
+
+namespace {
+
+using UuidBytes = std::array<unsigned char, 16>;
+
+bool readDevice(UuidBytes& bytes)
+{
+    const Descriptor device{
+        uninterrupted([] { return ::open("/dev/urandom", O_RDONLY | O_CLOEXEC); })};
+    const auto read = [&] { return ::read(device.number(), bytes.data(), bytes.size()); };
+    return device && uninterrupted(read) == std::ssize(bytes);
+}
+
+// Kernels older than the call, and sandboxes that forbid it, still have the device.
+bool fillRandomly(UuidBytes& bytes)
+{
+    const auto ask = [&] { return ::getrandom(bytes.data(), bytes.size(), 0); };
+    return uninterrupted(ask) == std::ssize(bytes) || readDevice(bytes);
+}
+
+// Version 4, the variant of today's UUIDs.
+void markAsRandom(UuidBytes& bytes)
+{
+    bytes[6] = static_cast<unsigned char>((bytes[6] & 0x0F) | 0x40);
+    bytes[8] = static_cast<unsigned char>((bytes[8] & 0x3F) | 0x80);
+}
+
+String textOf(const UuidBytes& bytes)
+{
+    constexpr StringView digits = "0123456789abcdef"_t;
+    String text;
+    text.reserve(36);
+    for (std::size_t i = 0; i < bytes.size(); ++i) {
+        if (i == 4 || i == 6 || i == 8 || i == 10) {
+            text += static_cast<Char>('-');
+        }
+        text += digits[bytes[i] >> 4];
+        text += digits[bytes[i] & 0x0F];
+    }
+    return text;
+}
+
+} // namespace
+
+String newUuid()
+{
+    UuidBytes bytes{};
+    if (!fillRandomly(bytes)) {
+        return {};
+    }
+    markAsRandom(bytes);
+    return textOf(bytes);
+}
+
+} // namespace Korvel::CANTORIS::PLX::fs
+
+#endif

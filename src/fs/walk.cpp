@@ -1,0 +1,113 @@
+#include <functional>
+#include <optional>
+#include <set>
+#include <vector>
+
+#include "fs/fs.h"
+#include "fs/listing.h"
+
+namespace Korvel::CANTORIS::PLX::fs {
+
+namespace {
+
+// Goes through a tree with a list of the open levels instead of recursion, so that no depth is too
+// deep. Each folder is read whole before anything in it is visited: no handle stays open.
+class Walk {
+public:
+    using Visit = std::function<void(const String&)>;
+
+    explicit Walk(const String& folder) : path_(folder) {}
+
+    void run(const Visit& visit);
+
+private:
+    struct Level {
+        Listing listing;
+        std::size_t next = 0;
+        std::size_t pathLength = 0;
+        std::optional<Identity> identity;
+    };
+
+    Level& innermost() { return levels_[depth_ - 1]; }
+    void enter();
+    void visitNext(const Visit& visit);
+    bool isWorthEntering(const String& link);
+    bool isBeingListed(const Identity& folder);
+
+    String path_;
+    std::vector<Level> levels_; // those beyond depth_ are kept for their memory
+    std::size_t depth_ = 0;
+    std::set<Identity> linkedFolders_;
+};
+
+void Walk::run(const Visit& visit)
+{
+    enter();
+    while (depth_ > 0) {
+        if (innermost().next == innermost().listing.size()) {
+            --depth_;
+        } else {
+            visitNext(visit);
+        }
+    }
+}
+
+void Walk::enter()
+{
+    if (depth_ == levels_.size()) {
+        levels_.emplace_back();
+    }
+    Level& level = levels_[depth_++];
+    level.next = 0;
+    level.pathLength = path_.size();
+    level.identity.reset();
+    list(path_, level.listing);
+}
+
+void Walk::visitNext(const Visit& visit)
+{
+    Level& level = innermost();
+    const std::size_t index = level.next++;
+    path_.resize(level.pathLength);
+    path_ += separator;
+    path_ += level.listing.name(index);
+    const EntryKind kind = level.listing.kind(index);
+    if (kind == EntryKind::file) {
+        visit(path_);
+    } else if (kind == EntryKind::folder || isWorthEntering(path_)) {
+        enter();
+    }
+}
+
+// Links that lead back up would never end. Links side by side that lead to one folder, which holds
+// such links again, would end, but only after two to the power of their number.
+bool Walk::isWorthEntering(const String& link)
+{
+    const std::optional<Identity> folder = identify(link);
+    return folder && !isBeingListed(*folder) && linkedFolders_.insert(*folder).second;
+}
+
+bool Walk::isBeingListed(const Identity& folder)
+{
+    for (std::size_t i = 0; i < depth_; ++i) {
+        Level& level = levels_[i];
+        if (!level.identity) {
+            level.identity = identify(path_.substr(0, level.pathLength));
+        }
+        if (level.identity == folder) {
+            return true;
+        }
+    }
+    return false;
+}
+
+} // namespace
+
+void forEachFile(const String& folder, const std::function<void(const String& path)>& visit)
+{
+    if (!folder.empty()) {
+        Walk{folder}.run(visit);
+    }
+}
+
+} // namespace Korvel::CANTORIS::PLX::fs

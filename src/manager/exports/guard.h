@@ -1,0 +1,100 @@
+// The one way from an exported function to the object model. Every export is a single statement that
+// starts with call, countOf or guarded; tests/symbols counts those that are not.
+#pragma once
+
+#include <concepts>
+#include <cstdint>
+#include <type_traits>
+
+#include "manager/exports/handles.h"
+
+namespace Korvel::CANTORIS::PLX::exports {
+
+template <class Operation>
+struct OperationTraits;
+template <class Interface_, class Result_, class... Parameter>
+struct OperationTraits<Result_ (Interface_::*)(Parameter...)> {
+    using Interface = Interface_;
+    using Result = Result_;
+};
+template <class Interface_, class Result_, class... Parameter>
+struct OperationTraits<Result_ (Interface_::*)(Parameter...) const> {
+    using Interface = Interface_;
+    using Result = Result_;
+};
+
+// Handles become roots, unlooked at; everything else passes as it is.
+template <class Argument>
+auto fromHost(Argument argument)
+{
+    if constexpr (requires { Families::rootOf(argument); }) {
+        return Families::rootOf(argument);
+    } else {
+        return argument;
+    }
+}
+
+// Objects become handles; everything else passes as it is.
+template <class Result>
+auto toHost(Result result)
+{
+    if constexpr (requires { Families::handleOf(result); }) {
+        return Families::handleOf(result);
+    } else {
+        return result;
+    }
+}
+
+// Runs the body; whatever it throws ends here, and the host gets `otherwise`.
+template <class Result, class Body>
+Result guarded(Result otherwise, Body body) noexcept
+{
+    try {
+        return body();
+    } catch (...) {
+        return otherwise;
+    }
+}
+
+template <auto Operation, class Object, class... Argument>
+auto perform(Object& object, Argument... argument)
+{
+    using Result = typename OperationTraits<decltype(Operation)>::Result;
+    if constexpr (std::is_void_v<Result>) {
+        (object.*Operation)(fromHost(argument)...);
+        return true; // an operation without a result cannot fail
+    } else {
+        return toHost((object.*Operation)(fromHost(argument)...));
+    }
+}
+
+// Forwards to one operation of the interface behind the handle. `otherwise` is the result for a null
+// handle, for one of another kind, and when memory runs out.
+template <auto Operation, class Handle, class Otherwise, class... Argument>
+auto call(Handle* handle, Otherwise otherwise, Argument... argument) noexcept
+{
+    using Interface = typename OperationTraits<decltype(Operation)>::Interface;
+    using Result = decltype(perform<Operation>(std::declval<Interface&>(), argument...));
+    return guarded<Result>(static_cast<Result>(otherwise), [=]() -> Result {
+        Interface* const object = reach<Interface>(handle);
+        return object == nullptr ? static_cast<Result>(otherwise)
+                                 : perform<Operation>(*object, argument...);
+    });
+}
+
+// Forwards to an operation that counts, and stores the count.
+template <auto Operation, class Handle, class... Argument>
+bool countOf(Handle* handle, std::uint64_t* count, Argument... argument) noexcept
+{
+    using Interface = typename OperationTraits<decltype(Operation)>::Interface;
+    return guarded(false, [=] {
+        Interface* const object = count == nullptr ? nullptr : reach<Interface>(handle);
+        if (object == nullptr) {
+            return false;
+        }
+        *count = static_cast<std::uint64_t>((object->*Operation)(argument...));
+        return true;
+    });
+}
+
+} // namespace Korvel::CANTORIS::PLX::exports

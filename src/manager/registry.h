@@ -1,0 +1,50 @@
+// The process-wide list of live managers.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <mutex>
+#include <vector>
+
+#include "text.h"
+
+namespace Korvel::CANTORIS::PLX {
+
+class Manager;
+class ManagerImpl;
+
+// What a host gives to have a manager made.
+struct ManagerRequest {
+    const Char* appID;
+    const Char* systemClipDirPath;
+    const Char* userClipDirPath;
+    std::vector<String> extraSystemClipDirs;
+    std::vector<String> extraUserClipDirs;
+};
+
+class Registry {
+public:
+    // Made on first use, destroyed with its managers when the library is unloaded.
+    static Registry& instance();
+
+    // The live manager of that application ID, with `resultCode` left alone, or a new one; null with
+    // a code when there can be none.
+    Manager* create(ManagerRequest&& request, std::uint32_t* resultCode);
+
+    // Compares addresses and takes no lock: hosts ask this from the manager's own thread.
+    bool has(const Manager* manager) const;
+
+    // Deletes the manager if it is registered; the pointer is looked into only then. False for null
+    // alone.
+    bool destroy(const Manager* manager);
+
+    ~Registry();
+
+private:
+    Registry() = default;
+
+    std::mutex lock_;
+    std::vector<std::unique_ptr<ManagerImpl>> managers_;
+};
+
+} // namespace Korvel::CANTORIS::PLX
