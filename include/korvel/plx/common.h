@@ -186,8 +186,8 @@ typedef enum KRT_PLX_Result {
 /** No part key; a real one is 0 to 30. */
 #define KRT_PLX_NO_KEY 31u
 
-/** No handle to take a tempo from; a real tempo is 0 (none given) or 2000 to 30000, in hundredths of
- *  a beat per minute. */
+/** No handle to take a tempo from; a real tempo is 0 (none given) or 2000 to 30000, in hundredths
+ *  of a beat per minute. */
 #define KRT_PLX_NO_TEMPO 0xFFFFFFFFu
 
 /** No language (a live object has none, or the index is past the end); a real one is 0 to 127. */
