@@ -120,13 +120,13 @@
 
 #include "plx/common.h"
 
-#include "plx/manager.h"
 #include "plx/clip.h"
-#include "plx/filter.h"
-#include "plx/part.h"
-#include "plx/note.h"
-#include "plx/expression.h"
 #include "plx/controller.h"
 #include "plx/effect.h"
+#include "plx/expression.h"
+#include "plx/filter.h"
+#include "plx/manager.h"
+#include "plx/note.h"
+#include "plx/part.h"
 
 #endif

@@ -122,8 +122,8 @@ KRT_PLX_API const KRT_PLX_Char* KRT_PLX_Manager_appID(KRT_PLX_Manager* manager) 
  * @param manager  a manager
  * @return text owned by the manager, valid as long as it lives; NULL for a null handle
  */
-KRT_PLX_API const KRT_PLX_Char* KRT_PLX_Manager_systemClipDirPath(
-    KRT_PLX_Manager* manager) KRT_PLX_NOEXCEPT;
+KRT_PLX_API const KRT_PLX_Char* KRT_PLX_Manager_systemClipDirPath(KRT_PLX_Manager* manager)
+    KRT_PLX_NOEXCEPT;
 
 /**
  * Returns the main user clip directory, exactly as it was passed at creation. New clips are saved
@@ -132,8 +132,8 @@ KRT_PLX_API const KRT_PLX_Char* KRT_PLX_Manager_systemClipDirPath(
  * @param manager  a manager
  * @return text owned by the manager, valid as long as it lives; NULL for a null handle
  */
-KRT_PLX_API const KRT_PLX_Char* KRT_PLX_Manager_userClipDirPath(
-    KRT_PLX_Manager* manager) KRT_PLX_NOEXCEPT;
+KRT_PLX_API const KRT_PLX_Char* KRT_PLX_Manager_userClipDirPath(KRT_PLX_Manager* manager)
+    KRT_PLX_NOEXCEPT;
 
 /** @} */
 
@@ -195,8 +195,8 @@ KRT_PLX_API uint32_t KRT_PLX_Manager_readUserClipFiles(KRT_PLX_Manager* manager)
  * @param count    receives the number; left alone when the result is false
  * @return true; false when the handle or `count` is null
  */
-KRT_PLX_API bool KRT_PLX_Manager_numSystemClips(
-    KRT_PLX_Manager* manager, uint64_t* count) KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_Manager_numSystemClips(KRT_PLX_Manager* manager, uint64_t* count)
+    KRT_PLX_NOEXCEPT;
 
 /**
  * Returns a system clip by its place in the list.
@@ -207,8 +207,8 @@ KRT_PLX_API bool KRT_PLX_Manager_numSystemClips(
  *         KRT_PLX_Manager_readAllClipFiles() or the manager's end; NULL when `index` is not below
  *         the count, and for a null handle
  */
-KRT_PLX_API KRT_PLX_ClipBase* KRT_PLX_Manager_systemClip(
-    KRT_PLX_Manager* manager, uint64_t index) KRT_PLX_NOEXCEPT;
+KRT_PLX_API KRT_PLX_ClipBase* KRT_PLX_Manager_systemClip(KRT_PLX_Manager* manager, uint64_t index)
+    KRT_PLX_NOEXCEPT;
 
 /**
  * Tells whether a handle is one of the manager's listed system clips.
@@ -220,8 +220,8 @@ KRT_PLX_API KRT_PLX_ClipBase* KRT_PLX_Manager_systemClip(
  * @param element  any clip handle, alive or dead
  * @return true when it is listed; false otherwise, for a null `element` and for a null handle
  */
-KRT_PLX_API bool KRT_PLX_Manager_hasSystemClip(
-    KRT_PLX_Manager* manager, KRT_PLX_ClipBase* element) KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_Manager_hasSystemClip(KRT_PLX_Manager* manager, KRT_PLX_ClipBase* element)
+    KRT_PLX_NOEXCEPT;
 
 /** @} */
 
@@ -239,8 +239,8 @@ KRT_PLX_API bool KRT_PLX_Manager_hasSystemClip(
  * @param count    receives the number; left alone when the result is false
  * @return true; false when the handle or `count` is null
  */
-KRT_PLX_API bool KRT_PLX_Manager_numUserClips(
-    KRT_PLX_Manager* manager, uint64_t* count) KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_Manager_numUserClips(KRT_PLX_Manager* manager, uint64_t* count)
+    KRT_PLX_NOEXCEPT;
 
 /**
  * Returns a user clip by its place in the list.
@@ -254,8 +254,8 @@ KRT_PLX_API bool KRT_PLX_Manager_numUserClips(
  *         KRT_PLX_UserClip_remove() or the manager's end; NULL when `index` is not below the count,
  *         and for a null handle
  */
-KRT_PLX_API KRT_PLX_ClipBase* KRT_PLX_Manager_userClip(
-    KRT_PLX_Manager* manager, uint64_t index) KRT_PLX_NOEXCEPT;
+KRT_PLX_API KRT_PLX_ClipBase* KRT_PLX_Manager_userClip(KRT_PLX_Manager* manager, uint64_t index)
+    KRT_PLX_NOEXCEPT;
 
 /**
  * Tells whether a handle is one of the manager's listed user clips.
@@ -267,8 +267,8 @@ KRT_PLX_API KRT_PLX_ClipBase* KRT_PLX_Manager_userClip(
  * @param element  any clip handle, alive or dead
  * @return true when it is listed; false otherwise, for a null `element` and for a null handle
  */
-KRT_PLX_API bool KRT_PLX_Manager_hasUserClip(
-    KRT_PLX_Manager* manager, KRT_PLX_ClipBase* element) KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_Manager_hasUserClip(KRT_PLX_Manager* manager, KRT_PLX_ClipBase* element)
+    KRT_PLX_NOEXCEPT;
 
 /** @} */
 
@@ -287,8 +287,8 @@ KRT_PLX_API bool KRT_PLX_Manager_hasUserClip(
  * @return the editable clip, owned by the manager and valid until its KRT_PLX_MutableClip_destroy()
  *         or the manager's end; NULL for a null handle or when memory ran out
  */
-KRT_PLX_API KRT_PLX_ClipBase* KRT_PLX_Manager_createMutableClip(
-    KRT_PLX_Manager* manager) KRT_PLX_NOEXCEPT;
+KRT_PLX_API KRT_PLX_ClipBase* KRT_PLX_Manager_createMutableClip(KRT_PLX_Manager* manager)
+    KRT_PLX_NOEXCEPT;
 
 /**
  * Tells whether a handle is one of the manager's living editable clips.
@@ -299,8 +299,8 @@ KRT_PLX_API KRT_PLX_ClipBase* KRT_PLX_Manager_createMutableClip(
  * @param element  any clip handle, alive or dead
  * @return true when it is one of them; false otherwise, for a null `element` and for a null handle
  */
-KRT_PLX_API bool KRT_PLX_Manager_hasMutableClip(
-    KRT_PLX_Manager* manager, KRT_PLX_ClipBase* element) KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_Manager_hasMutableClip(KRT_PLX_Manager* manager, KRT_PLX_ClipBase* element)
+    KRT_PLX_NOEXCEPT;
 
 /** @} */
 
