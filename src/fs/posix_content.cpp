@@ -1,10 +1,10 @@
 #ifndef _WIN32
 
-#include <cstdint>
-#include <memory>
+#    include <cstdint>
+#    include <memory>
 
-#include "fs/fs.h"
-#include "fs/posix_system.h"
+#    include "fs/fs.h"
+#    include "fs/posix_system.h"
 
 namespace Korvel::CANTORIS::PLX::fs {
 
@@ -21,8 +21,7 @@ bool isPlain(const HostPath& path, struct stat& status)
 
 Descriptor openForReading(const HostPath& path)
 {
-    return Descriptor{
-        uninterrupted([&] { return ::open(path.text(), O_RDONLY | cautiously); })};
+    return Descriptor{uninterrupted([&] { return ::open(path.text(), O_RDONLY | cautiously); })};
 }
 
 Descriptor openForWriting(const HostPath& path, int disposition)
@@ -58,8 +57,8 @@ bool readAll(const Descriptor& file, std::string& content)
 bool writeAll(const Descriptor& file, std::string_view content)
 {
     while (!content.empty()) {
-        const ssize_t count = uninterrupted(
-            [&] { return ::write(file.number(), content.data(), content.size()); });
+        const ssize_t count =
+            uninterrupted([&] { return ::write(file.number(), content.data(), content.size()); });
         if (count <= 0) {
             return false;
         }
@@ -85,7 +84,8 @@ bool readFile(const String& path, std::string& content)
 {
     const HostPath host{path};
     struct stat status;
-    if (!isPlain(host, status) || static_cast<std::uintmax_t>(status.st_size) > content.max_size()) {
+    if (!isPlain(host, status) ||
+        static_cast<std::uintmax_t>(status.st_size) > content.max_size()) {
         return false;
     }
     const Descriptor file = openForReading(host);

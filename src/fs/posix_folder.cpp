@@ -1,8 +1,8 @@
 #ifndef _WIN32
 
-#include "fs/posix_folder.h"
+#    include "fs/posix_folder.h"
 
-#include <string_view>
+#    include <string_view>
 
 namespace Korvel::CANTORIS::PLX::fs {
 

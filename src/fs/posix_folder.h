@@ -1,11 +1,11 @@
 #pragma once
 #ifndef _WIN32
 
-#include <memory>
+#    include <memory>
 
-#include <dirent.h>
+#    include <dirent.h>
 
-#include "fs/posix_system.h"
+#    include "fs/posix_system.h"
 
 namespace Korvel::CANTORIS::PLX::fs {
 

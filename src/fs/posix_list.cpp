@@ -1,7 +1,7 @@
 #ifndef _WIN32
 
-#include "fs/listing.h"
-#include "fs/posix_folder.h"
+#    include "fs/listing.h"
+#    include "fs/posix_folder.h"
 
 namespace Korvel::CANTORIS::PLX::fs {
 

@@ -1,6 +1,6 @@
 #ifndef _WIN32
 
-#include "fs/posix_path.h"
+#    include "fs/posix_path.h"
 
 namespace Korvel::CANTORIS::PLX::fs {
 

@@ -2,10 +2,10 @@
 #pragma once
 #ifndef _WIN32
 
-#include <climits>
-#include <cstddef>
+#    include <climits>
+#    include <cstddef>
 
-#include "text.h"
+#    include "text.h"
 
 namespace Korvel::CANTORIS::PLX::fs {
 

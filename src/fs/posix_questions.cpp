@@ -1,10 +1,10 @@
 #ifndef _WIN32
 
-#include <cstdlib>
-#include <string_view>
+#    include <cstdlib>
+#    include <string_view>
 
-#include "fs/fs.h"
-#include "fs/posix_system.h"
+#    include "fs/fs.h"
+#    include "fs/posix_system.h"
 
 namespace Korvel::CANTORIS::PLX::fs {
 

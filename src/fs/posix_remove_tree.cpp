@@ -1,10 +1,10 @@
 #ifndef _WIN32
 
-#include <string>
-#include <vector>
+#    include <string>
+#    include <vector>
 
-#include "fs/fs.h"
-#include "fs/posix_folder.h"
+#    include "fs/fs.h"
+#    include "fs/posix_folder.h"
 
 namespace Korvel::CANTORIS::PLX::fs {
 
@@ -119,11 +119,6 @@ bool Sweep::climb()
     return true;
 }
 
-bool isMissing(int error)
-{
-    return error == ENOENT || error == ENOTDIR;
-}
-
 } // namespace
 
 bool removeTree(const String& path)
@@ -133,14 +128,14 @@ bool removeTree(const String& path)
     if (!host || host.length() == 0) {
         return false;
     }
-    if (removeEntry(AT_FDCWD, host.text()) || isMissing(errno)) {
+    if (removeEntry(AT_FDCWD, host.text()) || errno == ENOENT || errno == ENOTDIR) {
         return true;
     }
     Descriptor folder = openFolder(AT_FDCWD, host.text());
     if (folder) {
         Sweep{std::move(folder)}.run();
     }
-    return removeEntry(AT_FDCWD, host.text(), AT_REMOVEDIR) || isMissing(errno);
+    return removeEntry(AT_FDCWD, host.text(), AT_REMOVEDIR) || errno == ENOENT;
 }
 
 } // namespace Korvel::CANTORIS::PLX::fs

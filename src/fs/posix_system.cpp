@@ -1,6 +1,6 @@
 #ifndef _WIN32
 
-#include "fs/posix_system.h"
+#    include "fs/posix_system.h"
 
 namespace Korvel::CANTORIS::PLX::fs {
 

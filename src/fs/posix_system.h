@@ -2,14 +2,14 @@
 #pragma once
 #ifndef _WIN32
 
-#include <cerrno>
-#include <utility>
+#    include <cerrno>
+#    include <utility>
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
+#    include <fcntl.h>
+#    include <sys/stat.h>
+#    include <unistd.h>
 
-#include "fs/posix_path.h"
+#    include "fs/posix_path.h"
 
 namespace Korvel::CANTORIS::PLX::fs {
 

@@ -1,12 +1,12 @@
 #ifndef _WIN32
 
-#include <array>
-#include <cstddef>
+#    include <array>
+#    include <cstddef>
 
-#include <sys/random.h>
+#    include <sys/random.h>
 
-#include "fs/fs.h"
-#include "fs/posix_system.h"
+#    include "fs/fs.h"
+#    include "fs/posix_system.h"
 
 namespace Korvel::CANTORIS::PLX::fs {
 

@@ -1,0 +1,31 @@
+#pragma once
+#ifdef _WIN32
+
+#    include <windows.h>
+
+#    include "text.h"
+
+namespace Korvel::CANTORIS::PLX::fs {
+
+// A folder that is being read, in the order of the file system; without entries when it cannot be.
+class FolderReader {
+public:
+    explicit FolderReader(const String& folder);
+    FolderReader(const FolderReader&) = delete;
+    FolderReader& operator=(const FolderReader&) = delete;
+    ~FolderReader();
+
+    // Null after the last entry. The folder itself and its parent are no entries.
+    const WIN32_FIND_DATAW* next();
+
+private:
+    bool advance();
+
+    WIN32_FIND_DATAW entry_{};
+    HANDLE search_;
+    bool atFirst_;
+};
+
+} // namespace Korvel::CANTORIS::PLX::fs
+
+#endif
