@@ -1,0 +1,43 @@
+// The disk as a test sees it. A test names a place by std::filesystem::path, and hands it to the
+// library by pathText().
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+#include "support/text.h"
+
+namespace support {
+
+using Path = std::filesystem::path;
+
+// A name written in UTF-8: folder / place("さくら").
+Path place(std::string_view utf8);
+
+// The path as the library takes and returns it: backslashes, on every system.
+Text pathText(const Path& path);
+
+// Both make the missing folders above the file.
+void writeFile(const Path& file, std::string_view bytes);
+void writeDocument(const Path& file, std::string_view utf8, Encoding encoding,
+                   ByteOrderMark mark = ByteOrderMark::without);
+
+// The file's bytes; throws when it cannot be read.
+std::string readFile(const Path& file);
+
+// A new, empty folder that is gone, with everything in it, when the object is.
+class ScratchFolder {
+public:
+    ScratchFolder();
+    ~ScratchFolder();
+    ScratchFolder(const ScratchFolder&) = delete;
+    ScratchFolder& operator=(const ScratchFolder&) = delete;
+
+    [[nodiscard]] const Path& path() const { return path_; }
+
+private:
+    Path path_;
+};
+
+} // namespace support
