@@ -47,8 +47,8 @@ KRT_PLX_API KRT_PLX_Manager* KRT_PLX_ClipBase_parent(KRT_PLX_ClipBase* clip) KRT
  *         clip lives, and for an editable clip until KRT_PLX_MutableClip_setVendorName(); NULL for
  *         a null handle
  */
-KRT_PLX_API const KRT_PLX_Char* KRT_PLX_ClipBase_vendorName(KRT_PLX_ClipBase* clip)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API const KRT_PLX_Char* KRT_PLX_ClipBase_vendorName(
+    KRT_PLX_ClipBase* clip) KRT_PLX_NOEXCEPT;
 
 /**
  * Tells the type of the clip's part.
@@ -189,8 +189,8 @@ KRT_PLX_API KRT_PLX_PartBase* KRT_PLX_Clip_audioPart(KRT_PLX_ClipBase* clip) KRT
  * @return true when it is that part; false otherwise, for a null `element`, and for a handle that
  *         is null or no `Clip`
  */
-KRT_PLX_API bool KRT_PLX_Clip_hasAudioPart(KRT_PLX_ClipBase* clip, KRT_PLX_PartBase* element)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_Clip_hasAudioPart(
+    KRT_PLX_ClipBase* clip, KRT_PLX_PartBase* element) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns the loaded part if it is a MIDI part, of either MIDI type.
@@ -212,8 +212,8 @@ KRT_PLX_API KRT_PLX_PartBase* KRT_PLX_Clip_midiPart(KRT_PLX_ClipBase* clip) KRT_
  * @return true when it is that part; false otherwise, for a null `element`, and for a handle that
  *         is null or no `Clip`
  */
-KRT_PLX_API bool KRT_PLX_Clip_hasMidiPart(KRT_PLX_ClipBase* clip, KRT_PLX_PartBase* element)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_Clip_hasMidiPart(
+    KRT_PLX_ClipBase* clip, KRT_PLX_PartBase* element) KRT_PLX_NOEXCEPT;
 
 /** @} */
 
@@ -266,8 +266,8 @@ KRT_PLX_API bool KRT_PLX_UserClip_remove(KRT_PLX_ClipBase* clip) KRT_PLX_NOEXCEP
  *         KRT_PLX_UserClip_createPropertyEditor() or KRT_PLX_UserClip_destroyPropertyEditor() on
  *         this clip, or the clip's end; NULL for a handle that is null or no `UserClip`
  */
-KRT_PLX_API KRT_PLX_PropertyEditor* KRT_PLX_UserClip_createPropertyEditor(KRT_PLX_ClipBase* clip)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API KRT_PLX_PropertyEditor* KRT_PLX_UserClip_createPropertyEditor(
+    KRT_PLX_ClipBase* clip) KRT_PLX_NOEXCEPT;
 
 /**
  * Destroys the property editor that the clip has.
@@ -348,8 +348,8 @@ KRT_PLX_API bool KRT_PLX_PropertyEditor_addFilterGenre(
  * @param value   the key, 0 to 30
  * @return true; false, with the editor unchanged, when `value` is above 30, and for a null handle
  */
-KRT_PLX_API bool KRT_PLX_PropertyEditor_setPartKey(KRT_PLX_PropertyEditor* editor, uint32_t value)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_PropertyEditor_setPartKey(
+    KRT_PLX_PropertyEditor* editor, uint32_t value) KRT_PLX_NOEXCEPT;
 
 /**
  * Sets the new part tempo.
@@ -358,8 +358,8 @@ KRT_PLX_API bool KRT_PLX_PropertyEditor_setPartKey(KRT_PLX_PropertyEditor* edito
  * @param value   0 for none, or 2000 to 30000 hundredths of a beat per minute
  * @return true; false, with the editor unchanged, for any other value and for a null handle
  */
-KRT_PLX_API bool KRT_PLX_PropertyEditor_setPartTempo(KRT_PLX_PropertyEditor* editor, uint32_t value)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_PropertyEditor_setPartTempo(
+    KRT_PLX_PropertyEditor* editor, uint32_t value) KRT_PLX_NOEXCEPT;
 
 /**
  * Writes the editor's values to the clip's `property.json` and takes them over into the clip.
@@ -430,8 +430,8 @@ KRT_PLX_API bool KRT_PLX_PropertyEditor_save(KRT_PLX_PropertyEditor* editor) KRT
  *         or the clip is destroyed; NULL when the clip has no part or a MIDI part, and for a handle
  *         that is null or no `MutableClip`
  */
-KRT_PLX_API KRT_PLX_PartBase* KRT_PLX_MutableClip_audioPart(KRT_PLX_ClipBase* clip)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API KRT_PLX_PartBase* KRT_PLX_MutableClip_audioPart(
+    KRT_PLX_ClipBase* clip) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns the clip's part if it is a MIDI part, of either MIDI type.
@@ -455,8 +455,8 @@ KRT_PLX_API KRT_PLX_PartBase* KRT_PLX_MutableClip_midiPart(KRT_PLX_ClipBase* cli
  * @return true when it is the clip's audio part, or when it is null and the clip has none; false
  *         otherwise, and for a `clip` that is null or no `MutableClip`
  */
-KRT_PLX_API bool KRT_PLX_MutableClip_hasAudioPart(KRT_PLX_ClipBase* clip, KRT_PLX_PartBase* element)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_MutableClip_hasAudioPart(
+    KRT_PLX_ClipBase* clip, KRT_PLX_PartBase* element) KRT_PLX_NOEXCEPT;
 
 /**
  * Tells whether a handle is what KRT_PLX_MutableClip_midiPart() returns.
@@ -470,8 +470,8 @@ KRT_PLX_API bool KRT_PLX_MutableClip_hasAudioPart(KRT_PLX_ClipBase* clip, KRT_PL
  * @return true when it is the clip's MIDI part, or when it is null and the clip has none; false
  *         otherwise, and for a `clip` that is null or no `MutableClip`
  */
-KRT_PLX_API bool KRT_PLX_MutableClip_hasMidiPart(KRT_PLX_ClipBase* clip, KRT_PLX_PartBase* element)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_MutableClip_hasMidiPart(
+    KRT_PLX_ClipBase* clip, KRT_PLX_PartBase* element) KRT_PLX_NOEXCEPT;
 
 /**
  * Gives the clip a new, empty audio part.
@@ -484,8 +484,8 @@ KRT_PLX_API bool KRT_PLX_MutableClip_hasMidiPart(KRT_PLX_ClipBase* clip, KRT_PLX
  *         part is created or the clip is destroyed; NULL for a handle that is null or no
  *         `MutableClip`, or when memory ran out (the old part then stays)
  */
-KRT_PLX_API KRT_PLX_PartBase* KRT_PLX_MutableClip_createAudioPart(KRT_PLX_ClipBase* clip)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API KRT_PLX_PartBase* KRT_PLX_MutableClip_createAudioPart(
+    KRT_PLX_ClipBase* clip) KRT_PLX_NOEXCEPT;
 
 /**
  * Gives the clip a new, empty MIDI part that a voice bank sings.
@@ -498,8 +498,8 @@ KRT_PLX_API KRT_PLX_PartBase* KRT_PLX_MutableClip_createAudioPart(KRT_PLX_ClipBa
  *         part is created or the clip is destroyed; NULL for a handle that is null or no
  *         `MutableClip`, or when memory ran out (the old part then stays)
  */
-KRT_PLX_API KRT_PLX_PartBase* KRT_PLX_MutableClip_createMidiPart(KRT_PLX_ClipBase* clip)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API KRT_PLX_PartBase* KRT_PLX_MutableClip_createMidiPart(
+    KRT_PLX_ClipBase* clip) KRT_PLX_NOEXCEPT;
 
 /**
  * Gives the clip a new, empty MIDI part that an AI voice sings.
@@ -512,8 +512,8 @@ KRT_PLX_API KRT_PLX_PartBase* KRT_PLX_MutableClip_createMidiPart(KRT_PLX_ClipBas
  *         next part is created or the clip is destroyed; NULL for a handle that is null or no
  *         `MutableClip`, or when memory ran out (the old part then stays)
  */
-KRT_PLX_API KRT_PLX_PartBase* KRT_PLX_MutableClip_createMidiAiPart(KRT_PLX_ClipBase* clip)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API KRT_PLX_PartBase* KRT_PLX_MutableClip_createMidiAiPart(
+    KRT_PLX_ClipBase* clip) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns the clip's search tags, for reading and editing.
@@ -533,8 +533,8 @@ KRT_PLX_API KRT_PLX_Filter* KRT_PLX_MutableClip_filter(KRT_PLX_ClipBase* clip) K
  * @return true; false, with the key unchanged, when `value` is above 30, and for a handle that is
  *         null or no `MutableClip`
  */
-KRT_PLX_API bool KRT_PLX_MutableClip_setPartKey(KRT_PLX_ClipBase* clip, uint32_t value)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_MutableClip_setPartKey(
+    KRT_PLX_ClipBase* clip, uint32_t value) KRT_PLX_NOEXCEPT;
 
 /**
  * Sets the part tempo. It starts at 0, and is saved for MIDI parts only.
@@ -544,8 +544,8 @@ KRT_PLX_API bool KRT_PLX_MutableClip_setPartKey(KRT_PLX_ClipBase* clip, uint32_t
  * @return true; false, with the tempo unchanged, for any other value and for a handle that is null
  *         or no `MutableClip`
  */
-KRT_PLX_API bool KRT_PLX_MutableClip_setPartTempo(KRT_PLX_ClipBase* clip, uint32_t value)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_MutableClip_setPartTempo(
+    KRT_PLX_ClipBase* clip, uint32_t value) KRT_PLX_NOEXCEPT;
 
 /**
  * Sets the vendor name. It starts empty. The vendor tags of the filter stay as they are.
@@ -554,8 +554,8 @@ KRT_PLX_API bool KRT_PLX_MutableClip_setPartTempo(KRT_PLX_ClipBase* clip, uint32
  * @param text  the vendor name; null empties it
  * @return true; false for a handle that is null or no `MutableClip`
  */
-KRT_PLX_API bool KRT_PLX_MutableClip_setVendorName(KRT_PLX_ClipBase* clip, const KRT_PLX_Char* text)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_MutableClip_setVendorName(
+    KRT_PLX_ClipBase* clip, const KRT_PLX_Char* text) KRT_PLX_NOEXCEPT;
 
 /**
  * Saves the clip as a new user clip.
@@ -623,9 +623,10 @@ KRT_PLX_API bool KRT_PLX_MutableClip_setVendorName(KRT_PLX_ClipBase* clip, const
  *         its KRT_PLX_UserClip_remove() or the manager's end; NULL on failure and for a handle that
  *         is null or no `MutableClip`
  */
-KRT_PLX_API KRT_PLX_ClipBase* KRT_PLX_MutableClip_save(
-    KRT_PLX_ClipBase* clip, const KRT_PLX_Char* name, bool formatted, uint32_t* errorCode)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API KRT_PLX_ClipBase* KRT_PLX_MutableClip_save(KRT_PLX_ClipBase* clip,
+    const KRT_PLX_Char* name,
+    bool formatted,
+    uint32_t* errorCode) KRT_PLX_NOEXCEPT;
 
 /**
  * Destroys an editable clip with its filter and its part. **Its handle and all handles beneath it

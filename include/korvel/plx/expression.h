@@ -433,8 +433,8 @@ KRT_PLX_API KRT_PLX_VibratoParameterBase* KRT_PLX_Vibrato_parameter(
  * @return true when that very point is in that curve; false otherwise, for a null element, for
  *         another type and for a handle that is null or no Vibrato
  */
-KRT_PLX_API bool KRT_PLX_Vibrato_hasParameter(
-    KRT_PLX_VibratoBase* vibrato, uint32_t type,
+KRT_PLX_API bool KRT_PLX_Vibrato_hasParameter(KRT_PLX_VibratoBase* vibrato,
+    uint32_t type,
     KRT_PLX_VibratoParameterBase* element) KRT_PLX_NOEXCEPT;
 
 /** @} */
@@ -507,8 +507,8 @@ KRT_PLX_API KRT_PLX_VibratoParameterBase* KRT_PLX_MutableVibrato_parameter(
  * @return true when that very point is in that curve; false otherwise, for a null element, for
  *         another type and for a handle that is null or no MutableVibrato
  */
-KRT_PLX_API bool KRT_PLX_MutableVibrato_hasParameter(
-    KRT_PLX_VibratoBase* vibrato, uint32_t type,
+KRT_PLX_API bool KRT_PLX_MutableVibrato_hasParameter(KRT_PLX_VibratoBase* vibrato,
+    uint32_t type,
     KRT_PLX_VibratoParameterBase* element) KRT_PLX_NOEXCEPT;
 
 /**

@@ -51,8 +51,8 @@ KRT_PLX_API bool KRT_PLX_Filter_numGenres(KRT_PLX_Filter* filter, uint64_t* coun
  * @return text owned by the filter, never empty, valid until the genres change or the clip dies;
  *         NULL when `index` is not below the count, and for a null handle
  */
-KRT_PLX_API const KRT_PLX_Char* KRT_PLX_Filter_genre(KRT_PLX_Filter* filter, uint64_t index)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API const KRT_PLX_Char* KRT_PLX_Filter_genre(
+    KRT_PLX_Filter* filter, uint64_t index) KRT_PLX_NOEXCEPT;
 
 /**
  * Tells how many languages there are.
@@ -61,8 +61,8 @@ KRT_PLX_API const KRT_PLX_Char* KRT_PLX_Filter_genre(KRT_PLX_Filter* filter, uin
  * @param count   receives the number; left alone when the result is false
  * @return true; false when the handle or `count` is null
  */
-KRT_PLX_API bool KRT_PLX_Filter_numLanguages(KRT_PLX_Filter* filter, uint64_t* count)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_Filter_numLanguages(
+    KRT_PLX_Filter* filter, uint64_t* count) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns a language by its place.
@@ -72,8 +72,8 @@ KRT_PLX_API bool KRT_PLX_Filter_numLanguages(KRT_PLX_Filter* filter, uint64_t* c
  * @return the language number, 0 to 2147483647; #KRT_PLX_NO_INT32 when `index` is not below the
  *         count, and for a null handle
  */
-KRT_PLX_API int32_t KRT_PLX_Filter_language(KRT_PLX_Filter* filter, uint64_t index)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API int32_t KRT_PLX_Filter_language(
+    KRT_PLX_Filter* filter, uint64_t index) KRT_PLX_NOEXCEPT;
 
 /**
  * Tells how many singer groups there are.
@@ -82,8 +82,8 @@ KRT_PLX_API int32_t KRT_PLX_Filter_language(KRT_PLX_Filter* filter, uint64_t ind
  * @param count   receives the number; left alone when the result is false
  * @return true; false when the handle or `count` is null
  */
-KRT_PLX_API bool KRT_PLX_Filter_numSingerGroups(KRT_PLX_Filter* filter, uint64_t* count)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_Filter_numSingerGroups(
+    KRT_PLX_Filter* filter, uint64_t* count) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns a singer group by its place.
@@ -93,8 +93,8 @@ KRT_PLX_API bool KRT_PLX_Filter_numSingerGroups(KRT_PLX_Filter* filter, uint64_t
  * @return text owned by the filter, never empty, valid until the singer groups change or the clip
  *         dies; NULL when `index` is not below the count, and for a null handle
  */
-KRT_PLX_API const KRT_PLX_Char* KRT_PLX_Filter_singerGroup(KRT_PLX_Filter* filter, uint64_t index)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API const KRT_PLX_Char* KRT_PLX_Filter_singerGroup(
+    KRT_PLX_Filter* filter, uint64_t index) KRT_PLX_NOEXCEPT;
 
 /**
  * Tells how many singer IDs there are.
@@ -103,8 +103,8 @@ KRT_PLX_API const KRT_PLX_Char* KRT_PLX_Filter_singerGroup(KRT_PLX_Filter* filte
  * @param count   receives the number; left alone when the result is false
  * @return true; false when the handle or `count` is null
  */
-KRT_PLX_API bool KRT_PLX_Filter_numSingerIDs(KRT_PLX_Filter* filter, uint64_t* count)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_Filter_numSingerIDs(
+    KRT_PLX_Filter* filter, uint64_t* count) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns a singer ID by its place.
@@ -114,8 +114,8 @@ KRT_PLX_API bool KRT_PLX_Filter_numSingerIDs(KRT_PLX_Filter* filter, uint64_t* c
  * @return text owned by the filter, never empty, valid until the singer IDs change or the clip
  *         dies; NULL when `index` is not below the count, and for a null handle
  */
-KRT_PLX_API const KRT_PLX_Char* KRT_PLX_Filter_singerID(KRT_PLX_Filter* filter, uint64_t index)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API const KRT_PLX_Char* KRT_PLX_Filter_singerID(
+    KRT_PLX_Filter* filter, uint64_t index) KRT_PLX_NOEXCEPT;
 
 /**
  * Tells how many types there are.
@@ -137,8 +137,8 @@ KRT_PLX_API bool KRT_PLX_Filter_numTypes(KRT_PLX_Filter* filter, uint64_t* count
  * @return text owned by the filter, never empty, valid until the types change or the clip dies;
  *         NULL when `index` is not below the count, and for a null handle
  */
-KRT_PLX_API const KRT_PLX_Char* KRT_PLX_Filter_type(KRT_PLX_Filter* filter, uint64_t index)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API const KRT_PLX_Char* KRT_PLX_Filter_type(
+    KRT_PLX_Filter* filter, uint64_t index) KRT_PLX_NOEXCEPT;
 
 /**
  * Tells how many vendors there are.
@@ -147,8 +147,8 @@ KRT_PLX_API const KRT_PLX_Char* KRT_PLX_Filter_type(KRT_PLX_Filter* filter, uint
  * @param count   receives the number; left alone when the result is false
  * @return true; false when the handle or `count` is null
  */
-KRT_PLX_API bool KRT_PLX_Filter_numVendors(KRT_PLX_Filter* filter, uint64_t* count)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_Filter_numVendors(
+    KRT_PLX_Filter* filter, uint64_t* count) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns a vendor by its place.
@@ -158,8 +158,8 @@ KRT_PLX_API bool KRT_PLX_Filter_numVendors(KRT_PLX_Filter* filter, uint64_t* cou
  * @return text owned by the filter, possibly empty (see the group's text), valid until the vendors
  *         change or the clip dies; NULL when `index` is not below the count, and for a null handle
  */
-KRT_PLX_API const KRT_PLX_Char* KRT_PLX_Filter_vendor(KRT_PLX_Filter* filter, uint64_t index)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API const KRT_PLX_Char* KRT_PLX_Filter_vendor(
+    KRT_PLX_Filter* filter, uint64_t index) KRT_PLX_NOEXCEPT;
 
 /** @} */
 
@@ -193,8 +193,8 @@ KRT_PLX_API const KRT_PLX_Char* KRT_PLX_Filter_vendor(KRT_PLX_Filter* filter, ui
  * @return true when it was added or already there; false when `text` is null or empty, and for a
  *         handle that is null or no `MutableFilter`
  */
-KRT_PLX_API bool KRT_PLX_MutableFilter_addGenre(KRT_PLX_Filter* filter, const KRT_PLX_Char* text)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_MutableFilter_addGenre(
+    KRT_PLX_Filter* filter, const KRT_PLX_Char* text) KRT_PLX_NOEXCEPT;
 
 /**
  * Adds a language.
@@ -204,8 +204,8 @@ KRT_PLX_API bool KRT_PLX_MutableFilter_addGenre(KRT_PLX_Filter* filter, const KR
  * @return true when it was added or already there; false when it is negative, and for a handle that
  *         is null or no `MutableFilter`
  */
-KRT_PLX_API bool KRT_PLX_MutableFilter_addLanguage(KRT_PLX_Filter* filter, int32_t language)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_MutableFilter_addLanguage(
+    KRT_PLX_Filter* filter, int32_t language) KRT_PLX_NOEXCEPT;
 
 /**
  * Adds a singer group.
@@ -226,8 +226,8 @@ KRT_PLX_API bool KRT_PLX_MutableFilter_addSingerGroup(
  * @return true when it was added or already there; false when `text` is null or empty, and for a
  *         handle that is null or no `MutableFilter`
  */
-KRT_PLX_API bool KRT_PLX_MutableFilter_addSingerID(KRT_PLX_Filter* filter, const KRT_PLX_Char* text)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_MutableFilter_addSingerID(
+    KRT_PLX_Filter* filter, const KRT_PLX_Char* text) KRT_PLX_NOEXCEPT;
 
 /**
  * Adds a type.
@@ -237,8 +237,8 @@ KRT_PLX_API bool KRT_PLX_MutableFilter_addSingerID(KRT_PLX_Filter* filter, const
  * @return true when it was added or already there; false when `text` is null or empty, and for a
  *         handle that is null or no `MutableFilter`
  */
-KRT_PLX_API bool KRT_PLX_MutableFilter_addType(KRT_PLX_Filter* filter, const KRT_PLX_Char* text)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_MutableFilter_addType(
+    KRT_PLX_Filter* filter, const KRT_PLX_Char* text) KRT_PLX_NOEXCEPT;
 
 /**
  * Adds a vendor. Unlike the other lists, this one accepts the empty text (once).
@@ -248,8 +248,8 @@ KRT_PLX_API bool KRT_PLX_MutableFilter_addType(KRT_PLX_Filter* filter, const KRT
  * @return true when it was added or already there; false when `text` is null, and for a handle that
  *         is null or no `MutableFilter`
  */
-KRT_PLX_API bool KRT_PLX_MutableFilter_addVendor(KRT_PLX_Filter* filter, const KRT_PLX_Char* text)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_MutableFilter_addVendor(
+    KRT_PLX_Filter* filter, const KRT_PLX_Char* text) KRT_PLX_NOEXCEPT;
 
 /**
  * Removes a genre.
@@ -259,8 +259,8 @@ KRT_PLX_API bool KRT_PLX_MutableFilter_addVendor(KRT_PLX_Filter* filter, const K
  * @return true when it was found and removed; false when `text` is null or not in the list, and for
  *         a handle that is null or no `MutableFilter`
  */
-KRT_PLX_API bool KRT_PLX_MutableFilter_removeGenre(KRT_PLX_Filter* filter, const KRT_PLX_Char* text)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_MutableFilter_removeGenre(
+    KRT_PLX_Filter* filter, const KRT_PLX_Char* text) KRT_PLX_NOEXCEPT;
 
 /**
  * Removes a language.
@@ -270,8 +270,8 @@ KRT_PLX_API bool KRT_PLX_MutableFilter_removeGenre(KRT_PLX_Filter* filter, const
  * @return true when it was found and removed; false when it is not in the list, and for a handle
  *         that is null or no `MutableFilter`
  */
-KRT_PLX_API bool KRT_PLX_MutableFilter_removeLanguage(KRT_PLX_Filter* filter, int32_t language)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_MutableFilter_removeLanguage(
+    KRT_PLX_Filter* filter, int32_t language) KRT_PLX_NOEXCEPT;
 
 /**
  * Removes a singer group.
@@ -303,8 +303,8 @@ KRT_PLX_API bool KRT_PLX_MutableFilter_removeSingerID(
  * @return true when it was found and removed; false when `text` is null or not in the list, and for
  *         a handle that is null or no `MutableFilter`
  */
-KRT_PLX_API bool KRT_PLX_MutableFilter_removeType(KRT_PLX_Filter* filter, const KRT_PLX_Char* text)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_MutableFilter_removeType(
+    KRT_PLX_Filter* filter, const KRT_PLX_Char* text) KRT_PLX_NOEXCEPT;
 
 /**
  * Removes a vendor; the empty text removes an empty vendor.

@@ -82,8 +82,7 @@
  * @return the manager, owned by the library and valid until KRT_PLX_Manager_destroy() or until the
  *         library is unloaded; NULL on every failure
  */
-KRT_PLX_API KRT_PLX_Manager* KRT_PLX_CreateManager(
-    const KRT_PLX_Char* appID,
+KRT_PLX_API KRT_PLX_Manager* KRT_PLX_CreateManager(const KRT_PLX_Char* appID,
     const KRT_PLX_Char* systemClipDirPath,
     const KRT_PLX_Char* userClipDirPath,
     const KRT_PLX_Char* const* extraSystemDirs,
@@ -122,8 +121,8 @@ KRT_PLX_API const KRT_PLX_Char* KRT_PLX_Manager_appID(KRT_PLX_Manager* manager) 
  * @param manager  a manager
  * @return text owned by the manager, valid as long as it lives; NULL for a null handle
  */
-KRT_PLX_API const KRT_PLX_Char* KRT_PLX_Manager_systemClipDirPath(KRT_PLX_Manager* manager)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API const KRT_PLX_Char* KRT_PLX_Manager_systemClipDirPath(
+    KRT_PLX_Manager* manager) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns the main user clip directory, exactly as it was passed at creation. New clips are saved
@@ -132,8 +131,8 @@ KRT_PLX_API const KRT_PLX_Char* KRT_PLX_Manager_systemClipDirPath(KRT_PLX_Manage
  * @param manager  a manager
  * @return text owned by the manager, valid as long as it lives; NULL for a null handle
  */
-KRT_PLX_API const KRT_PLX_Char* KRT_PLX_Manager_userClipDirPath(KRT_PLX_Manager* manager)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API const KRT_PLX_Char* KRT_PLX_Manager_userClipDirPath(
+    KRT_PLX_Manager* manager) KRT_PLX_NOEXCEPT;
 
 /** @} */
 
@@ -195,8 +194,8 @@ KRT_PLX_API uint32_t KRT_PLX_Manager_readUserClipFiles(KRT_PLX_Manager* manager)
  * @param count    receives the number; left alone when the result is false
  * @return true; false when the handle or `count` is null
  */
-KRT_PLX_API bool KRT_PLX_Manager_numSystemClips(KRT_PLX_Manager* manager, uint64_t* count)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_Manager_numSystemClips(
+    KRT_PLX_Manager* manager, uint64_t* count) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns a system clip by its place in the list.
@@ -207,8 +206,8 @@ KRT_PLX_API bool KRT_PLX_Manager_numSystemClips(KRT_PLX_Manager* manager, uint64
  *         KRT_PLX_Manager_readAllClipFiles() or the manager's end; NULL when `index` is not below
  *         the count, and for a null handle
  */
-KRT_PLX_API KRT_PLX_ClipBase* KRT_PLX_Manager_systemClip(KRT_PLX_Manager* manager, uint64_t index)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API KRT_PLX_ClipBase* KRT_PLX_Manager_systemClip(
+    KRT_PLX_Manager* manager, uint64_t index) KRT_PLX_NOEXCEPT;
 
 /**
  * Tells whether a handle is one of the manager's listed system clips.
@@ -220,8 +219,8 @@ KRT_PLX_API KRT_PLX_ClipBase* KRT_PLX_Manager_systemClip(KRT_PLX_Manager* manage
  * @param element  any clip handle, alive or dead
  * @return true when it is listed; false otherwise, for a null `element` and for a null handle
  */
-KRT_PLX_API bool KRT_PLX_Manager_hasSystemClip(KRT_PLX_Manager* manager, KRT_PLX_ClipBase* element)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_Manager_hasSystemClip(
+    KRT_PLX_Manager* manager, KRT_PLX_ClipBase* element) KRT_PLX_NOEXCEPT;
 
 /** @} */
 
@@ -239,8 +238,8 @@ KRT_PLX_API bool KRT_PLX_Manager_hasSystemClip(KRT_PLX_Manager* manager, KRT_PLX
  * @param count    receives the number; left alone when the result is false
  * @return true; false when the handle or `count` is null
  */
-KRT_PLX_API bool KRT_PLX_Manager_numUserClips(KRT_PLX_Manager* manager, uint64_t* count)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_Manager_numUserClips(
+    KRT_PLX_Manager* manager, uint64_t* count) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns a user clip by its place in the list.
@@ -254,8 +253,8 @@ KRT_PLX_API bool KRT_PLX_Manager_numUserClips(KRT_PLX_Manager* manager, uint64_t
  *         KRT_PLX_UserClip_remove() or the manager's end; NULL when `index` is not below the count,
  *         and for a null handle
  */
-KRT_PLX_API KRT_PLX_ClipBase* KRT_PLX_Manager_userClip(KRT_PLX_Manager* manager, uint64_t index)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API KRT_PLX_ClipBase* KRT_PLX_Manager_userClip(
+    KRT_PLX_Manager* manager, uint64_t index) KRT_PLX_NOEXCEPT;
 
 /**
  * Tells whether a handle is one of the manager's listed user clips.
@@ -267,8 +266,8 @@ KRT_PLX_API KRT_PLX_ClipBase* KRT_PLX_Manager_userClip(KRT_PLX_Manager* manager,
  * @param element  any clip handle, alive or dead
  * @return true when it is listed; false otherwise, for a null `element` and for a null handle
  */
-KRT_PLX_API bool KRT_PLX_Manager_hasUserClip(KRT_PLX_Manager* manager, KRT_PLX_ClipBase* element)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_Manager_hasUserClip(
+    KRT_PLX_Manager* manager, KRT_PLX_ClipBase* element) KRT_PLX_NOEXCEPT;
 
 /** @} */
 
@@ -287,8 +286,8 @@ KRT_PLX_API bool KRT_PLX_Manager_hasUserClip(KRT_PLX_Manager* manager, KRT_PLX_C
  * @return the editable clip, owned by the manager and valid until its KRT_PLX_MutableClip_destroy()
  *         or the manager's end; NULL for a null handle or when memory ran out
  */
-KRT_PLX_API KRT_PLX_ClipBase* KRT_PLX_Manager_createMutableClip(KRT_PLX_Manager* manager)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API KRT_PLX_ClipBase* KRT_PLX_Manager_createMutableClip(
+    KRT_PLX_Manager* manager) KRT_PLX_NOEXCEPT;
 
 /**
  * Tells whether a handle is one of the manager's living editable clips.
@@ -299,8 +298,8 @@ KRT_PLX_API KRT_PLX_ClipBase* KRT_PLX_Manager_createMutableClip(KRT_PLX_Manager*
  * @param element  any clip handle, alive or dead
  * @return true when it is one of them; false otherwise, for a null `element` and for a null handle
  */
-KRT_PLX_API bool KRT_PLX_Manager_hasMutableClip(KRT_PLX_Manager* manager, KRT_PLX_ClipBase* element)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_Manager_hasMutableClip(
+    KRT_PLX_Manager* manager, KRT_PLX_ClipBase* element) KRT_PLX_NOEXCEPT;
 
 /** @} */
 

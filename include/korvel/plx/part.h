@@ -81,8 +81,8 @@ KRT_PLX_API uint32_t KRT_PLX_PartBase_type(KRT_PLX_PartBase* part) KRT_PLX_NOEXC
  *         KRT_PLX_MidiPartBase_aiLangIDSize(); #KRT_PLX_NO_UINT32 for a handle that is null or no
  *         `MidiPartBase`
  */
-KRT_PLX_API uint32_t KRT_PLX_MidiPartBase_aiLangIDByIndex(KRT_PLX_PartBase* part, uint64_t index)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API uint32_t KRT_PLX_MidiPartBase_aiLangIDByIndex(
+    KRT_PLX_PartBase* part, uint64_t index) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns how many AI languages there are. Unlike the other counts, this one is the result itself.
@@ -99,8 +99,8 @@ KRT_PLX_API uint64_t KRT_PLX_MidiPartBase_aiLangIDSize(KRT_PLX_PartBase* part) K
  * @return text of 16 UTF-16 units, or empty; owned by the part; NULL for a handle that is null or
  *         no `MidiPartBase`
  */
-KRT_PLX_API const KRT_PLX_Char* KRT_PLX_MidiPartBase_aiVoiceBankID(KRT_PLX_PartBase* part)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API const KRT_PLX_Char* KRT_PLX_MidiPartBase_aiVoiceBankID(
+    KRT_PLX_PartBase* part) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns the length of the part. It says nothing about the notes, which may end before or after
@@ -128,8 +128,8 @@ KRT_PLX_API uint32_t KRT_PLX_MidiPartBase_langID(KRT_PLX_PartBase* part) KRT_PLX
  * @param count  receives the number; left alone when the result is false
  * @return true; false when `count` is null, and for a handle that is null or no `MidiPartBase`
  */
-KRT_PLX_API bool KRT_PLX_MidiPartBase_numAudioEffects(KRT_PLX_PartBase* part, uint64_t* count)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_MidiPartBase_numAudioEffects(
+    KRT_PLX_PartBase* part, uint64_t* count) KRT_PLX_NOEXCEPT;
 
 /**
  * Tells how many MIDI effects there are.
@@ -138,8 +138,8 @@ KRT_PLX_API bool KRT_PLX_MidiPartBase_numAudioEffects(KRT_PLX_PartBase* part, ui
  * @param count  receives the number; left alone when the result is false
  * @return true; false when `count` is null, and for a handle that is null or no `MidiPartBase`
  */
-KRT_PLX_API bool KRT_PLX_MidiPartBase_numMidiEffects(KRT_PLX_PartBase* part, uint64_t* count)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_MidiPartBase_numMidiEffects(
+    KRT_PLX_PartBase* part, uint64_t* count) KRT_PLX_NOEXCEPT;
 
 /**
  * Tells how many notes there are.
@@ -148,8 +148,8 @@ KRT_PLX_API bool KRT_PLX_MidiPartBase_numMidiEffects(KRT_PLX_PartBase* part, uin
  * @param count  receives the number; left alone when the result is false
  * @return true; false when `count` is null, and for a handle that is null or no `MidiPartBase`
  */
-KRT_PLX_API bool KRT_PLX_MidiPartBase_numNotes(KRT_PLX_PartBase* part, uint64_t* count)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_MidiPartBase_numNotes(
+    KRT_PLX_PartBase* part, uint64_t* count) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns the name of the singing style.
@@ -158,8 +158,8 @@ KRT_PLX_API bool KRT_PLX_MidiPartBase_numNotes(KRT_PLX_PartBase* part, uint64_t*
  * @return text owned by the part, possibly empty; NULL for a handle that is null or no
  *         `MidiPartBase`
  */
-KRT_PLX_API const KRT_PLX_Char* KRT_PLX_MidiPartBase_styleName(KRT_PLX_PartBase* part)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API const KRT_PLX_Char* KRT_PLX_MidiPartBase_styleName(
+    KRT_PLX_PartBase* part) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns the ID of the style preset.
@@ -168,8 +168,8 @@ KRT_PLX_API const KRT_PLX_Char* KRT_PLX_MidiPartBase_styleName(KRT_PLX_PartBase*
  * @return text owned by the part, possibly empty; NULL for a handle that is null or no
  *         `MidiPartBase`
  */
-KRT_PLX_API const KRT_PLX_Char* KRT_PLX_MidiPartBase_stylePresetID(KRT_PLX_PartBase* part)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API const KRT_PLX_Char* KRT_PLX_MidiPartBase_stylePresetID(
+    KRT_PLX_PartBase* part) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns the ID of the voice bank.
@@ -178,8 +178,8 @@ KRT_PLX_API const KRT_PLX_Char* KRT_PLX_MidiPartBase_stylePresetID(KRT_PLX_PartB
  * @return text of 16 UTF-16 units, or empty; owned by the part; NULL for a handle that is null or
  *         no `MidiPartBase`
  */
-KRT_PLX_API const KRT_PLX_Char* KRT_PLX_MidiPartBase_voiceBankID(KRT_PLX_PartBase* part)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API const KRT_PLX_Char* KRT_PLX_MidiPartBase_voiceBankID(
+    KRT_PLX_PartBase* part) KRT_PLX_NOEXCEPT;
 
 /** @} */
 
@@ -208,8 +208,8 @@ KRT_PLX_API KRT_PLX_ClipBase* KRT_PLX_MidiPart_parent(KRT_PLX_PartBase* part) KR
  * @return a read-only note (note.h), owned by the part; NULL when `index` is not below the count,
  *         and for a handle that is null or no `MidiPart`
  */
-KRT_PLX_API KRT_PLX_NoteBase* KRT_PLX_MidiPart_note(KRT_PLX_PartBase* part, uint64_t index)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API KRT_PLX_NoteBase* KRT_PLX_MidiPart_note(
+    KRT_PLX_PartBase* part, uint64_t index) KRT_PLX_NOEXCEPT;
 
 /**
  * Tells whether a handle is one of the part's notes.
@@ -221,8 +221,8 @@ KRT_PLX_API KRT_PLX_NoteBase* KRT_PLX_MidiPart_note(KRT_PLX_PartBase* part, uint
  * @return true when it is; false otherwise, for a null `element`, and for a handle that is null or
  *         no `MidiPart`
  */
-KRT_PLX_API bool KRT_PLX_MidiPart_hasNote(KRT_PLX_PartBase* part, KRT_PLX_NoteBase* element)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_MidiPart_hasNote(
+    KRT_PLX_PartBase* part, KRT_PLX_NoteBase* element) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns the controller lane of a type. A part has at most one lane of each type, and lanes have
@@ -257,8 +257,8 @@ KRT_PLX_API bool KRT_PLX_MidiPart_hasMidiController(
  * @return a read-only MIDI effect (effect.h), owned by the part; NULL when `index` is not below the
  *         count, and for a handle that is null or no `MidiPart`
  */
-KRT_PLX_API KRT_PLX_EffectBase* KRT_PLX_MidiPart_midiEffect(KRT_PLX_PartBase* part, uint64_t index)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API KRT_PLX_EffectBase* KRT_PLX_MidiPart_midiEffect(
+    KRT_PLX_PartBase* part, uint64_t index) KRT_PLX_NOEXCEPT;
 
 /**
  * Tells whether a handle is one of the part's MIDI effects.
@@ -270,8 +270,8 @@ KRT_PLX_API KRT_PLX_EffectBase* KRT_PLX_MidiPart_midiEffect(KRT_PLX_PartBase* pa
  * @return true when it is; false otherwise, for a null `element`, and for a handle that is null or
  *         no `MidiPart`
  */
-KRT_PLX_API bool KRT_PLX_MidiPart_hasMidiEffect(KRT_PLX_PartBase* part, KRT_PLX_EffectBase* element)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_MidiPart_hasMidiEffect(
+    KRT_PLX_PartBase* part, KRT_PLX_EffectBase* element) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns an audio effect by its place in the chain.
@@ -281,8 +281,8 @@ KRT_PLX_API bool KRT_PLX_MidiPart_hasMidiEffect(KRT_PLX_PartBase* part, KRT_PLX_
  * @return a read-only audio effect (effect.h), owned by the part; NULL when `index` is not below
  *         the count, and for a handle that is null or no `MidiPart`
  */
-KRT_PLX_API KRT_PLX_EffectBase* KRT_PLX_MidiPart_audioEffect(KRT_PLX_PartBase* part, uint64_t index)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API KRT_PLX_EffectBase* KRT_PLX_MidiPart_audioEffect(
+    KRT_PLX_PartBase* part, uint64_t index) KRT_PLX_NOEXCEPT;
 
 /**
  * Tells whether a handle is one of the part's audio effects.
@@ -322,8 +322,8 @@ KRT_PLX_API bool KRT_PLX_MidiPart_hasAudioEffect(
  * @param part  an editable MIDI part
  * @return the editable clip; NULL for a handle that is null or no `MutableMidiPart`
  */
-KRT_PLX_API KRT_PLX_ClipBase* KRT_PLX_MutableMidiPart_parent(KRT_PLX_PartBase* part)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API KRT_PLX_ClipBase* KRT_PLX_MutableMidiPart_parent(
+    KRT_PLX_PartBase* part) KRT_PLX_NOEXCEPT;
 
 /** @name Notes
  * @{
@@ -338,8 +338,8 @@ KRT_PLX_API KRT_PLX_ClipBase* KRT_PLX_MutableMidiPart_parent(KRT_PLX_PartBase* p
  *         dies; NULL when `index` is not below the count, and for a handle that is null or no
  *         `MutableMidiPart`
  */
-KRT_PLX_API KRT_PLX_NoteBase* KRT_PLX_MutableMidiPart_note(KRT_PLX_PartBase* part, uint64_t index)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API KRT_PLX_NoteBase* KRT_PLX_MutableMidiPart_note(
+    KRT_PLX_PartBase* part, uint64_t index) KRT_PLX_NOEXCEPT;
 
 /**
  * Tells whether a handle is one of the part's notes.
@@ -351,8 +351,8 @@ KRT_PLX_API KRT_PLX_NoteBase* KRT_PLX_MutableMidiPart_note(KRT_PLX_PartBase* par
  * @return true when it is; false otherwise, for a null `element`, and for a handle that is null or
  *         no `MutableMidiPart`
  */
-KRT_PLX_API bool KRT_PLX_MutableMidiPart_hasNote(KRT_PLX_PartBase* part, KRT_PLX_NoteBase* element)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_MutableMidiPart_hasNote(
+    KRT_PLX_PartBase* part, KRT_PLX_NoteBase* element) KRT_PLX_NOEXCEPT;
 
 /**
  * Inserts a note.
@@ -374,8 +374,7 @@ KRT_PLX_API bool KRT_PLX_MutableMidiPart_hasNote(KRT_PLX_PartBase* part, KRT_PLX
  *         with nothing inserted, when an argument is outside its range, and for a handle that is
  *         null or no `MutableMidiPart`
  */
-KRT_PLX_API KRT_PLX_NoteBase* KRT_PLX_MutableMidiPart_insertNote(
-    KRT_PLX_PartBase* part,
+KRT_PLX_API KRT_PLX_NoteBase* KRT_PLX_MutableMidiPart_insertNote(KRT_PLX_PartBase* part,
     int32_t pos,
     int32_t duration,
     const KRT_PLX_Char* lyric,
@@ -539,8 +538,8 @@ KRT_PLX_API KRT_PLX_EffectBase* KRT_PLX_MutableMidiPart_insertAudioEffect(
  * @return true; false, with nothing added, when `langID` is above 127, and for a handle that is
  *         null or no `MutableMidiPart`
  */
-KRT_PLX_API bool KRT_PLX_MutableMidiPart_addAiLangID(KRT_PLX_PartBase* part, uint32_t langID)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_MutableMidiPart_addAiLangID(
+    KRT_PLX_PartBase* part, uint32_t langID) KRT_PLX_NOEXCEPT;
 
 /**
  * Sets the ID of the AI voice bank.
@@ -561,8 +560,8 @@ KRT_PLX_API bool KRT_PLX_MutableMidiPart_setAiVoiceBankID(
  * @return true; false, with the duration unchanged, when `duration` is below 1, and for a handle
  *         that is null or no `MutableMidiPart`
  */
-KRT_PLX_API bool KRT_PLX_MutableMidiPart_setDuration(KRT_PLX_PartBase* part, int32_t duration)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_MutableMidiPart_setDuration(
+    KRT_PLX_PartBase* part, int32_t duration) KRT_PLX_NOEXCEPT;
 
 /**
  * Sets the language of the part.
@@ -572,8 +571,8 @@ KRT_PLX_API bool KRT_PLX_MutableMidiPart_setDuration(KRT_PLX_PartBase* part, int
  * @return true; false, with the language unchanged, when `langID` is above 127, and for a handle
  *         that is null or no `MutableMidiPart`
  */
-KRT_PLX_API bool KRT_PLX_MutableMidiPart_setLangID(KRT_PLX_PartBase* part, uint32_t langID)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_MutableMidiPart_setLangID(
+    KRT_PLX_PartBase* part, uint32_t langID) KRT_PLX_NOEXCEPT;
 
 /**
  * Sets the name of the singing style.
@@ -642,8 +641,8 @@ KRT_PLX_API int32_t KRT_PLX_AudioPartBase_end(KRT_PLX_PartBase* part) KRT_PLX_NO
  * @param count  receives the number; left alone when the result is false
  * @return true; false when `count` is null, and for a handle that is null or no `AudioPartBase`
  */
-KRT_PLX_API bool KRT_PLX_AudioPartBase_numAudioEffects(KRT_PLX_PartBase* part, uint64_t* count)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_AudioPartBase_numAudioEffects(
+    KRT_PLX_PartBase* part, uint64_t* count) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns the path of the wave file.
@@ -655,8 +654,8 @@ KRT_PLX_API bool KRT_PLX_AudioPartBase_numAudioEffects(KRT_PLX_PartBase* part, u
  * @param part  an audio part
  * @return text owned by the part; NULL for a handle that is null or no `AudioPartBase`
  */
-KRT_PLX_API const KRT_PLX_Char* KRT_PLX_AudioPartBase_wavFilePath(KRT_PLX_PartBase* part)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API const KRT_PLX_Char* KRT_PLX_AudioPartBase_wavFilePath(
+    KRT_PLX_PartBase* part) KRT_PLX_NOEXCEPT;
 
 /** @} */
 
@@ -717,8 +716,8 @@ KRT_PLX_API bool KRT_PLX_AudioPart_hasAudioEffect(
  * @param part  an editable audio part
  * @return the editable clip; NULL for a handle that is null or no `MutableAudioPart`
  */
-KRT_PLX_API KRT_PLX_ClipBase* KRT_PLX_MutableAudioPart_parent(KRT_PLX_PartBase* part)
-    KRT_PLX_NOEXCEPT;
+KRT_PLX_API KRT_PLX_ClipBase* KRT_PLX_MutableAudioPart_parent(
+    KRT_PLX_PartBase* part) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns an audio effect by its place in the chain.
