@@ -15,14 +15,15 @@ def without_comments_and_texts(source):
     return re.sub(r'//[^\n]*|/\*.*?\*/|"(?:\\.|[^"\\\n])*"', " ", source, flags=re.DOTALL)
 
 
-def end_of_block(source, begin):
-    """The place of the brace that closes the one at begin."""
+def end_of(pair, source, begin):
+    """The place behind the bracket that closes the one at begin."""
+    opening, closing = pair
     depth = 0
     for place in range(begin, len(source)):
-        depth += {"{": 1, "}": -1}.get(source[place], 0)
+        depth += {opening: 1, closing: -1}.get(source[place], 0)
         if depth == 0:
-            return place
-    fail("a brace is not closed")
+            return place + 1
+    fail(f"a {opening} is not closed: {source[begin:begin + 60]}")
 
 
 def bodies_in(source):
@@ -30,22 +31,21 @@ def bodies_in(source):
     head = re.compile(r"\b(KRT_PLX_\w+)\s*\([^(){};]*\)\s*(?:KRT_PLX_NOEXCEPT|noexcept)?\s*\{")
     for match in head.finditer(source):
         begin = match.end() - 1
-        yield match.group(1), source[begin + 1 : end_of_block(source, begin)]
-
-
-def is_one_statement(body):
-    """True when the only semicolon outside inner braces and brackets is the last thing there is."""
-    depth = 0
-    for place, letter in enumerate(body):
-        depth += {"{": 1, "(": 1, "}": -1, ")": -1}.get(letter, 0)
-        if letter == ";" and depth == 0:
-            return not body[place + 1 :].strip()
-    return False
+        yield match.group(1), source[begin + 1 : end_of("{}", source, begin) - 1]
 
 
 def is_guarded(body, guards):
-    names = "|".join(map(re.escape, guards))
-    return re.match(rf"\s*(return\s+)?({names})\s*[<(]", body) and is_one_statement(body)
+    """True for one statement that is a call of a guard, whose arguments call nothing themselves: they
+    are worked out before the guard is there. What a lambda among them calls is within the guard."""
+    start = re.match(rf"\s*(?:return\s+)?(?:{'|'.join(map(re.escape, guards))})\s*(?=[<(])", body)
+    if not start:
+        return False
+    begin = start.end()
+    if body[begin] == "<":
+        begin = end_of("<>", body, begin)
+    end = end_of("()", body, begin)
+    arguments = body[begin + 1 : end - 1].partition("[")[0]
+    return body[end:].strip() == ";" and "(" not in arguments
 
 
 def main():
