@@ -1,0 +1,39 @@
+#include "format/document.h"
+
+#include "format/unicode.h"
+
+namespace Korvel::CANTORIS::PLX::format {
+
+namespace {
+
+// The values of a property document, and of a small data document, fit into the first; larger ones
+// take more by the chunk.
+constexpr std::size_t poolBufferSize = std::size_t{32} * 1024;
+constexpr std::size_t poolChunkSize = std::size_t{64} * 1024;
+constexpr std::size_t stackCapacity = 1024;
+
+} // namespace
+
+Document::Document()
+    : poolBuffer_(poolBufferSize, '\0'),
+      pool_(poolBuffer_.data(), poolBuffer_.size(), poolChunkSize, &memory_),
+      tree_(&pool_, stackCapacity, &memory_)
+{
+}
+
+const Value* Document::parse(std::string& bytes)
+{
+    tree_.SetNull();
+    pool_.Clear();
+    if (!makeUtf8(bytes)) {
+        return nullptr;
+    }
+    try {
+        tree_.ParseInsitu<parseFlags>(bytes.data());
+    } catch (const DocumentDefect&) {
+        return nullptr;
+    }
+    return !tree_.HasParseError() && tree_.IsObject() ? &tree_ : nullptr;
+}
+
+} // namespace Korvel::CANTORIS::PLX::format

@@ -1,0 +1,34 @@
+// A parsed JSON document.
+#pragma once
+
+#include <string>
+
+#include "format/rapidjson.h"
+
+namespace Korvel::CANTORIS::PLX::format {
+
+// Parses one document after the other, each in place of the last, and keeps its memory from one to
+// the next: a scan reads tens of thousands of small ones.
+class Document {
+public:
+    Document();
+
+    // Takes the bytes of a document in any Unicode encoding and parses them in place: they must stay
+    // as this call leaves them for as long as the root is used. Null unless the text is one JSON value
+    // by the letter of the grammar and that value is an object.
+    const Value* parse(std::string& bytes);
+
+private:
+    // In place and without recursion: a document may be large, and may nest without end.
+    static constexpr unsigned parseFlags =
+        json::kParseDefaultFlags | json::kParseInsituFlag | json::kParseIterativeFlag;
+
+    using Tree = json::GenericDocument<CheckedUtf8, Pool, ThrowingAllocator>;
+
+    ThrowingAllocator memory_;
+    std::string poolBuffer_;
+    Pool pool_;
+    Tree tree_;
+};
+
+} // namespace Korvel::CANTORIS::PLX::format

@@ -1,0 +1,115 @@
+#include "format/effect_reader.h"
+
+#include "format/values.h"
+
+namespace Korvel::CANTORIS::PLX::format {
+
+namespace {
+
+// Beyond the range of a float the value is clamped: upwards to the largest one, but downwards to the
+// smallest positive one. Clips in circulation were read so, and are read so again.
+float clamped(double value)
+{
+    if (value > largestFloat) {
+        return static_cast<float>(largestFloat);
+    }
+    return value < -largestFloat ? unsetFloat : static_cast<float>(value);
+}
+
+// False when the value is of no kind that a parameter can hold.
+bool readValue(const Value& value, bool keepsIntegers, EffectParameterImpl& parameter)
+{
+    if (const auto integer = asInteger(&value)) {
+        if (keepsIntegers) {
+            parameter.assignInt32(*integer);
+        } else {
+            parameter.assignFloat(static_cast<float>(*integer));
+        }
+        return true;
+    }
+    if (value.IsDouble()) {
+        parameter.assignFloat(clamped(value.GetDouble()));
+        return true;
+    }
+    if (const auto text = asText(&value)) {
+        parameter.assignString(*text);
+        return true;
+    }
+    return false;
+}
+
+std::unique_ptr<EffectParameterImpl> readParameter(const Value& element, EffectBase& effect)
+{
+    if (!element.IsObject()) {
+        return nullptr;
+    }
+    const Members members(element, schema::parameter::keys);
+    const auto name = asText(members[schema::parameter::name]);
+    const Value* const value = members[schema::parameter::value];
+    if (!name || name->empty() || value == nullptr) {
+        return nullptr;
+    }
+    auto parameter = std::make_unique<EffectParameterImpl>(effect, *name);
+    const bool keepsIntegers = effect.type() == midiEffectType || *name == schema::effect::bypass;
+    return readValue(*value, keepsIntegers, *parameter) ? std::move(parameter) : nullptr;
+}
+
+void readParameters(const Value* array, EffectBase& effect,
+                    OwnedList<EffectParameterImpl>& parameters)
+{
+    if (asArray(array) == nullptr) {
+        return;
+    }
+    for (const auto& element : array->GetArray()) {
+        if (auto parameter = readParameter(element, effect)) {
+            parameters.append(std::move(parameter));
+        }
+    }
+    parameters.stableSort([](const EffectParameterImpl& a, const EffectParameterImpl& b) {
+        return a.nameText() < b.nameText();
+    });
+}
+
+template <class EffectImpl>
+std::unique_ptr<EffectImpl> readEffect(const Value& element, PartBase& part,
+                                       const EffectList<EffectImpl>& standing)
+{
+    if (!element.IsObject()) {
+        return nullptr;
+    }
+    const Members members(element, schema::effect::keys);
+    const auto id = asText(members[schema::effect::id]);
+    if (!id || id->empty() || standing.withId(*id) != nullptr) {
+        return nullptr;
+    }
+    auto effect = std::make_unique<EffectImpl>(part, *id);
+    readParameters(members[schema::effect::parameters], *effect, effect->parameters());
+    return effect;
+}
+
+template <class EffectImpl>
+void readAll(const Value* array, PartBase& part, EffectList<EffectImpl>& effects)
+{
+    if (asArray(array) == nullptr) {
+        return;
+    }
+    for (const auto& element : array->GetArray()) {
+        if (auto effect = readEffect(element, part, effects)) {
+            effects.append(std::move(effect));
+        }
+    }
+}
+
+} // namespace
+
+void readEffects(const Value* array, PartBase& part, EffectList<AudioEffectImpl>& effects)
+{
+    readAll(array, part, effects);
+}
+
+void readEffects(const Value* array, PartBase& part, EffectList<MidiEffectImpl>& effects)
+{
+    readAll(array, part, effects);
+}
+
+} // namespace Korvel::CANTORIS::PLX::format

@@ -1,0 +1,105 @@
+#include "format/load.h"
+
+#include "format/filter_reader.h"
+#include "format/part_reader.h"
+#include "format/values.h"
+#include "fs/fs.h"
+
+namespace Korvel::CANTORIS::PLX::format {
+
+namespace {
+
+bool readRequiredText(const Value* value, String& slot)
+{
+    auto text = asText(value);
+    if (!text || text->empty()) {
+        return false;
+    }
+    slot = std::move(*text);
+    return true;
+}
+
+void readVendorAndFilter(const Value* vendor, const Value* filter, ClipProperties& properties)
+{
+    if (auto name = asText(vendor)) {
+        properties.vendorName = std::move(*name);
+    }
+    if (asObject(filter) != nullptr) {
+        readFilter(*filter, properties.vendorName, properties.filter);
+    }
+}
+
+bool readPartHeader(const Value* value, ClipProperties& properties)
+{
+    if (asObject(value) == nullptr) {
+        return false;
+    }
+    namespace keys = schema::part_header;
+    const Members members(*value, keys::keys);
+    const Value* const type = members[keys::type];
+    if (type == nullptr || !type->IsString()) {
+        return false;
+    }
+    properties.partType = part_type::fromName({type->GetString(), type->GetStringLength()});
+    if (part_type::isMidi(properties.partType)) {
+        if (const auto key = asInteger(members[keys::key])) {
+            properties.assignPartKey(static_cast<std::uint32_t>(*key));
+        }
+        if (const auto tempo = asInteger(members[keys::tempo])) {
+            properties.assignPartTempo(static_cast<std::uint32_t>(*tempo));
+        }
+    }
+    return properties.partType != part_type::none;
+}
+
+} // namespace
+
+const Value* Loader::parse(const String& path)
+{
+    return fs::readFile(path, bytes_) ? document_.parse(bytes_) : nullptr;
+}
+
+bool Loader::loadProperties(const String& path, ClipProperties& properties)
+{
+    const Value* const root = parse(path);
+    if (root == nullptr) {
+        return false;
+    }
+    namespace keys = schema::property;
+    const Members members(*root, keys::keys);
+    if (!readRequiredText(members[keys::id], properties.id) ||
+        !readRequiredText(members[keys::name], properties.name) ||
+        !readPartHeader(members[keys::part], properties)) {
+        return false;
+    }
+    readVendorAndFilter(members[keys::vendor], members[keys::filter], properties);
+    return true;
+}
+
+bool Loader::loadClip(const String& path, ClipBase* clip, LoadedClip& loaded)
+{
+    const Value* const root = parse(path);
+    if (root == nullptr) {
+        return false;
+    }
+    namespace keys = schema::data;
+    const DataMembers members(*root, keys::keys);
+    if (!readRequiredText(members[keys::id], loaded.properties.id) ||
+        !readRequiredText(members[keys::name], loaded.properties.name)) {
+        return false;
+    }
+    readVendorAndFilter(members[keys::vendor], members[keys::filter], loaded.properties);
+    loaded.part = readPart(members, fs::parentPath(path), clip);
+    return loaded.part != nullptr;
+}
+
+std::unique_ptr<PartBase> Loader::loadPart(const String& path, ClipBase* clip)
+{
+    const Value* const root = parse(path);
+    if (root == nullptr) {
+        return nullptr;
+    }
+    return readPart(DataMembers(*root, schema::data::keys), fs::parentPath(path), clip);
+}
+
+} // namespace Korvel::CANTORIS::PLX::format

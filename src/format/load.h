@@ -1,0 +1,41 @@
+// Clip files into clips: the way into this folder for those who read.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "clip/clip_base.h"
+#include "clip/clip_properties.h"
+#include "format/document.h"
+#include "model/part.h"
+
+namespace Korvel::CANTORIS::PLX::format {
+
+// A data document read whole.
+struct LoadedClip {
+    ClipProperties properties;
+    std::unique_ptr<PartBase> part;
+};
+
+// Reads files one after the other and keeps its memory from one to the next. A file that is missing,
+// unreadable, no document, or lacks what the schema requires gives nothing; what an element lacks
+// drops that element alone. Nothing throws except for want of memory.
+class Loader {
+public:
+    // The catalogue's document. True when `properties`, fresh ones, were filled.
+    bool loadProperties(const String& path, ClipProperties& properties);
+
+    // The clip's data document, whole. Its part belongs to `clip`.
+    bool loadClip(const String& path, ClipBase* clip, LoadedClip& loaded);
+
+    // The part of the data document and nothing else; null when there is none to be had.
+    std::unique_ptr<PartBase> loadPart(const String& path, ClipBase* clip);
+
+private:
+    const Value* parse(const String& path);
+
+    std::string bytes_;
+    Document document_;
+};
+
+} // namespace Korvel::CANTORIS::PLX::format

@@ -1,0 +1,122 @@
+#include "format/part_reader.h"
+
+#include "format/controller_reader.h"
+#include "format/effect_reader.h"
+#include "format/note_reader.h"
+#include "format/wave_path.h"
+#include "fs/fs.h"
+#include "model/audio_part_impl.h"
+#include "model/midi_part_impl.h"
+
+namespace Korvel::CANTORIS::PLX::format {
+
+namespace {
+
+std::unique_ptr<PartBase> readAudioPart(const Value& object, StringView clipDirectory,
+                                        ClipBase* clip)
+{
+    namespace keys = schema::audio_part;
+    const Members members(object, keys::keys);
+    const auto fileName = asText(members[keys::wavFileName]);
+    if (!fileName || fileName->empty()) {
+        return nullptr;
+    }
+    String path = wavePath(clipDirectory, *fileName);
+    if (!fs::isPlainFile(path)) {
+        return nullptr;
+    }
+    auto part = std::make_unique<AudioPartImpl>(clip, part_type::audio);
+    part->assignWavFilePath(std::move(path));
+    readEffects(members[keys::audioEffects], *part, part->audioEffects());
+    return part;
+}
+
+bool readVoice(const Value* value, MidiPartBaseImpl& part)
+{
+    if (asObject(value) == nullptr) {
+        return false;
+    }
+    const Members members(*value, schema::voice::keys);
+    const auto compID = asText(members[schema::voice::compID]);
+    const auto language = asInteger(members[schema::voice::langID]);
+    return compID && part.assignVoiceBankID(*compID) && language &&
+           part.assignLangID(static_cast<std::uint32_t>(*language));
+}
+
+void readAiLanguages(const Value* array, MidiPartBaseImpl& part)
+{
+    if (asArray(array) == nullptr) {
+        return;
+    }
+    for (const auto& element : array->GetArray()) {
+        if (!element.IsObject()) {
+            continue;
+        }
+        const Members members(element, schema::ai_voice::language);
+        if (const auto language = asInteger(members[0])) {
+            part.appendAiLangID(static_cast<std::uint32_t>(*language));
+        }
+    }
+}
+
+bool readAiVoice(const Value* value, MidiPartBaseImpl& part)
+{
+    if (asObject(value) == nullptr) {
+        return false;
+    }
+    const Members members(*value, schema::ai_voice::keys);
+    const auto compID = asText(members[schema::ai_voice::compID]);
+    if (!compID || !part.assignAiVoiceBankID(*compID)) {
+        return false;
+    }
+    readAiLanguages(members[schema::ai_voice::langIDs], part);
+    return true;
+}
+
+std::unique_ptr<PartBase> readMidiPart(const Value& object, std::uint32_t type, ClipBase* clip)
+{
+    namespace keys = schema::midi_part;
+    const Members members(object, keys::keys);
+    auto part = std::make_unique<MidiPartImpl>(clip, type);
+    const auto duration = asInteger(members[keys::duration]);
+    if (!duration || !part->assignDuration(*duration)) {
+        return nullptr;
+    }
+    if (const auto name = asText(members[keys::styleName])) {
+        part->assignStyleName(*name);
+    }
+    if (const auto id = asText(members[keys::stylePresetID])) {
+        part->assignStylePresetID(*id);
+    }
+    const bool hasVoice = type == part_type::midi ? readVoice(members[keys::voice], *part)
+                                                  : readAiVoice(members[keys::aiVoice], *part);
+    if (!hasVoice) {
+        return nullptr;
+    }
+    readEffects(members[keys::audioEffects], *part, part->audioEffects());
+    readEffects(members[keys::midiEffects], *part, part->midiEffects());
+    readNotes(members[keys::notes], *part, part->notes());
+    readControllers(members[keys::controllers], *part, part->lanes());
+    return part;
+}
+
+} // namespace
+
+std::unique_ptr<PartBase> readPart(const DataMembers& members, StringView clipDirectory,
+                                   ClipBase* clip)
+{
+    for (const auto& part : schema::data::parts) {
+        const Value* const value = members[part.key];
+        if (value == nullptr) {
+            continue;
+        }
+        if (!value->IsObject()) {
+            return nullptr;
+        }
+        return part_type::isMidi(part.type) ? readMidiPart(*value, part.type, clip)
+                                            : readAudioPart(*value, clipDirectory, clip);
+    }
+    return nullptr;
+}
+
+} // namespace Korvel::CANTORIS::PLX::format

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <memory>
+
+#include "format/rapidjson.h"
+#include "format/values.h"
+#include "model/part.h"
+
+namespace Korvel::CANTORIS::PLX::format {
+
+using DataMembers = Members<schema::data::keys.size()>;
+
+// The part of a data document: the first of the part keys that is there decides, and it alone is
+// looked at. Null when it fails and when there is none.
+std::unique_ptr<PartBase> readPart(const DataMembers& members, StringView clipDirectory,
+                                   ClipBase* clip);
+
+} // namespace Korvel::CANTORIS::PLX::format
