@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <optional>
 #include <string_view>
+#include <type_traits>
 
 #include "format/rapidjson.h"
 #include "format/schema.h"
@@ -78,21 +79,23 @@ Members(const Value&, const schema::Keys<Count>&) -> Members<Count>;
 
 template <class Target, class Source, class Number>
 bool readField(const schema::Integer<Target, Source, Number>& field, const Value* value,
-               Target& target)
+               std::type_identity_t<Target>& target)
 {
     const auto number = asInteger(value);
     return number && (target.*field.put)(static_cast<Number>(*number));
 }
 
 template <class Target, class Source>
-bool readField(const schema::Flag<Target, Source>& field, const Value* value, Target& target)
+bool readField(const schema::Flag<Target, Source>& field, const Value* value,
+               std::type_identity_t<Target>& target)
 {
     const auto flag = asFlag(value);
     return flag && (target.*field.put)(*flag);
 }
 
 template <class Target, class Source>
-bool readField(const schema::Text<Target, Source>& field, const Value* value, Target& target)
+bool readField(const schema::Text<Target, Source>& field, const Value* value,
+               std::type_identity_t<Target>& target)
 {
     const auto text = asText(value);
     return text && (target.*field.put)(*text);
