@@ -37,8 +37,8 @@ public:
     void addAll(Tag tag, Texts&& texts);
     void addAllLanguages(const Languages& numbers);
 
-    // Replaces one list as a whole.
-    void replace(Tag tag, Texts&& texts) { list(tag) = std::move(texts); }
+    // Swaps one list as a whole.
+    void exchange(Tag tag, Texts& texts) noexcept { list(tag).swap(texts); }
 
 private:
     Texts& list(Tag tag) { return texts_[static_cast<std::size_t>(tag)]; }

@@ -30,7 +30,7 @@ public:
     explicit MutableClipImpl(MutableClipOwner& owner);
 
     const FilterTags& tags() const { return filter_.tags(); }
-    const PartBase* part() const { return part_.get(); }
+    PartBase* part() const { return part_.get(); }
 
     std::uint32_t partType() const override;
     void destroy() override;

@@ -1,5 +1,6 @@
 #include "format/load.h"
 
+#include "format/document.h"
 #include "format/filter_reader.h"
 #include "format/part_reader.h"
 #include "format/values.h"
@@ -52,16 +53,20 @@ bool readPartHeader(const Value* value, ClipProperties& properties)
     return properties.partType != part_type::none;
 }
 
+// Null when the file cannot be read and when it holds no document.
+const Value* parseFile(const String& path, std::string& bytes, Document& document)
+{
+    return fs::readFile(path, bytes) ? document.parse(bytes) : nullptr;
+}
+
 } // namespace
 
-const Value* Loader::parse(const String& path)
-{
-    return fs::readFile(path, bytes_) ? document_.parse(bytes_) : nullptr;
-}
+Loader::Loader() : document_(std::make_unique<Document>()) {}
+Loader::~Loader() = default;
 
 bool Loader::loadProperties(const String& path, ClipProperties& properties)
 {
-    const Value* const root = parse(path);
+    const Value* const root = parseFile(path, bytes_, *document_);
     if (root == nullptr) {
         return false;
     }
@@ -78,7 +83,7 @@ bool Loader::loadProperties(const String& path, ClipProperties& properties)
 
 bool Loader::loadClip(const String& path, ClipBase* clip, LoadedClip& loaded)
 {
-    const Value* const root = parse(path);
+    const Value* const root = parseFile(path, bytes_, *document_);
     if (root == nullptr) {
         return false;
     }
@@ -95,7 +100,7 @@ bool Loader::loadClip(const String& path, ClipBase* clip, LoadedClip& loaded)
 
 std::unique_ptr<PartBase> Loader::loadPart(const String& path, ClipBase* clip)
 {
-    const Value* const root = parse(path);
+    const Value* const root = parseFile(path, bytes_, *document_);
     if (root == nullptr) {
         return nullptr;
     }

@@ -6,10 +6,11 @@
 
 #include "clip/clip_base.h"
 #include "clip/clip_properties.h"
-#include "format/document.h"
 #include "model/part.h"
 
 namespace Korvel::CANTORIS::PLX::format {
+
+class Document;
 
 // A data document read whole.
 struct LoadedClip {
@@ -22,6 +23,9 @@ struct LoadedClip {
 // drops that element alone. Nothing throws except for want of memory.
 class Loader {
 public:
+    Loader();
+    ~Loader();
+
     // The catalogue's document. True when `properties`, fresh ones, were filled.
     bool loadProperties(const String& path, ClipProperties& properties);
 
@@ -32,10 +36,8 @@ public:
     std::unique_ptr<PartBase> loadPart(const String& path, ClipBase* clip);
 
 private:
-    const Value* parse(const String& path);
-
     std::string bytes_;
-    Document document_;
+    std::unique_ptr<Document> document_;
 };
 
 } // namespace Korvel::CANTORIS::PLX::format

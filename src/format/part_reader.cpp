@@ -1,9 +1,9 @@
 #include "format/part_reader.h"
 
+#include "clip/clip_files.h"
 #include "format/controller_reader.h"
 #include "format/effect_reader.h"
 #include "format/note_reader.h"
-#include "format/wave_path.h"
 #include "fs/fs.h"
 #include "model/audio_part_impl.h"
 #include "model/midi_part_impl.h"

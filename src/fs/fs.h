@@ -41,8 +41,10 @@ bool isStrictlyBelow(const String& path, const String& folder);
 
 // Calls visit(path) for each plain file below the folder, in the order in which the file system lists
 // them; a sub-folder is descended into at its place in that order. A link counts as what it leads to,
-// except that a link back to a folder being listed above it is passed over. Names that are no valid
-// text and special files are passed over; a folder that cannot be listed counts as empty.
+// except that a link to a folder is passed over when that folder is being listed above it, or when
+// an earlier link has led there already: links in a ring would never end, and links side by side
+// would multiply without bound. Names that are no valid text and special files are passed over; a
+// folder that cannot be listed counts as empty.
 // The path is good until visit returns.
 void forEachFile(const String& folder, const std::function<void(const String& path)>& visit);
 
@@ -54,8 +56,11 @@ bool createDirectories(const String& path);
 // Removes one file, one link (never what it leads to) or one empty folder.
 bool remove(const String& path);
 
+// Removes a folder if it is empty; never a link to one.
+bool removeEmptyFolder(const String& path);
+
 // Removes a file, a link, or a folder with everything in it; links inside are removed, not followed.
-// False when anything is left.
+// False when anything is left, hence true when there was nothing.
 bool removeTree(const String& path);
 
 // --- Contents -----------------------------------------------------------------------------------------
@@ -73,7 +78,8 @@ enum class WriteResult {
 // Replaces the file's content. Only a write whose every step succeeded, closing included, is written.
 WriteResult writeFile(const String& path, std::string_view content);
 
-// Copies a plain file byte for byte.
+// Copies a plain file byte for byte to a path where nothing is yet. What a failed copy has written
+// is left there.
 bool copyFile(const String& from, const String& to);
 
 // --- Identity -------------------------------------------------------------------------------------------

@@ -43,6 +43,12 @@ bool remove(const String& path)
            uninterrupted([&] { return ::rmdir(host.text()); }) == 0;
 }
 
+bool removeEmptyFolder(const String& path)
+{
+    const HostPath host{path};
+    return host && uninterrupted([&] { return ::rmdir(host.text()); }) == 0;
+}
+
 } // namespace Korvel::CANTORIS::PLX::fs
 
 #endif

@@ -33,6 +33,14 @@ bool remove(const String& path)
     return attributes && removeEntry(path, *attributes);
 }
 
+bool removeEmptyFolder(const String& path)
+{
+    const auto attributes = attributesOf(path);
+    constexpr DWORD kinds = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_REPARSE_POINT;
+    return attributes && (*attributes & kinds) == FILE_ATTRIBUTE_DIRECTORY &&
+           RemoveDirectoryW(path.c_str()) != FALSE;
+}
+
 } // namespace Korvel::CANTORIS::PLX::fs
 
 #endif

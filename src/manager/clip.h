@@ -28,8 +28,7 @@ public:
     virtual bool hasMidiPart(const PartBase* element) const = 0;
 };
 
-class SystemClip : public virtual Clip {
-};
+class SystemClip : public virtual Clip {};
 
 class UserClip : public virtual Clip {
 public:

@@ -38,13 +38,19 @@ public:
     // alone.
     bool destroy(const Manager* manager);
 
+private:
+    using Managers = std::vector<std::unique_ptr<ManagerImpl>>;
+    friend union RegistryStorage;
+
+    Registry();
     ~Registry();
 
-private:
-    Registry() = default;
+    void clear();
+    Managers::const_iterator find(const Manager* manager) const;
+    Manager* withAppID(StringView appID) const;
 
     std::mutex lock_;
-    std::vector<std::unique_ptr<ManagerImpl>> managers_;
+    Managers managers_;
 };
 
 } // namespace Korvel::CANTORIS::PLX

@@ -48,7 +48,10 @@ struct Type {
     std::int32_t minimum;
     std::int32_t maximum;
 
-    constexpr bool accepts(std::int32_t value) const { return minimum <= value && value <= maximum; }
+    constexpr bool accepts(std::int32_t value) const
+    {
+        return minimum <= value && value <= maximum;
+    }
 };
 
 // Indexed by code.
@@ -70,8 +73,8 @@ inline constexpr std::array<Type, 12> types = {{
 inline constexpr std::uint32_t unknown = types.size();
 
 // An unknown controller has no name and accepts no value at all.
-inline constexpr Type unknownType = {
-    "", std::numeric_limits<std::int32_t>::max(), std::numeric_limits<std::int32_t>::min()};
+inline constexpr Type unknownType = {"", std::numeric_limits<std::int32_t>::max(),
+                                     std::numeric_limits<std::int32_t>::min()};
 
 constexpr const Type& type(std::uint32_t code)
 {

@@ -58,11 +58,11 @@ MutableEffectParameterImpl* addParameterTo(OwnedList<MutableEffectParameterImpl>
         return nullptr;
     }
     const StringView wanted = name;
-    const auto place = std::lower_bound(
-        parameters.begin(), parameters.end(), wanted,
-        [](const MutableEffectParameterImpl* parameter, StringView text) {
-            return StringView(parameter->nameText()) < text;
-        });
+    const auto place =
+        std::lower_bound(parameters.begin(), parameters.end(), wanted,
+                         [](const MutableEffectParameterImpl* parameter, StringView text) {
+                             return StringView(parameter->nameText()) < text;
+                         });
     if (place != parameters.end() && (*place)->nameText() == wanted) {
         return *place;
     }

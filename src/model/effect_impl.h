@@ -140,13 +140,13 @@ public:
     // The effect's ID must not be in the list yet.
     EffectImpl* insert(std::uint64_t index, std::unique_ptr<EffectImpl> effect)
     {
-        const StringView id = effect->idText();
-        byId_.emplace(id, effect.get());
+        const auto entry = byId_.emplace(effect->idText(), effect.get()).first;
         try {
-            const auto place = static_cast<std::size_t>(std::min<std::uint64_t>(index, effects_.size()));
+            const auto place =
+                static_cast<std::size_t>(std::min<std::uint64_t>(index, effects_.size()));
             return effects_.insert(place, std::move(effect));
         } catch (...) {
-            byId_.erase(id);
+            byId_.erase(entry); // not by ID, which has died with the effect
             throw;
         }
     }
@@ -221,7 +221,8 @@ public:
     MutableAudioEffect* asMutableAudioEffect() override { return this; }
 };
 
-class MutableMidiEffectImpl final : public EditableEffect<MutableMidiEffect, MutableMidiEffectImpl> {
+class MutableMidiEffectImpl final
+    : public EditableEffect<MutableMidiEffect, MutableMidiEffectImpl> {
 public:
     using EditableEffect::EditableEffect;
 

@@ -25,7 +25,10 @@ public:
     std::uint64_t aiLangIDSize() const override { return aiLangIDs_.size(); }
     std::uint32_t aiLangIDByIndex(std::uint64_t index) const override;
 
-    bool assignDuration(std::int32_t value) { return assign(duration_, field::partDuration, value); }
+    bool assignDuration(std::int32_t value)
+    {
+        return assign(duration_, field::partDuration, value);
+    }
     void assignStyleName(StringView text) { styleName_ = String(text); }
     void assignStylePresetID(StringView text) { stylePresetID_ = String(text); }
     bool assignVoiceBankID(StringView text);
@@ -60,9 +63,9 @@ Lane* laneOfType(const OwnedList<Lane>& lanes, std::uint32_t type)
 template <class Lane>
 Lane* insertLane(OwnedList<Lane>& lanes, std::unique_ptr<Lane> lane)
 {
-    const auto place =
-        std::find_if(lanes.begin(), lanes.end(),
-                     [&lane](const Lane* other) { return other->type() > lane->type(); });
+    const auto place = std::find_if(lanes.begin(), lanes.end(), [&lane](const Lane* other) {
+        return other->type() > lane->type();
+    });
     return lanes.insert(static_cast<std::size_t>(place - lanes.begin()), std::move(lane));
 }
 

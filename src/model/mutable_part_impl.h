@@ -32,7 +32,10 @@ public:
     bool isMutable() const override { return true; }
 
 protected:
-    const OwnedList<MutableAudioEffectImpl>& audioEffects() const { return audioEffects_.effects(); }
+    const OwnedList<MutableAudioEffectImpl>& audioEffects() const
+    {
+        return audioEffects_.effects();
+    }
     MutableAudioEffect* insertAudioEffectAt(std::uint64_t index, const Char* id)
     {
         return insertEffect(audioEffects_, *this, index, id);

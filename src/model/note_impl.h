@@ -75,7 +75,10 @@ public:
     bool assignNumber(std::uint32_t value) { return assign(number_, field::noteNumber, value); }
     bool assignVelocity(std::uint32_t value) { return assign(velocity_, field::velocity, value); }
     bool assignAccent(std::uint32_t value) { return assign(accent_, field::accent, value); }
-    bool assignBendDepth(std::uint32_t value) { return assign(bendDepth_, field::bendDepth, value); }
+    bool assignBendDepth(std::uint32_t value)
+    {
+        return assign(bendDepth_, field::bendDepth, value);
+    }
     bool assignBendLength(std::uint32_t value)
     {
         return assign(bendLength_, field::bendLength, value);

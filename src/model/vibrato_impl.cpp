@@ -90,8 +90,7 @@ MutableVibratoParameter* MutableVibratoImpl::parameter(std::uint32_t type,
     return pointIn(curves_, type, index);
 }
 
-bool MutableVibratoImpl::hasParameter(std::uint32_t type,
-                                      const VibratoParameterBase* element) const
+bool MutableVibratoImpl::hasParameter(std::uint32_t type, const VibratoParameterBase* element) const
 {
     return isIn(curves_, type, element);
 }

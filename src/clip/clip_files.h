@@ -1,0 +1,28 @@
+// Where a clip's files lie, in its folder and beside each other.
+#pragma once
+
+#include "fs/fs.h"
+#include "text.h"
+
+namespace Korvel::CANTORIS::PLX {
+
+inline constexpr StringView clipExtension = ".kxclip"_t;
+
+// The property document beside a clip file.
+inline String propertyPath(StringView clipPath)
+{
+    return fs::join(fs::parentPath(clipPath), "property.json"_t);
+}
+
+// The sub-folder that holds the wave file of an audio part, and a wave file in it.
+inline String audioFolder(StringView clipDirectory)
+{
+    return fs::join(clipDirectory, "audio"_t);
+}
+
+inline String wavePath(StringView clipDirectory, StringView fileName)
+{
+    return fs::join(audioFolder(clipDirectory), fileName);
+}
+
+} // namespace Korvel::CANTORIS::PLX

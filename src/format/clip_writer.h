@@ -1,0 +1,19 @@
+// Clips into documents.
+#pragma once
+
+#include "clip/clip_base.h"
+#include "clip/filter_tags.h"
+#include "format/output.h"
+#include "model/part.h"
+
+namespace Korvel::CANTORIS::PLX::format {
+
+// The property document: of a clip being built, or of a user clip that was edited.
+void writeProperties(Output& out, const ClipBase& clip, const FilterTags& tags, StringView id,
+                     StringView name);
+
+// The data document: an object whose one key is the part's type. False, with nothing written, for a
+// part that has nothing to write or is not of the class that its type says.
+bool writeData(Output& out, PartBase& part);
+
+} // namespace Korvel::CANTORIS::PLX::format

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "format/output.h"
+#include "model/part.h"
+
+namespace Korvel::CANTORIS::PLX::format {
+
+// An editable part's object. False when there is nothing to write.
+bool writePart(Output& out, PartBase& part);
+
+} // namespace Korvel::CANTORIS::PLX::format

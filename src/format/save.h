@@ -1,0 +1,50 @@
+// A mutable clip into a new folder of the user clip directory: the way into this folder for those who
+// write.
+#pragma once
+
+#include <functional>
+
+#include "clip/clip_properties.h"
+#include "clip/mutable_clip_impl.h"
+#include "result.h"
+
+namespace Korvel::CANTORIS::PLX::format {
+
+// Replaces a user clip's property document. What cannot be written at all is found before the file is
+// opened, which empties it. False when the document was not written.
+bool rewriteProperties(const String& path, const ClipBase& clip, const FilterTags& tags,
+                       StringView id, StringView name);
+
+// The folder of a clip that is being saved. Unless it is kept, it goes with everything in it: nothing
+// of a failed attempt is left.
+class NewClipFolder {
+public:
+    using IsTaken = std::function<bool(StringView id)>;
+
+    NewClipFolder(const String& userClipDirectory, const IsTaken& isTaken);
+    NewClipFolder(const NewClipFolder&) = delete;
+    NewClipFolder& operator=(const NewClipFolder&) = delete;
+    ~NewClipFolder();
+
+    const String& dataPath() const { return dataPath_; }
+
+    // Makes the folder, copies an audio part's wave file and writes both documents.
+    Result write(const MutableClipImpl& clip, StringView name, bool formatted);
+
+    // What a scan would read of the clip that was written.
+    Result readBack(ClipProperties& properties) const;
+
+    void keep() { made_ = false; }
+
+private:
+    Result copyWave(PartBase& part) const;
+    Result writeDocuments(const MutableClipImpl& clip, StringView name, bool formatted) const;
+
+    String id_;
+    String directory_;
+    String dataPath_;
+    String propertyPath_;
+    bool made_ = false;
+};
+
+} // namespace Korvel::CANTORIS::PLX::format

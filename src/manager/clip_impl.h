@@ -1,0 +1,67 @@
+#pragma once
+
+#include <memory>
+
+#include "clip/clip_base_impl.h"
+#include "clip/filter_impl.h"
+#include "manager/clip.h"
+#include "model/part.h"
+
+namespace Korvel::CANTORIS::PLX {
+
+// The catalogue properties that an editor changes, all at once.
+struct EditableProperties {
+    String name;
+    std::uint32_t partKey;
+    std::uint32_t partTempo;
+    FilterTags::Texts types;
+    FilterTags::Texts genres;
+};
+
+class ClipImpl : public virtual Clip, public ClipBaseImpl {
+public:
+    ClipImpl(Manager* manager, ClipKind kind) : ClipBaseImpl(manager), kind_(kind) {}
+
+    // Fills a new clip. The part, which may be null, must have this clip as its parent.
+    void fill(ClipProperties&& properties, std::unique_ptr<PartBase> part);
+    void setPath(const String& path) { path_ = path; }
+
+    // Swaps the clip's own values with these.
+    void exchange(EditableProperties& properties) noexcept;
+
+    const String& idText() const { return id_; }
+    const String& nameText() const { return name_; }
+    const String& pathText() const { return path_; }
+    const FilterTags& tags() const { return filter_.tags(); }
+
+    const Char* id() const override { return id_.c_str(); }
+    const Char* name() const override { return name_.c_str(); }
+    std::uint32_t type() const override { return static_cast<std::uint32_t>(kind_); }
+    const Char* path() const override { return path_.c_str(); }
+    std::uint32_t partType() const override;
+    Filter* filter() override { return &filter_; }
+    bool readPart() override;
+    AudioPart* audioPart() const override;
+    bool hasAudioPart(const PartBase* element) const override;
+    MidiPart* midiPart() const override;
+    bool hasMidiPart(const PartBase* element) const override;
+    Clip* asClip() override { return this; }
+
+private:
+    String id_;
+    String name_;
+    String path_;
+    FilterImpl filter_;
+    std::unique_ptr<PartBase> part_;
+    std::uint32_t partType_ = part_type::none; // as the property document has it
+    ClipKind kind_;
+};
+
+class SystemClipImpl final : public SystemClip, public ClipImpl {
+public:
+    static constexpr ClipKind kind = ClipKind::system;
+
+    explicit SystemClipImpl(Manager* manager) : ClipImpl(manager, kind) {}
+};
+
+} // namespace Korvel::CANTORIS::PLX

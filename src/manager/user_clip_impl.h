@@ -1,0 +1,30 @@
+#pragma once
+
+#include <memory>
+
+#include "manager/clip_impl.h"
+#include "manager/property_editor_impl.h"
+
+namespace Korvel::CANTORIS::PLX {
+
+class ManagerImpl;
+
+class UserClipImpl final : public UserClip, public ClipImpl {
+public:
+    static constexpr ClipKind kind = ClipKind::user;
+
+    explicit UserClipImpl(ManagerImpl* manager);
+
+    bool remove() override;
+    PropertyEditor* createPropertyEditor() override;
+    void destroyPropertyEditor(PropertyEditor* editor) override;
+    UserClip* asUserClip() override { return this; }
+
+private:
+    void removeAudio(const String& clipDirectory);
+
+    ManagerImpl* owner_;
+    std::unique_ptr<PropertyEditorImpl> editor_;
+};
+
+} // namespace Korvel::CANTORIS::PLX
