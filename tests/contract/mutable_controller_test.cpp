@@ -37,18 +37,10 @@ struct ControllerType {
 };
 
 const ControllerType controllerTypes[] = {
-    {"dynamics", 0, 0, 127},
-    {"portamento", 1, 0, 127},
-    {"pitchBendSens", 2, 0, 24},
-    {"pitchBend", 3, -8192, 8191},
-    {"breathiness", 4, 0, 127},
-    {"brightness", 5, 0, 127},
-    {"clearness", 6, 0, 127},
-    {"voiceBlend", 7, 0, 127},
-    {"growl", 8, 0, 127},
-    {"exciter", 9, -64, 63},
-    {"air", 10, 0, 127},
-    {"character", 11, -64, 63},
+    {"dynamics", 0, 0, 127},       {"portamento", 1, 0, 127},  {"pitchBendSens", 2, 0, 24},
+    {"pitchBend", 3, -8192, 8191}, {"breathiness", 4, 0, 127}, {"brightness", 5, 0, 127},
+    {"clearness", 6, 0, 127},      {"voiceBlend", 7, 0, 127},  {"growl", 8, 0, 127},
+    {"exciter", 9, -64, 63},       {"air", 10, 0, 127},        {"character", 11, -64, 63},
 };
 
 class MutableControllerType : public MidiPartTest,
@@ -110,8 +102,7 @@ protected:
     bool move(Event* event, std::int32_t pos) { return KRT_PLX_MutableMidiEvent_move(event, pos); }
     bool has(Event* event) { return KRT_PLX_MutableMidiController_hasEvent(lane, event); }
 
-    Lane* const lane =
-        KRT_PLX_MutableMidiPart_addMidiController(part, KRT_PLX_CONTROLLER_DYNAMICS);
+    Lane* const lane = KRT_PLX_MutableMidiPart_addMidiController(part, KRT_PLX_CONTROLLER_DYNAMICS);
 };
 
 TEST_F(MutableControllerEvent, HasWhatItWasAskedFor)
@@ -209,9 +200,8 @@ TEST_F(MutableControllerEvent, HasNoneBehindTheLast)
 {
     insert(0, 1);
     EXPECT_EQ(KRT_PLX_MutableMidiController_event(lane, 1), nullptr);
-    EXPECT_EQ(
-        KRT_PLX_MutableMidiController_event(lane, std::numeric_limits<std::uint64_t>::max()),
-        nullptr);
+    EXPECT_EQ(KRT_PLX_MutableMidiController_event(lane, std::numeric_limits<std::uint64_t>::max()),
+              nullptr);
     EXPECT_FALSE(KRT_PLX_MidiControllerBase_numEvents(lane, nullptr));
 }
 

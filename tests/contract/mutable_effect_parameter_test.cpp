@@ -96,9 +96,9 @@ TEST_F(MutableEffectParameter, MayBeNamedByItsOwnName)
 {
     for (const std::string& name : {std::string("Depth"), std::string(300, 'x')}) {
         Parameter* const parameter = add(name);
-        EXPECT_EQ(KRT_PLX_MutableEffect_addParameter(effect,
-                                                     KRT_PLX_EffectParameterBase_name(parameter)),
-                  parameter);
+        EXPECT_EQ(
+            KRT_PLX_MutableEffect_addParameter(effect, KRT_PLX_EffectParameterBase_name(parameter)),
+            parameter);
         Parameter* const shorter = KRT_PLX_MutableEffect_addParameter(
             effect, KRT_PLX_EffectParameterBase_name(parameter) + 1);
         EXPECT_EQ(utf8(KRT_PLX_EffectParameterBase_name(shorter)), name.substr(1));
@@ -153,9 +153,9 @@ TEST_F(MutableEffectParameterValue, IsAFloat)
 {
     using Limits = std::numeric_limits<float>;
     setAll();
-    for (const float value : {0.5F, 0.0F, -0.0F, Limits::max(), Limits::lowest(), Limits::min(),
-                              Limits::denorm_min(), Limits::infinity(), -Limits::infinity(),
-                              Limits::quiet_NaN()}) {
+    for (const float value :
+         {0.5F, 0.0F, -0.0F, Limits::max(), Limits::lowest(), Limits::min(), Limits::denorm_min(),
+          Limits::infinity(), -Limits::infinity(), Limits::quiet_NaN()}) {
         EXPECT_TRUE(KRT_PLX_MutableEffectParameter_setValueFloat(parameter, value));
         EXPECT_EQ(type(), KRT_PLX_VALUE_FLOAT);
         EXPECT_EQ(std::bit_cast<std::uint32_t>(KRT_PLX_EffectParameterBase_valueFloat(parameter)),
@@ -168,7 +168,8 @@ TEST_F(MutableEffectParameterValue, IsAFloat)
 TEST_F(MutableEffectParameterValue, IsAText)
 {
     setAll();
-    for (const std::string& value : {std::string("さくら"), std::string(3000, 'x'), std::string()}) {
+    for (const std::string& value :
+         {std::string("さくら"), std::string(3000, 'x'), std::string()}) {
         EXPECT_TRUE(KRT_PLX_MutableEffectParameter_setValueString(parameter, text(value).c_str()));
         EXPECT_EQ(type(), KRT_PLX_VALUE_STRING);
         EXPECT_EQ(utf8(KRT_PLX_EffectParameterBase_valueString(parameter)), value);

@@ -39,10 +39,10 @@ const Chain chains[] = {
      KRT_PLX_MutableMidiPart_midiEffect, KRT_PLX_MutableMidiPart_hasMidiEffect,
      KRT_PLX_MutableMidiPart_insertMidiEffect, KRT_PLX_EFFECT_MIDI,
      KRT_PLX_MutableMidiEffect_parent, KRT_PLX_MutableAudioEffect_parent},
-    {"audioOfAudioPart", KRT_PLX_MutableClip_createAudioPart,
-     KRT_PLX_AudioPartBase_numAudioEffects, KRT_PLX_MutableAudioPart_audioEffect,
-     KRT_PLX_MutableAudioPart_hasAudioEffect, KRT_PLX_MutableAudioPart_insertAudioEffect,
-     KRT_PLX_EFFECT_AUDIO, KRT_PLX_MutableAudioEffect_parent, KRT_PLX_MutableMidiEffect_parent},
+    {"audioOfAudioPart", KRT_PLX_MutableClip_createAudioPart, KRT_PLX_AudioPartBase_numAudioEffects,
+     KRT_PLX_MutableAudioPart_audioEffect, KRT_PLX_MutableAudioPart_hasAudioEffect,
+     KRT_PLX_MutableAudioPart_insertAudioEffect, KRT_PLX_EFFECT_AUDIO,
+     KRT_PLX_MutableAudioEffect_parent, KRT_PLX_MutableMidiEffect_parent},
 };
 
 class MutableEffect : public HostTest, public testing::WithParamInterface<Chain> {

@@ -39,8 +39,9 @@ protected:
     KRT_PLX_DvqmBase* const other = KRT_PLX_MutableNote_dvqm(note, !GetParam());
 };
 
-INSTANTIATE_TEST_SUITE_P(Places, MutableDvqm, testing::Bool(),
-                         [](const auto& isAttack) { return isAttack.param ? "attack" : "release"; });
+INSTANTIATE_TEST_SUITE_P(Places, MutableDvqm, testing::Bool(), [](const auto& isAttack) {
+    return isAttack.param ? "attack" : "release";
+});
 
 using Names = std::vector<std::string>;
 
@@ -60,8 +61,8 @@ TEST_P(MutableDvqm, HasItsInitialValues)
 
 TEST_P(MutableDvqm, TakesAnyComponentID)
 {
-    for (const std::string& id :
-         {std::string("x"), std::string("ABCDEFGHIJKLMNOP"), std::string(500, 'x'), std::string()}) {
+    for (const std::string& id : {std::string("x"), std::string("ABCDEFGHIJKLMNOP"),
+                                  std::string(500, 'x'), std::string()}) {
         EXPECT_TRUE(KRT_PLX_MutableDvqm_setCompID(dvqm, text(id).c_str()));
         EXPECT_EQ(utf8(KRT_PLX_DvqmBase_compID(dvqm)), id);
     }
@@ -104,7 +105,8 @@ TEST_P(MutableDvqm, TakesItsOwnLevelNames)
 {
     addLevelName("low");
     for (std::uint64_t index = 0; index < 4; ++index) {
-        EXPECT_TRUE(KRT_PLX_MutableDvqm_addLevelName(dvqm, KRT_PLX_DvqmBase_levelName(dvqm, index)));
+        EXPECT_TRUE(
+            KRT_PLX_MutableDvqm_addLevelName(dvqm, KRT_PLX_DvqmBase_levelName(dvqm, index)));
     }
     EXPECT_EQ(levelNames(), Names(5, "low"));
 }
@@ -152,8 +154,7 @@ TEST_P(MutableDvqm, TakesTopFactorsUpTo2)
         EXPECT_FALSE(KRT_PLX_MutableDvqm_setTopFactor(dvqm, factor)) << factor;
         EXPECT_EQ(KRT_PLX_DvqmBase_topFactor(dvqm), 1.25F);
     }
-    EXPECT_TRUE(
-        KRT_PLX_MutableDvqm_setTopFactor(dvqm, std::numeric_limits<float>::quiet_NaN()));
+    EXPECT_TRUE(KRT_PLX_MutableDvqm_setTopFactor(dvqm, std::numeric_limits<float>::quiet_NaN()));
     EXPECT_TRUE(std::isnan(KRT_PLX_DvqmBase_topFactor(dvqm)));
 }
 

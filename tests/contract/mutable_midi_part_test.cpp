@@ -150,13 +150,13 @@ TEST_P(MutableMidiPartStyle, TakesItself)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Texts, MutableMidiPartStyle,
-    testing::Values(PartText{"styleName", KRT_PLX_MidiPartBase_styleName,
-                             KRT_PLX_MutableMidiPart_setStyleName},
-                    PartText{"stylePresetID", KRT_PLX_MidiPartBase_stylePresetID,
-                             KRT_PLX_MutableMidiPart_setStylePresetID}),
-    [](const auto& property) { return std::string(property.param.name); });
+INSTANTIATE_TEST_SUITE_P(Texts, MutableMidiPartStyle,
+                         testing::Values(PartText{"styleName", KRT_PLX_MidiPartBase_styleName,
+                                                  KRT_PLX_MutableMidiPart_setStyleName},
+                                         PartText{"stylePresetID",
+                                                  KRT_PLX_MidiPartBase_stylePresetID,
+                                                  KRT_PLX_MutableMidiPart_setStylePresetID}),
+                         [](const auto& property) { return std::string(property.param.name); });
 
 struct VoiceBank {
     PartText text;
@@ -240,10 +240,9 @@ KRT_PLX_NoteBase* insert(KRT_PLX_PartBase* part, const NoteRequest& request)
 {
     const support::Text lyric = text(request.lyric.value_or(""));
     const support::Text phoneme = text(request.phoneme.value_or(""));
-    return KRT_PLX_MutableMidiPart_insertNote(part, request.pos, request.duration,
-                                              request.lyric ? lyric.c_str() : nullptr,
-                                              request.phoneme ? phoneme.c_str() : nullptr,
-                                              request.langID);
+    return KRT_PLX_MutableMidiPart_insertNote(
+        part, request.pos, request.duration, request.lyric ? lyric.c_str() : nullptr,
+        request.phoneme ? phoneme.c_str() : nullptr, request.langID);
 }
 
 TEST_F(MutableMidiPartTest, ANewNoteHasWhatItWasAskedFor)
@@ -390,8 +389,7 @@ TEST_F(MutableMidiPartTest, HasOnlyItsOwnLanes)
 {
     KRT_PLX_MidiControllerBase* const lane = KRT_PLX_MutableMidiPart_addMidiController(part, 3);
     KRT_PLX_PartBase* const other = KRT_PLX_MutableClip_createMidiPart(createMutableClip());
-    KRT_PLX_MidiControllerBase* const foreign =
-        KRT_PLX_MutableMidiPart_addMidiController(other, 3);
+    KRT_PLX_MidiControllerBase* const foreign = KRT_PLX_MutableMidiPart_addMidiController(other, 3);
     EXPECT_TRUE(KRT_PLX_MutableMidiPart_hasMidiController(part, lane));
     EXPECT_FALSE(KRT_PLX_MutableMidiPart_hasMidiController(part, foreign));
     EXPECT_FALSE(KRT_PLX_MutableMidiPart_hasMidiController(part, nullptr));

@@ -13,7 +13,6 @@ namespace {
 constexpr std::int32_t smallest = std::numeric_limits<std::int32_t>::min();
 constexpr std::int32_t largest = std::numeric_limits<std::int32_t>::max();
 
-
 class MutableNoteTest : public NoteTest {};
 
 TEST_F(MutableNoteTest, BelongsToItsPart)
@@ -153,9 +152,9 @@ TEST_P(MutableNoteFloat, KeepsItsValueWhenAskedForAnother)
 {
     ASSERT_TRUE(set(0.25F));
     for (const float value :
-         {1.0000001F, -0.0001F, std::nextafter(1.0F, 2.0F), -std::numeric_limits<float>::denorm_min(),
-          2.0F, -1.0F, std::numeric_limits<float>::infinity(),
-          -std::numeric_limits<float>::infinity()}) {
+         {1.0000001F, -0.0001F, std::nextafter(1.0F, 2.0F),
+          -std::numeric_limits<float>::denorm_min(), 2.0F, -1.0F,
+          std::numeric_limits<float>::infinity(), -std::numeric_limits<float>::infinity()}) {
         EXPECT_FALSE(set(value)) << value;
         EXPECT_EQ(get(), 0.25F);
     }

@@ -87,9 +87,11 @@ protected:
     const std::uint32_t otherKind = 1 - kind;
 };
 
-INSTANTIATE_TEST_SUITE_P(
-    Kinds, MutableVibratoPoint, testing::Values(KRT_PLX_VIBRATO_DEPTH, KRT_PLX_VIBRATO_RATE),
-    [](const auto& kind) { return kind.param == KRT_PLX_VIBRATO_DEPTH ? "depth" : "rate"; });
+INSTANTIATE_TEST_SUITE_P(Kinds, MutableVibratoPoint,
+                         testing::Values(KRT_PLX_VIBRATO_DEPTH, KRT_PLX_VIBRATO_RATE),
+                         [](const auto& kind) {
+                             return kind.param == KRT_PLX_VIBRATO_DEPTH ? "depth" : "rate";
+                         });
 
 TEST_P(MutableVibratoPoint, HasWhatItWasAskedFor)
 {
@@ -226,8 +228,7 @@ TEST_P(MutableVibratoPoint, BelongsToOneCurveOfOneVibrato)
     EXPECT_FALSE(has(nullptr));
     EXPECT_FALSE(KRT_PLX_MutableVibrato_hasParameter(vibrato, otherKind, point));
     EXPECT_FALSE(KRT_PLX_MutableVibrato_hasParameter(vibrato, 2, point));
-    KRT_PLX_VibratoBase* const other =
-        KRT_PLX_MutableNote_vibrato(support::insertNote(part, 1000));
+    KRT_PLX_VibratoBase* const other = KRT_PLX_MutableNote_vibrato(support::insertNote(part, 1000));
     EXPECT_FALSE(KRT_PLX_MutableVibrato_hasParameter(other, kind, point));
     KRT_PLX_MutableVibratoParameter_move(twin, 20);
     EXPECT_EQ(values(), (Values{{10, 50}}));

@@ -1,0 +1,145 @@
+// Random edits of a filter's six lists, beside plain lists that are edited by the same rules.
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "support/editing.h"
+#include "support/random.h"
+
+using support::Random;
+using support::text;
+using support::utf8;
+
+namespace {
+
+constexpr int steps = 3000;
+
+struct TagList {
+    bool (*count)(KRT_PLX_Filter*, std::uint64_t*);
+    const KRT_PLX_Char* (*at)(KRT_PLX_Filter*, std::uint64_t);
+    bool (*add)(KRT_PLX_Filter*, const KRT_PLX_Char*);
+    bool (*remove)(KRT_PLX_Filter*, const KRT_PLX_Char*);
+};
+
+const TagList tagLists[] = {
+    {KRT_PLX_Filter_numVendors, KRT_PLX_Filter_vendor, KRT_PLX_MutableFilter_addVendor,
+     KRT_PLX_MutableFilter_removeVendor},
+    {KRT_PLX_Filter_numSingerGroups, KRT_PLX_Filter_singerGroup,
+     KRT_PLX_MutableFilter_addSingerGroup, KRT_PLX_MutableFilter_removeSingerGroup},
+    {KRT_PLX_Filter_numSingerIDs, KRT_PLX_Filter_singerID, KRT_PLX_MutableFilter_addSingerID,
+     KRT_PLX_MutableFilter_removeSingerID},
+    {KRT_PLX_Filter_numTypes, KRT_PLX_Filter_type, KRT_PLX_MutableFilter_addType,
+     KRT_PLX_MutableFilter_removeType},
+    {KRT_PLX_Filter_numGenres, KRT_PLX_Filter_genre, KRT_PLX_MutableFilter_addGenre,
+     KRT_PLX_MutableFilter_removeGenre},
+};
+constexpr std::size_t vendors = 0;
+
+class FilterSequence : public HostTest, public testing::WithParamInterface<std::uint32_t> {
+protected:
+    template <class List, class Element>
+    static bool contains(const List& list, const Element& element)
+    {
+        return std::ranges::find(list, element) != list.end();
+    }
+
+    // Short, long and empty ones.
+    std::string someTag()
+    {
+        static const std::string letters = "abc";
+        const char letter = random.oneOf(letters);
+        const std::string tag(random.below(4), letter);
+        return random.oneIn(8) ? tag + std::string(40, 'x') : tag;
+    }
+
+    // By a text of its own or, at times, by the text that is in the list.
+    bool callWithTag(bool (*function)(KRT_PLX_Filter*, const KRT_PLX_Char*), std::size_t list,
+                     const std::string& tag)
+    {
+        const auto place = std::ranges::find(model[list], tag);
+        if (place == model[list].end() || random.oneIn(2)) {
+            return function(filter, text(tag).c_str());
+        }
+        const auto index = static_cast<std::uint64_t>(place - model[list].begin());
+        return function(filter, tagLists[list].at(filter, index));
+    }
+
+    void add(std::size_t list, const std::string& tag)
+    {
+        const bool accepted = list == vendors || !tag.empty();
+        ASSERT_EQ(callWithTag(tagLists[list].add, list, tag), accepted);
+        if (accepted && !contains(model[list], tag)) {
+            model[list].push_back(tag);
+        }
+    }
+
+    void remove(std::size_t list, const std::string& tag)
+    {
+        ASSERT_EQ(callWithTag(tagLists[list].remove, list, tag), contains(model[list], tag));
+        std::erase(model[list], tag);
+    }
+
+    void addLanguage(std::int32_t number)
+    {
+        ASSERT_EQ(KRT_PLX_MutableFilter_addLanguage(filter, number), number >= 0);
+        if (number >= 0 && !contains(languages, number)) {
+            languages.push_back(number);
+        }
+    }
+
+    void removeLanguage(std::int32_t number)
+    {
+        ASSERT_EQ(KRT_PLX_MutableFilter_removeLanguage(filter, number),
+                  contains(languages, number));
+        std::erase(languages, number);
+    }
+
+    void step()
+    {
+        const std::size_t list = random.below(std::size(tagLists) + 1);
+        const bool adds = random.below(5) < 3;
+        if (list < std::size(tagLists)) {
+            adds ? add(list, someTag()) : remove(list, someTag());
+        } else {
+            const std::int32_t number = random.between(-2, 12);
+            adds ? addLanguage(number) : removeLanguage(number);
+        }
+    }
+
+    void compare()
+    {
+        for (std::size_t list = 0; list < std::size(tagLists); ++list) {
+            std::vector<std::string> actual;
+            const std::uint64_t size = support::countOf(tagLists[list].count, filter);
+            for (std::uint64_t index = 0; index < size; ++index) {
+                actual.push_back(utf8(tagLists[list].at(filter, index)));
+            }
+            ASSERT_EQ(actual, model[list]);
+        }
+        ASSERT_EQ(support::countOf(KRT_PLX_Filter_numLanguages, filter), languages.size());
+        for (std::size_t index = 0; index < languages.size(); ++index) {
+            ASSERT_EQ(KRT_PLX_Filter_language(filter, index), languages[index]);
+        }
+    }
+
+    Random random{GetParam()};
+    std::vector<std::string> model[std::size(tagLists)];
+    std::vector<std::int32_t> languages;
+    KRT_PLX_Filter* const filter = KRT_PLX_MutableClip_filter(createMutableClip());
+};
+
+INSTANTIATE_TEST_SUITE_P(Seeds, FilterSequence, testing::Range(1u, 7u));
+
+TEST_P(FilterSequence, IsThatOfPlainLists)
+{
+    for (int number = 0; number < steps; ++number) {
+        SCOPED_TRACE(number);
+        step();
+        compare();
+        if (HasFatalFailure()) {
+            return;
+        }
+    }
+}
+
+} // namespace
