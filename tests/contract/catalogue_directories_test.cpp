@@ -224,8 +224,8 @@ TEST_F(CatalogueDirectories, ListOneOfTwoClipFilesThatShareAPropertyDocument)
     EXPECT_EQ(readAll(), KRT_PLX_RESULT_OK);
 
     ASSERT_THAT(userIDs(), ElementsAre("a"));
-    EXPECT_THAT(support::Text(KRT_PLX_Clip_path(KRT_PLX_Manager_userClip(manager.get(), 0))),
-                testing::AnyOf(pathText(one), pathText(other)));
+    EXPECT_THAT(utf8(KRT_PLX_Clip_path(KRT_PLX_Manager_userClip(manager.get(), 0))),
+                testing::AnyOf(utf8(pathText(one)), utf8(pathText(other))));
 }
 
 TEST_F(CatalogueDirectories, ListIDsThatAreEqualOnlyToTheEye)

@@ -15,6 +15,7 @@ using support::midiDocumentWithID;
 using support::Path;
 using support::pathText;
 using support::propertyDocument;
+using support::utf8;
 using support::writeFile;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -49,7 +50,8 @@ TEST_F(CatalogueLinks, ToAFileCountAsTheFile)
     ASSERT_EQ(read(), KRT_PLX_RESULT_OK);
 
     ASSERT_THAT(support::systemClipIDs(manager()), ElementsAre("linked"));
-    EXPECT_EQ(KRT_PLX_Clip_path(systemClip(0)), pathText(systemFolder() / "clip.kxclip"));
+    EXPECT_EQ(utf8(KRT_PLX_Clip_path(systemClip(0))),
+              utf8(pathText(systemFolder() / "clip.kxclip")));
     EXPECT_TRUE(KRT_PLX_Clip_readPart(systemClip(0)));
 }
 
@@ -71,8 +73,8 @@ TEST_F(CatalogueLinks, ToAFolderAreEntered)
     ASSERT_EQ(read(), KRT_PLX_RESULT_OK);
 
     ASSERT_THAT(support::systemClipIDs(manager()), ElementsAre("linked"));
-    EXPECT_EQ(KRT_PLX_Clip_path(systemClip(0)),
-              pathText(systemFolder() / "link" / "deep" / "deeper" / "clip.kxclip"));
+    EXPECT_EQ(utf8(KRT_PLX_Clip_path(systemClip(0))),
+              utf8(pathText(systemFolder() / "link" / "deep" / "deeper" / "clip.kxclip")));
 }
 
 TEST_F(CatalogueLinks, MayBeAMainDirectory)

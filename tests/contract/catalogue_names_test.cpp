@@ -30,7 +30,7 @@ TEST_P(CatalogueNames, OfFoldersMayBeInAnyScript)
     ASSERT_EQ(read(), KRT_PLX_RESULT_OK);
 
     ASSERT_THAT(support::systemClipIDs(manager()), ElementsAre("id"));
-    EXPECT_EQ(KRT_PLX_Clip_path(systemClip(0)), pathText(file));
+    EXPECT_EQ(utf8(KRT_PLX_Clip_path(systemClip(0))), utf8(pathText(file)));
     EXPECT_TRUE(KRT_PLX_Clip_readPart(systemClip(0)));
 }
 
@@ -42,7 +42,7 @@ TEST_P(CatalogueNames, OfClipFilesMayBeInAnyScript)
     ASSERT_EQ(read(), KRT_PLX_RESULT_OK);
 
     ASSERT_THAT(support::userClipIDs(manager()), ElementsAre("id"));
-    EXPECT_EQ(KRT_PLX_Clip_path(userClip(0)), pathText(file));
+    EXPECT_EQ(utf8(KRT_PLX_Clip_path(userClip(0))), utf8(pathText(file)));
     EXPECT_TRUE(KRT_PLX_Clip_readPart(userClip(0)));
 }
 
@@ -55,7 +55,8 @@ TEST_P(CatalogueNames, OfMainDirectoriesMayBeInAnyScript)
     ASSERT_EQ(KRT_PLX_Manager_readAllClipFiles(other.get()), KRT_PLX_RESULT_OK);
 
     ASSERT_THAT(support::systemClipIDs(other.get()), ElementsAre("id"));
-    EXPECT_EQ(KRT_PLX_Clip_path(KRT_PLX_Manager_systemClip(other.get(), 0)), pathText(file));
+    EXPECT_EQ(utf8(KRT_PLX_Clip_path(KRT_PLX_Manager_systemClip(other.get(), 0))),
+              utf8(pathText(file)));
 }
 
 TEST_P(CatalogueNames, OfWaveFilesMayBeInAnyScript)
@@ -67,8 +68,8 @@ TEST_P(CatalogueNames, OfWaveFilesMayBeInAnyScript)
 
     ASSERT_TRUE(KRT_PLX_Clip_readPart(systemClip(0)));
 
-    EXPECT_EQ(KRT_PLX_AudioPartBase_wavFilePath(KRT_PLX_Clip_audioPart(systemClip(0))),
-              pathText(systemFolder() / "a" / "audio" / place(wave)));
+    EXPECT_EQ(utf8(KRT_PLX_AudioPartBase_wavFilePath(KRT_PLX_Clip_audioPart(systemClip(0)))),
+              utf8(pathText(systemFolder() / "a" / "audio" / place(wave))));
 }
 
 TEST_P(CatalogueNames, OfClipsMayBeInAnyScript)
@@ -98,7 +99,7 @@ TEST_F(HostTest, APathStartsWithTheDirectoryAsItWasGiven)
 
     ASSERT_EQ(support::systemClipCount(other.get()), 1U);
     KRT_PLX_ClipBase* clip = KRT_PLX_Manager_systemClip(other.get(), 0);
-    EXPECT_EQ(KRT_PLX_Clip_path(clip), slashes + text("\\a\\b\\clip.kxclip"));
+    EXPECT_EQ(utf8(KRT_PLX_Clip_path(clip)), utf8(slashes + text("\\a\\b\\clip.kxclip")));
     EXPECT_TRUE(KRT_PLX_Clip_readPart(clip));
 }
 
@@ -110,7 +111,8 @@ TEST_F(HostTest, APathOfAFurtherDirectoryStartsWithThatDirectory)
     ASSERT_EQ(KRT_PLX_Manager_readAllClipFiles(other.get()), KRT_PLX_RESULT_OK);
 
     ASSERT_EQ(support::systemClipCount(other.get()), 1U);
-    EXPECT_EQ(KRT_PLX_Clip_path(KRT_PLX_Manager_systemClip(other.get(), 0)), pathText(file));
+    EXPECT_EQ(utf8(KRT_PLX_Clip_path(KRT_PLX_Manager_systemClip(other.get(), 0))),
+              utf8(pathText(file)));
 }
 
 #ifndef _WIN32

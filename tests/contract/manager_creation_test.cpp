@@ -94,8 +94,8 @@ TEST_F(ManagerCreation, KeepsItsTextsExactly)
     const OwnedManager manager(creation.run());
 
     EXPECT_EQ(utf8(KRT_PLX_Manager_appID(manager.get())), "Éditeur 歌 𝄞 ");
-    EXPECT_EQ(KRT_PLX_Manager_systemClipDirPath(manager.get()), creation.system);
-    EXPECT_EQ(KRT_PLX_Manager_userClipDirPath(manager.get()), creation.user);
+    EXPECT_EQ(utf8(KRT_PLX_Manager_systemClipDirPath(manager.get())), utf8(*creation.system));
+    EXPECT_EQ(utf8(KRT_PLX_Manager_userClipDirPath(manager.get())), utf8(*creation.user));
 }
 
 TEST_F(ManagerCreation, CopiesItsTexts)
@@ -106,8 +106,8 @@ TEST_F(ManagerCreation, CopiesItsTexts)
     creation.system->assign(creation.system->size(), static_cast<KRT_PLX_Char>('x'));
     creation.user->assign(creation.user->size(), static_cast<KRT_PLX_Char>('x'));
 
-    EXPECT_EQ(KRT_PLX_Manager_systemClipDirPath(manager.get()), system);
-    EXPECT_EQ(KRT_PLX_Manager_userClipDirPath(manager.get()), user);
+    EXPECT_EQ(utf8(KRT_PLX_Manager_systemClipDirPath(manager.get())), utf8(system));
+    EXPECT_EQ(utf8(KRT_PLX_Manager_userClipDirPath(manager.get())), utf8(user));
 }
 
 TEST_F(ManagerCreation, ReadsNoClip)

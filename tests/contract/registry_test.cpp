@@ -62,8 +62,10 @@ TEST_F(Registry, KeepsTheDirectoriesOfTheFirstCreation)
                                     pathText(other / "user").c_str(), array, 1, array, 1, nullptr),
               first.get());
 
-    EXPECT_EQ(KRT_PLX_Manager_systemClipDirPath(first.get()), pathText(scratch.path() / "system"));
-    EXPECT_EQ(KRT_PLX_Manager_userClipDirPath(first.get()), pathText(scratch.path() / "user"));
+    EXPECT_EQ(utf8(KRT_PLX_Manager_systemClipDirPath(first.get())),
+              utf8(pathText(scratch.path() / "system")));
+    EXPECT_EQ(utf8(KRT_PLX_Manager_userClipDirPath(first.get())),
+              utf8(pathText(scratch.path() / "user")));
     EXPECT_FALSE(std::filesystem::exists(other / "user"));
     EXPECT_EQ(KRT_PLX_Manager_readAllClipFiles(first.get()), KRT_PLX_RESULT_OK);
     EXPECT_EQ(support::systemClipCount(first.get()), 0U);
@@ -116,7 +118,7 @@ TEST_F(Registry, AcceptsALongAppID)
     const OwnedManager second(create(appID));
 
     EXPECT_NE(first.get(), second.get());
-    EXPECT_EQ(KRT_PLX_Manager_appID(second.get()), appID);
+    EXPECT_EQ(utf8(KRT_PLX_Manager_appID(second.get())), utf8(appID));
 }
 
 // --- Asking for a manager --------------------------------------------------------------------------
@@ -169,7 +171,7 @@ TEST_F(Registry, MakesANewManagerAfterTheOldOneIsDestroyed)
                               pathText(elsewhere).c_str(), nullptr, 0, nullptr, 0, &code));
 
     EXPECT_EQ(code, KRT_PLX_RESULT_OK);
-    EXPECT_EQ(KRT_PLX_Manager_userClipDirPath(manager.get()), pathText(elsewhere));
+    EXPECT_EQ(utf8(KRT_PLX_Manager_userClipDirPath(manager.get())), utf8(pathText(elsewhere)));
 }
 
 TEST_F(Registry, KeepsTheOtherManagersWhenOneIsDestroyed)

@@ -133,6 +133,11 @@ std::string utf8(const KRT_PLX_Char* text)
     return bytes;
 }
 
+std::string utf8(const Text& text)
+{
+    return utf8(text.c_str());
+}
+
 std::string encode(std::string_view utf8, Encoding encoding, ByteOrderMark mark)
 {
     std::string marked(mark == ByteOrderMark::with ? "\xEF\xBB\xBF" : "");

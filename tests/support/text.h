@@ -17,6 +17,7 @@ Text text(std::string_view utf8);
 // What the library returned, as UTF-8. Null reads as "<null>", which no test uses as a text; a lone
 // surrogate reads as the three bytes of its code point.
 std::string utf8(const KRT_PLX_Char* text);
+std::string utf8(const Text& text);
 
 // The forms in which a document may be stored.
 enum class Encoding { utf8, utf16LittleEndian, utf16BigEndian, utf32LittleEndian, utf32BigEndian };
