@@ -18,12 +18,13 @@ static_assert(sizeof(Char) == 2, "text is UTF-16");
 using String = std::basic_string<Char>;
 using StringView = std::basic_string_view<Char>;
 
-// An ASCII literal widened at compile time, so that one spelling serves L"" and u"" platforms.
+// An ASCII literal widened at compile time, so that one spelling serves L"" and u"" platforms. It
+// converts by itself: that is how a literal operator takes its text.
 template <std::size_t N>
 struct AsciiLiteral {
     Char units[N];
 
-    consteval AsciiLiteral(const char (&text)[N])
+    consteval AsciiLiteral(const char (&text)[N]) // NOLINT(google-explicit-constructor)
     {
         std::transform(text, text + N, units, [](char c) { return static_cast<Char>(c); });
     }
