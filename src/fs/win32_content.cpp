@@ -68,8 +68,8 @@ bool readFile(const String& path, std::string& content)
 
 WriteResult writeFile(const String& path, std::string_view content)
 {
-    const auto status = statusOf(path);
-    File file = status && !isPlain(path, *status) ? nullptr : open(path, L"wb");
+    const bool isFree = isPlainFile(path) || isMissing(path);
+    File file = isFree ? open(path, L"wb") : nullptr;
     if (!file) {
         return WriteResult::notOpened;
     }
@@ -79,8 +79,7 @@ WriteResult writeFile(const String& path, std::string_view content)
 
 bool copyFile(const String& from, const String& to)
 {
-    const auto status = statusOf(from);
-    if (!status || !isPlain(from, *status) || attributesOf(to)) {
+    if (!isPlainFile(from) || !isMissing(to)) {
         return false;
     }
     const File input = open(from, L"rb");

@@ -61,15 +61,6 @@ String withoutTrailingSeparators(const String& path)
     return last == String::npos ? String{} : path.substr(0, last + 1);
 }
 
-bool isMissing(const String& path)
-{
-    if (GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES) {
-        return false;
-    }
-    const DWORD error = GetLastError();
-    return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND;
-}
-
 } // namespace
 
 bool removeTree(const String& path)

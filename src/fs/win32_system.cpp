@@ -43,6 +43,18 @@ std::optional<DWORD> attributesOf(const String& path)
     return attributes == INVALID_FILE_ATTRIBUTES ? std::nullopt : std::optional{attributes};
 }
 
+bool isMissing(const String& path)
+{
+    if (holdsNul(path)) {
+        return true;
+    }
+    if (attributesOf(path)) {
+        return false;
+    }
+    const DWORD error = GetLastError();
+    return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND;
+}
+
 bool isFolder(DWORD attributes)
 {
     return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;

@@ -14,8 +14,11 @@ namespace Korvel::CANTORIS::PLX::fs {
 // The system would take the text only up to the NUL, hence something else.
 bool holdsNul(const String& path);
 
-// The attributes of the file, folder or link itself; none when it is missing.
+// The attributes of the file, folder or link itself; none when they cannot be read.
 std::optional<DWORD> attributesOf(const String& path);
+
+// Nothing is there. What cannot be looked at is not missing.
+bool isMissing(const String& path);
 
 bool isFolder(DWORD attributes);
 

@@ -1,0 +1,11 @@
+// What temp_dir.h needs of each system.
+#pragma once
+
+#include "support/temp_dir.h"
+
+namespace TestSupport {
+
+Text makeFreshFolder();
+void removeAll(const Text& folder) noexcept;
+
+} // namespace TestSupport

@@ -1,0 +1,227 @@
+#include <gtest/gtest.h>
+
+#include "fs/fs.h"
+#include "support/temp_dir.h"
+
+#ifndef _WIN32
+#    include <sys/stat.h>
+#    include <unistd.h>
+#endif
+
+namespace {
+
+using namespace Korvel::CANTORIS::PLX;
+using TestSupport::exists;
+using TestSupport::hostPath;
+using TestSupport::makeFolder;
+using TestSupport::makeLink;
+using TestSupport::makePipe;
+using TestSupport::TempDir;
+using TestSupport::text;
+using TestSupport::writeBytes;
+
+class FsCreateDirectories : public testing::Test {
+protected:
+    TempDir dir;
+};
+
+TEST_F(FsCreateDirectories, MakesAFolder)
+{
+    EXPECT_TRUE(fs::createDirectories(dir / "new"));
+    EXPECT_TRUE(fs::isDirectory(dir / "new"));
+}
+
+TEST_F(FsCreateDirectories, MakesAllMissingAncestors)
+{
+    EXPECT_TRUE(fs::createDirectories(dir / "a\\b\\c\\d"));
+    EXPECT_TRUE(fs::isDirectory(dir / "a\\b\\c\\d"));
+    EXPECT_TRUE(fs::createDirectories(dir / "a\\b\\e\\f"));
+    EXPECT_TRUE(fs::isDirectory(dir / "a\\b\\e\\f"));
+}
+
+TEST_F(FsCreateDirectories, AFolderThatExistsIsAsGood)
+{
+    writeBytes(dir / "folder\\file", "x");
+    EXPECT_TRUE(fs::createDirectories(dir / "folder"));
+    EXPECT_TRUE(fs::createDirectories(dir.path()));
+    EXPECT_TRUE(exists(dir / "folder\\file"));
+}
+
+TEST_F(FsCreateDirectories, TheRootExists)
+{
+#ifdef _WIN32
+    EXPECT_TRUE(fs::createDirectories(text("C:\\")));
+#else
+    EXPECT_TRUE(fs::createDirectories(text("\\")));
+#endif
+}
+
+TEST_F(FsCreateDirectories, TakesSlashesAndBackslashes)
+{
+    EXPECT_TRUE(fs::createDirectories(dir.path() + text("/a/b\\c/d")));
+    EXPECT_TRUE(fs::isDirectory(dir / "a\\b\\c\\d"));
+}
+
+TEST_F(FsCreateDirectories, TakesDoubledAndTrailingSeparators)
+{
+    EXPECT_TRUE(fs::createDirectories(dir / "a\\\\b\\"));
+    EXPECT_TRUE(fs::isDirectory(dir / "a\\b"));
+    EXPECT_TRUE(fs::createDirectories(dir / "c\\\\\\d\\\\"));
+    EXPECT_TRUE(fs::isDirectory(dir / "c\\d"));
+    EXPECT_TRUE(fs::createDirectories(dir / "a\\b\\"));
+}
+
+TEST_F(FsCreateDirectories, TakesDetours)
+{
+    makeFolder(dir / "here");
+    EXPECT_TRUE(fs::createDirectories(dir / "here\\..\\there\\.\\inner"));
+    EXPECT_TRUE(fs::isDirectory(dir / "there\\inner"));
+}
+
+TEST_F(FsCreateDirectories, KnowsNamesOfAllScripts)
+{
+    EXPECT_TRUE(fs::createDirectories(dir / "Île\\さくら\\🎵"));
+    EXPECT_TRUE(exists(dir / "Île\\さくら\\🎵"));
+}
+
+TEST_F(FsCreateDirectories, FailsAtAFile)
+{
+    writeBytes(dir / "file", "x");
+    EXPECT_FALSE(fs::createDirectories(dir / "file"));
+    EXPECT_FALSE(fs::createDirectories(dir / "file\\a"));
+    EXPECT_FALSE(fs::createDirectories(dir / "file\\a\\b\\c"));
+    EXPECT_EQ(TestSupport::readBytes(dir / "file"), "x");
+}
+
+TEST_F(FsCreateDirectories, FailsForAPathThatTheHostCannotSpell)
+{
+    EXPECT_FALSE(fs::createDirectories(String{}));
+    EXPECT_FALSE(fs::createDirectories(dir / "a" + Char{} + text("\\b")));
+    EXPECT_FALSE(exists(dir / "a"));
+    EXPECT_FALSE(fs::createDirectories(dir / std::string(300, 'n')));
+    EXPECT_FALSE(fs::createDirectories(dir / (std::string(300, 'n') + "\\inner")));
+    EXPECT_FALSE(fs::createDirectories(dir / std::string(100000, 'n')));
+}
+
+TEST_F(FsCreateDirectories, GoesThroughLinks)
+{
+    makeFolder(dir / "folder");
+    if (!makeLink(dir / "link", text("folder"))) {
+        GTEST_SKIP() << "this system makes no links";
+    }
+    EXPECT_TRUE(fs::createDirectories(dir / "link"));
+    EXPECT_TRUE(fs::createDirectories(dir / "link\\a\\b"));
+    EXPECT_TRUE(fs::isDirectory(dir / "folder\\a\\b"));
+}
+
+#ifndef _WIN32
+TEST_F(FsCreateDirectories, FailsAtALinkThatLeadsNowhere)
+{
+    ASSERT_TRUE(makeLink(dir / "dangling", text("missing")));
+    EXPECT_FALSE(fs::createDirectories(dir / "dangling"));
+    EXPECT_FALSE(fs::createDirectories(dir / "dangling\\a\\b"));
+    EXPECT_FALSE(exists(dir / "missing"));
+}
+
+TEST_F(FsCreateDirectories, FailsInAReadOnlyFolder)
+{
+    if (::geteuid() == 0) {
+        GTEST_SKIP() << "root may write into every folder";
+    }
+    makeFolder(dir / "closed");
+    ASSERT_EQ(::chmod(hostPath(dir / "closed").c_str(), 0500), 0);
+    EXPECT_FALSE(fs::createDirectories(dir / "closed\\a\\b"));
+    EXPECT_TRUE(fs::createDirectories(dir / "closed"));
+}
+#endif
+
+class FsRemove : public testing::Test {
+protected:
+    TempDir dir;
+};
+
+TEST_F(FsRemove, RemovesAFile)
+{
+    writeBytes(dir / "さくら", "x");
+    EXPECT_TRUE(fs::remove(dir / "さくら"));
+    EXPECT_FALSE(exists(dir / "さくら"));
+}
+
+TEST_F(FsRemove, RemovesAnEmptyFolder)
+{
+    makeFolder(dir / "folder");
+    EXPECT_TRUE(fs::remove(dir / "folder"));
+    EXPECT_FALSE(exists(dir / "folder"));
+}
+
+TEST_F(FsRemove, LeavesAFolderWithSomethingInIt)
+{
+    writeBytes(dir / "folder\\file", "x");
+    EXPECT_FALSE(fs::remove(dir / "folder"));
+    EXPECT_TRUE(exists(dir / "folder\\file"));
+}
+
+TEST_F(FsRemove, FailsWhereNothingIs)
+{
+    writeBytes(dir / "file", "x");
+    EXPECT_FALSE(fs::remove(dir / "missing"));
+    EXPECT_FALSE(fs::remove(dir / "file\\inner"));
+    EXPECT_FALSE(fs::remove(dir / "*"));
+    EXPECT_FALSE(fs::remove(String{}));
+    EXPECT_FALSE(fs::remove(dir / "file" + Char{}));
+    EXPECT_TRUE(exists(dir / "file"));
+}
+
+#ifdef _WIN32
+TEST_F(FsRemove, FailsForAReadOnlyFile)
+{
+    writeBytes(dir / "file", "x");
+    std::filesystem::permissions(hostPath(dir / "file"), std::filesystem::perms::owner_read);
+    EXPECT_FALSE(fs::remove(dir / "file"));
+    EXPECT_TRUE(exists(dir / "file"));
+    std::filesystem::permissions(hostPath(dir / "file"), std::filesystem::perms::owner_all);
+    EXPECT_TRUE(fs::remove(dir / "file"));
+}
+#else
+TEST_F(FsRemove, RemovesALinkAndNotWhatItLeadsTo)
+{
+    writeBytes(dir / "folder\\file", "x");
+    makeFolder(dir / "empty");
+    for (const char* target : {"folder", "empty", "folder\\file", "missing"}) {
+        ASSERT_TRUE(makeLink(dir / "link", text(target)));
+        EXPECT_TRUE(fs::remove(dir / "link")) << target;
+        EXPECT_FALSE(fs::remove(dir / "link")) << target;
+    }
+    EXPECT_TRUE(exists(dir / "folder\\file"));
+    EXPECT_TRUE(exists(dir / "empty"));
+}
+
+TEST_F(FsRemove, ASeparatorAtTheEndDoesNotLeadThroughALink)
+{
+    makeFolder(dir / "empty");
+    ASSERT_TRUE(makeLink(dir / "link", text("empty")));
+    EXPECT_FALSE(fs::remove(dir / "link\\"));
+    EXPECT_TRUE(exists(dir / "empty"));
+}
+
+TEST_F(FsRemove, RemovesAPipe)
+{
+    ASSERT_TRUE(makePipe(dir / "pipe"));
+    EXPECT_TRUE(fs::remove(dir / "pipe"));
+    EXPECT_FALSE(exists(dir / "pipe"));
+}
+
+TEST_F(FsRemove, FailsInAReadOnlyFolder)
+{
+    if (::geteuid() == 0) {
+        GTEST_SKIP() << "root may remove from every folder";
+    }
+    writeBytes(dir / "closed\\file", "x");
+    ASSERT_EQ(::chmod(hostPath(dir / "closed").c_str(), 0500), 0);
+    EXPECT_FALSE(fs::remove(dir / "closed\\file"));
+    ::chmod(hostPath(dir / "closed").c_str(), 0700);
+    EXPECT_TRUE(fs::remove(dir / "closed\\file"));
+}
+#endif
+
+} // namespace

@@ -1,0 +1,436 @@
+// Every system call of the layer fails once, is interrupted once, or moves only a few bytes.
+#ifndef _WIN32
+
+#    include <cerrno>
+#    include <climits>
+#    include <cstring>
+#    include <functional>
+#    include <string>
+#    include <vector>
+
+#    include <dirent.h>
+#    include <gmock/gmock.h>
+#    include <gtest/gtest.h>
+
+#    include "fs/fs.h"
+#    include "posix_faults.h"
+#    include "support/temp_dir.h"
+
+namespace {
+
+using namespace Korvel::CANTORIS::PLX;
+using fs::WriteResult;
+using TestSupport::exists;
+using TestSupport::makeFolder;
+using TestSupport::makeLink;
+using TestSupport::readBytes;
+using TestSupport::TempDir;
+using TestSupport::text;
+using TestSupport::utf8;
+using TestSupport::writeBytes;
+
+int countOpenDescriptors()
+{
+    int count = 0;
+    DIR* folder = ::opendir("/proc/self/fd");
+    while (::readdir(folder) != nullptr) {
+        ++count;
+    }
+    ::closedir(folder);
+    return count;
+}
+
+constexpr int failures[] = {EIO,          EACCES, EPERM,   ENOSPC, EMFILE, ENOMEM,   EISDIR,
+                            ENAMETOOLONG, EEXIST, ENOTDIR, ENOENT, EROFS,  ENOTEMPTY};
+
+// These do not claim that nothing is there; each takes another way through the removal.
+constexpr int honestFailures[] = {EIO, EPERM, EMFILE};
+
+struct Work {
+    std::function<void()> prepare;
+    std::function<void()> run;
+    std::function<void()> check; // what may come of it, whatever fails
+};
+
+class FsFaults : public testing::Test {
+protected:
+    long countCalls(const Work& work)
+    {
+        work.prepare();
+        Faults::failCall(LONG_MAX, 0);
+        work.run();
+        const long calls = Faults::stop();
+        work.check();
+        return calls;
+    }
+
+    template <typename Fail>
+    void runWith(Fail fail, long number, int error, const Work& work)
+    {
+        SCOPED_TRACE(std::string(std::strerror(error)) + " at call " + std::to_string(number));
+        work.prepare();
+        const int descriptors = countOpenDescriptors();
+        fail(number, error);
+        work.run();
+        Faults::stop();
+        EXPECT_EQ(countOpenDescriptors(), descriptors);
+        work.check();
+    }
+
+    // Runs the work once for each of its calls, with that call failing, and once more with all calls
+    // from there on failing.
+    template <typename Errors>
+    void failEachCall(const Errors& errors, const Work& work)
+    {
+        const long calls = countCalls(work);
+        ASSERT_GT(calls, 0);
+        for (const int error : errors) {
+            for (long number = 1; number <= calls; ++number) {
+                runWith(Faults::failCall, number, error, work);
+                runWith(Faults::failFrom, number, error, work);
+            }
+        }
+    }
+
+    void interruptEachCall(const Work& work)
+    {
+        const long calls = countCalls(work);
+        ASSERT_GT(calls, 0);
+        for (long number = 1; number <= calls; ++number) {
+            runWith(Faults::failCall, number, EINTR, work);
+        }
+    }
+
+    Work reading()
+    {
+        return {[this] { writeBytes(dir / "file", before); },
+                [this] { result = fs::readFile(dir / "file", content); },
+                [this] { EXPECT_TRUE(!result || content == before); }};
+    }
+
+    Work writing()
+    {
+        return {[this] { writeBytes(dir / "file", before); },
+                [this] { outcome = fs::writeFile(dir / "file", after); },
+                [this] { checkWritten(readBytes(dir / "file")); }};
+    }
+
+    void checkWritten(const std::string& now)
+    {
+        switch (outcome) {
+        case WriteResult::written:
+            EXPECT_TRUE(now == after);
+            break;
+        case WriteResult::notOpened:
+            EXPECT_TRUE(now == before);
+            break;
+        case WriteResult::failed:
+            EXPECT_TRUE(after.starts_with(now));
+            break;
+        }
+    }
+
+    Work copying()
+    {
+        const auto prepare = [this] {
+            writeBytes(dir / "file", before);
+            fs::remove(dir / "copy");
+        };
+        const auto check = [this] {
+            const std::string copy = exists(dir / "copy") ? readBytes(dir / "copy") : "";
+            EXPECT_TRUE(result ? copy == before : before.starts_with(copy));
+            EXPECT_TRUE(readBytes(dir / "file") == before);
+        };
+        return {prepare, [this] { result = fs::copyFile(dir / "file", dir / "copy"); }, check};
+    }
+
+    Work creating()
+    {
+        return {[this] { ASSERT_TRUE(fs::removeTree(dir / "new")); },
+                [this] { result = fs::createDirectories(dir / "new\\one\\two"); },
+                [this] { EXPECT_TRUE(!result || fs::isDirectory(dir / "new\\one\\two")); }};
+    }
+
+    Work removing(const String& path)
+    {
+        const auto prepare = [this] {
+            writeBytes(dir / "file", "x");
+            makeFolder(dir / "folder");
+        };
+        return {prepare, [this, path] { result = fs::remove(path); },
+                [this, path] { EXPECT_NE(result, exists(path)); }};
+    }
+
+    Work removingTree()
+    {
+        const auto prepare = [this] {
+            fs::removeTree(dir / "tree");
+            makeTree();
+        };
+        const auto check = [this] {
+            EXPECT_NE(result, exists(dir / "tree"));
+            EXPECT_TRUE(exists(dir / "outside\\e"));
+            EXPECT_TRUE(fs::removeTree(dir / "tree"));
+        };
+        return {prepare, [this] { result = fs::removeTree(dir / "tree"); }, check};
+    }
+
+    void makeTree()
+    {
+        for (const char* path : {"a", "one\\b", "one\\two\\c", "three\\d"}) {
+            writeBytes(dir / ("tree\\" + std::string(path)), "x");
+        }
+        writeBytes(dir / "outside\\e", "x");
+        ASSERT_TRUE(makeLink(dir / "tree\\link", text("..\\outside")));
+        ASSERT_TRUE(makeLink(dir / "tree\\one\\up", text("..")));
+        ASSERT_TRUE(makeLink(dir / "tree\\f", text("..\\outside\\e")));
+    }
+
+    // When a folder above cannot be recognised, the link to it counts as another folder.
+    Work walking()
+    {
+        const auto run = [this] {
+            found.clear();
+            fs::forEachFile(dir / "tree", [this](const String& path) {
+                found.push_back(utf8(path.substr((dir / "tree\\").size())));
+            });
+        };
+        const auto check = [this] {
+            for (std::string path : found) {
+                if (path.starts_with("one\\up\\")) {
+                    path.erase(0, 7);
+                }
+                EXPECT_THAT(treeFiles, testing::Contains(path));
+            }
+        };
+        return {[] {}, run, check};
+    }
+
+    TempDir dir;
+    const std::vector<std::string> treeFiles = {"a",      "f",           "link\\e",
+                                                "one\\b", "one\\two\\c", "three\\d"};
+    const std::string before = std::string(100000, 'b');
+    const std::string after = std::string(150000, 'a');
+    std::string content;
+    bool result = false;
+    WriteResult outcome = WriteResult::failed;
+    std::vector<std::string> found;
+};
+
+TEST_F(FsFaults, ReadingEndsWellOrSaysThatItDidNot)
+{
+    failEachCall(failures, reading());
+}
+
+TEST_F(FsFaults, ReadingNoticesEveryFailureButThatOfClosing)
+{
+    const Work work = reading();
+    ASSERT_EQ(countCalls(work), 4); // status, open, read, close: a scan pays them for every clip
+    for (long number = 1; number <= 4; ++number) {
+        runWith(Faults::failCall, number, EIO, work);
+        EXPECT_EQ(result, number == 4);
+    }
+}
+
+TEST_F(FsFaults, ReadingAnInterruptedFileGoesOn)
+{
+    Work work = reading();
+    work.check = [this] { EXPECT_TRUE(result && content == before); };
+    interruptEachCall(work);
+}
+
+TEST_F(FsFaults, ReadingGoesOnAfterShortReads)
+{
+    const Work work = reading();
+    work.prepare();
+    Faults::limitTransfers(777);
+    work.run();
+    EXPECT_GT(Faults::stop(), 100);
+    EXPECT_TRUE(result && content == before);
+}
+
+TEST_F(FsFaults, WritingEndsWellOrSaysHowFarItCame)
+{
+    failEachCall(failures, writing());
+}
+
+TEST_F(FsFaults, WritingCountsOnlyWhenEveryStepFromOpeningOnSucceeded)
+{
+    const Work work = writing();
+    ASSERT_EQ(countCalls(work), 4);
+    const WriteResult expected[] = {WriteResult::written, WriteResult::notOpened,
+                                    WriteResult::failed, WriteResult::failed};
+    for (long number = 1; number <= 4; ++number) {
+        runWith(Faults::failCall, number, EIO, work);
+        EXPECT_EQ(outcome, expected[number - 1]) << number;
+    }
+}
+
+TEST_F(FsFaults, WritingGoesOnAfterInterruptions)
+{
+    Work work = writing();
+    work.check = [this] {
+        EXPECT_EQ(outcome, WriteResult::written);
+        EXPECT_TRUE(readBytes(dir / "file") == after);
+    };
+    interruptEachCall(work);
+}
+
+TEST_F(FsFaults, WritingGoesOnAfterShortWrites)
+{
+    const Work work = writing();
+    work.prepare();
+    Faults::limitTransfers(777);
+    work.run();
+    EXPECT_GT(Faults::stop(), 100);
+    EXPECT_EQ(outcome, WriteResult::written);
+    EXPECT_TRUE(readBytes(dir / "file") == after);
+}
+
+TEST_F(FsFaults, CopyingEndsWellOrSaysThatItDidNot)
+{
+    failEachCall(failures, copying());
+}
+
+TEST_F(FsFaults, CopyingCountsOnlyWhenEveryStepSucceeded)
+{
+    const Work work = copying();
+    const long calls = countCalls(work);
+    for (long number = 1; number <= calls; ++number) {
+        runWith(Faults::failCall, number, EIO, work);
+        EXPECT_EQ(result, number == calls); // the last one closes the file that was read
+    }
+}
+
+TEST_F(FsFaults, CopyingGoesOnAfterInterruptions)
+{
+    Work work = copying();
+    work.check = [this] { EXPECT_TRUE(result && readBytes(dir / "copy") == before); };
+    interruptEachCall(work);
+}
+
+TEST_F(FsFaults, CopyingGoesOnAfterShortTransfers)
+{
+    const Work work = copying();
+    work.prepare();
+    Faults::limitTransfers(777);
+    work.run();
+    EXPECT_GT(Faults::stop(), 200);
+    EXPECT_TRUE(result && readBytes(dir / "copy") == before);
+}
+
+TEST_F(FsFaults, CreatingEndsWithAFolderOrSaysThatItDidNot)
+{
+    failEachCall(failures, creating());
+}
+
+TEST_F(FsFaults, CreatingGoesOnAfterInterruptions)
+{
+    Work work = creating();
+    work.check = [this] { EXPECT_TRUE(result && fs::isDirectory(dir / "new\\one\\two")); };
+    interruptEachCall(work);
+}
+
+TEST_F(FsFaults, RemovingSaysWhetherItDid)
+{
+    failEachCall(failures, removing(dir / "file"));
+    failEachCall(failures, removing(dir / "folder"));
+}
+
+TEST_F(FsFaults, RemovingGoesOnAfterInterruptions)
+{
+    for (const String& path : {dir / "file", dir / "folder"}) {
+        Work work = removing(path);
+        work.check = [this, path] { EXPECT_TRUE(result && !exists(path)); };
+        interruptEachCall(work);
+    }
+}
+
+TEST_F(FsFaults, RemovingATreeSaysWhetherAnythingIsLeft)
+{
+    failEachCall(honestFailures, removingTree());
+}
+
+TEST_F(FsFaults, RemovingATreeGoesOnAfterInterruptions)
+{
+    Work work = removingTree();
+    work.check = [this] {
+        EXPECT_TRUE(result && !exists(dir / "tree"));
+        EXPECT_TRUE(exists(dir / "outside\\e"));
+    };
+    interruptEachCall(work);
+}
+
+TEST_F(FsFaults, AWalkFindsNothingButFiles)
+{
+    makeTree();
+    failEachCall(failures, walking());
+}
+
+TEST_F(FsFaults, AWalkLosesOnlyTheFolderThatFails)
+{
+    makeTree();
+    const Work work = walking();
+    const long calls = countCalls(work);
+    std::size_t complete = 0;
+    std::size_t empty = 0;
+    for (long number = 1; number <= calls; ++number) {
+        runWith(Faults::failCall, number, EMFILE, work);
+        complete += found.size() >= treeFiles.size();
+        empty += found.empty();
+    }
+    EXPECT_GE(complete, 6u); // at least when a folder is closed, or its last entry has been read
+    EXPECT_LE(empty, 4u);    // the first calls list the tree's own folder
+}
+
+TEST_F(FsFaults, AWalkGoesOnAfterInterruptions)
+{
+    makeTree();
+    Work work = walking();
+    work.check = [this] { EXPECT_THAT(found, testing::UnorderedElementsAreArray(treeFiles)); };
+    interruptEachCall(work);
+}
+
+TEST_F(FsFaults, QuestionsAreAnsweredNoWhenTheSystemDoesNotAnswer)
+{
+    makeTree();
+    const auto ask = [this](auto question) {
+        bool answer = false;
+        const Work work = {[] {}, [&] { answer = question(); }, [] {}};
+        const long calls = countCalls(work);
+        EXPECT_TRUE(answer);
+        for (long number = 1; number <= calls; ++number) {
+            runWith(Faults::failCall, number, EIO, work);
+            EXPECT_FALSE(answer);
+            runWith(Faults::failCall, number, EINTR, work);
+            EXPECT_TRUE(answer);
+        }
+    };
+    ask([this] { return fs::exists(dir / "tree\\a"); });
+    ask([this] { return fs::isPlainFile(dir / "tree\\a"); });
+    ask([this] { return fs::isDirectory(dir / "tree\\one"); });
+    ask([this] { return fs::isStrictlyBelow(dir / "tree\\one", dir / "tree"); });
+}
+
+TEST_F(FsFaults, AUuidComesFromTheDeviceWhenTheCallIsRefused)
+{
+    for (const int error : {ENOSYS, EPERM, EINTR}) {
+        Faults::failCall(1, error);
+        const String uuid = fs::newUuid();
+        Faults::stop();
+        EXPECT_EQ(uuid.size(), 36u);
+        EXPECT_NE(uuid, text("00000000-0000-4000-8000-000000000000"));
+    }
+}
+
+TEST_F(FsFaults, WithoutRandomnessThereIsNoUuid)
+{
+    Faults::failFrom(1, EIO);
+    const String uuid = fs::newUuid();
+    Faults::stop();
+    EXPECT_EQ(uuid, String{});
+}
+
+} // namespace
+
+#endif

@@ -1,0 +1,256 @@
+#include <filesystem>
+#include <string>
+#include <system_error>
+
+#include <gtest/gtest.h>
+
+#include "fs/fs.h"
+#include "support/temp_dir.h"
+
+namespace {
+
+using namespace Korvel::CANTORIS::PLX;
+using TestSupport::makeFolder;
+using TestSupport::makeLink;
+using TestSupport::makePipe;
+using TestSupport::TempDir;
+using TestSupport::text;
+using TestSupport::writeBytes;
+
+class FsQuestions : public testing::Test {
+protected:
+    void expect(const String& path, bool exists, bool isDirectory, bool isPlainFile)
+    {
+        SCOPED_TRACE(TestSupport::utf8(path));
+        EXPECT_EQ(fs::exists(path), exists);
+        EXPECT_EQ(fs::isDirectory(path), isDirectory);
+        EXPECT_EQ(fs::isPlainFile(path), isPlainFile);
+    }
+
+    void expectFile(const String& path) { expect(path, true, false, true); }
+    void expectFolder(const String& path) { expect(path, true, true, false); }
+    void expectNothing(const String& path) { expect(path, false, false, false); }
+
+    TempDir dir;
+};
+
+TEST_F(FsQuestions, TellFilesFromFolders)
+{
+    writeBytes(dir / "folder\\file", "x");
+    expectFolder(dir.path());
+    expectFolder(dir / "folder");
+    expectFile(dir / "folder\\file");
+}
+
+TEST_F(FsQuestions, AnEmptyFileIsAFile)
+{
+    writeBytes(dir / "empty", "");
+    expectFile(dir / "empty");
+}
+
+TEST_F(FsQuestions, AFileMayBeLargerThanThirtyTwoBitsCount)
+{
+    writeBytes(dir / "large.wav", "");
+    std::error_code error;
+    std::filesystem::resize_file(TestSupport::hostPath(dir / "large.wav"), 5'000'000'000, error);
+    if (error) {
+        GTEST_SKIP() << "no such file can be made here: " << error.message();
+    }
+    expectFile(dir / "large.wav");
+}
+
+TEST_F(FsQuestions, AreAnsweredNoForWhatIsMissing)
+{
+    writeBytes(dir / "file", "x");
+    expectNothing(dir / "missing");
+    expectNothing(dir / "missing\\inner");
+    expectNothing(dir / "file\\inner");
+    expectNothing(String{});
+}
+
+TEST_F(FsQuestions, AreAboutTheExactPath)
+{
+    writeBytes(dir / "folder\\file", "x");
+    expectNothing(dir / "*");
+    expectNothing(dir / "folder\\*");
+    expectNothing(dir / "f?lder");
+}
+
+TEST_F(FsQuestions, KnowNamesOfAllScripts)
+{
+    for (const char* name : {"Frère Jacques", "さくら", "🎵🎶", "Ä\xCC\x88"}) {
+        writeBytes(dir / (std::string(name) + "\\x"), "x");
+        expectFolder(dir / name);
+        expectFile(dir / (std::string(name) + "\\x"));
+    }
+}
+
+TEST_F(FsQuestions, APathThatTheHostCannotSpellLeadsNowhere)
+{
+    writeBytes(dir / "file", "x");
+    const Char high = static_cast<Char>(0xD83C);
+    const Char low = static_cast<Char>(0xDFB5);
+    expectNothing(dir / "file" + Char{});
+    expectNothing(dir / "file" + Char{} + fs::separator);
+    expectNothing(dir.path() + fs::separator + high);
+    expectNothing(dir.path() + fs::separator + low);
+    expectNothing(dir.path() + fs::separator + high + static_cast<Char>('x'));
+    expectNothing(dir.path() + fs::separator + low + high);
+}
+
+TEST_F(FsQuestions, APathOfAnyLengthIsAnswered)
+{
+    expectNothing(dir / std::string(300, 'n'));
+    expectNothing(dir / std::string(40000, 'n'));
+    expectNothing(dir / std::string(1000000, '\\') + text("x"));
+}
+
+TEST_F(FsQuestions, LinksAreFollowed)
+{
+    writeBytes(dir / "folder\\file", "x");
+    if (!makeLink(dir / "to folder", text("folder")) ||
+        !makeLink(dir / "to file", text("folder\\file"))) {
+        GTEST_SKIP() << "this system makes no links";
+    }
+    expectFolder(dir / "to folder");
+    expectFile(dir / "to folder\\file");
+    expectFile(dir / "to file");
+}
+
+TEST_F(FsQuestions, APipeIsNeitherFileNorFolder)
+{
+    if (!makePipe(dir / "pipe")) {
+        GTEST_SKIP() << "this system has no pipes in folders";
+    }
+    EXPECT_FALSE(fs::isDirectory(dir / "pipe"));
+    EXPECT_FALSE(fs::isPlainFile(dir / "pipe"));
+}
+
+#ifdef _WIN32
+TEST_F(FsQuestions, ADeviceIsNoPlainFile)
+{
+    for (const char* device : {"NUL", "CON", "COM1", "\\\\.\\NUL"}) {
+        EXPECT_FALSE(fs::isPlainFile(text(device))) << device;
+        EXPECT_FALSE(fs::isDirectory(text(device))) << device;
+    }
+    EXPECT_FALSE(fs::isPlainFile(dir / "NUL"));
+}
+#else
+TEST_F(FsQuestions, ADanglingLinkLeadsNowhere)
+{
+    ASSERT_TRUE(makeLink(dir / "dangling", text("missing")));
+    ASSERT_TRUE(makeLink(dir / "itself", text("itself")));
+    expectNothing(dir / "dangling");
+    expectNothing(dir / "itself");
+}
+
+TEST_F(FsQuestions, ADeviceIsNoPlainFile)
+{
+    expect(text("\\dev\\null"), true, false, false);
+}
+
+TEST_F(FsQuestions, BothSeparatorsLeadThroughFolders)
+{
+    writeBytes(dir / "a\\b\\file", "x");
+    expectFile(dir / "a/b\\file");
+    expectFolder(dir / "a/b");
+}
+#endif
+
+class FsIsStrictlyBelow : public testing::Test {
+protected:
+    FsIsStrictlyBelow()
+    {
+        writeBytes(dir / "clip\\audio\\take.wav", "x");
+        writeBytes(dir / "clip2\\take.wav", "x");
+    }
+
+    bool isBelow(const char* path, const char* folder)
+    {
+        return fs::isStrictlyBelow(dir / path, dir / folder);
+    }
+
+    TempDir dir;
+};
+
+TEST_F(FsIsStrictlyBelow, HoldsAtAnyDepth)
+{
+    EXPECT_TRUE(isBelow("clip\\audio", "clip"));
+    EXPECT_TRUE(isBelow("clip\\audio\\take.wav", "clip"));
+    EXPECT_TRUE(fs::isStrictlyBelow(dir / "clip", dir.path()));
+}
+
+TEST_F(FsIsStrictlyBelow, DoesNotHoldForTheFolderItself)
+{
+    EXPECT_FALSE(isBelow("clip", "clip"));
+    EXPECT_FALSE(isBelow("clip\\", "clip"));
+    EXPECT_FALSE(isBelow("clip\\.", "clip"));
+    EXPECT_FALSE(isBelow("clip\\audio\\..", "clip"));
+}
+
+TEST_F(FsIsStrictlyBelow, DoesNotHoldUpwardsOrSideways)
+{
+    EXPECT_FALSE(isBelow("clip", "clip\\audio"));
+    EXPECT_FALSE(isBelow("clip\\..\\clip2", "clip"));
+    EXPECT_FALSE(isBelow("clip\\audio\\..\\..\\clip2\\take.wav", "clip"));
+}
+
+TEST_F(FsIsStrictlyBelow, ALongerNameThatBeginsAlikeIsAnotherFolder)
+{
+    EXPECT_FALSE(isBelow("clip2", "clip"));
+    EXPECT_FALSE(isBelow("clip2\\take.wav", "clip"));
+}
+
+TEST_F(FsIsStrictlyBelow, DetoursAreResolved)
+{
+    EXPECT_TRUE(isBelow("clip2\\..\\clip\\audio", "clip"));
+    EXPECT_TRUE(isBelow("clip\\audio", "clip\\audio\\.."));
+    EXPECT_TRUE(isBelow("clip\\\\audio", "clip\\"));
+}
+
+TEST_F(FsIsStrictlyBelow, DoesNotHoldForWhatIsMissing)
+{
+    EXPECT_FALSE(isBelow("clip\\missing", "clip"));
+    EXPECT_FALSE(isBelow("clip\\audio", "missing"));
+    EXPECT_FALSE(fs::isStrictlyBelow(String{}, dir.path()));
+    EXPECT_FALSE(fs::isStrictlyBelow(dir / "clip", String{}));
+    EXPECT_FALSE(fs::isStrictlyBelow(dir / "clip\\audio" + Char{}, dir / "clip"));
+    EXPECT_FALSE(fs::isStrictlyBelow(dir / "clip\\audio", dir / "clip" + Char{}));
+}
+
+TEST_F(FsIsStrictlyBelow, HoldsBelowTheRoot)
+{
+#ifdef _WIN32
+    const String root = text("C:\\");
+    const String inner = text("C:\\windows");
+#else
+    const String root = text("\\");
+    const String inner = text("\\dev");
+#endif
+    ASSERT_TRUE(fs::isDirectory(inner));
+    EXPECT_TRUE(fs::isStrictlyBelow(inner, root));
+    EXPECT_FALSE(fs::isStrictlyBelow(root, root));
+    EXPECT_FALSE(fs::isStrictlyBelow(root, inner));
+}
+
+TEST_F(FsIsStrictlyBelow, LinksCountAsWhatTheyLeadTo)
+{
+    if (!makeLink(dir / "clip\\out", text("..\\clip2")) ||
+        !makeLink(dir / "in", text("clip\\audio"))) {
+        GTEST_SKIP() << "this system makes no links";
+    }
+    EXPECT_FALSE(isBelow("clip\\out", "clip"));
+    EXPECT_FALSE(isBelow("clip\\out\\take.wav", "clip"));
+    EXPECT_TRUE(isBelow("in", "clip"));
+    EXPECT_TRUE(isBelow("in\\take.wav", "clip"));
+}
+
+TEST_F(FsIsStrictlyBelow, ANameThatDiffersByCaseIsAnotherFolderIfTheSystemSaysSo)
+{
+    makeFolder(dir / "CLIP\\AUDIO");
+    writeBytes(dir / "CLIP\\AUDIO\\only here", "x");
+    const bool isSame = TestSupport::exists(dir / "clip\\audio\\only here");
+    EXPECT_EQ(isBelow("CLIP\\AUDIO", "clip"), isSame);
+}
+
+} // namespace

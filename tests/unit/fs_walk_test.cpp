@@ -1,0 +1,293 @@
+#include <algorithm>
+#include <chrono>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "fs/fs.h"
+#include "support/temp_dir.h"
+
+namespace {
+
+using namespace Korvel::CANTORIS::PLX;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::UnorderedElementsAre;
+using TestSupport::makeFolder;
+using TestSupport::makeLink;
+using TestSupport::makePipe;
+using TestSupport::TempDir;
+using TestSupport::text;
+using TestSupport::utf8;
+using TestSupport::writeBytes;
+
+using Paths = std::vector<std::string>;
+
+// The visited paths, as they follow the folder's own.
+Paths filesIn(const String& folder)
+{
+    Paths paths;
+    fs::forEachFile(folder, [&](const String& path) {
+        EXPECT_EQ(path.substr(0, folder.size()), folder);
+        EXPECT_EQ(path.at(folder.size()), fs::separator);
+        paths.push_back(utf8(path.substr(folder.size() + 1)));
+    });
+    return paths;
+}
+
+// The same, by the standard library, which lists in the order of the file system too.
+void appendInSystemOrder(const std::filesystem::path& folder, const std::string& prefix,
+                         Paths& paths)
+{
+    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+        const auto u8name = entry.path().filename().u8string();
+        const std::string name = prefix + std::string(u8name.begin(), u8name.end());
+        if (entry.is_directory()) {
+            appendInSystemOrder(entry.path(), name + "\\", paths);
+        } else {
+            paths.push_back(name);
+        }
+    }
+}
+
+Paths filesInSystemOrder(const String& folder)
+{
+    Paths paths;
+    appendInSystemOrder(TestSupport::hostPath(folder), "", paths);
+    return paths;
+}
+
+class FsWalk : public testing::Test {
+protected:
+    void file(const char* path) { writeBytes(dir / path, "x"); }
+
+    TempDir dir;
+};
+
+class FsWalkLinks : public FsWalk {
+protected:
+    void SetUp() override
+    {
+        file("probe\\file");
+        if (!makeLink(dir / "probe link", text("probe"))) {
+            GTEST_SKIP() << "this system makes no links";
+        }
+        ASSERT_TRUE(fs::remove(dir / "probe\\file"));
+    }
+
+    void link(const char* path, const char* target)
+    {
+        ASSERT_TRUE(makeLink(dir / path, text(target))) << path;
+    }
+};
+
+TEST_F(FsWalk, FindsNothingWhereNothingIs)
+{
+    file("file");
+    makeFolder(dir / "empty");
+    EXPECT_THAT(filesIn(dir / "empty"), IsEmpty());
+    EXPECT_THAT(filesIn(dir / "missing"), IsEmpty());
+    EXPECT_THAT(filesIn(dir / "file"), IsEmpty());
+    EXPECT_THAT(filesIn(String{}), IsEmpty());
+    EXPECT_THAT(filesIn(dir.path() + Char{}), IsEmpty());
+    EXPECT_THAT(filesIn(dir / "*"), IsEmpty());
+}
+
+TEST_F(FsWalk, FindsFilesAtEveryDepthAndNoFolders)
+{
+    file("a");
+    file("one\\b");
+    file("one\\two\\c");
+    makeFolder(dir / "one\\two\\three.kxclip");
+    EXPECT_THAT(filesIn(dir.path()), UnorderedElementsAre("a", "one\\b", "one\\two\\c"));
+}
+
+TEST_F(FsWalk, FindsHiddenNamesAndNamesOfDots)
+{
+    file(".kxclip");
+    file(".hidden\\..x");
+    file("...a\\b");
+    EXPECT_THAT(filesIn(dir.path()), UnorderedElementsAre(".kxclip", ".hidden\\..x", "...a\\b"));
+}
+
+TEST_F(FsWalk, GoesInTheOrderOfTheFileSystemAndDescendsInPlace)
+{
+    for (int i = 0; i < 40; ++i) {
+        const std::string number = std::to_string(i * 7919 % 40);
+        file(("file" + number).c_str());
+        file(("folder" + number + "\\z").c_str());
+        file(("folder" + number + "\\inner\\y").c_str());
+        file(("folder" + number + "\\a").c_str());
+    }
+    const Paths paths = filesIn(dir.path());
+    EXPECT_EQ(paths.size(), 160u);
+    EXPECT_EQ(paths, filesInSystemOrder(dir.path()));
+}
+
+TEST_F(FsWalk, KnowsNamesOfAllScripts)
+{
+    file("Frère Jacques\\fête.kxclip");
+    file("さくら\\桜.kxclip");
+    file("🎵\\🎶.kxclip");
+    file("e\xCC\x81\\é");
+    EXPECT_THAT(filesIn(dir.path()),
+                UnorderedElementsAre("Frère Jacques\\fête.kxclip", "さくら\\桜.kxclip",
+                                     "🎵\\🎶.kxclip", "e\xCC\x81\\é"));
+}
+
+TEST_F(FsWalk, KeepsTheFolderAsItWasPassed)
+{
+    file("one\\a");
+    const String folder = dir / "one\\..\\one\\";
+    EXPECT_THAT(filesIn(folder), ElementsAre("a"));
+}
+
+TEST_F(FsWalk, APathIsGoodForOpeningTheFile)
+{
+    writeBytes(dir / "さくら\\🎵\\song", "la la");
+    std::string content;
+    fs::forEachFile(dir.path(), [&](const String& path) { fs::readFile(path, content); });
+    EXPECT_EQ(content, "la la");
+}
+
+TEST_F(FsWalk, ManyFilesInOneFolderAreAllVisited)
+{
+    for (int i = 0; i < 600; ++i) {
+        file(("name of a file number " + std::to_string(i)).c_str());
+    }
+    Paths paths = filesIn(dir.path());
+    EXPECT_EQ(paths.size(), 600u);
+    std::sort(paths.begin(), paths.end());
+    EXPECT_EQ(std::unique(paths.begin(), paths.end()), paths.end());
+}
+
+TEST_F(FsWalk, FilesThatComeAndGoMeanwhileDoNoHarm)
+{
+    for (int i = 0; i < 50; ++i) {
+        file(("folder" + std::to_string(i) + "\\file").c_str());
+    }
+    Paths paths;
+    fs::forEachFile(dir.path(), [&](const String& path) {
+        if (paths.empty()) {
+            EXPECT_TRUE(fs::removeTree(dir / "folder25"));
+            EXPECT_TRUE(fs::removeTree(String{fs::parentPath(path)}));
+            file("new\\file");
+        }
+        paths.push_back(utf8(path));
+    });
+    EXPECT_GE(paths.size(), 49u); // folder25 may have been the first one
+    EXPECT_LE(paths.size(), 50u);
+}
+
+TEST_F(FsWalk, AnExceptionOfTheVisitorPassesThrough)
+{
+    file("a\\b\\c");
+    const auto refuse = [](const String&) { throw 7; };
+    EXPECT_THROW(fs::forEachFile(dir.path(), refuse), int);
+    EXPECT_TRUE(fs::removeTree(dir / "a"));
+}
+
+TEST_F(FsWalk, AWalkInsideAWalkDisturbsNothing)
+{
+    file("a\\1");
+    file("b\\2");
+    int inner = 0;
+    fs::forEachFile(dir.path(), [&](const String&) {
+        fs::forEachFile(dir.path(), [&](const String&) { ++inner; });
+    });
+    EXPECT_EQ(inner, 4);
+}
+
+TEST_F(FsWalkLinks, ALinkCountsAsWhatItLeadsTo)
+{
+    file("elsewhere\\sounds\\a");
+    file("clips\\b");
+    link("clips\\sounds", "..\\elsewhere\\sounds");
+    link("clips\\c", "..\\elsewhere\\sounds\\a");
+    EXPECT_THAT(filesIn(dir / "clips"), UnorderedElementsAre("b", "c", "sounds\\a"));
+}
+
+TEST_F(FsWalkLinks, TheFolderItselfMayBeALink)
+{
+    file("clips\\a");
+    link("link", "clips");
+    EXPECT_THAT(filesIn(dir / "link"), ElementsAre("a"));
+}
+
+TEST_F(FsWalkLinks, ALinkBackToAFolderAboveIsPassedOver)
+{
+    file("clips\\one\\two\\a");
+    link("clips\\one\\two\\itself", ".");
+    link("clips\\one\\two\\up", "..");
+    link("clips\\one\\two\\top", "..\\..");
+    EXPECT_THAT(filesIn(dir / "clips"), ElementsAre("one\\two\\a"));
+}
+
+TEST_F(FsWalkLinks, AFolderAboveIsKnownWhicheverPathLedToIt)
+{
+    file("clips\\one\\a");
+    link("clips\\one\\back", "..\\..\\clips");
+    link("detour", "clips");
+    EXPECT_THAT(filesIn(dir / "detour"), ElementsAre("one\\a"));
+    EXPECT_THAT(filesIn(dir / "clips\\.."), testing::Contains("clips\\one\\a"));
+}
+
+TEST_F(FsWalkLinks, ALinkOutOfTheTreeAndBackIsCutAtTheWayBack)
+{
+    file("clips\\a");
+    file("other\\b");
+    link("clips\\out", "..\\other");
+    link("other\\in", "..\\clips");
+    EXPECT_THAT(filesIn(dir / "clips"), UnorderedElementsAre("a", "out\\b"));
+}
+
+TEST_F(FsWalkLinks, AFolderIsVisitedAtItsOwnPlaceAndThroughOneLink)
+{
+    file("clips\\own\\a");
+    link("clips\\link1", "own");
+    link("clips\\link2", "own");
+    const Paths paths = filesIn(dir / "clips");
+    EXPECT_EQ(paths.size(), 2u);
+    EXPECT_THAT(paths, testing::Contains("own\\a"));
+}
+
+// Every folder leads to the next one twice: 2^24 paths to the last.
+TEST_F(FsWalkLinks, LinksSideBySideDoNotMultiply)
+{
+    file("clips\\file");
+    for (int i = 0; i < 24; ++i) {
+        const std::string here = "f" + std::to_string(i);
+        const std::string there = "..\\f" + std::to_string(i + 1);
+        makeFolder(dir / ("f" + std::to_string(i + 1)));
+        makeFolder(dir / here);
+        link((here + "\\left").c_str(), there.c_str());
+        link((here + "\\right").c_str(), there.c_str());
+    }
+    file("f24\\end");
+    link("clips\\start", "..\\f0");
+    EXPECT_EQ(filesIn(dir / "clips").size(), 2u);
+}
+
+// The paths without a repetition through n folders that all lead to each other are more than n!.
+TEST_F(FsWalkLinks, LinksFromEachFolderToEachOtherDoNotMultiply)
+{
+    for (int i = 0; i < 8; ++i) {
+        file(("f" + std::to_string(i) + "\\file").c_str());
+    }
+    for (int i = 0; i < 8; ++i) {
+        for (int j = 0; j < 8; ++j) {
+            const std::string path = "f" + std::to_string(i) + "\\to" + std::to_string(j);
+            link(path.c_str(), ("..\\f" + std::to_string(j)).c_str());
+        }
+    }
+    const Paths paths = filesIn(dir.path());
+    for (int i = 0; i < 8; ++i) {
+        EXPECT_THAT(paths, testing::Contains("f" + std::to_string(i) + "\\file"));
+    }
+    EXPECT_LE(paths.size(), 17u); // each at its own place, through a link, and through the probe
+}
+
+} // namespace

@@ -1,0 +1,209 @@
+#ifndef _WIN32
+
+#    include "posix_faults.h"
+
+#    include <algorithm>
+#    include <cerrno>
+#    include <climits>
+#    include <cstdarg>
+#    include <cstdint>
+#    include <cstdlib>
+
+#    include <dirent.h>
+#    include <dlfcn.h>
+#    include <fcntl.h>
+#    include <sys/random.h>
+#    include <sys/stat.h>
+#    include <unistd.h>
+
+namespace Faults {
+
+namespace {
+
+long calls = 0;
+long firstFailing = LONG_MAX;
+long lastFailing = LONG_MAX;
+int failure = 0;
+std::size_t longest = SIZE_MAX;
+
+enum class Interruptible { no, yes };
+
+bool fails(Interruptible interruptible = Interruptible::yes)
+{
+    ++calls;
+    if (calls < firstFailing || calls > lastFailing ||
+        (failure == EINTR && interruptible == Interruptible::no)) {
+        return false;
+    }
+    errno = failure;
+    return true;
+}
+
+template <typename Function>
+Function next(const char* name)
+{
+    return reinterpret_cast<Function>(::dlsym(RTLD_NEXT, name));
+}
+
+} // namespace
+
+void failCall(long number, int error)
+{
+    failFrom(number, error);
+    lastFailing = number;
+}
+
+void failFrom(long number, int error)
+{
+    calls = 0;
+    firstFailing = number;
+    lastFailing = LONG_MAX;
+    failure = error;
+}
+
+void limitTransfers(std::size_t bytes)
+{
+    calls = 0;
+    longest = bytes;
+}
+
+long stop()
+{
+    firstFailing = LONG_MAX;
+    longest = SIZE_MAX;
+    return calls;
+}
+
+} // namespace Faults
+
+using Faults::fails;
+using Faults::Interruptible;
+using Faults::longest;
+using Faults::next;
+
+namespace {
+
+mode_t modeOf(int flags, std::va_list& arguments)
+{
+    return (flags & O_CREAT) != 0 ? va_arg(arguments, mode_t) : 0;
+}
+
+} // namespace
+
+extern "C" {
+
+int open(const char* path, int flags, ...)
+{
+    static const auto call = next<int (*)(const char*, int, ...)>("open");
+    std::va_list arguments;
+    va_start(arguments, flags);
+    const mode_t mode = modeOf(flags, arguments);
+    va_end(arguments);
+    return fails() ? -1 : call(path, flags, mode);
+}
+
+int openat(int folder, const char* path, int flags, ...)
+{
+    static const auto call = next<int (*)(int, const char*, int, ...)>("openat");
+    std::va_list arguments;
+    va_start(arguments, flags);
+    const mode_t mode = modeOf(flags, arguments);
+    va_end(arguments);
+    return fails() ? -1 : call(folder, path, flags, mode);
+}
+
+// Whatever it answers, the descriptor is gone.
+int close(int file)
+{
+    static const auto call = next<decltype(&::close)>("close");
+    const int result = call(file);
+    return fails() ? -1 : result;
+}
+
+ssize_t read(int file, void* bytes, std::size_t size)
+{
+    static const auto call = next<decltype(&::read)>("read");
+    return fails() ? -1 : call(file, bytes, std::min(size, longest));
+}
+
+ssize_t write(int file, const void* bytes, std::size_t size)
+{
+    static const auto call = next<decltype(&::write)>("write");
+    return fails() ? -1 : call(file, bytes, std::min(size, longest));
+}
+
+int stat(const char* path, struct stat* status) noexcept
+{
+    static const auto call = next<int (*)(const char*, struct stat*)>("stat");
+    return fails() ? -1 : call(path, status);
+}
+
+int fstat(int file, struct stat* status) noexcept
+{
+    static const auto call = next<int (*)(int, struct stat*)>("fstat");
+    return fails() ? -1 : call(file, status);
+}
+
+int fstatat(int folder, const char* path, struct stat* status, int flags) noexcept
+{
+    static const auto call = next<decltype(&::fstatat)>("fstatat");
+    return fails() ? -1 : call(folder, path, status, flags);
+}
+
+int mkdir(const char* path, mode_t mode) noexcept
+{
+    static const auto call = next<decltype(&::mkdir)>("mkdir");
+    return fails() ? -1 : call(path, mode);
+}
+
+int unlink(const char* path) noexcept
+{
+    static const auto call = next<decltype(&::unlink)>("unlink");
+    return fails() ? -1 : call(path);
+}
+
+int unlinkat(int folder, const char* path, int flags) noexcept
+{
+    static const auto call = next<decltype(&::unlinkat)>("unlinkat");
+    return fails() ? -1 : call(folder, path, flags);
+}
+
+int rmdir(const char* path) noexcept
+{
+    static const auto call = next<decltype(&::rmdir)>("rmdir");
+    return fails() ? -1 : call(path);
+}
+
+DIR* opendir(const char* path)
+{
+    static const auto call = next<decltype(&::opendir)>("opendir");
+    return fails() ? nullptr : call(path);
+}
+
+DIR* fdopendir(int folder)
+{
+    static const auto call = next<decltype(&::fdopendir)>("fdopendir");
+    return fails(Interruptible::no) ? nullptr : call(folder);
+}
+
+dirent* readdir(DIR* folder)
+{
+    static const auto call = next<decltype(&::readdir)>("readdir");
+    return fails() ? nullptr : call(folder);
+}
+
+char* realpath(const char* path, char* resolved) noexcept
+{
+    static const auto call = next<decltype(&::realpath)>("realpath");
+    return fails(Interruptible::no) ? nullptr : call(path, resolved);
+}
+
+ssize_t getrandom(void* bytes, std::size_t size, unsigned flags)
+{
+    static const auto call = next<decltype(&::getrandom)>("getrandom");
+    return fails() ? -1 : call(bytes, size, flags);
+}
+
+} // extern "C"
+
+#endif

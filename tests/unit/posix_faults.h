@@ -1,0 +1,25 @@
+// Makes the system calls of this program fail on demand. The program's own definitions stand before
+// those of the C library, so that the code under test needs no seam for it.
+#pragma once
+#ifndef _WIN32
+
+#    include <cstddef>
+
+namespace Faults {
+
+// From now on the calls are counted from 1, and the one of that number fails. EINTR is only given to
+// calls that know it.
+void failCall(long number, int error);
+
+// The same, and all calls after it fail too.
+void failFrom(long number, int error);
+
+// From now on the calls are counted, and each one reads or writes this many bytes at most.
+void limitTransfers(std::size_t bytes);
+
+// Back to normal; tells how many calls there were.
+long stop();
+
+} // namespace Faults
+
+#endif
