@@ -222,7 +222,7 @@ TEST_F(DataDocumentTest, ReadsThePartOfAClipThatWasReadWhole)
     KRT_PLX_ClipBase* clip = readWhole(dataObject());
     ASSERT_NE(clip, nullptr);
     const Object part = midiPartObject().with("duration", "77");
-    support::writeFile(clipFolder() / "clip.kxclip", dataObject("midi", part).text());
+    writeClipFile(dataObject("midi", part).text());
     ASSERT_TRUE(KRT_PLX_Clip_readPart(clip));
     EXPECT_EQ(KRT_PLX_MidiPartBase_duration(KRT_PLX_Clip_midiPart(clip)), 77);
 }

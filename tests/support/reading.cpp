@@ -165,8 +165,7 @@ KRT_PLX_ClipBase* ReaderTest::clipOfPart()
 KRT_PLX_PartBase* ReaderTest::readPart(const std::string& document)
 {
     KRT_PLX_ClipBase* clip = clipOfPart();
-    std::filesystem::remove(clipFolder() / "clip.kxclip");
-    support::writeFile(clipFolder() / "clip.kxclip", document);
+    writeClipFile(document);
     if (!KRT_PLX_Clip_readPart(clip)) {
         return nullptr;
     }
@@ -197,6 +196,12 @@ std::uint64_t ReaderTest::countNotes(const std::vector<std::string>& notes)
 {
     return support::count(KRT_PLX_MidiPartBase_numNotes,
                           readMidiPartWith("notes", support::array(notes)));
+}
+
+void ReaderTest::writeClipFile(std::string_view bytes)
+{
+    std::filesystem::remove(clipFolder() / "clip.kxclip");
+    support::writeFile(clipFolder() / "clip.kxclip", bytes);
 }
 
 void ReaderTest::addWaveFile(std::string_view name)

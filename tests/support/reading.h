@@ -102,6 +102,9 @@ protected:
     KRT_PLX_NoteBase* readNote(const std::string& note);
     std::uint64_t countNotes(const std::vector<std::string>& notes);
 
+    // Replaces the clip file and reads nothing.
+    void writeClipFile(std::string_view bytes);
+
     void addWaveFile(std::string_view name = "take.wav");
 
 private:
