@@ -106,7 +106,7 @@ void expectOneNote(KRT_PLX_PartBase* part, std::size_t)
 void expectLongTexts(KRT_PLX_PartBase* part, std::size_t size)
 {
     KRT_PLX_NoteBase* note = KRT_PLX_MidiPart_note(part, 0);
-    EXPECT_EQ(utf8(KRT_PLX_NoteBase_lyric(note)), std::string(size, 'x'));
+    EXPECT_TRUE(utf8(KRT_PLX_NoteBase_lyric(note)) == std::string(size, 'x'));
     const std::string phoneme = utf8(KRT_PLX_NoteBase_phoneme(note));
     EXPECT_EQ(phoneme.size(), size / 6 * 3);
     EXPECT_EQ(phoneme.substr(phoneme.size() - 3), "桜");
