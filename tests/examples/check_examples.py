@@ -1,0 +1,279 @@
+"""Checks of the example programs, and of what the pages say that they print.
+
+check_examples.py CASE SOURCES PROGRAMS SUFFIX ROOT [LAUNCHER...]
+"""
+
+import collections
+import pathlib
+import shutil
+import sys
+import tempfile
+import unittest
+
+sys.path.append(str(pathlib.Path(__file__).parent.parent / "support"))
+from programs import Programs, listed_clips  # noqa: E402
+from readme import blocks, table_with  # noqa: E402
+
+SOURCES = PROGRAMS = None
+
+# No clip's tags are longer.
+WIDE = ("--width", "300")
+
+
+class ExampleTest(unittest.TestCase):
+    """Has a folder of its own, with a copy of the user clips, which a program may write to."""
+
+    def setUp(self):
+        self.scratch = pathlib.Path(tempfile.mkdtemp())
+        self.addCleanup(shutil.rmtree, self.scratch)
+        self.user = self.scratch / "user"
+        self.system = SOURCES / "examples/library/system"
+        shutil.copytree(SOURCES / "examples/library/user", self.user)
+
+    def browse(self, *arguments, options=(), code=0):
+        folders = (PROGRAMS.path(self.system), PROGRAMS.path(self.user))
+        result = PROGRAMS.run("browse", *options, *folders, *arguments)
+        self.assertEqual(result.code, code, result.errors)
+        return result
+
+    def names(self, *options):
+        clips = listed_clips(self.browse(options=(*WIDE, *options)).lines)
+        return sorted(clip["Name"] for clip in clips)
+
+
+def listed_by_table(rows):
+    """Counts the clips that a page calls listed; two that share an ID are one clip."""
+    counts = collections.Counter()
+    for row in rows:
+        counts[tuple(row[key] for key in ("Name", "Vendor", "Type", "Key", "BPM"))] += {
+            "yes": 2,
+            "1 of 2": 1,
+            "no": 0,
+        }[row["Listed"]]
+    return {clip: count // 2 for clip, count in counts.items() if count > 0}
+
+
+def in_the_form_of_browse(row):
+    """A row of the library's own page, with the words that browse has for it."""
+    _, _, key = row["Key"].partition(" (")
+    tempo = int(row["Tempo"] or 0) / 100
+    return row | {
+        "Vendor": row["Vendor"] or "-",
+        "Key": key.rstrip(")") or "-",
+        "BPM": f"{tempo:g}" if tempo else "-",
+    }
+
+
+class Catalogue(ExampleTest):
+    """The pages say what a catalogue of the example library shows."""
+
+    def listed(self):
+        clips = list(listed_clips(self.browse(options=WIDE).lines))
+        self.assertGreater(len(clips), 0)
+        return collections.Counter(
+            tuple(clip[key] for key in ("Name", "Vendor", "Type", "Key", "BPM")) for clip in clips
+        )
+
+    def test_readme(self):
+        self.assertEqual(listed_by_table(table_with(SOURCES / "README.md", "Listed")), self.listed())
+
+    def test_page_of_the_library(self):
+        rows = table_with(SOURCES / "examples/library/README.md", "Part reads")
+        rows = [in_the_form_of_browse(row) for row in rows]
+        self.assertEqual(listed_by_table(rows), self.listed())
+
+    def test_readme_has_every_clip_file(self):
+        library = SOURCES / "examples/library"
+        files = {
+            f"`{path.relative_to(library)}`"
+            for path in library.rglob("*")
+            if path.suffix.lower() == ".kxclip"
+        }
+        rows = table_with(SOURCES / "README.md", "Clip file")
+        self.assertEqual({row["Clip file"] for row in rows}, files)
+        self.assertEqual(len(rows), len(files))
+
+    def test_readme_has_the_figures(self):
+        clips = sum(self.listed().values())
+        user_clips = len([clip for clip in self.user_rows() if clip["Listed"] == "yes"])
+        page = (SOURCES / "README.md").read_text(encoding="utf-8")
+        self.assertIn(f"**{clips - user_clips}** system clips and **{user_clips}** user", page)
+
+    def user_rows(self):
+        rows = table_with(SOURCES / "README.md", "Listed")
+        return [row for row in rows if row["Clip file"].startswith("`user/")]
+
+
+class PartsRead(ExampleTest):
+    """The pages say how many notes a clip has, and which parts do not read."""
+
+    def rows(self):
+        rows = table_with(SOURCES / "examples/library/README.md", "Part reads")
+        return [row for row in rows if row["Listed"] != "no"]
+
+    def test_every_listed_clip(self):
+        self.assertGreater(len(self.rows()), 0)
+        for row in self.rows():
+            with self.subTest(row["Name"]):
+                reads = row["Part reads"] == "yes"
+                result = self.browse(row["Name"], code=0 if reads else 1)
+                self.assertEqual("the part cannot be read" in result.errors, not reads)
+                if reads and row["Type"] != "audio":
+                    self.assertIn(row["Notes"], self.count_of_notes(result))
+
+    def count_of_notes(self, result):
+        lines = [line for line in result.lines if line.startswith("Notes  ")]
+        self.assertEqual(len(lines), 1)
+        return lines[0].split()[1].rstrip(";")
+
+
+class Columns(ExampleTest):
+    """Kana take two columns each, and the table stays straight."""
+
+    def test_types_stand_in_one_column(self):
+        for width in ("80", "100", "160"):
+            clips = list(listed_clips(self.browse(options=("--width", width)).lines))
+            self.assertIn("さくらさくら", [clip["Name"] for clip in clips])
+            self.assertEqual({clip["Type"] for clip in clips}, {"audio", "midi", "midiAi"})
+
+
+class Search(ExampleTest):
+    """Each option narrows the list down, and so do several together."""
+
+    def test_language_by_name_and_by_number(self):
+        expected = ["さくらさくら", "ちょうちょう"]
+        self.assertEqual(self.names("--language", "Japanese"), expected)
+        self.assertEqual(self.names("--language", "5"), expected)
+
+    def test_genre_and_part(self):
+        self.assertEqual(self.names("--genre", "和風"), ["さくらさくら", "つりがね"])
+        self.assertEqual(self.names("--genre", "和風", "--part", "audio"), ["つりがね"])
+
+    def test_vendor_and_type(self):
+        self.assertEqual(len(self.names("--vendor", "Brindoll")), 6)
+        self.assertEqual(self.names("--vendor", "Brindoll", "--type", "Loop"), ["Frame Drum 104"])
+
+    def test_vendor_of_a_clip_without_tags(self):
+        self.assertIn("さくら (はじめ)", self.names("--vendor", "Attic finds"))
+
+    def test_singer_group(self):
+        self.assertEqual(self.names("--singer-group", "Crew", "--type", "Verse"), ["Drunken Sailor"])
+
+    def test_nothing_matches(self):
+        self.assertEqual(self.names("--genre", "Folk", "--vendor", "Voralin Tones"), [])
+
+
+class Roll(ExampleTest):
+    """The piano roll is the one that the README shows."""
+
+    def test_readme(self):
+        pictures = [text for text in blocks(SOURCES / "README.md", "text") if "さくら" in text]
+        self.assertEqual(len(pictures), 1)
+        expected = pictures[0].splitlines()
+        shown = self.browse("さくらさくら", options=("--width", "100", "--bars", "1-4")).lines
+        self.assertEqual(shown[: len(expected)], expected)
+
+    def test_a_clip_by_number_id_or_name(self):
+        row = next(
+            clip
+            for clip in listed_clips(self.browse(options=WIDE).lines)
+            if clip["Name"] == "An die Freude"
+        )
+        by_name = self.browse("An die Freude").lines
+        self.assertIn("D major", "\n".join(by_name))
+        self.assertEqual(self.browse(row["#"]).lines, by_name)
+        self.assertEqual(self.browse("voralin.lieder.an-die-freude").lines, by_name)
+
+    def test_meter(self):
+        def bars(meter):
+            lines = self.browse("Stille Nacht", options=("--meter", meter)).lines
+            return next(line for line in lines if line.startswith("Bars "))
+
+        self.assertEqual(bars("6/8"), "Bars     12; meter 6/8")
+        self.assertEqual(bars("3/8"), "Bars     24; meter 3/8")
+
+
+class Failures(ExampleTest):
+    """What cannot be done is said on the error output, and makes the program fail."""
+
+    def test_no_system_folder(self):
+        self.system = self.scratch / "missing"
+        self.assertIn("the folder does not exist (7)", self.browse(code=1).errors)
+
+    def test_a_file_where_the_user_folder_should_be(self):
+        self.user = self.scratch / "file"
+        self.user.write_text("no folder", encoding="ascii")
+        self.assertIn("(8)", self.browse(code=1).errors)
+
+    def test_no_such_clip(self):
+        result = self.browse("さくらんぼ", code=1)
+        self.assertIn("さくらんぼ", result.errors)
+        self.assertEqual(result.lines, [])
+
+    def test_wrong_command_lines(self):
+        for options in (("--part", "both"), ("--meter", "4/0"), ("--bars", "3-2"), ("--x", "y")):
+            result = self.browse(options=options, code=1)
+            self.assertIn(" ".join(options), result.errors)
+            self.assertIn("Usage:", result.errors)
+
+
+class Format(ExampleTest):
+    """The documents that the README shows are a clip."""
+
+    def test_readme(self):
+        documents = blocks(SOURCES / "README.md", "json")
+        self.assertEqual(len(documents), 2)
+        self.system = self.scratch / "system"
+        clip = self.system / "Some clip"
+        clip.mkdir(parents=True)
+        (clip / "property.json").write_text(documents[0], encoding="utf-8")
+        (clip / "Some clip.kxclip").write_text(documents[1], encoding="utf-8")
+        self.assertIn("An die Freude", self.names())
+        shown = "\n".join(self.browse("An die Freude").lines)
+        for line in ("Notes    1; vibrato on 1", "dynamics         1", "audio.reverb: Mix 0.32"):
+            self.assertIn(line, shown)
+
+
+class Compose(ExampleTest):
+    """A user clip is built, saved, listed, edited, read again and removed, and leaves nothing."""
+
+    def compose(self, folder):
+        return PROGRAMS.run("compose", PROGRAMS.path(self.system), PROGRAMS.path(folder))
+
+    def test_leaves_nothing_behind(self):
+        folder = self.scratch / "depth" / "新しい"
+        result = self.compose(folder)
+        self.assertEqual(result.code, 0, result.errors)
+        self.assertEqual(list(folder.iterdir()), [])
+        self.assertNotIn("FAILED", "\n".join(result.lines))
+
+    def test_lists_what_it_saved_edited_and_removed(self):
+        lines = self.compose(self.scratch / "new").lines
+        tune = [clip for clip in listed_clips(lines) if clip["Type"] == "midi"]
+        self.assertEqual([clip["Key"] for clip in tune], ["C major", "F major"])
+        self.assertEqual([clip["BPM"] for clip in tune], ["132", "160"])
+        self.assertEqual(tune[0]["Name"], "When the saints")
+        self.assertEqual(tune[1]["Name"], "Oh, when the saints ♪")
+        self.assertEqual(tune[1]["Tags"], "Dixieland; Chorus, Melody; English")
+        self.assertRegex(lines[-1], "^0 of [0-9]+ clips$")
+
+    def test_keeps_other_user_clips(self):
+        before = sorted(self.user.rglob("*"))
+        result = self.compose(self.user)
+        self.assertEqual(result.code, 0, result.errors)
+        self.assertEqual(sorted(self.user.rglob("*")), before)
+
+    def test_no_user_folder(self):
+        (self.scratch / "file").write_text("no folder", encoding="ascii")
+        self.assertEqual(self.compose(self.scratch / "file").code, 1)
+
+
+def main():
+    global SOURCES, PROGRAMS
+    case, sources, folder, suffix, root, *launcher = sys.argv[1:]
+    SOURCES = pathlib.Path(sources)
+    PROGRAMS = Programs(pathlib.Path(folder), suffix, root, launcher)
+    unittest.main(argv=[sys.argv[0], case])
+
+
+main()

@@ -1,0 +1,108 @@
+"""Checks of the code that the documentation shows.
+
+check_snippets.py CASE SOURCES LIBRARY_FOLDER COMPILER ROOT [LAUNCHER...]
+"""
+
+import pathlib
+import re
+import shlex
+import shutil
+import subprocess
+import sys
+import tempfile
+import unittest
+
+sys.path.append(str(pathlib.Path(__file__).parent.parent / "support"))
+from readme import blocks, table_with  # noqa: E402
+
+SOURCES = LIBRARY_FOLDER = COMPILER = IS_WINDOWS = LAUNCHER = None
+
+WARNINGS = ["-Wall", "-Wextra", "-Wpedantic", "-Werror"]
+
+
+def call(command, **options):
+    result = subprocess.run(command, check=False, capture_output=True, timeout=120, **options)
+    return result.returncode, result.stdout.decode("utf-8"), result.stderr.decode("utf-8")
+
+
+class Readme(unittest.TestCase):
+    """The first lines of a host, built and run by the commands beside them."""
+
+    def setUp(self):
+        self.folder = pathlib.Path(tempfile.mkdtemp())
+        self.addCleanup(shutil.rmtree, self.folder)
+        for name in ("include", "examples"):
+            (self.folder / name).symlink_to(SOURCES / name)
+        (self.folder / "build/release").mkdir(parents=True)
+        (self.folder / "build/release/bin").symlink_to(LIBRARY_FOLDER)
+
+    def write_host(self):
+        (code,) = blocks(SOURCES / "README.md", "c")
+        self.assertEqual(code.count('u"'), 3)
+        if IS_WINDOWS:
+            code = code.replace('u"', 'L"')
+        (self.folder / "host.c").write_text(code, encoding="utf-8")
+
+    def commands(self):
+        (text,) = (text for text in blocks(SOURCES / "README.md", "sh") if "host.c" in text)
+        build, start = (shlex.split(line) for line in text.splitlines())
+        self.assertEqual((build[0], start), ("cc", ["./host"]))
+        return [COMPILER, *build[1:], *WARNINGS], start
+
+    def start_command(self, start):
+        if not IS_WINDOWS:
+            return start
+        shutil.copy(LIBRARY_FOLDER / "krt_plx.dll", self.folder)
+        return [*LAUNCHER, "host.exe"]
+
+    def test_host_lists_the_system_clips(self):
+        self.write_host()
+        build, start = self.commands()
+        self.assertEqual(call(build, cwd=self.folder), (0, "", ""))
+        code, output, errors = call(self.start_command(start), cwd=self.folder)
+        self.assertEqual((code, errors), (0, ""))
+        lines = re.findall(r"^clip (\d+): (\d+) notes\r?$", output, re.MULTILINE)
+        self.assertEqual([int(number) for number, _ in lines], list(range(1, len(lines) + 1)))
+        self.assertEqual(sorted(int(notes) for _, notes in lines), self.notes_of_system_clips())
+
+    def notes_of_system_clips(self):
+        rows = table_with(SOURCES / "README.md", "Listed")
+        rows = [row for row in rows if row["Clip file"].startswith("`system/")]
+        notes = [row["Notes"].replace("-", "0") for row in rows if row["Listed"] == "yes"]
+        pairs = {(row["Name"], row["Notes"]) for row in rows if row["Listed"] == "1 of 2"}
+        return sorted(int(number) for number in [*notes, *(number for _, number in pairs)])
+
+
+class Headers(unittest.TestCase):
+    """The examples in the comments of the public headers compile."""
+
+    def snippets(self):
+        for header in sorted((SOURCES / "include").rglob("*.h")):
+            text = re.sub(r"^ \* ?", "", header.read_text(encoding="utf-8"), flags=re.MULTILINE)
+            for code in re.findall(r"@code\{\.c\}\n(.*?)@endcode", text, re.DOTALL):
+                yield header.name, code
+
+    def test_each_compiles(self):
+        snippets = list(self.snippets())
+        self.assertGreaterEqual(len(snippets), 2)
+        for language in ("c99", "c11"):
+            for name, code in snippets:
+                with self.subTest(header=name, language=language):
+                    self.compile(f"#include <korvel/plx.h>\n{code}", language)
+
+    def compile(self, code, language):
+        command = [COMPILER, f"-std={language}", *WARNINGS, f"-I{SOURCES / 'include'}"]
+        command += ["-fsyntax-only", "-x", "c", "-"]
+        self.assertEqual(call(command, input=code.encode("utf-8")), (0, "", ""))
+
+
+def main():
+    global SOURCES, LIBRARY_FOLDER, COMPILER, IS_WINDOWS, LAUNCHER
+    case, sources, folder, COMPILER, root, *LAUNCHER = sys.argv[1:]
+    SOURCES = pathlib.Path(sources)
+    LIBRARY_FOLDER = pathlib.Path(folder)
+    IS_WINDOWS = root != ""
+    unittest.main(argv=[sys.argv[0], case])
+
+
+main()
