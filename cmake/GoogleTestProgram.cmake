@@ -1,21 +1,34 @@
 # krt_plx_add_test_program(<name> <library>...)
 #
 # A GoogleTest program of the calling folder's sources and of tests/support, linked to the libraries
-# and registered with CTest. A folder without sources makes no program.
+# and registered with CTest. KRT_PLX_TEST_SOURCES, an expression, can choose among the *_test.cpp; a
+# program that is left without any is not made.
 function(krt_plx_add_test_program name)
     file(GLOB_RECURSE sources CONFIGURE_DEPENDS "*.cpp" "*.h")
     file(GLOB support CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/tests/support/*.cpp"
         "${PROJECT_SOURCE_DIR}/tests/support/*.h")
-    if(NOT sources MATCHES "\\.cpp")
+    set(tests ${sources})
+    list(FILTER tests INCLUDE REGEX "_test\\.cpp$")
+    list(REMOVE_ITEM sources ${tests})
+    list(FILTER tests INCLUDE REGEX "${KRT_PLX_TEST_SOURCES}")
+    if(NOT tests)
         return()
     endif()
-    add_executable(${name} ${sources} ${support})
+    add_executable(${name} ${tests} ${sources} ${support})
     target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}/tests"
         "${KRT_PLX_EXPORTS_DIR}")
     target_link_libraries(${name} PRIVATE ${ARGN} krt_plx_warnings GTest::gmock_main)
     add_dependencies(${name} krt_plx krt_plx_exports)
+    krt_plx_compile_fast(${name})
     krt_plx_describe_surroundings(${name})
     krt_plx_register_test_program(${name})
+endfunction()
+
+# There is far more test code than it takes time to run: what counts is how fast it compiles.
+function(krt_plx_compile_fast name)
+    target_compile_options(${name} PRIVATE -O0)
+    target_precompile_headers(${name} PRIVATE <gmock/gmock.h> <gtest/gtest.h>
+        <algorithm> <filesystem> <limits> <map> <string> <string_view> <vector>)
 endfunction()
 
 # Where a program finds the shipped library and the sources' data: UTF-8, in the form of the system
@@ -32,9 +45,6 @@ function(krt_plx_register_test_program name)
         "ASAN_OPTIONS=detect_leaks=1:detect_stack_use_after_return=1:strict_string_checks=1"
         "UBSAN_OPTIONS=print_stacktrace=1"
         "TSAN_OPTIONS=halt_on_error=1:second_deadlock_stack=1")
-    if(KRT_PLX_TEST_FILTER)
-        list(APPEND environment "GTEST_FILTER=${KRT_PLX_TEST_FILTER}")
-    endif()
     if(KRT_PLX_SANITIZERS STREQUAL "thread")
         set(launcher "${PROJECT_SOURCE_DIR}/cmake/with-plain-addresses" $<TARGET_FILE:${name}>)
     else()

@@ -2,10 +2,10 @@
 
 option(KRT_PLX_TESTS "Build the tests" ON)
 option(KRT_PLX_EXAMPLES "Build the example hosts" ON)
+option(KRT_PLX_BENCHMARKS "Build the benchmarks" OFF)
 option(KRT_PLX_COVERAGE "Count which lines run" OFF)
 set(KRT_PLX_SANITIZERS "" CACHE STRING "Arguments of -fsanitize=, for instance address,undefined")
-set(KRT_PLX_TEST_FILTER "" CACHE STRING "Run only the tests that match this GoogleTest filter")
-set(KRT_PLX_TEST_LAUNCHER "" CACHE STRING "Command and arguments to start the test programs with")
+set(KRT_PLX_TEST_SOURCES ".*" CACHE STRING "Build only the *_test.cpp whose path matches this")
 
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
