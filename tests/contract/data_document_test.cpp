@@ -59,6 +59,15 @@ TEST_F(DataDocumentTest, FillsTheWholeClip)
     EXPECT_EQ(KRT_PLX_MidiPartBase_duration(part), 1920);
 }
 
+TEST_F(DataDocumentTest, ServesUserClipsTheSame)
+{
+    KRT_PLX_ClipBase* clip = readUserClip(std::nullopt, dataObject().text());
+    ASSERT_NE(clip, nullptr);
+    EXPECT_EQ(KRT_PLX_Clip_type(clip), KRT_PLX_CLIP_USER);
+    EXPECT_EQ(KRT_PLX_MidiPartBase_duration(KRT_PLX_Clip_midiPart(clip)), 1920);
+    EXPECT_EQ(readUserClip(std::nullopt, dataObject("midi", badMidiPart).text()), nullptr);
+}
+
 TEST_F(DataDocumentTest, HasNoKeyAndTempo)
 {
     const Object part = midiPartObject().with("key", "7").with("tempo", "12000");
