@@ -1,0 +1,14 @@
+// What a host developer would write with std::filesystem and nlohmann-json.
+#pragma once
+
+#include "data/folder.h"
+#include "model/catalogue.h"
+#include "model/part.h"
+
+namespace bench::with_nlohmann {
+
+void scan(const std::vector<Path>& folders, Catalogue& catalogue);
+
+Part readPart(const Path& file);
+
+} // namespace bench::with_nlohmann

@@ -1,0 +1,23 @@
+// The parts of the benchmark: the same for the same arguments, everywhere.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+#include "model/part.h"
+
+namespace bench {
+
+// What notes carry besides their vibrato: a document's reader takes one or the other.
+enum class Ornament { singingSkill, dvqm };
+
+struct PartShape {
+    std::size_t notes = 0;
+    bool hasLanes = true;
+    bool hasEffects = true;
+    Ornament ornament = Ornament::singingSkill;
+};
+
+Part makePart(const PartShape& shape, std::uint64_t seed);
+
+} // namespace bench

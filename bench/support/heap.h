@@ -1,0 +1,27 @@
+// What is on the heap, counted call by call. The counting is part of the program that links
+// heap.cpp and reaches every library in it.
+#pragma once
+
+#include <cstddef>
+
+namespace bench {
+
+struct HeapUse {
+    std::ptrdiff_t bytes = 0;  // what the blocks take, with the allocator's overhead
+    std::ptrdiff_t blocks = 0;
+    std::ptrdiff_t peak = 0; // the most bytes at one time
+};
+
+// Counts while it lives; only one at a time.
+class HeapMeter {
+public:
+    HeapMeter();
+    HeapMeter(const HeapMeter&) = delete;
+    HeapMeter& operator=(const HeapMeter&) = delete;
+    ~HeapMeter();
+
+    // Since the meter was made.
+    [[nodiscard]] static HeapUse use();
+};
+
+} // namespace bench
