@@ -226,7 +226,7 @@ void buildMidiAi(KRT_PLX_ClipBase* clip, const Path&)
     sing(first, 64, 127);
     setExpression(first, {100, 100, 100, 100}, 0);
     KRT_PLX_MutableNote_setRisePort(first, true);
-    setAiExpression(first, {0.0f, 0.1f, 0.125f, 0.25f, 0.2f, 0.375f, 0.4f, 0.5f, 0.6f, 0.625f, 0.7f,
+    setAiExpression(first, {0.0f, 0.1f, 0.125f, 0.25f, 0.8f, 0.375f, 0.4f, 0.5f, 0.6f, 0.625f, 0.7f,
                             0.9f, 1.0f});
     setSkill(first, 480, 127, 0);
     addPoints(setVibrato(first, 0, 10), 0, {{10, 127}});
