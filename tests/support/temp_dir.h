@@ -1,21 +1,16 @@
-// Folders and files for tests, under the paths that the library takes: UTF-16 with backslashes.
+// Folders, files, links and pipes for tests that name them as the library does: UTF-16 with
+// backslashes.
 #pragma once
 
 #include <filesystem>
 #include <string>
 #include <string_view>
 
-#include "korvel/plx/common.h"
+#include "support/text.h"
 
-namespace TestSupport {
+namespace support {
 
-using Text = std::basic_string<KRT_PLX_Char>;
 using TextView = std::basic_string_view<KRT_PLX_Char>;
-
-// From and to UTF-8, for literals and for messages. Lone surrogates go to and come from the three
-// bytes that they would have.
-Text text(std::string_view utf8);
-std::string utf8(TextView text);
 
 // The path for calls of the standard library.
 std::filesystem::path hostPath(TextView path);
@@ -52,4 +47,4 @@ bool makeLink(const Text& link, const Text& target);
 // False when the system at hand has no pipes in its folders.
 bool makePipe(const Text& path);
 
-} // namespace TestSupport
+} // namespace support

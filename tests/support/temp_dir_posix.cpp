@@ -9,11 +9,11 @@
 
 #    include "support/temp_dir_system.h"
 
-namespace TestSupport {
+namespace support {
 
 std::filesystem::path hostPath(TextView path)
 {
-    std::string bytes = utf8(path);
+    std::string bytes = utf8(Text{path});
     std::replace(bytes.begin(), bytes.end(), '\\', '/');
     return bytes;
 }
@@ -44,6 +44,6 @@ bool makePipe(const Text& path)
     return ::mkfifo(hostPath(path).c_str(), 0600) == 0;
 }
 
-} // namespace TestSupport
+} // namespace support
 
 #endif

@@ -3,9 +3,9 @@
 
 #include "support/temp_dir.h"
 
-namespace TestSupport {
+namespace support {
 
 Text makeFreshFolder();
 void removeAll(const Text& folder) noexcept;
 
-} // namespace TestSupport
+} // namespace support

@@ -7,7 +7,7 @@
 
 #    include "support/temp_dir_system.h"
 
-namespace TestSupport {
+namespace support {
 
 namespace {
 
@@ -160,6 +160,6 @@ bool makePipe(const Text& path)
            waitUntil([&] { return isListed(path); });
 }
 
-} // namespace TestSupport
+} // namespace support
 
 #endif

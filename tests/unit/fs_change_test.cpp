@@ -11,14 +11,14 @@
 namespace {
 
 using namespace Korvel::CANTORIS::PLX;
-using TestSupport::exists;
-using TestSupport::hostPath;
-using TestSupport::makeFolder;
-using TestSupport::makeLink;
-using TestSupport::makePipe;
-using TestSupport::TempDir;
-using TestSupport::text;
-using TestSupport::writeBytes;
+using support::exists;
+using support::hostPath;
+using support::makeFolder;
+using support::makeLink;
+using support::makePipe;
+using support::TempDir;
+using support::text;
+using support::writeBytes;
 
 class FsCreateDirectories : public testing::Test {
 protected:
@@ -90,7 +90,7 @@ TEST_F(FsCreateDirectories, FailsAtAFile)
     EXPECT_FALSE(fs::createDirectories(dir / "file"));
     EXPECT_FALSE(fs::createDirectories(dir / "file\\a"));
     EXPECT_FALSE(fs::createDirectories(dir / "file\\a\\b\\c"));
-    EXPECT_EQ(TestSupport::readBytes(dir / "file"), "x");
+    EXPECT_EQ(support::readBytes(dir / "file"), "x");
 }
 
 TEST_F(FsCreateDirectories, FailsForAPathThatTheHostCannotSpell)
@@ -170,6 +170,32 @@ TEST_F(FsRemove, FailsWhereNothingIs)
     EXPECT_FALSE(fs::remove(String{}));
     EXPECT_FALSE(fs::remove(dir / "file" + Char{}));
     EXPECT_TRUE(exists(dir / "file"));
+}
+
+TEST_F(FsRemove, AnEmptyFolderIsRemovedAndNothingElse)
+{
+    makeFolder(dir / "empty");
+    writeBytes(dir / "full\\file", "x");
+    EXPECT_TRUE(fs::removeEmptyFolder(dir / "empty"));
+    EXPECT_FALSE(exists(dir / "empty"));
+    EXPECT_FALSE(fs::removeEmptyFolder(dir / "full"));
+    EXPECT_FALSE(fs::removeEmptyFolder(dir / "full\\file"));
+    EXPECT_FALSE(fs::removeEmptyFolder(dir / "missing"));
+    EXPECT_FALSE(fs::removeEmptyFolder(String{}));
+    EXPECT_FALSE(fs::removeEmptyFolder(dir / "full" + Char{}));
+    EXPECT_TRUE(exists(dir / "full\\file"));
+}
+
+TEST_F(FsRemove, ALinkToAnEmptyFolderIsNoEmptyFolder)
+{
+    makeFolder(dir / "empty");
+    if (!makeLink(dir / "link", text("empty"))) {
+        GTEST_SKIP() << "this system makes no links";
+    }
+    EXPECT_FALSE(fs::removeEmptyFolder(dir / "link"));
+    EXPECT_FALSE(fs::removeEmptyFolder(dir / "link\\"));
+    EXPECT_TRUE(exists(dir / "link"));
+    EXPECT_TRUE(exists(dir / "empty"));
 }
 
 #ifdef _WIN32

@@ -22,14 +22,14 @@ namespace {
 
 using namespace Korvel::CANTORIS::PLX;
 using fs::WriteResult;
-using TestSupport::exists;
-using TestSupport::hostPath;
-using TestSupport::makeLink;
-using TestSupport::makePipe;
-using TestSupport::readBytes;
-using TestSupport::TempDir;
-using TestSupport::text;
-using TestSupport::writeBytes;
+using support::exists;
+using support::hostPath;
+using support::makeLink;
+using support::makePipe;
+using support::readBytes;
+using support::TempDir;
+using support::text;
+using support::writeBytes;
 
 class FsContentPosix : public testing::Test {
 protected:

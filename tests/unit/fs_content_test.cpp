@@ -11,14 +11,14 @@ namespace {
 
 using namespace Korvel::CANTORIS::PLX;
 using fs::WriteResult;
-using TestSupport::exists;
-using TestSupport::makeFolder;
-using TestSupport::makeLink;
-using TestSupport::makePipe;
-using TestSupport::readBytes;
-using TestSupport::TempDir;
-using TestSupport::text;
-using TestSupport::writeBytes;
+using support::exists;
+using support::makeFolder;
+using support::makeLink;
+using support::makePipe;
+using support::readBytes;
+using support::TempDir;
+using support::text;
+using support::writeBytes;
 
 // Bytes of every value, line ends of every kind among them.
 std::string bytes(std::size_t size)
@@ -140,7 +140,7 @@ TEST_F(FsWriteFile, OpensNothingWhereNoFileCanBe)
     for (const String& path :
          {dir / "folder", dir / "missing\\file", dir / "folder\\file\\inner", dir / longName,
           dir / "folder\\new" + Char{}, dir / "folder\\", String{}}) {
-        EXPECT_EQ(fs::writeFile(path, "y"), WriteResult::notOpened) << TestSupport::utf8(path);
+        EXPECT_EQ(fs::writeFile(path, "y"), WriteResult::notOpened) << support::utf8(path);
     }
     EXPECT_EQ(readBytes(dir / "folder\\file"), "x");
     EXPECT_FALSE(exists(dir / "folder\\new"));
@@ -221,7 +221,7 @@ TEST_F(FsContent, DevicesAreNeitherReadNorWritten)
 {
     writeBytes(dir / "file", "x");
     for (const String& device : {dir / "NUL", text("CON"), text("COM1"), text("\\\\.\\NUL")}) {
-        SCOPED_TRACE(TestSupport::utf8(device));
+        SCOPED_TRACE(support::utf8(device));
         EXPECT_FALSE(fs::readFile(device, content));
         EXPECT_FALSE(fs::copyFile(device, dir / "copy"));
     }
@@ -230,7 +230,7 @@ TEST_F(FsContent, DevicesAreNeitherReadNorWritten)
 TEST_F(FsContent, AReadOnlyFileKeepsWhatItHolds)
 {
     writeBytes(dir / "file", "x");
-    const auto path = TestSupport::hostPath(dir / "file");
+    const auto path = support::hostPath(dir / "file");
     std::filesystem::permissions(path, std::filesystem::perms::owner_read);
     if (std::fstream(path, std::ios::in | std::ios::out).is_open()) {
         GTEST_SKIP() << "the user of this system may write to every file";

@@ -20,14 +20,16 @@ namespace {
 
 using namespace Korvel::CANTORIS::PLX;
 using fs::WriteResult;
-using TestSupport::exists;
-using TestSupport::makeFolder;
-using TestSupport::makeLink;
-using TestSupport::readBytes;
-using TestSupport::TempDir;
-using TestSupport::text;
-using TestSupport::utf8;
-using TestSupport::writeBytes;
+using support::exists;
+using support::hostPath;
+using support::makeFolder;
+using support::makeLink;
+using support::makePipe;
+using support::readBytes;
+using support::TempDir;
+using support::text;
+using support::utf8;
+using support::writeBytes;
 
 int countOpenDescriptors()
 {
@@ -389,6 +391,96 @@ TEST_F(FsFaults, AWalkGoesOnAfterInterruptions)
     Work work = walking();
     work.check = [this] { EXPECT_THAT(found, testing::UnorderedElementsAreArray(treeFiles)); };
     interruptEachCall(work);
+}
+
+// Something else happens to the same files between two calls.
+class FsInterference : public FsFaults {
+protected:
+    // Runs the work once for each of its calls, with the same thing happening before that call.
+    void interfereWithEachCall(const Work& work, const std::function<void()>& happening)
+    {
+        const auto interfere = [&](long number, int) { Faults::interfere(number, happening); };
+        const long calls = countCalls(work);
+        ASSERT_GT(calls, 0);
+        for (long number = 1; number <= calls; ++number) {
+            runWith(interfere, number, 0, work);
+        }
+    }
+
+    void swapForLink(const char* folder)
+    {
+        std::error_code ignored;
+        std::filesystem::rename(hostPath(dir / folder), hostPath(dir / "moved away"), ignored);
+        makeLink(dir / folder, dir / "outside");
+    }
+};
+
+TEST_F(FsInterference, AFileThatShrinksIsReadAsFarAsItGoes)
+{
+    Work work = reading();
+    work.check = [this] { EXPECT_TRUE(result && before.starts_with(content)); };
+    interfereWithEachCall(work, [this] { writeBytes(dir / "file", "b"); });
+}
+
+TEST_F(FsInterference, AFileThatVanishesIsReadWholeOrNotAtAll)
+{
+    interfereWithEachCall(reading(), [this] { std::filesystem::remove(hostPath(dir / "file")); });
+}
+
+TEST_F(FsInterference, APipeThatTakesTheFilesPlaceIsNotWaitedFor)
+{
+    Work work = reading();
+    const auto swap = [this] {
+        std::filesystem::remove(hostPath(dir / "file"));
+        makePipe(dir / "file");
+    };
+    const auto prepare = work.prepare;
+    work.prepare = [=, this] {
+        std::filesystem::remove(hostPath(dir / "file"));
+        prepare();
+    };
+    work.check = [this] { EXPECT_TRUE(!result || content.empty() || content == before); };
+    interfereWithEachCall(work, swap);
+}
+
+TEST_F(FsInterference, AFolderThatIsMadeByAnotherMeanwhileIsAsGood)
+{
+    Work work = creating();
+    work.check = [this] { EXPECT_TRUE(result && fs::isDirectory(dir / "new\\one\\two")); };
+    interfereWithEachCall(work, [this] { makeFolder(dir / "new\\one\\two"); });
+    interfereWithEachCall(work, [this] { makeFolder(dir / "new"); });
+}
+
+TEST_F(FsInterference, ALinkThatTakesAFoldersPlaceIsNotFollowed)
+{
+    for (const char* folder : {"tree", "tree\\one", "tree\\one\\two"}) {
+        Work work = removingTree();
+        const auto prepare = work.prepare;
+        work.prepare = [=, this] {
+            std::filesystem::remove_all(hostPath(dir / "moved away"));
+            prepare();
+        };
+        work.check = [this] { EXPECT_TRUE(exists(dir / "outside\\e")); };
+        interfereWithEachCall(work, [this, folder] { swapForLink(folder); });
+    }
+}
+
+TEST_F(FsInterference, ATreeThatAnotherRemovesMeanwhileIsGone)
+{
+    interfereWithEachCall(removingTree(),
+                          [this] { std::filesystem::remove_all(hostPath(dir / "tree")); });
+}
+
+TEST_F(FsInterference, AWalkStandsFilesAndFoldersThatVanish)
+{
+    Work work = walking();
+    work.prepare = [this] {
+        fs::removeTree(dir / "tree");
+        makeTree();
+    };
+    interfereWithEachCall(work,
+                          [this] { std::filesystem::remove_all(hostPath(dir / "tree\\one")); });
+    interfereWithEachCall(work, [this] { std::filesystem::remove_all(hostPath(dir / "tree")); });
 }
 
 TEST_F(FsFaults, QuestionsAreAnsweredNoWhenTheSystemDoesNotAnswer)

@@ -6,8 +6,8 @@
 namespace {
 
 using namespace Korvel::CANTORIS::PLX;
-using TestSupport::text;
-using TestSupport::utf8;
+using support::text;
+using support::utf8;
 
 struct PathCase {
     const char* path;
@@ -21,9 +21,9 @@ class FsPath : public testing::TestWithParam<PathCase> {};
 TEST_P(FsPath, IsTakenApartAtTheLastBackslashAndTheLastDot)
 {
     const String path = text(GetParam().path);
-    EXPECT_EQ(utf8(fs::parentPath(path)), GetParam().parent);
-    EXPECT_EQ(utf8(fs::fileName(path)), GetParam().name);
-    EXPECT_EQ(utf8(fs::extension(path)), GetParam().extension);
+    EXPECT_EQ(utf8(String{fs::parentPath(path)}), GetParam().parent);
+    EXPECT_EQ(utf8(String{fs::fileName(path)}), GetParam().name);
+    EXPECT_EQ(utf8(String{fs::extension(path)}), GetParam().extension);
 }
 
 INSTANTIATE_TEST_SUITE_P(

@@ -10,18 +10,18 @@
 namespace {
 
 using namespace Korvel::CANTORIS::PLX;
-using TestSupport::makeFolder;
-using TestSupport::makeLink;
-using TestSupport::makePipe;
-using TestSupport::TempDir;
-using TestSupport::text;
-using TestSupport::writeBytes;
+using support::makeFolder;
+using support::makeLink;
+using support::makePipe;
+using support::TempDir;
+using support::text;
+using support::writeBytes;
 
 class FsQuestions : public testing::Test {
 protected:
     void expect(const String& path, bool exists, bool isDirectory, bool isPlainFile)
     {
-        SCOPED_TRACE(TestSupport::utf8(path));
+        SCOPED_TRACE(support::utf8(path));
         EXPECT_EQ(fs::exists(path), exists);
         EXPECT_EQ(fs::isDirectory(path), isDirectory);
         EXPECT_EQ(fs::isPlainFile(path), isPlainFile);
@@ -52,7 +52,7 @@ TEST_F(FsQuestions, AFileMayBeLargerThanThirtyTwoBitsCount)
 {
     writeBytes(dir / "large.wav", "");
     std::error_code error;
-    std::filesystem::resize_file(TestSupport::hostPath(dir / "large.wav"), 5'000'000'000, error);
+    std::filesystem::resize_file(support::hostPath(dir / "large.wav"), 5'000'000'000, error);
     if (error) {
         GTEST_SKIP() << "no such file can be made here: " << error.message();
     }
@@ -249,7 +249,7 @@ TEST_F(FsIsStrictlyBelow, ANameThatDiffersByCaseIsAnotherFolderIfTheSystemSaysSo
 {
     makeFolder(dir / "CLIP\\AUDIO");
     writeBytes(dir / "CLIP\\AUDIO\\only here", "x");
-    const bool isSame = TestSupport::exists(dir / "clip\\audio\\only here");
+    const bool isSame = support::exists(dir / "clip\\audio\\only here");
     EXPECT_EQ(isBelow("CLIP\\AUDIO", "clip"), isSame);
 }
 

@@ -17,15 +17,15 @@
 namespace {
 
 using namespace Korvel::CANTORIS::PLX;
-using TestSupport::exists;
-using TestSupport::hostPath;
-using TestSupport::makeFolder;
-using TestSupport::makeLink;
-using TestSupport::makePipe;
-using TestSupport::readBytes;
-using TestSupport::TempDir;
-using TestSupport::text;
-using TestSupport::writeBytes;
+using support::exists;
+using support::hostPath;
+using support::makeFolder;
+using support::makeLink;
+using support::makePipe;
+using support::readBytes;
+using support::TempDir;
+using support::text;
+using support::writeBytes;
 
 class FsRemoveTree : public testing::Test {
 protected:

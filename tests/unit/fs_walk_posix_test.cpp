@@ -22,17 +22,17 @@
 namespace {
 
 using namespace Korvel::CANTORIS::PLX;
+using support::hostPath;
+using support::makeFolder;
+using support::makeLink;
+using support::makePipe;
+using support::TempDir;
+using support::text;
+using support::utf8;
+using support::writeBytes;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::UnorderedElementsAre;
-using TestSupport::hostPath;
-using TestSupport::makeFolder;
-using TestSupport::makeLink;
-using TestSupport::makePipe;
-using TestSupport::TempDir;
-using TestSupport::text;
-using TestSupport::utf8;
-using TestSupport::writeBytes;
 
 class FsWalkPosix : public testing::Test {
 protected:

@@ -13,16 +13,16 @@
 namespace {
 
 using namespace Korvel::CANTORIS::PLX;
+using support::makeFolder;
+using support::makeLink;
+using support::makePipe;
+using support::TempDir;
+using support::text;
+using support::utf8;
+using support::writeBytes;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::UnorderedElementsAre;
-using TestSupport::makeFolder;
-using TestSupport::makeLink;
-using TestSupport::makePipe;
-using TestSupport::TempDir;
-using TestSupport::text;
-using TestSupport::utf8;
-using TestSupport::writeBytes;
 
 using Paths = std::vector<std::string>;
 
@@ -56,7 +56,7 @@ void appendInSystemOrder(const std::filesystem::path& folder, const std::string&
 Paths filesInSystemOrder(const String& folder)
 {
     Paths paths;
-    appendInSystemOrder(TestSupport::hostPath(folder), "", paths);
+    appendInSystemOrder(support::hostPath(folder), "", paths);
     return paths;
 }
 

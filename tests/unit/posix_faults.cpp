@@ -25,12 +25,19 @@ long firstFailing = LONG_MAX;
 long lastFailing = LONG_MAX;
 int failure = 0;
 std::size_t longest = SIZE_MAX;
+long interferingBefore = LONG_MAX;
+std::function<void()> interference;
 
 enum class Interruptible { no, yes };
 
 bool fails(Interruptible interruptible = Interruptible::yes)
 {
-    ++calls;
+    if (++calls == interferingBefore) {
+        interferingBefore = LONG_MAX; // its own calls are its own
+        const long seen = calls;
+        interference();
+        calls = seen;
+    }
     if (calls < firstFailing || calls > lastFailing ||
         (failure == EINTR && interruptible == Interruptible::no)) {
         return false;
@@ -67,9 +74,17 @@ void limitTransfers(std::size_t bytes)
     longest = bytes;
 }
 
+void interfere(long number, std::function<void()> happening)
+{
+    calls = 0;
+    interferingBefore = number;
+    interference = std::move(happening);
+}
+
 long stop()
 {
     firstFailing = LONG_MAX;
+    interferingBefore = LONG_MAX;
     longest = SIZE_MAX;
     return calls;
 }

@@ -4,6 +4,7 @@
 #ifndef _WIN32
 
 #    include <cstddef>
+#    include <functional>
 
 namespace Faults {
 
@@ -16,6 +17,9 @@ void failFrom(long number, int error);
 
 // From now on the calls are counted, and each one reads or writes this many bytes at most.
 void limitTransfers(std::size_t bytes);
+
+// From now on the calls are counted from 1, and this happens just before the one of that number.
+void interfere(long number, std::function<void()> happening);
 
 // Back to normal; tells how many calls there were.
 long stop();
