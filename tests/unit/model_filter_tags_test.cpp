@@ -1,0 +1,116 @@
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "clip/filter_tags.h"
+#include "support/random.h"
+
+namespace {
+
+using namespace Korvel::CANTORIS::PLX;
+using support::Random;
+
+using Texts = FilterTags::Texts;
+using Languages = FilterTags::Languages;
+
+constexpr Tag allTags[] = {Tag::singerGroup, Tag::vendor, Tag::singerID, Tag::type, Tag::genre};
+
+// Short ones often repeat; long ones move to other memory when they are moved.
+String someText(Random& random)
+{
+    const auto letter = static_cast<Char>('a' + random.below(4));
+    return String(random.oneIn(8) ? 40 + random.below(3) : random.below(4), letter);
+}
+
+Texts someTexts(Random& random, std::size_t most)
+{
+    Texts texts;
+    for (std::size_t left = random.below(most + 1); left > 0; --left) {
+        texts.push_back(someText(random));
+    }
+    return texts;
+}
+
+// A dozen values that make few equal ones, so that long lists come to be.
+Texts manyTexts(Random& random, std::size_t size)
+{
+    Texts texts;
+    while (texts.size() < size) {
+        String text = someText(random);
+        for (int digits = 0; digits < 3; ++digits) {
+            text += static_cast<Char>('0' + random.below(10));
+        }
+        texts.push_back(text);
+    }
+    return texts;
+}
+
+// Adds them one by one to one filter, all at once to the other.
+void addBothWays(FilterTags& oneByOne, FilterTags& atOnce, Tag tag, Texts texts)
+{
+    for (const String& text : texts) {
+        oneByOne.add(tag, text.c_str());
+    }
+    atOnce.addAll(tag, std::move(texts));
+    ASSERT_EQ(atOnce.texts(tag), oneByOne.texts(tag));
+}
+
+TEST(ModelFilterTags, AddingAllIsAddingOneByOne)
+{
+    for (const Tag tag : allTags) {
+        Random random(1);
+        for (int round = 0; round < 300; ++round) {
+            FilterTags oneByOne;
+            FilterTags atOnce;
+            for (int times = 0; times < 3; ++times) {
+                addBothWays(oneByOne, atOnce, tag, someTexts(random, 24));
+            }
+        }
+    }
+}
+
+TEST(ModelFilterTags, AddingManyIsAddingOneByOne)
+{
+    for (const Tag tag : allTags) {
+        Random random(2);
+        FilterTags oneByOne;
+        FilterTags atOnce;
+        for (const std::size_t size : {1u, 700u, 0u, 700u, 3u}) {
+            addBothWays(oneByOne, atOnce, tag, manyTexts(random, size));
+        }
+        EXPECT_GT(atOnce.texts(tag).size(), 500u);
+    }
+}
+
+TEST(ModelFilterTags, AddingAllLanguagesIsAddingOneByOne)
+{
+    Random random(3);
+    for (int round = 0; round < 300; ++round) {
+        FilterTags oneByOne;
+        FilterTags atOnce;
+        for (const std::size_t size : {5u, 60u, 10u}) {
+            Languages numbers;
+            while (numbers.size() < size) {
+                numbers.push_back(random.between(-3, 50));
+                oneByOne.addLanguage(numbers.back());
+            }
+            atOnce.addAllLanguages(numbers);
+            ASSERT_EQ(atOnce.languages(), oneByOne.languages());
+        }
+    }
+}
+
+TEST(ModelFilterTags, OnlyVendorsTakeTheEmptyText)
+{
+    for (const Tag tag : allTags) {
+        const Texts expected = tag == Tag::vendor ? Texts{String{}} : Texts{};
+        FilterTags few;
+        few.addAll(tag, Texts(3));
+        EXPECT_EQ(few.texts(tag), expected);
+        FilterTags many;
+        many.addAll(tag, Texts(100));
+        EXPECT_EQ(many.texts(tag), expected);
+    }
+}
+
+} // namespace

@@ -1,0 +1,147 @@
+#include <gtest/gtest.h>
+
+#include "clip/mutable_clip_impl.h"
+#include "model/audio_part_impl.h"
+#include "model/midi_part_impl.h"
+
+namespace {
+
+using namespace Korvel::CANTORIS::PLX;
+
+// Writes nothing and remembers what it was asked for.
+class Owner final : public MutableClipOwner {
+public:
+    Manager* manager() override { return nullptr; }
+    bool owns(const MutableClipImpl&) const override { return ownsAll; }
+    void discard(const MutableClipImpl& clip) override { discarded = &clip; }
+    UserClip* write(const MutableClipImpl& clip, StringView name, bool formatted,
+                    Result& result) override
+    {
+        written = &clip;
+        writtenName = String(name);
+        writtenFormatted = formatted;
+        result = answer;
+        return nullptr;
+    }
+
+    bool ownsAll = true;
+    Result answer = Result::success;
+    const MutableClipImpl* discarded = nullptr;
+    const MutableClipImpl* written = nullptr;
+    String writtenName;
+    bool writtenFormatted = false;
+};
+
+constexpr std::uint32_t untouched = 77;
+
+class ModelMutableClip : public testing::Test {
+protected:
+    std::uint32_t save(const Char* name)
+    {
+        std::uint32_t result = untouched;
+        clip.save(name, true, &result);
+        return result;
+    }
+    std::uint32_t save() { return save("Clip"_t.data()); }
+
+    MutableMidiPart& savablePart()
+    {
+        MutableMidiPart& part = *clip.createMidiPart();
+        part.setVoiceBankID("ABCDEFGHIJKLMNOP"_t.data());
+        part.setLangID(0);
+        return part;
+    }
+
+    Owner owner;
+    MutableClipImpl clip{owner};
+};
+
+TEST_F(ModelMutableClip, IsWrittenByItsOwnerAsAsked)
+{
+    savablePart();
+    EXPECT_EQ(save(), code(Result::success));
+    EXPECT_EQ(owner.written, &clip);
+    EXPECT_EQ(owner.writtenName, String("Clip"_t));
+    EXPECT_TRUE(owner.writtenFormatted);
+    EXPECT_EQ(clip.save("Clip"_t.data(), false, nullptr), nullptr);
+    EXPECT_FALSE(owner.writtenFormatted);
+}
+
+TEST_F(ModelMutableClip, PassesOnWhatItsOwnerSays)
+{
+    savablePart();
+    owner.answer = Result::documentNotWritten;
+    EXPECT_EQ(save(), 17u);
+}
+
+TEST_F(ModelMutableClip, IsDiscardedByItsOwner)
+{
+    clip.destroy();
+    EXPECT_EQ(owner.discarded, &clip);
+}
+
+// In this order: no name, a foreign clip, an empty name, the part.
+TEST_F(ModelMutableClip, IsCheckedInOrder)
+{
+    owner.ownsAll = false;
+    EXPECT_EQ(save(nullptr), 2u);
+    EXPECT_EQ(save(""_t.data()), 12u);
+    owner.ownsAll = true;
+    EXPECT_EQ(save(""_t.data()), 10u);
+    EXPECT_EQ(save(), 13u);
+    EXPECT_EQ(owner.written, nullptr);
+}
+
+TEST_F(ModelMutableClip, APartOfAnUnknownTypeCannotBeSaved)
+{
+    MutableMidiPart& part = savablePart();
+    for (const std::uint32_t type : {0u, 4u, 5u, 0xFFFFFFFFu}) {
+        part.setType(type);
+        EXPECT_EQ(clip.partType(), type);
+        EXPECT_EQ(save(), 13u) << type;
+    }
+    part.setType(part_type::midi);
+    EXPECT_EQ(save(), 0u);
+}
+
+TEST_F(ModelMutableClip, APartThatIsNotWhatItsTypeSaysCannotBeSaved)
+{
+    MutableAudioPart& part = *clip.createAudioPart();
+    for (const std::uint32_t type : {part_type::midi, part_type::midiAi}) {
+        part.setType(type);
+        EXPECT_EQ(save(), 13u) << type;
+    }
+    EXPECT_EQ(owner.written, nullptr);
+}
+
+TEST_F(ModelMutableClip, AnAudioPartIsNotChecked)
+{
+    clip.createAudioPart();
+    EXPECT_EQ(save(), 0u);
+}
+
+TEST_F(ModelMutableClip, AMidiPartNeedsAVoiceBankThenALanguage)
+{
+    MutableMidiPart& part = *clip.createMidiPart();
+    EXPECT_EQ(save(), 18u);
+    part.setVoiceBankID("ABCDEFGHIJKLMNOP"_t.data());
+    EXPECT_EQ(save(), 19u);
+    EXPECT_FALSE(part.setLangID(128));
+    EXPECT_EQ(save(), 19u);
+    part.setLangID(127);
+    EXPECT_EQ(save(), 0u);
+}
+
+TEST_F(ModelMutableClip, AnAiPartNeedsAVoiceBankThenALanguage)
+{
+    MutableMidiPart& part = *clip.createMidiAiPart();
+    part.setVoiceBankID("ABCDEFGHIJKLMNOP"_t.data());
+    part.setLangID(0);
+    EXPECT_EQ(save(), 20u);
+    part.setAiVoiceBankID("ABCDEFGHIJKLMNOP"_t.data());
+    EXPECT_EQ(save(), 21u);
+    part.addAiLangID(127);
+    EXPECT_EQ(save(), 0u);
+}
+
+} // namespace
