@@ -13,14 +13,24 @@
 #include "library.h"
 #include "options.h"
 
-static bool print_chosen_clip(const Catalogue* catalogue, const Options* options)
+static bool print_chosen_clip(const Catalogue* catalogue, const char* choice, const ClipView* view)
 {
-    KRT_PLX_ClipBase* clip = find_clip(catalogue, options->clip);
+    KRT_PLX_ClipBase* clip = find_clip(catalogue, choice);
     if (clip == NULL) {
-        fprintf(stderr, "no clip has this number, ID or name: %s\n", options->clip);
+        fprintf(stderr, "no clip has this number, ID or name: %s\n", choice);
         return false;
     }
-    return print_clip(clip, &options->view);
+    return print_clip(clip, view);
+}
+
+static bool print_chosen_clips(const Catalogue* catalogue, const Options* options)
+{
+    bool is_done = true;
+    for (char** choice = options->clips; *choice != NULL; ++choice) {
+        fputs(choice > options->clips ? "\n" : "", stdout);
+        is_done = print_chosen_clip(catalogue, *choice, &options->view) && is_done;
+    }
+    return is_done;
 }
 
 static bool browse(const Options* options)
@@ -31,8 +41,8 @@ static bool browse(const Options* options)
     }
     bool is_done = true;
     Catalogue catalogue = list_clips(manager);
-    if (options->clip != NULL) {
-        is_done = print_chosen_clip(&catalogue, options);
+    if (*options->clips != NULL) {
+        is_done = print_chosen_clips(&catalogue, options);
     } else {
         print_catalogue(&catalogue, &options->search, options->view.width);
     }

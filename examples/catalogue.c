@@ -35,14 +35,14 @@ Catalogue list_clips(KRT_PLX_Manager* manager)
     KRT_PLX_Manager_numUserClips(manager, &user_clips);
 
     Catalogue catalogue = {NULL, 0};
-    catalogue.clips = allocate((size_t)(system_clips + user_clips), sizeof *catalogue.clips);
+    catalogue.clips = allocate((size_t)(system_clips + user_clips), sizeof(KRT_PLX_ClipBase*));
     for (uint64_t i = 0; i < system_clips; ++i) {
         catalogue.clips[catalogue.count++] = KRT_PLX_Manager_systemClip(manager, i);
     }
     for (uint64_t i = 0; i < user_clips; ++i) {
         catalogue.clips[catalogue.count++] = KRT_PLX_Manager_userClip(manager, i);
     }
-    qsort(catalogue.clips, catalogue.count, sizeof *catalogue.clips, compare_clips);
+    qsort(catalogue.clips, catalogue.count, sizeof(KRT_PLX_ClipBase*), compare_clips);
     return catalogue;
 }
 

@@ -1,5 +1,6 @@
 #include "clip_view.h"
 
+#include <inttypes.h>
 #include <stdio.h>
 #include <stdlib.h>
 
@@ -64,12 +65,12 @@ static int64_t count_bars(const Melody* melody, int64_t duration, Meter meter)
 static void print_bars(const RollView* roll, int64_t bars, bool is_guess)
 {
     Text text = {0};
-    text_append_format(&text, "%lld", (long long)bars);
+    text_append_format(&text, "%" PRId64, bars);
     if (roll->first_bar > roll->last_bar) {
         text_append(&text, ", and none of those asked for");
     } else if (roll->last_bar - roll->first_bar + 1 < bars) {
-        text_append_format(&text, ", of which %lld to %lld", (long long)roll->first_bar,
-                           (long long)roll->last_bar);
+        text_append_format(&text, ", of which %" PRId64 " to %" PRId64, roll->first_bar,
+                           roll->last_bar);
     }
     text_append_format(&text, "; meter %d/%d", roll->meter.beats, roll->meter.unit);
     text_append(&text, is_guess ? " (a guess: clips hold no meter)" : "");

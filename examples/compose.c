@@ -6,7 +6,6 @@
  */
 #include <stdio.h>
 #include <stdlib.h>
-#include <string.h>
 
 #include "catalogue.h"
 #include "clip_view.h"
@@ -98,6 +97,7 @@ static bool print_file(const char* path, int most_lines)
 {
     FILE* file = console_open_file(path, "rb");
     if (file == NULL) {
+        fprintf(stderr, "cannot open %s\n", path);
         return false;
     }
     int lines = 0;
@@ -112,14 +112,24 @@ static bool print_file(const char* path, int most_lines)
     return fclose(file) == 0;
 }
 
-/* The property document lies beside the clip file and always has the same name. */
+/* Where the file name in a path begins. */
+static size_t begin_of_name(const char* path)
+{
+    size_t begin = 0;
+    for (size_t i = 0; path[i] != '\0'; ++i) {
+        if (path[i] == '/' || path[i] == '\\') {
+            begin = i + 1;
+        }
+    }
+    return begin;
+}
+
+/* The property document stands beside the clip file and always has the same name. */
 static char* property_path(const char* clip_path)
 {
     Text path = {0};
-    const char* file_name = strrchr(clip_path, '/');
-    file_name = file_name != NULL ? file_name : strrchr(clip_path, '\\');
     text_append(&path, clip_path);
-    path.length = file_name != NULL ? (size_t)(file_name + 1 - clip_path) : 0;
+    path.length = begin_of_name(clip_path);
     text_append(&path, "property.json");
     return path.bytes;
 }

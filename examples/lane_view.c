@@ -54,12 +54,12 @@ static const char* level(const Lane* lane, int64_t value)
 
 /*
  * A value holds until the next event. Of several values between two times, the one that is farthest
- * from the first is shown: a short dip would be lost in an average. Before the first event there is
- * no value.
+ * from the one before is shown: a short dip would be lost in an average. Before the first event there
+ * is no value.
  */
 static const char* level_between(const Lane* lane, int64_t begin, int64_t end)
 {
-    size_t first = events_until(lane, begin);
+    size_t first = events_until(lane, begin - 1);
     size_t last = events_until(lane, end - 1);
     if (last == 0) {
         return " ";

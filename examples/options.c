@@ -9,11 +9,10 @@
 #include "text.h"
 
 static const char usage[] =
-    "Usage: browse [OPTION...] SYSTEM_FOLDER USER_FOLDER [CLIP]\n"
+    "Usage: browse [OPTION...] SYSTEM_FOLDER USER_FOLDER [CLIP...]\n"
     "\n"
-    "Lists the clips in two folders. With CLIP (its number in the list, its ID or its name), "
-    "shows\n"
-    "what is in that clip.\n"
+    "Lists the clips in two folders. When clips are named, by number in the list, by ID or by\n"
+    "name, shows what is in each.\n"
     "\n"
     "  --part TYPE            only clips whose part is of this type: midi, midiAi or audio\n"
     "  --type TAG             only clips with this type tag\n"
@@ -48,9 +47,9 @@ static bool read_meter(Meter* meter, const char* value)
 
 static bool read_bars(ClipView* view, const char* value)
 {
-    long long first = 0;
-    long long last = 0;
-    bool is_range = sscanf(value, "%9lld-%9lld", &first, &last) == 2;
+    int first = 0;
+    int last = 0;
+    bool is_range = sscanf(value, "%9d-%9d", &first, &last) == 2;
     view->first_bar = first;
     view->last_bar = last;
     return is_range && first >= 1 && first <= last;
@@ -95,12 +94,12 @@ static bool read_option(Options* options, const char* name, const char* value)
 /* Takes what comes after the options. */
 static bool read_folders(Options* options, char** arguments, int count)
 {
-    if (count < 2 || count > 3) {
+    if (count < 2) {
         return false;
     }
     options->system_folder = arguments[0];
     options->user_folder = arguments[1];
-    options->clip = arguments[2]; /* NULL ends the arguments */
+    options->clips = arguments + 2; /* NULL ends the arguments */
     return true;
 }
 

@@ -12,7 +12,7 @@ typedef struct Options {
     ClipView view;
     const char* system_folder;
     const char* user_folder;
-    const char* clip; /* NULL: list the clips */
+    char** clips; /* ends with NULL; without any, the clips are listed */
 } Options;
 
 /* Reads the command line, in UTF-8. When it is wrong, says so, and how to use it. */

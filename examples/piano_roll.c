@@ -1,5 +1,6 @@
 #include "piano_roll.h"
 
+#include <inttypes.h>
 #include <stdio.h>
 
 #include "conventions.h"
@@ -68,7 +69,7 @@ static void draw_bar_numbers(Line* line)
 {
     for (int bar = 0; bar < line->bars; ++bar) {
         char number[24];
-        snprintf(number, sizeof number, "%lld", (long long)(line->first_bar + bar + 1));
+        snprintf(number, sizeof number, "%" PRId64, line->first_bar + bar + 1);
         write_text(&line->grid, 0, bar_line_column(line->layout, bar), number);
     }
 }
@@ -139,7 +140,7 @@ void print_piano_roll(const Melody* melody, const RollView* view)
         if (find_range(melody, &layout, bar, &line.lowest, &line.highest)) {
             print_line(&line, melody, view->key);
         } else {
-            printf("      %lld to %lld: rests\n\n", (long long)bar + 1, (long long)bar + line.bars);
+            printf("      %" PRId64 " to %" PRId64 ": rests\n\n", bar + 1, bar + line.bars);
         }
     }
 }
