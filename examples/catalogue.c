@@ -108,7 +108,7 @@ static void append_tags(Text* text, KRT_PLX_Filter* filter, CountTags count_tags
     count_tags(filter, &count);
     for (uint64_t i = 0; i < count; ++i) {
         text_append_item(text, i == 0 ? "; " : ", ", "");
-        text_append_utf16(text, tag_at(filter, i));
+        text_append_printable(text, tag_at(filter, i));
     }
 }
 
@@ -139,7 +139,7 @@ char* tags_text(KRT_PLX_Filter* filter)
 
 enum { number_of_columns = 7, tags_column = number_of_columns - 1 };
 
-enum { least_width_of_tags = 24, indent_of_tags_below = 5 };
+enum { most_column_width = 40, least_width_of_tags = 24, indent_of_tags_below = 5 };
 
 /* A row of the table; its texts are freed by free_row(). */
 typedef struct Row {
@@ -157,7 +157,7 @@ static char* copy_text(const char* bytes)
 static char* copy_utf16(const KRT_PLX_Char* units)
 {
     Text text = {0};
-    text_append_utf16(&text, units);
+    text_append_printable(&text, units);
     text_append(&text, text.length == 0 ? "-" : "");
     return text.bytes;
 }
@@ -202,7 +202,7 @@ typedef struct Columns {
     int width; /* of the console */
 } Columns;
 
-/* Makes each column as wide as its widest cell; the tags get what is left of the line. */
+/* Makes each column as wide as its widest cell, within reason; the tags get what is left. */
 static Columns measure_columns(const Row* rows, size_t count, int width)
 {
     Columns columns = {{0}, 0, width};
@@ -212,6 +212,7 @@ static Columns measure_columns(const Row* rows, size_t count, int width)
             int cell = display_width(rows[i].cells[column]);
             *widest = cell > *widest ? cell : *widest;
         }
+        *widest = *widest < most_column_width ? *widest : most_column_width;
         columns.tags_begin += *widest + 2;
     }
     return columns;

@@ -20,7 +20,7 @@ static void print_clip_line(KRT_PLX_ClipBase* clip, int width)
     uint32_t tempo = KRT_PLX_ClipBase_partTempo(clip);
     text_append(&text, part_type_name(KRT_PLX_ClipBase_partType(clip)));
     text_append(&text, *vendor != 0 ? " by " : "");
-    text_append_utf16(&text, vendor);
+    text_append_printable(&text, vendor);
     if (key != NULL) {
         text_append_format(&text, ", %s", key);
     }
@@ -33,8 +33,8 @@ static void print_clip_line(KRT_PLX_ClipBase* clip, int width)
 
 static void print_heading(KRT_PLX_ClipBase* clip, int width)
 {
-    char* name = utf8_from_utf16(KRT_PLX_Clip_name(clip));
-    char* id = utf8_from_utf16(KRT_PLX_Clip_id(clip));
+    char* name = printable_from_utf16(KRT_PLX_Clip_name(clip));
+    char* id = printable_from_utf16(KRT_PLX_Clip_id(clip));
     char* tags = tags_text(KRT_PLX_Clip_filter(clip));
     printf("%s\n", name);
     print_entry("ID", id, width);

@@ -84,7 +84,7 @@ static void append_dvqm(Text* text, const char* name, const Summary* summary, bo
 {
     if (summary->dvqms[is_attack] > 0) {
         text_append_format(text, "; %s on %u (", name, summary->dvqms[is_attack]);
-        text_append_utf16(text, summary->components[is_attack]);
+        text_append_printable(text, summary->components[is_attack]);
         text_append(text, ")");
     }
 }

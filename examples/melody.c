@@ -13,7 +13,7 @@ static MelodyNote read_note(KRT_PLX_NoteBase* note)
     result.end = result.begin + KRT_PLX_NoteBase_duration(note);
     result.vibrato_begin = result.end - KRT_PLX_VibratoBase_duration(vibrato);
     result.number = KRT_PLX_NoteBase_number(note);
-    result.lyric = utf8_from_utf16(KRT_PLX_NoteBase_lyric(note));
+    result.lyric = printable_from_utf16(KRT_PLX_NoteBase_lyric(note));
     return result;
 }
 

@@ -24,7 +24,7 @@ static void append_language(Text* text, uint32_t language)
 static void append_voice_bank(Text* text, KRT_PLX_PartBase* part)
 {
     text_append(text, "voice bank ");
-    text_append_utf16(text, KRT_PLX_MidiPartBase_voiceBankID(part));
+    text_append_printable(text, KRT_PLX_MidiPartBase_voiceBankID(part));
     append_language(text, KRT_PLX_MidiPartBase_langID(part));
 }
 
@@ -32,7 +32,7 @@ static void append_ai_voice(Text* text, KRT_PLX_PartBase* part)
 {
     uint64_t languages = KRT_PLX_MidiPartBase_aiLangIDSize(part);
     text_append(text, "AI voice ");
-    text_append_utf16(text, KRT_PLX_MidiPartBase_aiVoiceBankID(part));
+    text_append_printable(text, KRT_PLX_MidiPartBase_aiVoiceBankID(part));
     for (uint64_t i = 0; i < languages; ++i) {
         append_language(text, KRT_PLX_MidiPartBase_aiLangIDByIndex(part, i));
     }
@@ -43,7 +43,7 @@ static void append_style(Text* text, KRT_PLX_PartBase* part)
     const KRT_PLX_Char* style = KRT_PLX_MidiPartBase_styleName(part);
     if (*style != 0) {
         text_append(text, ", style ");
-        text_append_utf16(text, style);
+        text_append_printable(text, style);
     }
 }
 

@@ -130,17 +130,29 @@ static void print_line(Line* line, const Melody* melody, uint32_t key)
     free_grid(&line->grid);
 }
 
+/* Bars before `end` in which nothing sounds, counted from 0. */
+static void print_rests(int64_t begin, int64_t end)
+{
+    if (begin + 1 == end) {
+        printf("      %" PRId64 ": rests\n\n", end);
+    } else if (begin < end) {
+        printf("      %" PRId64 " to %" PRId64 ": rests\n\n", begin + 1, end);
+    }
+}
+
 void print_piano_roll(const Melody* melody, const RollView* view)
 {
     Layout layout = make_layout(melody, view);
-    for (int64_t bar = view->first_bar - 1; bar < view->last_bar; bar += layout.bars_per_line) {
+    int64_t rests = view->first_bar - 1;
+    for (int64_t bar = rests; bar < view->last_bar; bar += layout.bars_per_line) {
         int64_t left = view->last_bar - bar;
         Line line = {.layout = &layout, .first_bar = bar, .bars = layout.bars_per_line};
         line.bars = left < line.bars ? (int)left : line.bars;
         if (find_range(melody, &layout, bar, &line.lowest, &line.highest)) {
+            print_rests(rests, bar);
             print_line(&line, melody, view->key);
-        } else {
-            printf("      %" PRId64 " to %" PRId64 ": rests\n\n", bar + 1, bar + line.bars);
+            rests = bar + line.bars;
         }
     }
+    print_rests(rests, view->last_bar);
 }

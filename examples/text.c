@@ -110,14 +110,6 @@ KRT_PLX_Char* utf16_from_utf8(const char* text)
     return units;
 }
 
-char* utf8_from_utf16(const KRT_PLX_Char* text)
-{
-    Text copy = {0};
-    text_append(&copy, "");
-    text_append_utf16(&copy, text);
-    return copy.bytes;
-}
-
 bool utf16_equal(const KRT_PLX_Char* left, const KRT_PLX_Char* right)
 {
     return utf16_compare(left, right) == 0;
@@ -174,13 +166,42 @@ static uint32_t next_utf16(const KRT_PLX_Char** units)
     return 0x10000 + ((first - 0xD800) << 10) + (second - 0xDC00);
 }
 
-void text_append_utf16(Text* text, const KRT_PLX_Char* units)
+static void append_character(Text* text, uint32_t character)
+{
+    char bytes[4];
+    int length = encode_utf8(character, bytes);
+    append_bytes(text, bytes, (size_t)length);
+}
+
+static bool is_control(uint32_t character)
+{
+    return character < 0x20 || (character >= 0x7F && character < 0xA0);
+}
+
+void text_append_printable(Text* text, const KRT_PLX_Char* units)
 {
     while (units != NULL && *units != 0) {
-        char bytes[4];
-        int length = encode_utf8(next_utf16(&units), bytes);
-        append_bytes(text, bytes, (size_t)length);
+        uint32_t character = next_utf16(&units);
+        append_character(text, is_control(character) ? replacement_character : character);
     }
+}
+
+char* utf8_from_utf16(const KRT_PLX_Char* text)
+{
+    Text copy = {0};
+    text_append(&copy, "");
+    while (text != NULL && *text != 0) {
+        append_character(&copy, next_utf16(&text));
+    }
+    return copy.bytes;
+}
+
+char* printable_from_utf16(const KRT_PLX_Char* text)
+{
+    Text copy = {0};
+    text_append(&copy, "");
+    text_append_printable(&copy, text);
+    return copy.bytes;
 }
 
 void text_append_format(Text* text, const char* format, ...)

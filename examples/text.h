@@ -12,8 +12,14 @@ void* allocate(size_t count, size_t size);
 /* Returns the text as the library takes it, or NULL when it is no UTF-8. Free it. */
 KRT_PLX_Char* utf16_from_utf8(const char* text);
 
-/* Returns a text of the library for the console; NULL gives an empty text. Free it. */
+/* Returns a text of the library in UTF-8; NULL gives an empty text. Free it. */
 char* utf8_from_utf16(const KRT_PLX_Char* text);
+
+/*
+ * Does the same for the console. A clip can come from anywhere: what its texts hold must not act on
+ * the console, so control characters are replaced. Free it.
+ */
+char* printable_from_utf16(const KRT_PLX_Char* text);
 
 bool utf16_equal(const KRT_PLX_Char* left, const KRT_PLX_Char* right);
 
@@ -28,7 +34,7 @@ typedef struct Text {
 } Text;
 
 void text_append(Text* text, const char* bytes);
-void text_append_utf16(Text* text, const KRT_PLX_Char* units);
+void text_append_printable(Text* text, const KRT_PLX_Char* units);
 void text_append_format(Text* text, const char* format, ...);
 
 /* Appends a separator, unless the text is empty, and then the bytes. */
