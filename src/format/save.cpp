@@ -21,6 +21,12 @@ Result writeDocument(const String& path, const std::optional<std::string_view>& 
                                                            : Result::documentNotWritten;
 }
 
+// What follows the last backslash may still hold slashes, and with them lead out of the clip's folder.
+bool isFileName(StringView name)
+{
+    return !name.empty() && name.find(static_cast<Char>('/')) == StringView::npos;
+}
+
 } // namespace
 
 bool rewriteProperties(const String& path, const ClipBase& clip, const FilterTags& tags,
@@ -83,7 +89,7 @@ Result NewClipFolder::copyWave(PartBase& part) const
         return Result::directoryNotCreated;
     }
     const StringView fileName = fs::fileName(wave);
-    const bool copied = !fileName.empty() && fs::copyFile(wave, wavePath(directory_, fileName));
+    const bool copied = isFileName(fileName) && fs::copyFile(wave, wavePath(directory_, fileName));
     return copied ? Result::success : Result::waveFileNotCopied;
 }
 
