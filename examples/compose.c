@@ -18,12 +18,12 @@
 static const char vendor_name[] = "Example studio";
 
 /* What the steps share. Clips are kept by ID, since reading the clips again ends all handles. */
-typedef struct Session {
+typedef struct Workshop {
     KRT_PLX_Manager* manager;
     KRT_PLX_Char* wave_path;
     char* tune_id;
     char* sound_id;
-} Session;
+} Workshop;
 
 static void announce(const char* step)
 {
@@ -37,9 +37,9 @@ static bool report(const char* call, bool is_done)
     return is_done;
 }
 
-static KRT_PLX_ClipBase* clip_of(const Session* session, const char* id)
+static KRT_PLX_ClipBase* clip_of(const Workshop* workshop, const char* id)
 {
-    Catalogue catalogue = list_clips(session->manager);
+    Catalogue catalogue = list_clips(workshop->manager);
     KRT_PLX_ClipBase* clip = find_clip(&catalogue, id);
     free_catalogue(&catalogue);
     return clip;
@@ -63,31 +63,31 @@ static bool save_clip(KRT_PLX_ClipBase* clip, const char* name, char** id)
     return true;
 }
 
-static bool compose_tune(Session* session)
+static bool compose_tune(Workshop* workshop)
 {
     announce("Build a tune, and save it as a user clip");
-    KRT_PLX_ClipBase* clip = KRT_PLX_Manager_createMutableClip(session->manager);
+    KRT_PLX_ClipBase* clip = KRT_PLX_Manager_createMutableClip(workshop->manager);
     bool is_done = report("part, notes, lane, effect and tags set", build_tune(clip)) &&
-                   save_clip(clip, "When the saints", &session->tune_id);
+                   save_clip(clip, "When the saints", &workshop->tune_id);
     KRT_PLX_MutableClip_destroy(clip);
     return is_done;
 }
 
-static bool write_wave_file(const Session* session)
+static bool write_wave_file(const Workshop* workshop)
 {
-    char* path = system_path(session->wave_path);
+    char* path = system_path(workshop->wave_path);
     bool is_written = write_bell(path);
     free(path);
     return report("a wave file written", is_written);
 }
 
-static bool compose_sound(Session* session)
+static bool compose_sound(Workshop* workshop)
 {
     announce("Build an audio clip, and save it as a user clip");
-    KRT_PLX_ClipBase* clip = KRT_PLX_Manager_createMutableClip(session->manager);
-    bool is_done = write_wave_file(session) &&
-                   report("part, effect and tags set", build_sound(clip, session->wave_path)) &&
-                   save_clip(clip, "Bell", &session->sound_id);
+    KRT_PLX_ClipBase* clip = KRT_PLX_Manager_createMutableClip(workshop->manager);
+    bool is_done = write_wave_file(workshop) &&
+                   report("part, effect and tags set", build_sound(clip, workshop->wave_path)) &&
+                   save_clip(clip, "Bell", &workshop->sound_id);
     KRT_PLX_MutableClip_destroy(clip);
     return is_done;
 }
@@ -134,10 +134,10 @@ static char* property_path(const char* clip_path)
     return path.bytes;
 }
 
-static bool show_files(const Session* session)
+static bool show_files(const Workshop* workshop)
 {
     announce("The two files of the tune");
-    char* clip_path = system_path(KRT_PLX_Clip_path(clip_of(session, session->tune_id)));
+    char* clip_path = system_path(KRT_PLX_Clip_path(clip_of(workshop, workshop->tune_id)));
     char* properties = property_path(clip_path);
     bool is_done = print_file(properties, 40) && print_file(clip_path, 40);
     free(properties);
@@ -145,22 +145,22 @@ static bool show_files(const Session* session)
     return is_done;
 }
 
-static void print_user_clips(const Session* session)
+static void print_user_clips(const Workshop* workshop)
 {
     Search search = {.part_type = KRT_PLX_PART_NONE, .vendor = utf16_from_utf8(vendor_name)};
-    Catalogue catalogue = list_clips(session->manager);
+    Catalogue catalogue = list_clips(workshop->manager);
     print_catalogue(&catalogue, &search, console_width());
     free_catalogue(&catalogue);
     free_search(&search);
 }
 
-static bool list_saved_clips(const Session* session)
+static bool list_saved_clips(const Workshop* workshop)
 {
     announce("The new clips in the catalogue, and the tune as it is read back");
     const ClipView view = {.first_bar = 1, .width = console_width()};
-    print_user_clips(session);
+    print_user_clips(workshop);
     printf("\n");
-    return print_clip(clip_of(session, session->tune_id), &view);
+    return print_clip(clip_of(workshop, workshop->tune_id), &view);
 }
 
 static bool set_properties(KRT_PLX_PropertyEditor* editor)
@@ -185,10 +185,10 @@ static bool set_properties(KRT_PLX_PropertyEditor* editor)
     return is_done;
 }
 
-static bool edit_tune(const Session* session)
+static bool edit_tune(const Workshop* workshop)
 {
     announce("Edit name, key, tempo, types and genres of the tune");
-    KRT_PLX_ClipBase* clip = clip_of(session, session->tune_id);
+    KRT_PLX_ClipBase* clip = clip_of(workshop, workshop->tune_id);
     KRT_PLX_PropertyEditor* editor = KRT_PLX_UserClip_createPropertyEditor(clip);
     bool is_done = set_properties(editor) &&
                    report("KRT_PLX_PropertyEditor_save", KRT_PLX_PropertyEditor_save(editor));
@@ -196,45 +196,45 @@ static bool edit_tune(const Session* session)
     return is_done;
 }
 
-static bool read_again(const Session* session)
+static bool read_again(const Workshop* workshop)
 {
     announce("Read the user clips again from disk");
-    uint32_t code = KRT_PLX_Manager_readUserClipFiles(session->manager);
+    uint32_t code = KRT_PLX_Manager_readUserClipFiles(workshop->manager);
     report("KRT_PLX_Manager_readUserClipFiles", code == KRT_PLX_RESULT_OK);
-    print_user_clips(session);
+    print_user_clips(workshop);
     return code == KRT_PLX_RESULT_OK;
 }
 
 /* Reading the part first lets the library know of a wave file, which it then removes as well. */
-static bool remove_clip(const Session* session, const char* id)
+static bool remove_clip(const Workshop* workshop, const char* id)
 {
-    KRT_PLX_ClipBase* clip = clip_of(session, id);
+    KRT_PLX_ClipBase* clip = clip_of(workshop, id);
     return report("KRT_PLX_Clip_readPart", KRT_PLX_Clip_readPart(clip)) &&
            report("KRT_PLX_UserClip_remove", KRT_PLX_UserClip_remove(clip));
 }
 
-static bool remove_wave_file(const Session* session)
+static bool remove_wave_file(const Workshop* workshop)
 {
-    char* path = system_path(session->wave_path);
+    char* path = system_path(workshop->wave_path);
     bool is_removed = console_remove_file(path) == 0;
     free(path);
     return report("the wave file removed", is_removed);
 }
 
-static bool remove_clips(const Session* session)
+static bool remove_clips(const Workshop* workshop)
 {
     announce("Remove both clips from disk and from the catalogue");
-    bool is_done = remove_clip(session, session->tune_id) &&
-                   remove_clip(session, session->sound_id) && remove_wave_file(session);
-    print_user_clips(session);
+    bool is_done = remove_clip(workshop, workshop->tune_id) &&
+                   remove_clip(workshop, workshop->sound_id) && remove_wave_file(workshop);
+    print_user_clips(workshop);
     return is_done;
 }
 
-static bool compose(Session* session)
+static bool compose(Workshop* workshop)
 {
-    return compose_tune(session) && compose_sound(session) && show_files(session) &&
-           list_saved_clips(session) && edit_tune(session) && read_again(session) &&
-           remove_clips(session);
+    return compose_tune(workshop) && compose_sound(workshop) && show_files(workshop) &&
+           list_saved_clips(workshop) && edit_tune(workshop) && read_again(workshop) &&
+           remove_clips(workshop);
 }
 
 /* The library wants backslashes in the path of a wave file, on every system. */
@@ -248,12 +248,12 @@ static KRT_PLX_Char* wave_path_in(const char* folder)
     return units;
 }
 
-static void end_session(Session* session)
+static void close_workshop(Workshop* workshop)
 {
-    KRT_PLX_Manager_destroy(session->manager);
-    free(session->wave_path);
-    free(session->tune_id);
-    free(session->sound_id);
+    KRT_PLX_Manager_destroy(workshop->manager);
+    free(workshop->wave_path);
+    free(workshop->tune_id);
+    free(workshop->sound_id);
 }
 
 int main(int argc, char** argv)
@@ -263,12 +263,12 @@ int main(int argc, char** argv)
         fputs("Usage: compose SYSTEM_FOLDER SCRATCH_USER_FOLDER\n", stderr);
         return EXIT_FAILURE;
     }
-    Session session = {.manager = open_library("compose", argv[1], argv[2])};
-    if (session.manager == NULL) {
+    Workshop workshop = {.manager = open_library("compose", argv[1], argv[2])};
+    if (workshop.manager == NULL) {
         return EXIT_FAILURE;
     }
-    session.wave_path = wave_path_in(argv[2]);
-    bool is_done = compose(&session);
-    end_session(&session);
+    workshop.wave_path = wave_path_in(argv[2]);
+    bool is_done = compose(&workshop);
+    close_workshop(&workshop);
     return is_done ? EXIT_SUCCESS : EXIT_FAILURE;
 }
