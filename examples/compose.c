@@ -108,7 +108,11 @@ static bool print_file(const char* path, int most_lines)
         }
         lines += byte == '\n';
     }
-    printf(lines < most_lines ? "\n" : "... and %d more lines\n", lines + 1 - most_lines);
+    if (lines < most_lines) {
+        printf("\n");
+    } else {
+        printf("... and %d more lines\n", lines + 1 - most_lines);
+    }
     return fclose(file) == 0;
 }
 
