@@ -4,13 +4,17 @@
 #    include <cerrno>
 #    include <climits>
 #    include <cstring>
+#    include <filesystem>
 #    include <functional>
 #    include <string>
+#    include <system_error>
 #    include <vector>
 
 #    include <dirent.h>
+#    include <fcntl.h>
 #    include <gmock/gmock.h>
 #    include <gtest/gtest.h>
+#    include <unistd.h>
 
 #    include "fs/fs.h"
 #    include "posix_faults.h"
@@ -289,6 +293,16 @@ TEST_F(FsFaults, WritingGoesOnAfterShortWrites)
     EXPECT_TRUE(readBytes(dir / "file") == after);
 }
 
+TEST_F(FsFaults, AWriteThatMovesNothingHasFailed)
+{
+    const Work work = writing();
+    work.prepare();
+    Faults::limitTransfers(0);
+    work.run();
+    Faults::stop();
+    EXPECT_EQ(outcome, WriteResult::failed);
+}
+
 TEST_F(FsFaults, CopyingEndsWellOrSaysThatItDidNot)
 {
     failEachCall(failures, copying());
@@ -339,6 +353,17 @@ TEST_F(FsFaults, RemovingSaysWhetherItDid)
     failEachCall(failures, removing(dir / "folder"));
 }
 
+// Some systems say "not permitted" of a folder, others "is a folder".
+TEST_F(FsFaults, RemovingAFolderUnderstandsBothRefusals)
+{
+    for (const int error : {EPERM, EISDIR}) {
+        makeFolder(dir / "folder");
+        Faults::failCall(1, error);
+        EXPECT_TRUE(fs::remove(dir / "folder"));
+        Faults::stop();
+    }
+}
+
 TEST_F(FsFaults, RemovingGoesOnAfterInterruptions)
 {
     for (const String& path : {dir / "file", dir / "folder"}) {
@@ -361,6 +386,34 @@ TEST_F(FsFaults, RemovingATreeGoesOnAfterInterruptions)
         EXPECT_TRUE(exists(dir / "outside\\e"));
     };
     interruptEachCall(work);
+}
+
+TEST_F(FsFaults, AWalkAsksForKindsThatItIsNotTold)
+{
+    makeTree();
+    makePipe(dir / "tree\\pipe");
+    makeLink(dir / "tree\\dangling", text("missing"));
+    const Work work = walking();
+    Faults::hideKinds();
+    work.run();
+    Faults::stop();
+    EXPECT_THAT(found, testing::UnorderedElementsAreArray(treeFiles));
+}
+
+TEST_F(FsFaults, NoOpenFileIsInherited)
+{
+    for (const Work& work : {reading(), writing(), copying(), removingTree()}) {
+        work.prepare();
+        Faults::countInheritable();
+        work.run();
+        EXPECT_EQ(Faults::countInheritable(), 0);
+    }
+    Faults::failCall(1, ENOSYS);
+    fs::newUuid();
+    Faults::stop();
+    EXPECT_EQ(Faults::countInheritable(), 0);
+    ::close(::open("/dev/null", O_RDONLY));
+    EXPECT_EQ(Faults::countInheritable(), 1);
 }
 
 TEST_F(FsFaults, AWalkFindsNothingButFiles)
@@ -463,6 +516,28 @@ TEST_F(FsInterference, ALinkThatTakesAFoldersPlaceIsNotFollowed)
         work.check = [this] { EXPECT_TRUE(exists(dir / "outside\\e")); };
         interfereWithEachCall(work, [this, folder] { swapForLink(folder); });
     }
+}
+
+// What then lies above it is another folder, where things may have the same names.
+TEST_F(FsInterference, AFolderThatIsMovedAwayDoesNotLeadOutOfTheTree)
+{
+    Work work = removingTree();
+    work.prepare = [this] {
+        fs::removeTree(dir / "tree");
+        fs::removeTree(dir / "outside");
+        makeTree();
+        writeBytes(dir / "outside\\b", "x");
+        makeFolder(dir / "outside\\one");
+    };
+    work.check = [this] {
+        EXPECT_TRUE(exists(dir / "outside\\b"));
+        EXPECT_TRUE(exists(dir / "outside\\one"));
+    };
+    interfereWithEachCall(work, [this] {
+        std::error_code ignored;
+        std::filesystem::rename(hostPath(dir / "tree\\one\\two"), hostPath(dir / "outside\\two"),
+                                ignored);
+    });
 }
 
 TEST_F(FsInterference, ATreeThatAnotherRemovesMeanwhileIsGone)

@@ -15,6 +15,7 @@ using support::makeLink;
 using support::makePipe;
 using support::TempDir;
 using support::text;
+using support::utf8;
 using support::writeBytes;
 
 class FsQuestions : public testing::Test {
@@ -147,6 +148,21 @@ TEST_F(FsQuestions, ADanglingLinkLeadsNowhere)
 TEST_F(FsQuestions, ADeviceIsNoPlainFile)
 {
     expect(text("\\dev\\null"), true, false, false);
+}
+
+TEST_F(FsQuestions, TheLongestPathThatTheSystemTakesIsStillTaken)
+{
+    writeBytes(dir / "file", "x");
+    String path = dir.path();
+    while (utf8(path).size() + 5 < 4094) {
+        path += text("\\.");
+    }
+    if (utf8(path).size() + 5 < 4095) {
+        path += fs::separator;
+    }
+    EXPECT_EQ(utf8(path + text("\\file")).size(), 4095u);
+    expectFile(path + text("\\file"));
+    expectNothing(path + text("\\\\file"));
 }
 
 TEST_F(FsQuestions, BothSeparatorsLeadThroughFolders)

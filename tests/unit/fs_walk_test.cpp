@@ -244,6 +244,18 @@ TEST_F(FsWalkLinks, ALinkOutOfTheTreeAndBackIsCutAtTheWayBack)
     EXPECT_THAT(filesIn(dir / "clips"), UnorderedElementsAre("a", "out\\b"));
 }
 
+TEST_F(FsWalkLinks, AFolderBesideIsNotMistakenForOneAbove)
+{
+    for (const char* name : {"a", "b"}) {
+        file(("clips\\" + std::string(name) + "\\file").c_str());
+        link(("clips\\" + std::string(name) + "\\up").c_str(), "..");
+    }
+    link("clips\\a\\to b", "..\\b");
+    link("clips\\b\\to a", "..\\a");
+    EXPECT_THAT(filesIn(dir / "clips"),
+                UnorderedElementsAre("a\\file", "b\\file", "a\\to b\\file", "b\\to a\\file"));
+}
+
 TEST_F(FsWalkLinks, AFolderIsVisitedAtItsOwnPlaceAndThroughOneLink)
 {
     file("clips\\own\\a");

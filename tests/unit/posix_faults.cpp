@@ -8,6 +8,7 @@
 #    include <cstdarg>
 #    include <cstdint>
 #    include <cstdlib>
+#    include <utility>
 
 #    include <dirent.h>
 #    include <dlfcn.h>
@@ -27,6 +28,8 @@ int failure = 0;
 std::size_t longest = SIZE_MAX;
 long interferingBefore = LONG_MAX;
 std::function<void()> interference;
+bool hidingKinds = false;
+long inheritable = 0;
 
 enum class Interruptible { no, yes };
 
@@ -81,8 +84,20 @@ void interfere(long number, std::function<void()> happening)
     interference = std::move(happening);
 }
 
+void hideKinds()
+{
+    calls = 0;
+    hidingKinds = true;
+}
+
+long countInheritable()
+{
+    return std::exchange(inheritable, 0);
+}
+
 long stop()
 {
+    hidingKinds = false;
     firstFailing = LONG_MAX;
     interferingBefore = LONG_MAX;
     longest = SIZE_MAX;
@@ -92,6 +107,8 @@ long stop()
 } // namespace Faults
 
 using Faults::fails;
+using Faults::hidingKinds;
+using Faults::inheritable;
 using Faults::Interruptible;
 using Faults::longest;
 using Faults::next;
@@ -114,6 +131,7 @@ int open(const char* path, int flags, ...)
     va_start(arguments, flags);
     const mode_t mode = modeOf(flags, arguments);
     va_end(arguments);
+    inheritable += (flags & O_CLOEXEC) == 0;
     return fails() ? -1 : call(path, flags, mode);
 }
 
@@ -124,6 +142,7 @@ int openat(int folder, const char* path, int flags, ...)
     va_start(arguments, flags);
     const mode_t mode = modeOf(flags, arguments);
     va_end(arguments);
+    inheritable += (flags & O_CLOEXEC) == 0;
     return fails() ? -1 : call(folder, path, flags, mode);
 }
 
@@ -204,7 +223,11 @@ DIR* fdopendir(int folder)
 dirent* readdir(DIR* folder)
 {
     static const auto call = next<decltype(&::readdir)>("readdir");
-    return fails() ? nullptr : call(folder);
+    dirent* entry = fails() ? nullptr : call(folder);
+    if (hidingKinds && entry != nullptr) {
+        entry->d_type = DT_UNKNOWN;
+    }
+    return entry;
 }
 
 char* realpath(const char* path, char* resolved) noexcept

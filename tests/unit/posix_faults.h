@@ -21,8 +21,15 @@ void limitTransfers(std::size_t bytes);
 // From now on the calls are counted from 1, and this happens just before the one of that number.
 void interfere(long number, std::function<void()> happening);
 
+// From now on folders are listed without the kinds of their entries, as some file systems do.
+void hideKinds();
+
 // Back to normal; tells how many calls there were.
 long stop();
+
+// How many files and folders have been opened, since the last question, in a way that a program
+// started meanwhile would inherit them.
+long countInheritable();
 
 } // namespace Faults
 
