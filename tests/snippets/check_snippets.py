@@ -73,6 +73,22 @@ class Readme(unittest.TestCase):
         return sorted(int(number) for number in [*notes, *(number for _, number in pairs)])
 
 
+class Folders(unittest.TestCase):
+    """The map of the folders names none that is not there."""
+
+    def test_readme(self):
+        rows = table_with(SOURCES / "README.md", "Folder")
+        names = [name for row in rows for name in re.findall("`([^`]+)`", row["Folder"])]
+        self.assertGreater(len(names), 10)
+        self.assertEqual([name for name in names if not (SOURCES / name).is_dir()], [])
+
+    def test_contributing(self):
+        rows = table_with(SOURCES / "CONTRIBUTING.md", "Folder")
+        names = [row["Folder"].strip("`") for row in rows]
+        self.assertGreater(len(names), 5)
+        self.assertEqual([name for name in names if not (SOURCES / name).exists()], [])
+
+
 class Headers(unittest.TestCase):
     """The examples in the comments of the public headers compile."""
 
