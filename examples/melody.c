@@ -37,14 +37,21 @@ void free_melody(Melody* melody)
     *melody = (Melody){NULL, 0};
 }
 
-int64_t ticks_per_beat(Meter meter)
+static int64_t ticks_per_unit(Meter meter)
 {
     return 4 * ticks_per_quarter / meter.unit;
 }
 
+/* 6/8, 9/8 and 12/8 are counted by three eighths. */
+int64_t ticks_per_beat(Meter meter)
+{
+    bool is_compound = meter.unit == 8 && meter.beats > 3 && meter.beats % 3 == 0;
+    return is_compound ? 3 * ticks_per_unit(meter) : ticks_per_unit(meter);
+}
+
 int64_t ticks_per_bar(Meter meter)
 {
-    return meter.beats * ticks_per_beat(meter);
+    return meter.beats * ticks_per_unit(meter);
 }
 
 static size_t count_held_notes(const Melody* melody, int64_t bar)
