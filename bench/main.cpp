@@ -22,12 +22,20 @@ struct Work {
 };
 
 constexpr std::array works{Work{"scan", bench::scanCatalogues},
+                           Work{"scan again", bench::rescanCatalogue},
+                           Work{"system calls", bench::countSystemCalls},
                            Work{"readPart ordinary", bench::readOrdinaryParts},
                            Work{"readPart big", bench::readBigPart},
+                           Work{"walk", bench::walkPart},
+                           Work{"build", bench::buildNotes},
                            Work{"save", bench::saveBigClip},
+                           Work{"edit", bench::editProperties},
+                           Work{"remove", bench::removeClips},
                            Work{"calls", bench::callFunctions},
                            Work{"memory catalogue", bench::weighCatalogue},
-                           Work{"memory parts", bench::weighParts}};
+                           Work{"memory parts", bench::weighParts},
+                           Work{"growth reading", bench::growReading},
+                           Work{"growth building", bench::growBuilding}};
 
 struct Options {
     bench::Path folder;

@@ -11,4 +11,7 @@ void scan(const std::vector<Path>& folders, Catalogue& catalogue);
 
 Part readPart(const Path& file);
 
+// Writes a property document. Whether all of it was written.
+bool saveProperties(const Path& file, const Clip& clip);
+
 } // namespace bench::with_nlohmann

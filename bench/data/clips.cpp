@@ -13,11 +13,13 @@ constexpr std::array<const char*, 8> moods{"bright", "静か", "driving", "tende
                                            "épique", "夏",   "lo-fi",   "wide"};
 constexpr std::array<const char*, 6> vendors{"Aoi Sound", "Studio Märzlicht", "北星音楽",
                                              "Blue Harbour", "Kite & Key", "Voix du Midi"};
-constexpr std::array<const char*, 6> groups{"Soprano", "Alto", "Tenor", "男声", "女声", "Choir"};
-constexpr std::array<const char*, 8> types{"Lead",  "Harmony", "Backing", "Phrase",
-                                           "Chant", "Scat",    "Riff",    "合いの手"};
-constexpr std::array<const char*, 8> genres{"Pop",  "Rock", "Ballad", "R&B",
-                                            "Folk", "演歌", "House",  "Ambient"};
+constexpr std::array<const char*, 6> groups{"Soprano voices", "Alto voices", "Tenor voices",
+                                            "男声", "女声", "Children's choir"};
+constexpr std::array<const char*, 8> types{"Lead vocal",  "Harmony", "Backing vocal", "Phrase",
+                                           "Call and answer", "Scat",  "Long tones", "合いの手"};
+constexpr std::array<const char*, 8> genres{"City Pop",   "Alternative Rock", "Ballad",
+                                            "Modern R&B", "Contemporary Folk", "演歌",
+                                            "Deep House", "Ambient"};
 constexpr std::array<const char*, 6> singers{"BCXDC6CZLSZHZCB4", "BNXC4WEFM7Y5K3DA",
                                              "BLRGDRE4PTNQ2HKC", "BKMFHT57RWSX9ZEB",
                                              "BDSCLP3NQYV8JXTA", "BHZVNWA6CKTG4MRE"};
@@ -37,14 +39,14 @@ std::vector<std::string> consecutive(Random& random, const std::array<const char
 Filter makeFilter(Random& random, const std::string& vendor)
 {
     Filter filter;
-    filter.singerGroups = consecutive(random, groups, 2);
+    filter.singerGroups = consecutive(random, groups, 3);
     filter.vendors = {vendor};
     for (std::int32_t language = 0; language < random.between(1, 4); ++language) {
         filter.languages.push_back(language);
     }
-    filter.singerIDs = consecutive(random, singers, 4);
+    filter.singerIDs = consecutive(random, singers, 5);
     filter.types = consecutive(random, types, 4);
-    filter.genres = consecutive(random, genres, 4);
+    filter.genres = consecutive(random, genres, 5);
     return filter;
 }
 
@@ -73,7 +75,7 @@ Clip makeClip(std::size_t index)
     Clip clip;
     clip.id = makeID(random);
     clip.name = std::string(random.oneOf(sections)) + " " + std::to_string(index) + " – " +
-                random.oneOf(moods);
+                random.oneOf(moods) + ", second take";
     clip.vendorName = vendorName(index / 1000) + " / " + "Vocal phrases and hooks, volume " +
                       std::to_string(index / 50 % 20 + 1);
     clip.partType = 3;

@@ -1,14 +1,17 @@
 #pragma once
 
 #include "data/folder.h"
+#include "model/catalogue.h"
 
 namespace bench {
 
 // Writes everything that the works read, unless a former run has left it complete.
 void generate(const DataFolder& data);
 
-// Clips as the library saves them, in folders named by their IDs. Those that are complete are
-// written again all the same.
-void writeUserClip(const DataFolder& data, std::size_t index);
+// A clip of the user's.
+Clip makeUserClip(std::size_t index);
+
+// Writes it as the library saves clips, in a folder named by its ID.
+void writeUserClip(const DataFolder& data, const Clip& clip);
 
 } // namespace bench

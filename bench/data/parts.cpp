@@ -32,10 +32,10 @@ constexpr std::array<Syllable, 16> syllables{{{"さ", "s a"},
 
 constexpr std::array<std::int32_t, 6> durations{120, 180, 240, 360, 480, 960};
 
-// Half of the values are untouched by the musician.
+// Every fourth value is untouched by the musician.
 float aiValue(Random& random)
 {
-    return random.oneIn(2) ? 0.5F : static_cast<float>(random.between(0, 1000)) / 1000.0F;
+    return random.oneIn(4) ? 0.5F : static_cast<float>(random.between(0, 1000)) / 1000.0F;
 }
 
 std::vector<Point> points(Random& random, std::int32_t duration)
@@ -66,10 +66,11 @@ Dvqm dvqm(Random& random)
 
 void addOrnament(Note& note, Ornament ornament, Random& random)
 {
-    if (ornament == Ornament::dvqm) {
+    if (ornament != Ornament::singingSkill) {
         note.attack = dvqm(random);
         note.release = dvqm(random);
-    } else {
+    }
+    if (ornament != Ornament::dvqm) {
         note.singingSkill = {note.duration / 2, random.value(0, 127), random.value(0, 127)};
     }
 }
@@ -117,9 +118,9 @@ Lane lane(Random& random, std::uint32_t type, std::int32_t step, std::int32_t en
 
 void addLanes(Part& part, Random& random)
 {
-    part.lanes.push_back(lane(random, 0, 240, part.duration, 127));
-    part.lanes.push_back(lane(random, 3, 360, part.duration, 8191));
-    part.lanes.push_back(lane(random, 5, 960, part.duration, 127));
+    part.lanes.push_back(lane(random, 0, 120, part.duration, 127));
+    part.lanes.push_back(lane(random, 3, 240, part.duration, 8191));
+    part.lanes.push_back(lane(random, 5, 480, part.duration, 127));
 }
 
 // The parameters stand in the order of their names, as a part lists them.

@@ -8,8 +8,9 @@
 
 namespace bench {
 
-// What notes carry besides their vibrato: a document's reader takes one or the other.
-enum class Ornament { singingSkill, dvqm };
+// What notes carry besides their vibrato. A document's reader takes one or the other; an editable
+// note can have both.
+enum class Ornament { singingSkill, dvqm, both };
 
 struct PartShape {
     std::size_t notes = 0;

@@ -82,13 +82,18 @@ Contestant withTarget(Contestant contestant, std::optional<Target> target)
     return contestant;
 }
 
+// About the same time for each size.
+std::size_t roundsFor(const Run& run, std::size_t clips)
+{
+    return clips <= 1000 ? run.rounds * 3 : clips <= 10000 ? run.rounds : (run.rounds + 1) / 2;
+}
+
 void scan(Run& run, std::size_t clips)
 {
     const bool isTheOne = clips == 10000;
     const auto target = [=](Target value) { return isTheOne ? std::optional(value) : std::nullopt; };
     const Folders folders = run.data.vendorsOf(clips);
-    const std::size_t rounds = clips <= 1000 ? run.rounds * 3 : run.rounds;
-    Contest contest("scan, " + std::to_string(clips) + " clips", rounds);
+    Contest contest("scan, " + std::to_string(clips) + " clips", roundsFor(run, clips));
     contest.add(library(run.data, folders, clips));
     contest.add(withTarget(limit(folders, clips), target({1.8})));
     contest.add(alternative<plain::Catalogue>("plain form", plain::scan, folders, clips));
@@ -118,7 +123,7 @@ void scanCatalogues(Run& run)
     for (const std::size_t clips : size.scans) {
         scan(run, clips);
     }
-    Contest contest("scan, cost per clip", run.rounds);
+    Contest contest("scan, cost per clip", roundsFor(run, size.scans.back()));
     contest.add(perClip(run, size.scans.back()));
     contest.add(withTarget(perClip(run, size.scanToCompareWith), Target{1.25}));
     contest.run(run.clock, run.table);
