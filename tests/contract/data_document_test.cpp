@@ -220,8 +220,8 @@ TEST_F(DataDocumentTest, KeepsTheLoadedPartWhenReadingItAgainFails)
     const std::vector<std::string> bad = {"", "{", "{}", dataObject("midi", badMidiPart),
                                           dataObject().with("midiAi", "5")};
     for (const std::string& document : bad) {
-        EXPECT_EQ(readPart(document), nullptr) << document;
-        EXPECT_EQ(KRT_PLX_Clip_midiPart(clipOfPart()), part) << document;
+        ASSERT_EQ(readPart(document), nullptr) << document;
+        ASSERT_EQ(KRT_PLX_Clip_midiPart(clipOfPart()), part) << document;
         EXPECT_EQ(KRT_PLX_MidiPartBase_duration(part), 1920);
     }
 }
