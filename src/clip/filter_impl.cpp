@@ -13,7 +13,7 @@ std::int32_t FilterImpl::language(std::uint64_t index) const
 const Char* FilterImpl::text(Tag tag, std::uint64_t index) const
 {
     const auto& texts = tags_.texts(tag);
-    return index < texts.size() ? texts[index].c_str() : nullptr;
+    return index < texts.size() ? texts[index].data() : nullptr;
 }
 
 } // namespace Korvel::CANTORIS::PLX

@@ -15,40 +15,25 @@ bool takes(Tag tag, StringView text)
     return tag == Tag::vendor || !text.empty();
 }
 
-template <class List, class Value>
-bool contains(const List& list, const Value& value)
+template <class Value>
+bool contains(const std::vector<Value>& list, const Value& value)
 {
     return std::find(list.begin(), list.end(), value) != list.end();
 }
 
-template <class List, class Value>
-bool eraseFirst(List& list, const Value& value)
+// Appends the items that `accepts` lets in and that are not there yet.
+template <class Value, class Accepts>
+void appendDistinct(std::vector<Value>& list, const std::vector<Value>& items, Accepts accepts)
 {
-    const auto found = std::find(list.begin(), list.end(), value);
-    if (found == list.end()) {
-        return false;
-    }
-    list.erase(found);
-    return true;
-}
-
-// Appends what `accepts` lets in and is not there yet. `Key` is what the index compares.
-template <class Key, class List, class Items, class Accepts>
-void appendDistinct(List& list, Items&& items, Accepts accepts)
-{
-    list.reserve(list.size() + items.size()); // the index refers into the list
     const bool scans = list.size() + items.size() <= scanLimit;
-    std::set<Key> index;
+    std::set<Value> index;
     if (!scans) {
         index.insert(list.begin(), list.end());
     }
-    for (auto& item : items) {
-        if (!accepts(item) || (scans ? contains(list, item) : index.contains(Key(item)))) {
-            continue;
-        }
-        list.push_back(std::move(item));
-        if (!scans) {
-            index.insert(Key(list.back()));
+    list.reserve(list.size() + items.size());
+    for (const Value& item : items) {
+        if (accepts(item) && (scans ? !contains(list, item) : index.insert(item).second)) {
+            list.push_back(item);
         }
     }
 }
@@ -60,9 +45,8 @@ bool FilterTags::add(Tag tag, const Char* text)
     if (text == nullptr || !takes(tag, text)) {
         return false;
     }
-    const StringView wanted = text;
-    if (!contains(list(tag), wanted)) {
-        list(tag).push_back(String(wanted)); // a copy first: the text may be an element's own
+    if (list(tag).find(text) == list(tag).size()) {
+        list(tag).append(text);
     }
     return true;
 }
@@ -80,24 +64,34 @@ bool FilterTags::addLanguage(std::int32_t number)
 
 bool FilterTags::remove(Tag tag, const Char* text)
 {
-    return text != nullptr && eraseFirst(list(tag), StringView(text));
+    const std::size_t index = text == nullptr ? list(tag).size() : list(tag).find(text);
+    if (index == list(tag).size()) {
+        return false;
+    }
+    list(tag).erase(index);
+    return true;
 }
 
 bool FilterTags::removeLanguage(std::int32_t number)
 {
-    return eraseFirst(languages_, number);
+    const auto found = std::find(languages_.begin(), languages_.end(), number);
+    if (found == languages_.end()) {
+        return false;
+    }
+    languages_.erase(found);
+    return true;
 }
 
-void FilterTags::addAll(Tag tag, Texts&& texts)
+void FilterTags::addAll(Tag tag, const std::vector<StringView>& texts)
 {
-    appendDistinct<StringView>(list(tag), std::move(texts),
-                               [tag](const String& text) { return takes(tag, text); });
+    auto all = list(tag).views();
+    appendDistinct(all, texts, [tag](StringView text) { return takes(tag, text); });
+    TextList(all).swap(list(tag));
 }
 
 void FilterTags::addAllLanguages(const Languages& numbers)
 {
-    appendDistinct<std::int32_t>(languages_, numbers,
-                                 [](std::int32_t number) { return number >= 0; });
+    appendDistinct(languages_, numbers, [](std::int32_t number) { return number >= 0; });
 }
 
 } // namespace Korvel::CANTORIS::PLX

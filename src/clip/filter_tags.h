@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "clip/text_list.h"
 #include "text.h"
 
 namespace Korvel::CANTORIS::PLX {
@@ -15,10 +16,9 @@ inline constexpr std::size_t textTagCount = 5;
 
 class FilterTags {
 public:
-    using Texts = std::vector<String>;
     using Languages = std::vector<std::int32_t>;
 
-    const Texts& texts(Tag tag) const { return texts_[static_cast<std::size_t>(tag)]; }
+    const TextList& texts(Tag tag) const { return texts_[static_cast<std::size_t>(tag)]; }
     const Languages& languages() const { return languages_; }
 
     // Appends the text unless an equal one is there. False when this list takes no such text: null,
@@ -34,16 +34,16 @@ public:
 
     // As adding one by one, in order, but near-linear in their number: for documents, which may hold
     // any amount. What a list would not take is left out.
-    void addAll(Tag tag, Texts&& texts);
+    void addAll(Tag tag, const std::vector<StringView>& texts);
     void addAllLanguages(const Languages& numbers);
 
     // Swaps one list as a whole.
-    void exchange(Tag tag, Texts& texts) noexcept { list(tag).swap(texts); }
+    void exchange(Tag tag, TextList& texts) noexcept { list(tag).swap(texts); }
 
 private:
-    Texts& list(Tag tag) { return texts_[static_cast<std::size_t>(tag)]; }
+    TextList& list(Tag tag) { return texts_[static_cast<std::size_t>(tag)]; }
 
-    std::array<Texts, textTagCount> texts_;
+    std::array<TextList, textTagCount> texts_;
     Languages languages_;
 };
 

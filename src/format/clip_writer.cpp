@@ -11,9 +11,8 @@ namespace {
 
 bool hasText(const FilterTags& tags, Tag tag)
 {
-    const auto& texts = tags.texts(tag);
-    return std::any_of(texts.begin(), texts.end(),
-                       [](const String& text) { return !text.empty(); });
+    const auto texts = tags.texts(tag).views();
+    return std::any_of(texts.begin(), texts.end(), [](StringView text) { return !text.empty(); });
 }
 
 bool hasLanguage(const FilterTags& tags)
@@ -38,7 +37,7 @@ void writeTexts(Output& out, const FilterTags& tags, const schema::filter::TextL
     }
     out.key(schema::filter::keys[list.key]);
     out.beginArray();
-    for (const String& text : tags.texts(list.tag)) {
+    for (const StringView text : tags.texts(list.tag).views()) {
         if (!text.empty()) {
             out.text(text);
         }

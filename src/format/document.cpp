@@ -1,6 +1,6 @@
 #include "format/document.h"
 
-#include "format/unicode.h"
+#include "format/encoding.h"
 
 namespace Korvel::CANTORIS::PLX::format {
 

@@ -1,23 +1,47 @@
 #include "format/filter_reader.h"
 
+#include <vector>
+
 #include "format/values.h"
+#include "unicode.h"
 
 namespace Korvel::CANTORIS::PLX::format {
 
 namespace {
 
-// The elements that are texts, as the list's add operation wants them.
-FilterTags::Texts textsOf(const Value& array)
-{
-    FilterTags::Texts texts;
-    texts.reserve(array.Size());
-    for (const auto& element : array.GetArray()) {
-        if (auto text = asText(&element)) {
-            texts.push_back(std::move(*text));
+// The elements of an array that are texts: their units end to end, and a view of each.
+class Texts {
+public:
+    explicit Texts(const Value& array)
+    {
+        reserveFor(array);
+        for (const auto& element : array.GetArray()) {
+            if (const auto utf8 = asUtf8(&element)) {
+                const std::size_t start = units_.size();
+                appendUtf16(units_, *utf8);
+                views_.emplace_back(units_.data() + start, units_.size() - start);
+            }
         }
     }
-    return texts;
-}
+
+    const std::vector<StringView>& views() const { return views_; }
+
+private:
+    // The views point into the units, which must stay where they are: no text has more units than
+    // bytes.
+    void reserveFor(const Value& array)
+    {
+        std::size_t bytes = 0;
+        for (const auto& element : array.GetArray()) {
+            bytes += asUtf8(&element).value_or(std::string_view()).size();
+        }
+        units_.reserve(bytes);
+        views_.reserve(array.Size());
+    }
+
+    String units_;
+    std::vector<StringView> views_;
+};
 
 FilterTags::Languages integersOf(const Value& array)
 {
@@ -38,7 +62,7 @@ void readFilter(const Value& object, const String& vendorName, FilterTags& tags)
     const Members members(object, schema::filter::keys);
     for (const auto& list : schema::filter::textLists) {
         if (const Value* const array = asArray(members[list.key])) {
-            tags.addAll(list.tag, textsOf(*array));
+            tags.addAll(list.tag, Texts(*array).views());
         }
     }
     if (const Value* const array = asArray(members[schema::filter::languages])) {

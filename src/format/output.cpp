@@ -1,8 +1,21 @@
 #include "format/output.h"
 
-#include "format/unicode.h"
+#include <cstring>
+
+#include "unicode.h"
 
 namespace Korvel::CANTORIS::PLX::format {
+
+namespace json {
+
+// Indents in one step, as RapidJSON does for its own buffer but not for one with another allocator.
+template <>
+inline void PutN(Output::Sink& sink, char unit, std::size_t count)
+{
+    std::memset(sink.Push(count), unit, count);
+}
+
+} // namespace json
 
 namespace {
 

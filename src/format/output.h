@@ -31,8 +31,9 @@ public:
     // The whole document, valid as long as this object; no value when it is spoilt.
     std::optional<std::string_view> finish() const;
 
-private:
     using Sink = json::GenericStringBuffer<json::UTF8<char>, ThrowingAllocator>;
+
+private:
     using Compact = json::Writer<Sink, json::UTF8<char>, json::UTF8<char>, ThrowingAllocator>;
     using Indented =
         json::PrettyWriter<Sink, json::UTF8<char>, json::UTF8<char>, ThrowingAllocator>;

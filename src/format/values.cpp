@@ -1,6 +1,6 @@
 #include "format/values.h"
 
-#include "format/unicode.h"
+#include "unicode.h"
 
 namespace Korvel::CANTORIS::PLX::format {
 
@@ -26,12 +26,24 @@ std::optional<bool> asFlag(const Value* value)
     return value != nullptr && value->IsBool() ? std::optional(value->GetBool()) : std::nullopt;
 }
 
-std::optional<String> asText(const Value* value)
+std::optional<std::string_view> asUtf8(const Value* value)
 {
     if (value == nullptr || !value->IsString()) {
         return std::nullopt;
     }
-    return toUtf16({value->GetString(), value->GetStringLength()});
+    const std::string_view text(value->GetString(), value->GetStringLength());
+    return text.substr(0, text.find('\0'));
+}
+
+std::optional<String> asText(const Value* value)
+{
+    const auto utf8 = asUtf8(value);
+    if (!utf8) {
+        return std::nullopt;
+    }
+    String text;
+    appendUtf16(text, *utf8);
+    return text;
 }
 
 const Value* asObject(const Value* value)

@@ -17,10 +17,12 @@ namespace Korvel::CANTORIS::PLX::format {
 inline constexpr double largestFloat = 3.4028234e38;
 
 // Each takes null, for an absent key, as it takes a value of another kind: there is no such value.
+// Every text of the model ends at its first NUL, and so it is read.
 std::optional<std::int32_t> asInteger(const Value* value);
 std::optional<float> asFloat(const Value* value);
 std::optional<bool> asFlag(const Value* value);
 std::optional<String> asText(const Value* value);
+std::optional<std::string_view> asUtf8(const Value* value); // valid as long as the document
 const Value* asObject(const Value* value);
 const Value* asArray(const Value* value);
 

@@ -26,16 +26,12 @@ Made makeFolder(const std::string& path)
 
 bool createDirectories(const String& path)
 {
-    const HostPath host{path};
-    return host && makeWithAncestors<std::string>(host.text(), "/", makeFolder);
+    return makeWithAncestors<std::string>(HostPath{path}.text(), "/", makeFolder);
 }
 
 bool remove(const String& path)
 {
     const HostPath host{path};
-    if (!host) {
-        return false;
-    }
     if (uninterrupted([&] { return ::unlink(host.text()); }) == 0) {
         return true;
     }
@@ -46,7 +42,7 @@ bool remove(const String& path)
 bool removeEmptyFolder(const String& path)
 {
     const HostPath host{path};
-    return host && uninterrupted([&] { return ::rmdir(host.text()); }) == 0;
+    return uninterrupted([&] { return ::rmdir(host.text()); }) == 0;
 }
 
 } // namespace Korvel::CANTORIS::PLX::fs

@@ -100,7 +100,7 @@ WriteResult writeFile(const String& path, std::string_view content)
 {
     const HostPath host{path};
     struct stat status;
-    if (!host || (readStatus(host, status) && !S_ISREG(status.st_mode))) {
+    if (readStatus(host, status) && !S_ISREG(status.st_mode)) {
         return WriteResult::notOpened;
     }
     Descriptor file = openForWriting(host, O_TRUNC);
@@ -116,7 +116,7 @@ bool copyFile(const String& from, const String& to)
     const HostPath source{from};
     const HostPath target{to};
     struct stat status;
-    if (!target || !isPlain(source, status)) {
+    if (!isPlain(source, status)) {
         return false;
     }
     const Descriptor input = openForReading(source);

@@ -30,9 +30,7 @@ bool isSelfOrParent(std::string_view name)
 
 FolderReader::FolderReader(const HostPath& path)
 {
-    if (path) {
-        stream_.reset(uninterruptedPointer([&] { return ::opendir(path.text()); }));
-    }
+    stream_.reset(uninterruptedPointer([&] { return ::opendir(path.text()); }));
 }
 
 FolderReader::FolderReader(Descriptor folder)

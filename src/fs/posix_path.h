@@ -9,26 +9,24 @@
 
 namespace Korvel::CANTORIS::PLX::fs {
 
-// A path as the system takes it: slashes and bytes, on the stack. False for one that has no such
-// form: a lone surrogate, an embedded NUL, or longer than any path that the system accepts.
+// A path as the system takes it: slashes and bytes, on the stack. One that has no such form (a lone
+// surrogate, an embedded NUL, longer than any path that the system accepts) becomes the empty path,
+// where the system finds nothing and makes nothing.
 class HostPath {
 public:
     explicit HostPath(StringView path);
 
-    explicit operator bool() const { return converted_; }
     const char* text() const { return bytes_; }
-    char* text() { return bytes_; }
     std::size_t length() const { return length_; }
 
     // A separator at the end would make the system look through a link.
     void dropTrailingSeparators();
 
 private:
-    bool append(StringView& rest);
+    bool append(char32_t point);
 
     char bytes_[PATH_MAX];
     std::size_t length_ = 0;
-    bool converted_ = false;
 };
 
 // Appends a name of the host. False, and nothing appended, for one that is no valid text or that

@@ -14,8 +14,7 @@ using ResolvedPath = char[PATH_MAX];
 
 bool resolve(const String& path, ResolvedPath& resolved)
 {
-    const HostPath host{path};
-    return host && ::realpath(host.text(), resolved) != nullptr;
+    return ::realpath(HostPath{path}.text(), resolved) != nullptr;
 }
 
 } // namespace

@@ -125,7 +125,7 @@ bool removeTree(const String& path)
 {
     HostPath host{path};
     host.dropTrailingSeparators();
-    if (!host || host.length() == 0) {
+    if (host.length() == 0) {
         return false;
     }
     if (removeEntry(AT_FDCWD, host.text()) || errno == ENOENT || errno == ENOTDIR) {

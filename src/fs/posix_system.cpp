@@ -20,7 +20,7 @@ bool Descriptor::close()
 
 bool readStatus(const HostPath& path, struct stat& status)
 {
-    return path && uninterrupted([&] { return ::stat(path.text(), &status); }) == 0;
+    return uninterrupted([&] { return ::stat(path.text(), &status); }) == 0;
 }
 
 bool isFolder(const char* path)

@@ -14,8 +14,8 @@ struct EditableProperties {
     String name;
     std::uint32_t partKey;
     std::uint32_t partTempo;
-    FilterTags::Texts types;
-    FilterTags::Texts genres;
+    TextList types;
+    TextList genres;
 };
 
 class ClipImpl : public virtual Clip, public ClipBaseImpl {

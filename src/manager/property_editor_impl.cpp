@@ -55,11 +55,9 @@ bool PropertyEditorImpl::save()
     if (clipName_.empty()) {
         return false;
     }
-    Attempt attempt(clip_, {clipName_,
-                            part_.partKey,
-                            part_.partTempo,
-                            {filterTypes_.begin(), filterTypes_.end()},
-                            {filterGenres_.begin(), filterGenres_.end()}});
+    Attempt attempt(clip_, {clipName_, part_.partKey, part_.partTempo,
+                            TextList({filterTypes_.begin(), filterTypes_.end()}),
+                            TextList({filterGenres_.begin(), filterGenres_.end()})});
     if (!format::rewriteProperties(propertyPath(clip_.pathText()), clip_, clip_.tags(),
                                    clip_.idText(), clip_.nameText())) {
         return false;

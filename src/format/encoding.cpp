@@ -1,0 +1,149 @@
+#include "format/encoding.h"
+
+#include <array>
+#include <cstdint>
+#include <optional>
+
+#include "unicode.h"
+
+namespace Korvel::CANTORIS::PLX::format {
+
+namespace {
+
+struct Mark {
+    std::string_view bytes;
+    Encoding encoding;
+};
+
+// The four-byte marks come first: one of them begins with a two-byte one.
+constexpr std::array<Mark, 5> marks = {{
+    {{"\xFF\xFE\x00\x00", 4}, Encoding::utf32LittleEndian},
+    {{"\x00\x00\xFE\xFF", 4}, Encoding::utf32BigEndian},
+    {{"\xEF\xBB\xBF", 3}, Encoding::utf8},
+    {{"\xFF\xFE", 2}, Encoding::utf16LittleEndian},
+    {{"\xFE\xFF", 2}, Encoding::utf16BigEndian},
+}};
+
+// One bit a byte of the first four, set where it is not zero, first byte lowest.
+Encoding encodingByZeros(std::string_view bytes)
+{
+    unsigned pattern = 0;
+    for (unsigned place = 0; place < 4; ++place) {
+        pattern |= bytes[place] != '\0' ? 1U << place : 0U;
+    }
+    switch (pattern) {
+    case 0b1000:
+        return Encoding::utf32BigEndian;
+    case 0b0001:
+        return Encoding::utf32LittleEndian;
+    case 0b1010:
+        return Encoding::utf16BigEndian;
+    case 0b0101:
+        return Encoding::utf16LittleEndian;
+    default:
+        return Encoding::utf8;
+    }
+}
+
+void appendCodePoint(std::string& utf8, char32_t point)
+{
+    std::array<char, 4> bytes;
+    utf8.append(bytes.data(), encodeUtf8(point, bytes.data()));
+}
+
+// The number that `Width` bytes at `at` make.
+template <std::size_t Width, bool LittleEndian>
+char32_t unitAt(const char* at)
+{
+    char32_t unit = 0;
+    for (std::size_t place = 0; place < Width; ++place) {
+        const std::size_t shift = 8 * (LittleEndian ? place : Width - 1 - place);
+        unit |= static_cast<char32_t>(static_cast<unsigned char>(at[place])) << shift;
+    }
+    return unit;
+}
+
+template <bool LittleEndian>
+std::optional<std::string> fromUtf16(std::string_view bytes)
+{
+    if (bytes.size() % 2 != 0) {
+        return std::nullopt;
+    }
+    const std::size_t size = bytes.size() / 2;
+    const auto unit = [bytes, size](std::size_t index) {
+        return index < size ? unitAt<2, LittleEndian>(bytes.data() + 2 * index) : 0;
+    };
+    std::string utf8;
+    utf8.reserve(bytes.size());
+    for (std::size_t index = 0; index < size;) {
+        char32_t point = 0;
+        if (!takeCodePoint(unit, index, point)) {
+            return std::nullopt;
+        }
+        appendCodePoint(utf8, point);
+    }
+    return utf8;
+}
+
+template <bool LittleEndian>
+std::optional<std::string> fromUtf32(std::string_view bytes)
+{
+    if (bytes.size() % 4 != 0) {
+        return std::nullopt;
+    }
+    std::string utf8;
+    utf8.reserve(bytes.size() / 2);
+    for (std::size_t place = 0; place < bytes.size(); place += 4) {
+        const char32_t point = unitAt<4, LittleEndian>(bytes.data() + place);
+        if (isSurrogate(point) || point > lastCodePoint) {
+            return std::nullopt;
+        }
+        appendCodePoint(utf8, point);
+    }
+    return utf8;
+}
+
+std::optional<std::string> transcode(std::string_view bytes, Encoding encoding)
+{
+    switch (encoding) {
+    case Encoding::utf16LittleEndian:
+        return fromUtf16<true>(bytes);
+    case Encoding::utf16BigEndian:
+        return fromUtf16<false>(bytes);
+    case Encoding::utf32LittleEndian:
+        return fromUtf32<true>(bytes);
+    case Encoding::utf32BigEndian:
+        return fromUtf32<false>(bytes);
+    default:
+        return std::nullopt;
+    }
+}
+
+} // namespace
+
+DetectedEncoding detectEncoding(std::string_view bytes)
+{
+    for (const Mark& mark : marks) {
+        if (bytes.starts_with(mark.bytes)) {
+            return {mark.encoding, mark.bytes.size()};
+        }
+    }
+    return {bytes.size() < 4 ? Encoding::utf8 : encodingByZeros(bytes), 0};
+}
+
+bool makeUtf8(std::string& bytes)
+{
+    const DetectedEncoding detected = detectEncoding(bytes);
+    if (detected.encoding == Encoding::utf8) {
+        bytes.erase(0, detected.markLength);
+        return isValidUtf8(bytes);
+    }
+    auto utf8 = transcode(std::string_view(bytes).substr(detected.markLength), detected.encoding);
+    if (!utf8) {
+        return false;
+    }
+    bytes = std::move(*utf8);
+    return true;
+}
+
+} // namespace Korvel::CANTORIS::PLX::format

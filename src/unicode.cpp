@@ -1,0 +1,141 @@
+#include "unicode.h"
+
+#include <array>
+#include <cstdint>
+#include <cstring>
+
+namespace Korvel::CANTORIS::PLX {
+
+namespace {
+
+// What follows each kind of lead byte, and the least code point that may be written so.
+struct Form {
+    unsigned char mask;
+    unsigned char lead;
+    unsigned char tails;
+    char32_t least;
+};
+constexpr std::array<Form, 3> forms = {
+    {{0xE0, 0xC0, 1, 0x80}, {0xF0, 0xE0, 2, 0x800}, {0xF8, 0xF0, 3, 0x10000}}};
+
+// Takes the code point that starts at `at`, which is no ASCII byte. Null for an invalid one.
+const unsigned char* takeMultibyte(const Form& form, const unsigned char* at,
+                                   const unsigned char* end, char32_t& point)
+{
+    if (end - at <= form.tails) {
+        return nullptr;
+    }
+    point = *at & static_cast<unsigned char>(~form.mask);
+    for (unsigned tail = 1; tail <= form.tails; ++tail) {
+        if ((at[tail] & 0xC0) != 0x80) {
+            return nullptr;
+        }
+        point = (point << 6) | (at[tail] & 0x3F);
+    }
+    const bool valid = point >= form.least && point <= lastCodePoint && !isSurrogate(point);
+    return valid ? at + form.tails + 1 : nullptr;
+}
+
+const unsigned char* takeMultibyte(const unsigned char* at, const unsigned char* end,
+                                   char32_t& point)
+{
+    for (const Form& form : forms) {
+        if ((*at & form.mask) == form.lead) {
+            return takeMultibyte(form, at, end, point);
+        }
+    }
+    return nullptr;
+}
+
+// Documents are mostly ASCII: eight bytes at a time.
+const unsigned char* skipAscii(const unsigned char* at, const unsigned char* end)
+{
+    constexpr std::uint64_t highBits = 0x8080808080808080;
+    while (end - at >= 8) {
+        std::uint64_t block = 0;
+        std::memcpy(&block, at, sizeof block);
+        if ((block & highBits) != 0) {
+            break;
+        }
+        at += 8;
+    }
+    while (at != end && *at < 0x80) {
+        ++at;
+    }
+    return at;
+}
+
+// A unit for each character, two for one beyond the basic plane. The text is valid.
+std::size_t utf16Length(const unsigned char* at, const unsigned char* end)
+{
+    std::size_t units = 0;
+    for (; at != end; ++at) {
+        units += ((*at & 0xC0) != 0x80 ? 1U : 0U) + (*at >= 0xF0 ? 1U : 0U);
+    }
+    return units;
+}
+
+// Writes the units of valid text at `units`.
+void decode(const unsigned char* at, const unsigned char* end, Char* units)
+{
+    while (at != end) {
+        if (*at < 0x80) {
+            *units++ = static_cast<Char>(*at++);
+            continue;
+        }
+        char32_t point = 0;
+        at = takeMultibyte(at, end, point);
+        if (point < 0x10000) {
+            *units++ = static_cast<Char>(point);
+        } else {
+            *units++ = static_cast<Char>(0xD7C0 + (point >> 10));
+            *units++ = static_cast<Char>(0xDC00 + (point & 0x3FF));
+        }
+    }
+}
+
+} // namespace
+
+bool isValidUtf8(std::string_view bytes)
+{
+    const auto* at = reinterpret_cast<const unsigned char*>(bytes.data());
+    const auto* const end = at + bytes.size();
+    char32_t point = 0;
+    while (at != nullptr && (at = skipAscii(at, end)) != end) {
+        at = takeMultibyte(at, end, point);
+    }
+    return at != nullptr || bytes.empty();
+}
+
+bool appendUtf16(String& text, std::string_view utf8)
+{
+    if (!isValidUtf8(utf8)) {
+        return false;
+    }
+    const auto* const at = reinterpret_cast<const unsigned char*>(utf8.data());
+    const auto* const end = at + utf8.size();
+    const std::size_t before = text.size();
+    text.resize(before + utf16Length(at, end));
+    decode(at, end, text.data() + before);
+    return true;
+}
+
+bool appendUtf8(std::string& utf8, StringView text)
+{
+    const std::size_t before = utf8.size();
+    const auto unitAt = [text](std::size_t index) -> char32_t {
+        return index < text.size() ? text[index] : 0;
+    };
+    for (std::size_t index = 0; index < text.size();) {
+        char32_t point = 0;
+        if (!takeCodePoint(unitAt, index, point)) {
+            utf8.resize(before);
+            return false;
+        }
+        std::array<char, 4> bytes;
+        utf8.append(bytes.data(), encodeUtf8(point, bytes.data()));
+    }
+    return true;
+}
+
+} // namespace Korvel::CANTORIS::PLX

@@ -1,0 +1,88 @@
+// Between UTF-8, in which documents and some systems' file names are, and the library's UTF-16. Both
+// forms are taken strictly: no overlong form, no surrogate that stands alone, nothing beyond the last
+// code point.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include "text.h"
+
+namespace Korvel::CANTORIS::PLX {
+
+inline constexpr char32_t lastCodePoint = 0x10FFFF;
+
+constexpr bool isHighSurrogate(char32_t unit)
+{
+    return unit >= 0xD800 && unit <= 0xDBFF;
+}
+
+constexpr bool isLowSurrogate(char32_t unit)
+{
+    return unit >= 0xDC00 && unit <= 0xDFFF;
+}
+
+constexpr bool isSurrogate(char32_t unit)
+{
+    return unit >= 0xD800 && unit <= 0xDFFF;
+}
+
+constexpr char32_t joinSurrogates(char32_t high, char32_t low)
+{
+    return 0x10000 + ((high - 0xD800) << 10) + (low - 0xDC00);
+}
+
+// Takes the code point at `index` of UTF-16 text and steps over it. False for a surrogate that stands
+// alone. `unitAt(i)` gives a unit, and 0 beyond the end.
+template <class UnitAt>
+bool takeCodePoint(const UnitAt& unitAt, std::size_t& index, char32_t& point)
+{
+    point = unitAt(index++);
+    if (!isSurrogate(point)) {
+        return true;
+    }
+    const char32_t next = unitAt(index);
+    if (!isHighSurrogate(point) || !isLowSurrogate(next)) {
+        return false;
+    }
+    point = joinSurrogates(point, next);
+    ++index;
+    return true;
+}
+
+// Writes the code point at `bytes`, which has room for four, and returns how many it took.
+inline std::size_t encodeUtf8(char32_t point, char* bytes)
+{
+    const auto tail = [point](unsigned shift) {
+        return static_cast<char>(0x80 | ((point >> shift) & 0x3F));
+    };
+    if (point < 0x80) {
+        bytes[0] = static_cast<char>(point);
+        return 1;
+    }
+    if (point < 0x800) {
+        bytes[0] = static_cast<char>(0xC0 | (point >> 6));
+        bytes[1] = tail(0);
+        return 2;
+    }
+    if (point < 0x10000) {
+        bytes[0] = static_cast<char>(0xE0 | (point >> 12));
+        bytes[1] = tail(6);
+        bytes[2] = tail(0);
+        return 3;
+    }
+    bytes[0] = static_cast<char>(0xF0 | (point >> 18));
+    bytes[1] = tail(12);
+    bytes[2] = tail(6);
+    bytes[3] = tail(0);
+    return 4;
+}
+
+bool isValidUtf8(std::string_view bytes);
+
+// Appends the text in the other form. False, and nothing appended, when it is not valid.
+bool appendUtf16(String& text, std::string_view utf8);
+bool appendUtf8(std::string& utf8, StringView text);
+
+} // namespace Korvel::CANTORIS::PLX
