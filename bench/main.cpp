@@ -10,6 +10,7 @@
 #include <string_view>
 
 #include "data/generate.h"
+#include "support/machine.h"
 #include "works/works.h"
 
 namespace {
@@ -82,7 +83,8 @@ void runWorks(const Options& options)
 {
     const bench::Size size = options.isQuick ? bench::quickSize() : bench::fullSize();
     const std::size_t rounds = options.isQuick ? 3 : 9;
-    Run run{.data = bench::DataFolder(std::filesystem::absolute(options.folder), size),
+    const bench::Path folder = options.folder / (options.isQuick ? "quick" : "full");
+    Run run{.data = bench::DataFolder(std::filesystem::absolute(folder), size),
             .clock = options.onWallClock ? bench::Clock::wall : bench::Clock::processor,
             .rounds = options.rounds == 0 ? rounds : options.rounds,
             .table = {}};
@@ -94,6 +96,7 @@ void runWorks(const Options& options)
             work.run(run);
         }
     }
+    std::cout << bench::describeMachine() << "\n\n";
     run.table.print(std::cout);
     std::cout << '\n' << run.table.missedTargets() << " targets missed\n";
 }

@@ -67,7 +67,8 @@ std::vector<Point> pointsOf(const json& array)
 {
     std::vector<Point> points;
     for (const json& point : array) {
-        points.push_back({point.at("pos").get<std::int32_t>(), point.at("value").get<std::uint32_t>()});
+        points.push_back(
+            {point.at("pos").get<std::int32_t>(), point.at("value").get<std::uint32_t>()});
     }
     return points;
 }

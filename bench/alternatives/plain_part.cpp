@@ -237,8 +237,7 @@ Part readPart(const Path& file)
     readEffects(find(midi, u"audioEffects"), false, part.audioEffects);
     readEffects(find(midi, u"midiEffects"), true, part.midiEffects);
     readNotes(find(midi, u"notes"), part);
-    forEach(find(midi, u"controllers"),
-            [&](const Value* object) { readLane(object, part.lanes); });
+    forEach(find(midi, u"controllers"), [&](const Value* object) { readLane(object, part.lanes); });
     return part;
 }
 

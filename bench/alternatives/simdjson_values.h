@@ -15,11 +15,11 @@ using Value = simdjson::simdjson_result<simdjson::dom::element>;
 template <class T>
 void read(const Value& value, T& target)
 {
-    using Stored = std::conditional_t<
-        std::is_same_v<T, bool>, bool,
-        std::conditional_t<std::is_integral_v<T>, std::int64_t,
-                           std::conditional_t<std::is_floating_point_v<T>, double,
-                                              std::string_view>>>;
+    using Stored =
+        std::conditional_t<std::is_same_v<T, bool>, bool,
+                           std::conditional_t<std::is_integral_v<T>, std::int64_t,
+                                              std::conditional_t<std::is_floating_point_v<T>,
+                                                                 double, std::string_view>>>;
     Stored stored{};
     if (value.get(stored) == simdjson::SUCCESS) {
         target = T(stored);

@@ -7,19 +7,20 @@ namespace bench {
 
 namespace {
 
-constexpr std::array<const char*, 8> sections{"Verse",  "Chorus", "Bridge", "Hook",
-                                              "Intro",  "Outro",  "Ad-lib", "間奏"};
+constexpr std::array<const char*, 8> sections{"Verse", "Chorus", "Bridge", "Hook",
+                                              "Intro", "Outro",  "Ad-lib", "間奏"};
 constexpr std::array<const char*, 8> moods{"bright", "静か", "driving", "tender",
                                            "épique", "夏",   "lo-fi",   "wide"};
-constexpr std::array<const char*, 6> vendors{"Aoi Sound", "Studio Märzlicht", "北星音楽",
-                                             "Blue Harbour", "Kite & Key", "Voix du Midi"};
+constexpr std::array<const char*, 6> vendors{"Aoi Sound",    "Studio Märzlicht", "北星音楽",
+                                             "Blue Harbour", "Kite & Key",       "Voix du Midi"};
 constexpr std::array<const char*, 6> groups{"Soprano voices", "Alto voices", "Tenor voices",
-                                            "男声", "女声", "Children's choir"};
-constexpr std::array<const char*, 8> types{"Lead vocal",  "Harmony", "Backing vocal", "Phrase",
-                                           "Call and answer", "Scat",  "Long tones", "合いの手"};
-constexpr std::array<const char*, 8> genres{"City Pop",   "Alternative Rock", "Ballad",
-                                            "Modern R&B", "Contemporary Folk", "演歌",
-                                            "Deep House", "Ambient"};
+                                            "男声",           "女声",        "Children's choir"};
+constexpr std::array<const char*, 8> types{"Lead vocal", "Harmony",         "Backing vocal",
+                                           "Phrase",     "Call and answer", "Scat",
+                                           "Long tones", "合いの手"};
+constexpr std::array<const char*, 8> genres{
+    "City Pop", "Alternative Rock", "Ballad", "Modern R&B", "Contemporary Folk",
+    "演歌",     "Deep House",       "Ambient"};
 constexpr std::array<const char*, 6> singers{"BCXDC6CZLSZHZCB4", "BNXC4WEFM7Y5K3DA",
                                              "BLRGDRE4PTNQ2HKC", "BKMFHT57RWSX9ZEB",
                                              "BDSCLP3NQYV8JXTA", "BHZVNWA6CKTG4MRE"};

@@ -16,7 +16,7 @@ constexpr std::size_t ordinaryCopies = 32;
 // How much is generated and measured: all of it, or enough for a look.
 struct Size {
     std::vector<std::size_t> scans; // numbers of clips, ascending; multiples of clipsPerVendor
-    std::size_t scanToCompareWith;  // the cost per clip of the largest scan is held against this one
+    std::size_t scanToCompareWith; // the cost per clip of the largest scan is held against this one
     std::size_t scanForMemory;
     std::size_t userClips;
     std::size_t editedClips;

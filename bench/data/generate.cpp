@@ -62,8 +62,8 @@ void writeClip(const Path& folder, const Clip& clip, const Path& document, const
 void writeLibrary(const DataFolder& data)
 {
     for (std::size_t i = 0; i < data.size().scans.back(); ++i) {
-        const Path pack = data.vendor(i / clipsPerVendor) /
-                          numbered("pack", i % clipsPerVendor / clipsPerPack);
+        const Path pack =
+            data.vendor(i / clipsPerVendor) / numbered("pack", i % clipsPerVendor / clipsPerPack);
         writeClip(pack / numbered("clip", i % clipsPerPack), makeClip(i), templateFile(data, i),
                   "clip.kxclip");
     }
@@ -96,8 +96,7 @@ void writeParts(const DataFolder& data)
 {
     const PartShape big{.notes = data.size().bigNotes};
     const PartShape ordinary{.notes = ordinaryNotes};
-    const PartShape notes{
-        .notes = data.size().builtNotes, .hasLanes = false, .hasEffects = false};
+    const PartShape notes{.notes = data.size().builtNotes, .hasLanes = false, .hasEffects = false};
     PartShape dvqm = notes;
     dvqm.ornament = Ornament::dvqm;
     writeShared(data, "ordinary", dataDocument("ordinary", "Ordinary", makePart(ordinary, 1)),

@@ -106,8 +106,7 @@ void buildEffects(KRT_PLX_PartBase* part, Insert insert, const std::vector<HostE
     for (std::size_t i = 0; i < effects.size(); ++i) {
         auto* const effect = insert(part, i, effects[i].id.c_str());
         for (const HostParameter& parameter : effects[i].parameters) {
-            auto* const target =
-                KRT_PLX_MutableEffect_addParameter(effect, parameter.name.c_str());
+            auto* const target = KRT_PLX_MutableEffect_addParameter(effect, parameter.name.c_str());
             std::visit(SetValue{target}, parameter.value);
         }
     }

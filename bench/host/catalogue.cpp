@@ -45,13 +45,13 @@ std::vector<std::string> tagsOf(KRT_PLX_Filter* filter, Count count, Element ele
 
 Filter filterOf(KRT_PLX_Filter* filter)
 {
-    return {
-        .singerGroups = tagsOf(filter, KRT_PLX_Filter_numSingerGroups, KRT_PLX_Filter_singerGroup),
-        .vendors = tagsOf(filter, KRT_PLX_Filter_numVendors, KRT_PLX_Filter_vendor),
-        .languages = elementsOf(filter, KRT_PLX_Filter_numLanguages, KRT_PLX_Filter_language),
-        .singerIDs = tagsOf(filter, KRT_PLX_Filter_numSingerIDs, KRT_PLX_Filter_singerID),
-        .types = tagsOf(filter, KRT_PLX_Filter_numTypes, KRT_PLX_Filter_type),
-        .genres = tagsOf(filter, KRT_PLX_Filter_numGenres, KRT_PLX_Filter_genre)};
+    return {.singerGroups =
+                tagsOf(filter, KRT_PLX_Filter_numSingerGroups, KRT_PLX_Filter_singerGroup),
+            .vendors = tagsOf(filter, KRT_PLX_Filter_numVendors, KRT_PLX_Filter_vendor),
+            .languages = elementsOf(filter, KRT_PLX_Filter_numLanguages, KRT_PLX_Filter_language),
+            .singerIDs = tagsOf(filter, KRT_PLX_Filter_numSingerIDs, KRT_PLX_Filter_singerID),
+            .types = tagsOf(filter, KRT_PLX_Filter_numTypes, KRT_PLX_Filter_type),
+            .genres = tagsOf(filter, KRT_PLX_Filter_numGenres, KRT_PLX_Filter_genre)};
 }
 
 } // namespace
@@ -76,10 +76,10 @@ Manager::Manager(const std::vector<Path>& systemFolders, const Path& userFolder)
     }
     const std::vector<const KRT_PLX_Char*> pointers = pointersTo(further);
     std::uint32_t result = KRT_PLX_RESULT_OK;
-    handle_ = KRT_PLX_CreateManager(nextApplicationID().c_str(),
-                                    textOf(systemFolders.front()).c_str(),
-                                    textOf(userFolder).c_str(), pointers.data(),
-                                    static_cast<std::int32_t>(pointers.size()), nullptr, 0, &result);
+    handle_ =
+        KRT_PLX_CreateManager(nextApplicationID().c_str(), textOf(systemFolders.front()).c_str(),
+                              textOf(userFolder).c_str(), pointers.data(),
+                              static_cast<std::int32_t>(pointers.size()), nullptr, 0, &result);
     require(handle_ != nullptr, "no manager could be created");
 }
 

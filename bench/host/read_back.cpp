@@ -128,7 +128,8 @@ Lane laneOf(KRT_PLX_MidiControllerBase* controller)
     const std::uint64_t count = countOf(controller, KRT_PLX_MidiControllerBase_numEvents);
     for (std::uint64_t i = 0; i < count; ++i) {
         auto* const event = KRT_PLX_MidiController_event(controller, i);
-        lane.events.push_back({KRT_PLX_MidiEventBase_pos(event), KRT_PLX_MidiEventBase_value(event)});
+        lane.events.push_back(
+            {KRT_PLX_MidiEventBase_pos(event), KRT_PLX_MidiEventBase_value(event)});
     }
     return lane;
 }

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstring>
 #include <memory>
+#include <string>
 
 #include <dirent.h>
 #include <fcntl.h>
@@ -32,20 +33,22 @@ bool isSelfOrParent(const char* name)
     return std::strcmp(name, ".") == 0 || std::strcmp(name, "..") == 0;
 }
 
-// Relative to the folder above, which is the shortest way for the system.
-std::size_t walkFolder(int parent, const char* name)
+// The path grows and shrinks with the folder that it leads to.
+std::size_t walkFolder(std::string& path)
 {
-    const int folder = ::openat(parent, name, O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    DIR* const stream = folder < 0 ? nullptr : ::fdopendir(folder);
+    DIR* const stream = ::opendir(path.c_str());
     if (stream == nullptr) {
         return 0;
     }
     std::size_t bytes = 0;
+    const std::size_t length = path.size();
     while (const dirent* const entry = ::readdir(stream)) {
         if (entry->d_type == DT_DIR && !isSelfOrParent(entry->d_name)) {
-            bytes += walkFolder(folder, entry->d_name);
+            path.append(1, '/').append(entry->d_name);
+            bytes += walkFolder(path);
+            path.resize(length);
         } else if (std::strcmp(entry->d_name, "property.json") == 0) {
-            bytes += readProperty(folder, entry->d_name);
+            bytes += readProperty(::dirfd(stream), entry->d_name);
         }
     }
     ::closedir(stream);
@@ -58,7 +61,8 @@ std::size_t walkBare(const std::vector<Path>& folders)
 {
     std::size_t bytes = 0;
     for (const Path& folder : folders) {
-        bytes += walkFolder(AT_FDCWD, folder.c_str());
+        std::string path = folder.string();
+        bytes += walkFolder(path);
     }
     return bytes;
 }
@@ -66,7 +70,7 @@ std::size_t walkBare(const std::vector<Path>& folders)
 std::size_t readBare(const Path& file)
 {
     const int descriptor = ::open(file.c_str(), O_RDONLY | O_CLOEXEC);
-    struct stat status{};
+    struct stat status {};
     if (descriptor < 0 || ::fstat(descriptor, &status) != 0) {
         return 0;
     }

@@ -7,7 +7,7 @@
 namespace bench {
 
 struct HeapUse {
-    std::ptrdiff_t bytes = 0;  // what the blocks take, with the allocator's overhead
+    std::ptrdiff_t bytes = 0; // what the blocks take, with the allocator's overhead
     std::ptrdiff_t blocks = 0;
     std::ptrdiff_t peak = 0; // the most bytes at one time
 };

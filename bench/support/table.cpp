@@ -70,8 +70,7 @@ std::string targetText(const Row& row)
     if (!row.target) {
         return "";
     }
-    const Scale scale =
-        row.ratio ? countScales.front() : scaleOf(row.unit, row.target->most);
+    const Scale scale = row.ratio ? countScales.front() : scaleOf(row.unit, row.target->most);
     return std::string(row.target->isBelow ? "< " : "≤ ") +
            number(row.target->most / scale.factor) + " " + scale.name;
 }
@@ -84,8 +83,8 @@ void printRow(std::ostream& out, const Row& row)
         << number(row.figure.median / scale.factor) << ' ' << scale.name << " | "
         << (varies ? range(row.figure, scale.factor) : "") << " | "
         << (row.ratio ? number(*row.ratio) : "") << " | "
-        << (row.ratioSpread ? range(*row.ratioSpread, 1) : "") << " | " << targetText(row)
-        << " | " << (row.target ? (isMet(row) ? "yes" : "**no**") : "") << " |\n";
+        << (row.ratioSpread ? range(*row.ratioSpread, 1) : "") << " | " << targetText(row) << " | "
+        << (row.target ? (isMet(row) ? "yes" : "**no**") : "") << " |\n";
 }
 
 } // namespace

@@ -20,11 +20,8 @@ enum class Order { ascending, reversed, shuffled };
 
 Notes notesInOrder(std::size_t count, Order order)
 {
-    HostPart part = toHost(makePart({.notes = count,
-                                     .hasLanes = false,
-                                     .hasEffects = false,
-                                     .ornament = Ornament::both},
-                                    6));
+    HostPart part = toHost(makePart(
+        {.notes = count, .hasLanes = false, .hasEffects = false, .ornament = Ornament::both}, 6));
     if (order == Order::reversed) {
         std::reverse(part.notes.begin(), part.notes.end());
     } else if (order == Order::shuffled) {
@@ -43,8 +40,8 @@ void insertOnly(KRT_PLX_PartBase* part, const HostNote& note)
 Contestant library(const Run& run, const Notes& notes,
                    void (*build)(KRT_PLX_PartBase*, const HostNote&))
 {
-    const auto manager = std::make_shared<Manager>(std::vector{run.data.emptyFolder()},
-                                                   run.data.scratch());
+    const auto manager =
+        std::make_shared<Manager>(std::vector{run.data.emptyFolder()}, run.data.scratch());
     auto* const clip = KRT_PLX_Manager_createMutableClip(manager->handle());
     const auto buildAll = [=, lifetime = manager] {
         auto* const part = KRT_PLX_MutableClip_midiPart(clip);
@@ -75,9 +72,9 @@ Contestant plainObjects(const Notes& notes)
         std::stable_sort(objects->begin(), objects->end(),
                          [](const auto& a, const auto& b) { return a->pos < b->pos; });
     };
-    return {.name = "plain objects, sorted once",
-            .run = copyAll,
-            .after = [=] { *objects = Objects(); }};
+    return {.name = "plain objects, sorted once", .run = copyAll, .after = [=] {
+                *objects = Objects();
+            }};
 }
 
 struct NamedOrder {

@@ -32,8 +32,8 @@ public:
 
     void add(const char* name, void (*call)(benchmark::State&, const Targets&)) const
     {
-        benchmark::RegisterBenchmark(
-            name, [this, call](benchmark::State& state) { call(state, *this); });
+        benchmark::RegisterBenchmark(name,
+                                     [this, call](benchmark::State& state) { call(state, *this); });
     }
 
     [[nodiscard]] KRT_PLX_NoteBase* note() const { return note_; }

@@ -150,8 +150,8 @@ constexpr std::array kinds{Kind{"effects with distinct IDs", effectsBehind},
 // Builds into a new clip and destroys it, both counted: lists can be slow at either.
 Contestant contestant(const Run& run, const Kind& kind, std::size_t count)
 {
-    const auto manager = std::make_shared<Manager>(std::vector{run.data.emptyFolder()},
-                                                   run.data.scratch());
+    const auto manager =
+        std::make_shared<Manager>(std::vector{run.data.emptyFolder()}, run.data.scratch());
     const auto stage = std::make_shared<Stage>(makeStage(count));
     const auto build = [=, work = kind.build] {
         stage->clip = KRT_PLX_Manager_createMutableClip(manager->handle());

@@ -35,12 +35,10 @@ Contestant readPart(const DataFolder& data, const std::string& kind, std::size_t
 Contestant readCatalogue(const DataFolder& data, const std::string& kind, std::size_t count)
 {
     const auto manager = managerOf(data, kind, count);
-    return {.name = std::to_string(count),
-            .run =
-                [=] {
-                    manager->read();
-                    require(manager->systemClipCount() == 1, "a hostile clip was not listed");
-                }};
+    return {.name = std::to_string(count), .run = [=] {
+                manager->read();
+                require(manager->systemClipCount() == 1, "a hostile clip was not listed");
+            }};
 }
 
 void grow(Run& run, const std::string& kind,

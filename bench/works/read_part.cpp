@@ -48,8 +48,7 @@ private:
 // Reading the catalogue anew, between the runs, makes clips whose part has not been read.
 Contestant ReadPart::library() const
 {
-    const auto manager =
-        std::make_shared<Manager>(std::vector{folder_}, data_.emptyFolder());
+    const auto manager = std::make_shared<Manager>(std::vector{folder_}, data_.emptyFolder());
     const auto run = [manager, clips = clips_] {
         for (std::uint64_t i = 0; i < clips; ++i) {
             require(KRT_PLX_Clip_readPart(manager->systemClip(i)), "a part could not be read");

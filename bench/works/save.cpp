@@ -51,10 +51,11 @@ Contestant library(const std::shared_ptr<BigClip>& clip, Layout layout)
 
 Contestant limit(const std::shared_ptr<ReadyDocument>& document, const Path& file, Layout layout)
 {
-    return {.name = "limit: RapidJSON's writer alone",
-            .run = [=] { require(document->write(file, layout), "the limit could not be written"); },
-            .after = [=] { std::filesystem::remove(file); },
-            .target = Target{1.5}};
+    return {
+        .name = "limit: RapidJSON's writer alone",
+        .run = [=] { require(document->write(file, layout), "the limit could not be written"); },
+        .after = [=] { std::filesystem::remove(file); },
+        .target = Target{1.5}};
 }
 
 } // namespace

@@ -91,18 +91,20 @@ std::size_t roundsFor(const Run& run, std::size_t clips)
 void scan(Run& run, std::size_t clips)
 {
     const bool isTheOne = clips == 10000;
-    const auto target = [=](Target value) { return isTheOne ? std::optional(value) : std::nullopt; };
+    const auto target = [=](Target value) {
+        return isTheOne ? std::optional(value) : std::nullopt;
+    };
     const Folders folders = run.data.vendorsOf(clips);
     Contest contest("scan, " + std::to_string(clips) + " clips", roundsFor(run, clips));
     contest.add(library(run.data, folders, clips));
     contest.add(withTarget(limit(folders, clips), target({1.8})));
     contest.add(alternative<plain::Catalogue>("plain form", plain::scan, folders, clips));
-    contest.add(withTarget(alternative<Catalogue>("filesystem + nlohmann", with_nlohmann::scan,
-                                                  folders, clips),
-                           target({1.0, true})));
-    contest.add(withTarget(alternative<Catalogue>("filesystem + simdjson", with_simdjson::scan,
-                                                  folders, clips),
-                           target({1.0, true})));
+    contest.add(withTarget(
+        alternative<Catalogue>("filesystem + nlohmann", with_nlohmann::scan, folders, clips),
+        target({1.0, true})));
+    contest.add(withTarget(
+        alternative<Catalogue>("filesystem + simdjson", with_simdjson::scan, folders, clips),
+        target({1.0, true})));
     contest.run(run.clock, run.table);
 }
 

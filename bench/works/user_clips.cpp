@@ -152,9 +152,9 @@ void editProperties(Run& run)
     };
     const auto saveAll = [&] {
         for (const Clip& clip : clips) {
-            require(with_nlohmann::saveProperties(folderOf(data, clip) / "property.json",
-                                                  edited(clip)),
-                    "nlohmann could not save");
+            require(
+                with_nlohmann::saveProperties(folderOf(data, clip) / "property.json", edited(clip)),
+                "nlohmann could not save");
         }
     };
     Contest contest(numbered("edit and save the properties of ", data, " clips"), run.rounds);
@@ -184,13 +184,12 @@ void removeClips(Run& run)
             require(removeBare(clip.folder, clip.files), "a folder could not be removed");
         }
     };
-    Contest contest(numbered("remove ", data, " clips of ") +
-                        std::to_string(data.size().userClips),
+    Contest contest(numbered("remove ", data, " clips of ") + std::to_string(data.size().userClips),
                     run.rounds);
     contest.add({.name = "library", .run = removeAll, .before = prepare});
-    contest.add({.name = "limit: bare removal",
-                 .run = removeAllBare,
-                 .before = [&] { writeAll(data, clips); }});
+    contest.add({.name = "limit: bare removal", .run = removeAllBare, .before = [&] {
+                     writeAll(data, clips);
+                 }});
     contest.run(run.clock, run.table);
     writeAll(data, clips);
 }

@@ -1,0 +1,10 @@
+#pragma once
+
+#include <string>
+
+namespace bench {
+
+// The machine, the system and the compiler, in one line.
+std::string describeMachine();
+
+} // namespace bench
