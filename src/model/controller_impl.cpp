@@ -25,13 +25,7 @@ MutableMidiEventImpl::MutableMidiEventImpl(MutableMidiControllerImpl& lane, std:
 
 bool MutableMidiEventImpl::remove()
 {
-    auto& events = owner_.events();
-    const std::size_t index = indexAt(events, this, pos());
-    if (index == events.size()) {
-        return false;
-    }
-    events.take(index);
-    return true;
+    return removeOrdered(owner_.events(), *this);
 }
 
 // An event that stands where this one goes gives way to it.

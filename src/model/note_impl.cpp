@@ -61,12 +61,7 @@ MutableNoteImpl::MutableNoteImpl(MidiPartBase& part, Siblings& siblings)
 
 bool MutableNoteImpl::remove()
 {
-    const std::size_t index = indexAt(siblings_, this, pos());
-    if (index == siblings_.size()) {
-        return false;
-    }
-    siblings_.take(index);
-    return true;
+    return removeOrdered(siblings_, *this);
 }
 
 bool MutableNoteImpl::move(std::int32_t pos)

@@ -37,6 +37,18 @@ std::size_t indexAt(const OwnedList<Element>& list, const Element* element, std:
     return list.find(element, firstNotBefore(list, pos));
 }
 
+// Destroys this very element; false when it is not in the list.
+template <class Element>
+bool removeOrdered(OwnedList<Element>& list, const Element& element)
+{
+    const std::size_t index = indexAt(list, &element, element.pos());
+    if (index == list.size()) {
+        return false;
+    }
+    list.take(index);
+    return true;
+}
+
 // Where the element at `index` of an ordered list belongs when its position becomes `pos`: what a
 // stable sort of the whole list would give, for the price of a search.
 template <class Element>

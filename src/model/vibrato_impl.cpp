@@ -32,7 +32,7 @@ bool VibratoBaseImpl::assignDuration(std::int32_t value)
     return assign(duration_, within(note_->duration()), value);
 }
 
-VibratoBase* VibratoParameterImpl::parent() const
+VibratoBase* VibratoParameterImpl::parent() const noexcept
 {
     return &vibrato_;
 }
@@ -44,29 +44,30 @@ void VibratoImpl::buildCurve(std::uint32_t type, std::vector<CurvePoint>& points
     curves_[type].build(curve, points);
 }
 
-std::int64_t VibratoImpl::numParameters(std::uint32_t type) const
+std::int64_t VibratoImpl::numParameters(std::uint32_t type) const noexcept
 {
     return countIn(curves_, type);
 }
 
-VibratoParameter* VibratoImpl::parameter(std::uint32_t type, std::uint64_t index) const
+VibratoParameter* VibratoImpl::parameter(std::uint32_t type, std::uint64_t index) const noexcept
 {
     return pointIn(curves_, type, index);
 }
 
-bool VibratoImpl::hasParameter(std::uint32_t type, const VibratoParameterBase* element) const
+bool VibratoImpl::hasParameter(std::uint32_t type,
+                               const VibratoParameterBase* element) const noexcept
 {
     return isIn(curves_, type, element);
 }
 
-VibratoBase* MutableVibratoParameterImpl::parent() const
+VibratoBase* MutableVibratoParameterImpl::parent() const noexcept
 {
     return &vibrato_;
 }
 
 bool MutableVibratoParameterImpl::remove()
 {
-    return vibrato_.curve(type()).remove(this);
+    return removeOrdered(vibrato_.curve(type()), *this);
 }
 
 // A point that stands where this one goes gives way to it.
@@ -79,18 +80,19 @@ bool MutableVibratoParameterImpl::move(std::int32_t pos)
     return true;
 }
 
-std::int64_t MutableVibratoImpl::numParameters(std::uint32_t type) const
+std::int64_t MutableVibratoImpl::numParameters(std::uint32_t type) const noexcept
 {
     return countIn(curves_, type);
 }
 
 MutableVibratoParameter* MutableVibratoImpl::parameter(std::uint32_t type,
-                                                       std::uint64_t index) const
+                                                       std::uint64_t index) const noexcept
 {
     return pointIn(curves_, type, index);
 }
 
-bool MutableVibratoImpl::hasParameter(std::uint32_t type, const VibratoParameterBase* element) const
+bool MutableVibratoImpl::hasParameter(std::uint32_t type,
+                                      const VibratoParameterBase* element) const noexcept
 {
     return isIn(curves_, type, element);
 }

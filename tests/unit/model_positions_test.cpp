@@ -79,6 +79,20 @@ TEST(ModelPositions, IndexAtFindsTheVeryElementAmongEquals)
     EXPECT_EQ(indexAt(list, &other, other.pos()), list.size());
 }
 
+TEST(ModelPositions, TheVeryElementIsRemovedAmongEquals)
+{
+    for (std::size_t index = 0; index < 5; ++index) {
+        Marks list;
+        Order expected = orderOf(filled(list, {1, 2, 2, 2, 3}));
+        EXPECT_TRUE(removeOrdered(list, list[index]));
+        expected.erase(expected.begin() + static_cast<std::ptrdiff_t>(index));
+        EXPECT_EQ(orderOf(list), expected);
+        const Mark other(2);
+        EXPECT_FALSE(removeOrdered(list, other));
+        EXPECT_EQ(orderOf(list), expected);
+    }
+}
+
 TEST(ModelPositions, APlaceAfterAMoveIsThatOfAStableSort)
 {
     Random random(1);
