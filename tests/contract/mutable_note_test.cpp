@@ -268,6 +268,23 @@ TEST_P(MutableNoteText, IsACopy)
     EXPECT_EQ(get(), "la");
 }
 
+// A text that was handed out is good until it is set itself.
+TEST_P(MutableNoteText, StaysInPlaceWhileOtherThingsChange)
+{
+    set("la");
+    const KRT_PLX_Char* const handedOut = property.get(note);
+    for (std::int32_t pos = 0; pos < 100; ++pos) {
+        insertNote(part, pos);
+    }
+    KRT_PLX_MutableNote_move(note, 1000);
+    KRT_PLX_MutableNote_setNumber(note, 60);
+    const auto setOther = property.get == KRT_PLX_NoteBase_lyric ? KRT_PLX_MutableNote_setPhoneme
+                                                                 : KRT_PLX_MutableNote_setLyric;
+    setOther(note, text("something else").c_str());
+    EXPECT_EQ(property.get(note), handedOut);
+    EXPECT_EQ(utf8(handedOut), "la");
+}
+
 INSTANTIATE_TEST_SUITE_P(Properties, MutableNoteText,
                          testing::Values(TextProperty{"lyric", KRT_PLX_NoteBase_lyric,
                                                       KRT_PLX_MutableNote_setLyric},
