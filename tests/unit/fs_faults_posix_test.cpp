@@ -521,17 +521,25 @@ TEST_F(FsInterference, ALinkThatTakesAFoldersPlaceIsNotFollowed)
 // What then lies above it is another folder, where things may have the same names.
 TEST_F(FsInterference, AFolderThatIsMovedAwayDoesNotLeadOutOfTheTree)
 {
+    // Some of them are listed on either side of the folder, whatever the order.
+    std::vector<std::string> names;
+    for (int i = 0; i < 20; ++i) {
+        names.push_back("b" + std::to_string(i));
+    }
     Work work = removingTree();
-    work.prepare = [this] {
+    work.prepare = [&] {
         fs::removeTree(dir / "tree");
         fs::removeTree(dir / "outside");
         makeTree();
-        writeBytes(dir / "outside\\b", "x");
-        makeFolder(dir / "outside\\one");
+        for (const std::string& name : names) {
+            writeBytes(dir / ("tree\\one\\" + name), "x");
+            writeBytes(dir / ("outside\\" + name), "x");
+        }
     };
-    work.check = [this] {
-        EXPECT_TRUE(exists(dir / "outside\\b"));
-        EXPECT_TRUE(exists(dir / "outside\\one"));
+    work.check = [&] {
+        for (const std::string& name : names) {
+            EXPECT_TRUE(exists(dir / ("outside\\" + name)));
+        }
     };
     interfereWithEachCall(work, [this] {
         std::error_code ignored;
