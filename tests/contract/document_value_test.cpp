@@ -192,8 +192,9 @@ TEST_F(DocumentTextTest, RefusesAHighSurrogateAlone)
 
 TEST_F(DocumentTextTest, RefusesALowSurrogateAlone)
 {
-    for (const std::string_view text : {R"(\udc00)", R"(\udd1e)", R"(\udfff)", R"(x\udc00)",
-                                        R"(\udd1e\ud834)", R"(\ud834\udd1e\udd1e)"}) {
+    for (const std::string_view text :
+         {R"(\udc00)", R"(\udd1e)", R"(\udfff)", R"(x\udc00)", R"(\udd1e\ud834)", R"(\udd1e\udd1e)",
+          R"(\ud834\udd1e\udd1e)"}) {
         expectRefused(text);
     }
 }

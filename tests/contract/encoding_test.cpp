@@ -264,6 +264,7 @@ TEST_P(Utf16Test, RefusesSurrogatesThatAreNoPairs)
         expectInTexts(unit(low), refused);
         expectInTexts(unit('x') + unit(low), refused);
         expectInTexts(unit(low) + unit(0xD800), refused);
+        expectInTexts(unit(low) + unit(0xDC00), refused);
         expectInTexts(unit(0xD834) + unit(low) + unit(low), refused);
     }
 }
