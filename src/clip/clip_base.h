@@ -19,32 +19,32 @@ class MutableClip;
 
 class ClipBase : private Interface {
 public:
-    virtual Manager* parent() const = 0;
-    virtual const Char* vendorName() const = 0;
-    virtual std::uint32_t partType() const = 0;
-    virtual std::uint32_t partKey() const = 0;
-    virtual std::uint32_t partTempo() const = 0;
+    virtual Manager* parent() const noexcept = 0;
+    virtual const Char* vendorName() const noexcept = 0;
+    virtual std::uint32_t partType() const noexcept = 0;
+    virtual std::uint32_t partKey() const noexcept = 0;
+    virtual std::uint32_t partTempo() const noexcept = 0;
     virtual ~ClipBase() = default;
 
-    virtual Clip* asClip() { return nullptr; }
-    virtual UserClip* asUserClip() { return nullptr; }
-    virtual MutableClip* asMutableClip() { return nullptr; }
+    virtual Clip* asClip() noexcept { return nullptr; }
+    virtual UserClip* asUserClip() noexcept { return nullptr; }
+    virtual MutableClip* asMutableClip() noexcept { return nullptr; }
 };
 
 class MutableClip : public virtual ClipBase {
 public:
     virtual void destroy() = 0;
     virtual void setVendorName(const Char* text) = 0;
-    virtual bool setPartKey(std::uint32_t value) = 0;
-    virtual bool setPartTempo(std::uint32_t value) = 0;
-    virtual MutableFilter* filter() = 0;
+    virtual bool setPartKey(std::uint32_t value) noexcept = 0;
+    virtual bool setPartTempo(std::uint32_t value) noexcept = 0;
+    virtual MutableFilter* filter() noexcept = 0;
     virtual MutableAudioPart* createAudioPart() = 0;
-    virtual MutableAudioPart* audioPart() const = 0;
-    virtual bool hasAudioPart(const PartBase* element) const = 0;
+    virtual MutableAudioPart* audioPart() const noexcept = 0;
+    virtual bool hasAudioPart(const PartBase* element) const noexcept = 0;
     virtual MutableMidiPart* createMidiAiPart() = 0;
     virtual MutableMidiPart* createMidiPart() = 0;
-    virtual MutableMidiPart* midiPart() const = 0;
-    virtual bool hasMidiPart(const PartBase* element) const = 0;
+    virtual MutableMidiPart* midiPart() const noexcept = 0;
+    virtual bool hasMidiPart(const PartBase* element) const noexcept = 0;
     // The new user clip, or null; the code is written only when the pointer is not null.
     virtual UserClip* save(const Char* name, bool formatted, std::uint32_t* errorCode) = 0;
 };

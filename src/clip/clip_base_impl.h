@@ -9,10 +9,10 @@ class ClipBaseImpl : public virtual ClipBase {
 public:
     explicit ClipBaseImpl(Manager* manager) : manager_(manager) {}
 
-    Manager* parent() const override { return manager_; }
-    const Char* vendorName() const override { return base_.vendorName.c_str(); }
-    std::uint32_t partKey() const override { return base_.partKey; }
-    std::uint32_t partTempo() const override { return base_.partTempo; }
+    Manager* parent() const noexcept override { return manager_; }
+    const Char* vendorName() const noexcept override { return base_.vendorName.c_str(); }
+    std::uint32_t partKey() const noexcept override { return base_.partKey; }
+    std::uint32_t partTempo() const noexcept override { return base_.partTempo; }
 
     const ClipBaseProperties& base() const { return base_; }
     ClipBaseProperties& base() { return base_; }

@@ -12,21 +12,21 @@ class MutableFilter;
 
 class Filter : private Interface {
 public:
-    virtual std::uint64_t numSingerGroups() const = 0;
-    virtual const Char* singerGroup(std::uint64_t index) const = 0;
-    virtual std::uint64_t numVendors() const = 0;
-    virtual const Char* vendor(std::uint64_t index) const = 0;
-    virtual std::uint64_t numLanguages() const = 0;
-    virtual std::int32_t language(std::uint64_t index) const = 0;
-    virtual std::uint64_t numSingerIDs() const = 0;
-    virtual const Char* singerID(std::uint64_t index) const = 0;
-    virtual std::uint64_t numTypes() const = 0;
-    virtual const Char* type(std::uint64_t index) const = 0;
-    virtual std::uint64_t numGenres() const = 0;
-    virtual const Char* genre(std::uint64_t index) const = 0;
+    virtual std::uint64_t numSingerGroups() const noexcept = 0;
+    virtual const Char* singerGroup(std::uint64_t index) const noexcept = 0;
+    virtual std::uint64_t numVendors() const noexcept = 0;
+    virtual const Char* vendor(std::uint64_t index) const noexcept = 0;
+    virtual std::uint64_t numLanguages() const noexcept = 0;
+    virtual std::int32_t language(std::uint64_t index) const noexcept = 0;
+    virtual std::uint64_t numSingerIDs() const noexcept = 0;
+    virtual const Char* singerID(std::uint64_t index) const noexcept = 0;
+    virtual std::uint64_t numTypes() const noexcept = 0;
+    virtual const Char* type(std::uint64_t index) const noexcept = 0;
+    virtual std::uint64_t numGenres() const noexcept = 0;
+    virtual const Char* genre(std::uint64_t index) const noexcept = 0;
     virtual ~Filter() = default;
 
-    virtual MutableFilter* asMutableFilter() { return nullptr; }
+    virtual MutableFilter* asMutableFilter() noexcept { return nullptr; }
 };
 
 class MutableFilter {
@@ -45,7 +45,7 @@ public:
     virtual bool removeGenre(const Char* text) = 0;
     virtual ~MutableFilter() = default;
 
-    virtual Filter* asFilter() = 0;
+    virtual Filter* asFilter() noexcept = 0;
 };
 
 } // namespace Korvel::CANTORIS::PLX

@@ -4,7 +4,7 @@
 
 namespace Korvel::CANTORIS::PLX {
 
-std::int32_t FilterImpl::language(std::uint64_t index) const
+std::int32_t FilterImpl::language(std::uint64_t index) const noexcept
 {
     const auto& languages = tags_.languages();
     return index < languages.size() ? languages[index] : unsetInt32;

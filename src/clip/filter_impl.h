@@ -10,21 +10,30 @@ public:
     const FilterTags& tags() const { return tags_; }
     FilterTags& tags() { return tags_; }
 
-    std::uint64_t numSingerGroups() const override { return count(Tag::singerGroup); }
-    const Char* singerGroup(std::uint64_t index) const override
+    std::uint64_t numSingerGroups() const noexcept override { return count(Tag::singerGroup); }
+    const Char* singerGroup(std::uint64_t index) const noexcept override
     {
         return text(Tag::singerGroup, index);
     }
-    std::uint64_t numVendors() const override { return count(Tag::vendor); }
-    const Char* vendor(std::uint64_t index) const override { return text(Tag::vendor, index); }
-    std::uint64_t numLanguages() const override { return tags_.languages().size(); }
-    std::int32_t language(std::uint64_t index) const override;
-    std::uint64_t numSingerIDs() const override { return count(Tag::singerID); }
-    const Char* singerID(std::uint64_t index) const override { return text(Tag::singerID, index); }
-    std::uint64_t numTypes() const override { return count(Tag::type); }
-    const Char* type(std::uint64_t index) const override { return text(Tag::type, index); }
-    std::uint64_t numGenres() const override { return count(Tag::genre); }
-    const Char* genre(std::uint64_t index) const override { return text(Tag::genre, index); }
+    std::uint64_t numVendors() const noexcept override { return count(Tag::vendor); }
+    const Char* vendor(std::uint64_t index) const noexcept override
+    {
+        return text(Tag::vendor, index);
+    }
+    std::uint64_t numLanguages() const noexcept override { return tags_.languages().size(); }
+    std::int32_t language(std::uint64_t index) const noexcept override;
+    std::uint64_t numSingerIDs() const noexcept override { return count(Tag::singerID); }
+    const Char* singerID(std::uint64_t index) const noexcept override
+    {
+        return text(Tag::singerID, index);
+    }
+    std::uint64_t numTypes() const noexcept override { return count(Tag::type); }
+    const Char* type(std::uint64_t index) const noexcept override { return text(Tag::type, index); }
+    std::uint64_t numGenres() const noexcept override { return count(Tag::genre); }
+    const Char* genre(std::uint64_t index) const noexcept override
+    {
+        return text(Tag::genre, index);
+    }
 
 private:
     std::uint64_t count(Tag tag) const { return tags_.texts(tag).size(); }
@@ -50,8 +59,8 @@ public:
     bool removeType(const Char* text) override { return tags().remove(Tag::type, text); }
     bool addGenre(const Char* text) override { return tags().add(Tag::genre, text); }
     bool removeGenre(const Char* text) override { return tags().remove(Tag::genre, text); }
-    Filter* asFilter() override { return this; }
-    MutableFilter* asMutableFilter() override { return this; }
+    Filter* asFilter() noexcept override { return this; }
+    MutableFilter* asMutableFilter() noexcept override { return this; }
 };
 
 } // namespace Korvel::CANTORIS::PLX

@@ -44,7 +44,7 @@ MutableClipImpl::MutableClipImpl(MutableClipOwner& owner)
 {
 }
 
-std::uint32_t MutableClipImpl::partType() const
+std::uint32_t MutableClipImpl::partType() const noexcept
 {
     return part_ == nullptr ? part_type::none : part_->type();
 }
@@ -85,22 +85,22 @@ MutableMidiPart* MutableClipImpl::createMidiPart()
     return createMidi(part_type::midi);
 }
 
-MutableAudioPart* MutableClipImpl::audioPart() const
+MutableAudioPart* MutableClipImpl::audioPart() const noexcept
 {
     return part_ == nullptr ? nullptr : part_->asMutableAudioPart();
 }
 
-MutableMidiPart* MutableClipImpl::midiPart() const
+MutableMidiPart* MutableClipImpl::midiPart() const noexcept
 {
     return part_ == nullptr ? nullptr : part_->asMutableMidiPart();
 }
 
-bool MutableClipImpl::hasAudioPart(const PartBase* element) const
+bool MutableClipImpl::hasAudioPart(const PartBase* element) const noexcept
 {
     return isSame(audioPart(), element);
 }
 
-bool MutableClipImpl::hasMidiPart(const PartBase* element) const
+bool MutableClipImpl::hasMidiPart(const PartBase* element) const noexcept
 {
     return isSame(midiPart(), element);
 }

@@ -15,7 +15,7 @@ class MutableClipImpl;
 class MutableClipOwner {
 public:
     virtual Manager* manager() = 0;
-    virtual bool owns(const MutableClipImpl& clip) const = 0;
+    virtual bool owns(const MutableClipImpl& clip) const noexcept = 0;
     virtual void discard(const MutableClipImpl& clip) = 0;
     // Writes a checked clip as a new user clip.
     virtual UserClip* write(const MutableClipImpl& clip, StringView name, bool formatted,
@@ -32,21 +32,24 @@ public:
     const FilterTags& tags() const { return filter_.tags(); }
     PartBase* part() const { return part_.get(); }
 
-    std::uint32_t partType() const override;
+    std::uint32_t partType() const noexcept override;
     void destroy() override;
     void setVendorName(const Char* text) override;
-    bool setPartKey(std::uint32_t value) override { return base().assignPartKey(value); }
-    bool setPartTempo(std::uint32_t value) override { return base().assignPartTempo(value); }
-    MutableFilterImpl* filter() override { return &filter_; }
+    bool setPartKey(std::uint32_t value) noexcept override { return base().assignPartKey(value); }
+    bool setPartTempo(std::uint32_t value) noexcept override
+    {
+        return base().assignPartTempo(value);
+    }
+    MutableFilterImpl* filter() noexcept override { return &filter_; }
     MutableAudioPart* createAudioPart() override;
-    MutableAudioPart* audioPart() const override;
-    bool hasAudioPart(const PartBase* element) const override;
+    MutableAudioPart* audioPart() const noexcept override;
+    bool hasAudioPart(const PartBase* element) const noexcept override;
     MutableMidiPart* createMidiAiPart() override;
     MutableMidiPart* createMidiPart() override;
-    MutableMidiPart* midiPart() const override;
-    bool hasMidiPart(const PartBase* element) const override;
+    MutableMidiPart* midiPart() const noexcept override;
+    bool hasMidiPart(const PartBase* element) const noexcept override;
     UserClip* save(const Char* name, bool formatted, std::uint32_t* errorCode) override;
-    MutableClip* asMutableClip() override { return this; }
+    MutableClip* asMutableClip() noexcept override { return this; }
 
 private:
     MutableMidiPart* createMidi(std::uint32_t type);

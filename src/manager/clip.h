@@ -16,16 +16,16 @@ enum class ClipKind : std::uint32_t { system = 0, user = 1 };
 
 class Clip : public virtual ClipBase {
 public:
-    virtual const Char* id() const = 0;
-    virtual const Char* name() const = 0;
-    virtual std::uint32_t type() const = 0;
-    virtual const Char* path() const = 0;
-    virtual Filter* filter() = 0;
+    virtual const Char* id() const noexcept = 0;
+    virtual const Char* name() const noexcept = 0;
+    virtual std::uint32_t type() const noexcept = 0;
+    virtual const Char* path() const noexcept = 0;
+    virtual Filter* filter() noexcept = 0;
     virtual bool readPart() = 0;
-    virtual AudioPart* audioPart() const = 0;
-    virtual bool hasAudioPart(const PartBase* element) const = 0;
-    virtual MidiPart* midiPart() const = 0;
-    virtual bool hasMidiPart(const PartBase* element) const = 0;
+    virtual AudioPart* audioPart() const noexcept = 0;
+    virtual bool hasAudioPart(const PartBase* element) const noexcept = 0;
+    virtual MidiPart* midiPart() const noexcept = 0;
+    virtual bool hasMidiPart(const PartBase* element) const noexcept = 0;
 };
 
 class SystemClip : public virtual Clip {};

@@ -25,7 +25,7 @@ void ClipImpl::exchange(EditableProperties& properties) noexcept
     filter_.tags().exchange(Tag::genre, properties.genres);
 }
 
-std::uint32_t ClipImpl::partType() const
+std::uint32_t ClipImpl::partType() const noexcept
 {
     return part_ == nullptr ? partType_ : part_->type();
 }
@@ -41,22 +41,22 @@ bool ClipImpl::readPart()
     return true;
 }
 
-AudioPart* ClipImpl::audioPart() const
+AudioPart* ClipImpl::audioPart() const noexcept
 {
     return part_ == nullptr ? nullptr : part_->asAudioPart();
 }
 
-bool ClipImpl::hasAudioPart(const PartBase* element) const
+bool ClipImpl::hasAudioPart(const PartBase* element) const noexcept
 {
     return element != nullptr && element == audioPart();
 }
 
-MidiPart* ClipImpl::midiPart() const
+MidiPart* ClipImpl::midiPart() const noexcept
 {
     return part_ == nullptr ? nullptr : part_->asMidiPart();
 }
 
-bool ClipImpl::hasMidiPart(const PartBase* element) const
+bool ClipImpl::hasMidiPart(const PartBase* element) const noexcept
 {
     return element != nullptr && element == midiPart();
 }

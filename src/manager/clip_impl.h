@@ -34,18 +34,18 @@ public:
     const String& pathText() const { return path_; }
     const FilterTags& tags() const { return filter_.tags(); }
 
-    const Char* id() const override { return id_.c_str(); }
-    const Char* name() const override { return name_.c_str(); }
-    std::uint32_t type() const override { return static_cast<std::uint32_t>(kind_); }
-    const Char* path() const override { return path_.c_str(); }
-    std::uint32_t partType() const override;
-    Filter* filter() override { return &filter_; }
+    const Char* id() const noexcept override { return id_.c_str(); }
+    const Char* name() const noexcept override { return name_.c_str(); }
+    std::uint32_t type() const noexcept override { return static_cast<std::uint32_t>(kind_); }
+    const Char* path() const noexcept override { return path_.c_str(); }
+    std::uint32_t partType() const noexcept override;
+    Filter* filter() noexcept override { return &filter_; }
     bool readPart() override;
-    AudioPart* audioPart() const override;
-    bool hasAudioPart(const PartBase* element) const override;
-    MidiPart* midiPart() const override;
-    bool hasMidiPart(const PartBase* element) const override;
-    Clip* asClip() override { return this; }
+    AudioPart* audioPart() const noexcept override;
+    bool hasAudioPart(const PartBase* element) const noexcept override;
+    MidiPart* midiPart() const noexcept override;
+    bool hasMidiPart(const PartBase* element) const noexcept override;
+    Clip* asClip() noexcept override { return this; }
 
 private:
     String id_;

@@ -70,7 +70,7 @@ MutableClip* ManagerImpl::createMutableClip()
         std::make_unique<MutableClipImpl>(static_cast<MutableClipOwner&>(*this)));
 }
 
-bool ManagerImpl::owns(const MutableClipImpl& clip) const
+bool ManagerImpl::owns(const MutableClipImpl& clip) const noexcept
 {
     return mutableClips_.find(&clip) != mutableClips_.size();
 }

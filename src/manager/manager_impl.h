@@ -22,26 +22,35 @@ public:
     bool discard(const UserClipImpl& clip) { return userClips_.remove(&clip); }
 
     void destroy() override { Registry::instance().destroy(this); }
-    const Char* appID() const override { return appID_.c_str(); }
-    const Char* systemClipDirPath() const override { return systemClipDirPath_.c_str(); }
+    const Char* appID() const noexcept override { return appID_.c_str(); }
+    const Char* systemClipDirPath() const noexcept override { return systemClipDirPath_.c_str(); }
     std::uint32_t readAllClipFiles() override;
     std::uint32_t readUserClipFiles() override;
-    std::uint64_t numSystemClips() const override { return systemClips_.size(); }
-    SystemClip* systemClip(std::uint64_t index) const override { return systemClips_.at(index); }
-    bool hasSystemClip(const ClipBase* element) const override { return systemClips_.has(element); }
-    const Char* userClipDirPath() const override { return userClipDirPath_.c_str(); }
-    std::uint64_t numUserClips() const override { return userClips_.size(); }
-    UserClip* userClip(std::uint64_t index) const override { return userClips_.at(index); }
-    bool hasUserClip(const ClipBase* element) const override { return userClips_.has(element); }
+    std::uint64_t numSystemClips() const noexcept override { return systemClips_.size(); }
+    SystemClip* systemClip(std::uint64_t index) const noexcept override
+    {
+        return systemClips_.at(index);
+    }
+    bool hasSystemClip(const ClipBase* element) const noexcept override
+    {
+        return systemClips_.has(element);
+    }
+    const Char* userClipDirPath() const noexcept override { return userClipDirPath_.c_str(); }
+    std::uint64_t numUserClips() const noexcept override { return userClips_.size(); }
+    UserClip* userClip(std::uint64_t index) const noexcept override { return userClips_.at(index); }
+    bool hasUserClip(const ClipBase* element) const noexcept override
+    {
+        return userClips_.has(element);
+    }
     MutableClip* createMutableClip() override;
-    bool hasMutableClip(const ClipBase* element) const override
+    bool hasMutableClip(const ClipBase* element) const noexcept override
     {
         return mutableClips_.has(element);
     }
 
 private:
     Manager* manager() override { return this; }
-    bool owns(const MutableClipImpl& clip) const override;
+    bool owns(const MutableClipImpl& clip) const noexcept override;
     void discard(const MutableClipImpl& clip) override { mutableClips_.remove(&clip); }
     UserClip* write(const MutableClipImpl& clip, StringView name, bool formatted,
                     Result& result) override;

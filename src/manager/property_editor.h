@@ -13,8 +13,8 @@ public:
     virtual bool setClipName(const Char* text) = 0;
     virtual bool addFilterType(const Char* text) = 0;
     virtual bool addFilterGenre(const Char* text) = 0;
-    virtual bool setPartKey(std::uint32_t value) = 0;
-    virtual bool setPartTempo(std::uint32_t value) = 0;
+    virtual bool setPartKey(std::uint32_t value) noexcept = 0;
+    virtual bool setPartTempo(std::uint32_t value) noexcept = 0;
     virtual bool save() = 0;
     virtual ~PropertyEditor() = default;
 };

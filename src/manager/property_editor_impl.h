@@ -17,8 +17,11 @@ public:
     bool setClipName(const Char* text) override;
     bool addFilterType(const Char* text) override { return add(filterTypes_, text); }
     bool addFilterGenre(const Char* text) override { return add(filterGenres_, text); }
-    bool setPartKey(std::uint32_t value) override { return part_.assignPartKey(value); }
-    bool setPartTempo(std::uint32_t value) override { return part_.assignPartTempo(value); }
+    bool setPartKey(std::uint32_t value) noexcept override { return part_.assignPartKey(value); }
+    bool setPartTempo(std::uint32_t value) noexcept override
+    {
+        return part_.assignPartTempo(value);
+    }
     bool save() override;
 
 private:

@@ -18,7 +18,7 @@ public:
     bool remove() override;
     PropertyEditor* createPropertyEditor() override;
     void destroyPropertyEditor(PropertyEditor* editor) override;
-    UserClip* asUserClip() override { return this; }
+    UserClip* asUserClip() noexcept override { return this; }
 
 private:
     void removeAudio(const String& clipDirectory);

@@ -12,10 +12,10 @@ class AudioPartBaseImpl : public virtual AudioPartBase {
 public:
     explicit AudioPartBaseImpl(ClipBase* clip) : clip_(clip) {}
 
-    const Char* wavFilePath() const override { return wavFilePath_.c_str(); }
+    const Char* wavFilePath() const noexcept override { return wavFilePath_.c_str(); }
     // Neither document stores the region and no operation changes it.
-    std::int32_t begin() const override { return 0; }
-    std::int32_t end() const override { return 0; }
+    std::int32_t begin() const noexcept override { return 0; }
+    std::int32_t end() const noexcept override { return 0; }
 
     void assignWavFilePath(String&& path) { wavFilePath_ = std::move(path); }
 
@@ -34,21 +34,24 @@ public:
     // For the reader, which fills a part before anyone sees it.
     EffectList<AudioEffectImpl>& audioEffects() { return audioEffects_; }
 
-    std::uint32_t type() const override { return type_; }
+    std::uint32_t type() const noexcept override { return type_; }
     void setType(std::uint32_t code) override { type_ = code; }
-    bool isMutable() const override { return false; }
-    std::uint64_t numAudioEffects() const override { return audioEffects_.effects().size(); }
-    ClipBase* parent() const override { return clip(); }
-    AudioEffect* audioEffect(std::uint64_t index) const override
+    bool isMutable() const noexcept override { return false; }
+    std::uint64_t numAudioEffects() const noexcept override
+    {
+        return audioEffects_.effects().size();
+    }
+    ClipBase* parent() const noexcept override { return clip(); }
+    AudioEffect* audioEffect(std::uint64_t index) const noexcept override
     {
         return audioEffects_.effects().at(index);
     }
-    bool hasAudioEffect(const EffectBase* element) const override
+    bool hasAudioEffect(const EffectBase* element) const noexcept override
     {
         return audioEffects_.effects().has(element);
     }
-    AudioPartBase* asAudioPartBase() override { return this; }
-    AudioPart* asAudioPart() override { return this; }
+    AudioPartBase* asAudioPartBase() noexcept override { return this; }
+    AudioPart* asAudioPart() noexcept override { return this; }
 
 private:
     std::uint32_t type_;
@@ -64,16 +67,16 @@ public:
     {
     }
 
-    std::uint64_t numAudioEffects() const override { return audioEffects().size(); }
-    ClipBase* parent() const override { return clip(); }
+    std::uint64_t numAudioEffects() const noexcept override { return audioEffects().size(); }
+    ClipBase* parent() const noexcept override { return clip(); }
     bool setWavFilePath(const Char* path) override;
     // The region is fixed; hosts expect to be told that all is well.
-    bool setRegion(std::int32_t, std::int32_t) override { return true; }
-    MutableAudioEffect* audioEffect(std::uint64_t index) const override
+    bool setRegion(std::int32_t, std::int32_t) noexcept override { return true; }
+    MutableAudioEffect* audioEffect(std::uint64_t index) const noexcept override
     {
         return audioEffects().at(index);
     }
-    bool hasAudioEffect(const EffectBase* element) const override
+    bool hasAudioEffect(const EffectBase* element) const noexcept override
     {
         return audioEffects().has(element);
     }
@@ -81,8 +84,8 @@ public:
     {
         return insertAudioEffectAt(index, id);
     }
-    AudioPartBase* asAudioPartBase() override { return this; }
-    MutableAudioPart* asMutableAudioPart() override { return this; }
+    AudioPartBase* asAudioPartBase() noexcept override { return this; }
+    MutableAudioPart* asMutableAudioPart() noexcept override { return this; }
 };
 
 } // namespace Korvel::CANTORIS::PLX

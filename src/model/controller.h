@@ -16,28 +16,28 @@ class MutableMidiEvent;
 // A (position, value) point of a lane. Its type and value range are its lane's.
 class MidiEventBase : private Interface {
 public:
-    virtual std::uint32_t type() const = 0;
-    virtual std::int32_t pos() const = 0;
-    virtual std::int32_t value() const = 0;
-    virtual std::int32_t minValue() const = 0;
-    virtual std::int32_t maxValue() const = 0;
+    virtual std::uint32_t type() const noexcept = 0;
+    virtual std::int32_t pos() const noexcept = 0;
+    virtual std::int32_t value() const noexcept = 0;
+    virtual std::int32_t minValue() const noexcept = 0;
+    virtual std::int32_t maxValue() const noexcept = 0;
     virtual ~MidiEventBase() = default;
 
-    virtual MidiEvent* asMidiEvent() { return nullptr; }
-    virtual MutableMidiEvent* asMutableMidiEvent() { return nullptr; }
+    virtual MidiEvent* asMidiEvent() noexcept { return nullptr; }
+    virtual MutableMidiEvent* asMutableMidiEvent() noexcept { return nullptr; }
 };
 
 class MidiEvent : public virtual MidiEventBase {
 public:
-    virtual MidiControllerBase* parent() const = 0;
+    virtual MidiControllerBase* parent() const noexcept = 0;
 };
 
 class MutableMidiEvent : public virtual MidiEventBase {
 public:
-    virtual MidiControllerBase* parent() const = 0;
+    virtual MidiControllerBase* parent() const noexcept = 0;
     virtual bool remove() = 0;
     virtual bool move(std::int32_t pos) = 0;
-    virtual bool setValue(std::int32_t value) = 0;
+    virtual bool setValue(std::int32_t value) noexcept = 0;
 };
 
 class MidiController;
@@ -46,29 +46,29 @@ class MutableMidiController;
 // A lane: the course of one control over the part.
 class MidiControllerBase : private Interface {
 public:
-    virtual std::uint32_t type() const = 0;
-    virtual std::int32_t minEventValue() const = 0;
-    virtual std::int32_t maxEventValue() const = 0;
-    virtual std::uint64_t numEvents() const = 0;
+    virtual std::uint32_t type() const noexcept = 0;
+    virtual std::int32_t minEventValue() const noexcept = 0;
+    virtual std::int32_t maxEventValue() const noexcept = 0;
+    virtual std::uint64_t numEvents() const noexcept = 0;
     virtual ~MidiControllerBase() = default;
 
-    virtual MidiController* asMidiController() { return nullptr; }
-    virtual MutableMidiController* asMutableMidiController() { return nullptr; }
+    virtual MidiController* asMidiController() noexcept { return nullptr; }
+    virtual MutableMidiController* asMutableMidiController() noexcept { return nullptr; }
 };
 
 class MidiController : public virtual MidiControllerBase {
 public:
-    virtual MidiPartBase* parent() const = 0;
-    virtual MidiEvent* event(std::uint64_t index) const = 0;
-    virtual bool hasEvent(const MidiEventBase* element) const = 0;
+    virtual MidiPartBase* parent() const noexcept = 0;
+    virtual MidiEvent* event(std::uint64_t index) const noexcept = 0;
+    virtual bool hasEvent(const MidiEventBase* element) const noexcept = 0;
 };
 
 class MutableMidiController : public virtual MidiControllerBase {
 public:
-    virtual MidiPartBase* parent() const = 0;
+    virtual MidiPartBase* parent() const noexcept = 0;
     virtual bool remove() = 0;
-    virtual MutableMidiEvent* event(std::uint64_t index) const = 0;
-    virtual bool hasEvent(const MidiEventBase* element) const = 0;
+    virtual MutableMidiEvent* event(std::uint64_t index) const noexcept = 0;
+    virtual bool hasEvent(const MidiEventBase* element) const noexcept = 0;
     virtual MutableMidiEvent* insertEvent(std::int32_t pos, std::int32_t value) = 0;
 };
 

@@ -17,11 +17,11 @@ public:
     {
     }
 
-    std::uint32_t type() const override { return lane_->type(); }
-    std::int32_t pos() const override { return pos_; }
-    std::int32_t value() const override { return value_; }
-    std::int32_t minValue() const override { return lane_->minEventValue(); }
-    std::int32_t maxValue() const override { return lane_->maxEventValue(); }
+    std::uint32_t type() const noexcept override { return lane_->type(); }
+    std::int32_t pos() const noexcept override { return pos_; }
+    std::int32_t value() const noexcept override { return value_; }
+    std::int32_t minValue() const noexcept override { return lane_->minEventValue(); }
+    std::int32_t maxValue() const noexcept override { return lane_->maxEventValue(); }
 
     bool assignValue(std::int32_t value);
 
@@ -39,17 +39,17 @@ class MidiEventImpl final : public MidiEvent, public MidiEventBaseImpl {
 public:
     using MidiEventBaseImpl::MidiEventBaseImpl;
 
-    MidiControllerBase* parent() const override { return lane(); }
-    MidiEvent* asMidiEvent() override { return this; }
+    MidiControllerBase* parent() const noexcept override { return lane(); }
+    MidiEvent* asMidiEvent() noexcept override { return this; }
 };
 
 class MidiControllerBaseImpl : public virtual MidiControllerBase {
 public:
     MidiControllerBaseImpl(MidiPartBase& part, std::uint32_t type) : part_(&part), type_(type) {}
 
-    std::uint32_t type() const override { return type_; }
-    std::int32_t minEventValue() const override { return controller::type(type_).minimum; }
-    std::int32_t maxEventValue() const override { return controller::type(type_).maximum; }
+    std::uint32_t type() const noexcept override { return type_; }
+    std::int32_t minEventValue() const noexcept override { return controller::type(type_).minimum; }
+    std::int32_t maxEventValue() const noexcept override { return controller::type(type_).maximum; }
 
 protected:
     MidiPartBase* part() const { return part_; }
@@ -66,11 +66,14 @@ public:
     // Replaces the events; the points are accepted ones, in any order.
     void buildEvents(std::vector<CurvePoint>& points);
 
-    std::uint64_t numEvents() const override { return events_.size(); }
-    MidiPartBase* parent() const override { return part(); }
-    MidiEvent* event(std::uint64_t index) const override { return events_.at(index); }
-    bool hasEvent(const MidiEventBase* element) const override { return events_.has(element); }
-    MidiController* asMidiController() override { return this; }
+    std::uint64_t numEvents() const noexcept override { return events_.size(); }
+    MidiPartBase* parent() const noexcept override { return part(); }
+    MidiEvent* event(std::uint64_t index) const noexcept override { return events_.at(index); }
+    bool hasEvent(const MidiEventBase* element) const noexcept override
+    {
+        return events_.has(element);
+    }
+    MidiController* asMidiController() noexcept override { return this; }
 
 private:
     FixedList<MidiEventImpl> events_;
@@ -82,11 +85,11 @@ class MutableMidiEventImpl final : public MutableMidiEvent, public MidiEventBase
 public:
     MutableMidiEventImpl(MutableMidiControllerImpl& lane, std::int32_t pos);
 
-    MidiControllerBase* parent() const override { return lane(); }
+    MidiControllerBase* parent() const noexcept override { return lane(); }
     bool remove() override;
     bool move(std::int32_t pos) override;
-    bool setValue(std::int32_t value) override { return assignValue(value); }
-    MutableMidiEvent* asMutableMidiEvent() override { return this; }
+    bool setValue(std::int32_t value) noexcept override { return assignValue(value); }
+    MutableMidiEvent* asMutableMidiEvent() noexcept override { return this; }
 
 private:
     MutableMidiControllerImpl& owner_;
@@ -104,13 +107,19 @@ public:
 
     OwnedList<MutableMidiEventImpl>& events() { return events_; }
 
-    std::uint64_t numEvents() const override { return events_.size(); }
-    MidiPartBase* parent() const override { return part(); }
+    std::uint64_t numEvents() const noexcept override { return events_.size(); }
+    MidiPartBase* parent() const noexcept override { return part(); }
     bool remove() override { return siblings_.remove(this); }
-    MutableMidiEvent* event(std::uint64_t index) const override { return events_.at(index); }
-    bool hasEvent(const MidiEventBase* element) const override { return events_.has(element); }
+    MutableMidiEvent* event(std::uint64_t index) const noexcept override
+    {
+        return events_.at(index);
+    }
+    bool hasEvent(const MidiEventBase* element) const noexcept override
+    {
+        return events_.has(element);
+    }
     MutableMidiEvent* insertEvent(std::int32_t pos, std::int32_t value) override;
-    MutableMidiController* asMutableMidiController() override { return this; }
+    MutableMidiController* asMutableMidiController() noexcept override { return this; }
 
 private:
     Siblings& siblings_;

@@ -2,17 +2,17 @@
 
 namespace Korvel::CANTORIS::PLX {
 
-const Char* DvqmBaseImpl::compID() const
+const Char* DvqmBaseImpl::compID() const noexcept
 {
     return component_ == nullptr ? ""_t.data() : component_->id.c_str();
 }
 
-std::uint64_t DvqmBaseImpl::numLevelNames() const
+std::uint64_t DvqmBaseImpl::numLevelNames() const noexcept
 {
     return component_ == nullptr ? 0 : component_->levelNames.size();
 }
 
-const Char* DvqmBaseImpl::levelName(std::uint64_t index) const
+const Char* DvqmBaseImpl::levelName(std::uint64_t index) const noexcept
 {
     return index < numLevelNames() ? component_->levelNames[index].c_str() : nullptr;
 }
@@ -47,7 +47,7 @@ bool MutableDvqmImpl::addLevelName(const Char* text)
 }
 
 // Reports the flag, not success: hosts rely on it.
-bool MutableDvqmImpl::protect(bool value)
+bool MutableDvqmImpl::protect(bool value) noexcept
 {
     assignProtected(value);
     return value;

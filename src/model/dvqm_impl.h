@@ -13,13 +13,13 @@ class DvqmBaseImpl : public virtual DvqmBase {
 public:
     DvqmBaseImpl(NoteBase& note, bool isAttack) : note_(&note), isAttack_(isAttack) {}
 
-    bool isAttack() const override { return isAttack_; }
-    const Char* compID() const override;
-    std::uint64_t numLevelNames() const override;
-    const Char* levelName(std::uint64_t index) const override;
-    bool isProtected() const override { return isProtected_; }
-    std::uint32_t speed() const override { return speed_; }
-    float topFactor() const override { return topFactor_; }
+    bool isAttack() const noexcept override { return isAttack_; }
+    const Char* compID() const noexcept override;
+    std::uint64_t numLevelNames() const noexcept override;
+    const Char* levelName(std::uint64_t index) const noexcept override;
+    bool isProtected() const noexcept override { return isProtected_; }
+    std::uint32_t speed() const noexcept override { return speed_; }
+    float topFactor() const noexcept override { return topFactor_; }
 
     void assignCompID(StringView text);
     void appendLevelName(StringView text);
@@ -51,23 +51,23 @@ class DvqmImpl final : public Dvqm, public DvqmBaseImpl {
 public:
     using DvqmBaseImpl::DvqmBaseImpl;
 
-    bool isMutable() const override { return false; }
-    NoteBase* parent() const override { return note(); }
-    Dvqm* asDvqm() override { return this; }
+    bool isMutable() const noexcept override { return false; }
+    NoteBase* parent() const noexcept override { return note(); }
+    Dvqm* asDvqm() noexcept override { return this; }
 };
 
 class MutableDvqmImpl final : public MutableDvqm, public DvqmBaseImpl {
 public:
     using DvqmBaseImpl::DvqmBaseImpl;
 
-    bool isMutable() const override { return true; }
-    NoteBase* parent() const override { return note(); }
+    bool isMutable() const noexcept override { return true; }
+    NoteBase* parent() const noexcept override { return note(); }
     void setCompID(const Char* text) override { assignCompID(viewOrEmpty(text)); }
     bool addLevelName(const Char* text) override;
-    bool protect(bool value) override;
-    bool setSpeed(std::uint32_t value) override { return assignSpeed(value); }
-    bool setTopFactor(float value) override { return assignTopFactor(value); }
-    MutableDvqm* asMutableDvqm() override { return this; }
+    bool protect(bool value) noexcept override;
+    bool setSpeed(std::uint32_t value) noexcept override { return assignSpeed(value); }
+    bool setTopFactor(float value) noexcept override { return assignTopFactor(value); }
+    MutableDvqm* asMutableDvqm() noexcept override { return this; }
 };
 
 } // namespace Korvel::CANTORIS::PLX

@@ -33,13 +33,13 @@ bool MutableEffectParameterImpl::remove()
     return siblings_.remove(this);
 }
 
-bool MutableEffectParameterImpl::setValueInt32(std::int32_t value)
+bool MutableEffectParameterImpl::setValueInt32(std::int32_t value) noexcept
 {
     assignInt32(value);
     return true;
 }
 
-bool MutableEffectParameterImpl::setValueFloat(float value)
+bool MutableEffectParameterImpl::setValueFloat(float value) noexcept
 {
     assignFloat(value);
     return true;

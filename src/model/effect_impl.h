@@ -15,11 +15,11 @@ class EffectParameterBaseImpl : public virtual EffectParameterBase {
 public:
     EffectParameterBaseImpl(EffectBase& effect, StringView name) : effect_(&effect), name_(name) {}
 
-    const Char* name() const override { return name_.c_str(); }
-    std::uint32_t type() const override { return static_cast<std::uint32_t>(type_); }
-    std::int32_t valueInt32() const override { return valueInt32_; }
-    float valueFloat() const override { return valueFloat_; }
-    const Char* valueString() const override { return valueString_.c_str(); }
+    const Char* name() const noexcept override { return name_.c_str(); }
+    std::uint32_t type() const noexcept override { return static_cast<std::uint32_t>(type_); }
+    std::int32_t valueInt32() const noexcept override { return valueInt32_; }
+    float valueFloat() const noexcept override { return valueFloat_; }
+    const Char* valueString() const noexcept override { return valueString_.c_str(); }
 
     // Each makes its own slot the meaningful one and marks the others as unset.
     void assignInt32(std::int32_t value);
@@ -46,8 +46,8 @@ class EffectParameterImpl final : public EffectParameter, public EffectParameter
 public:
     using EffectParameterBaseImpl::EffectParameterBaseImpl;
 
-    EffectBase* parent() const override { return effect(); }
-    EffectParameter* asEffectParameter() override { return this; }
+    EffectBase* parent() const noexcept override { return effect(); }
+    EffectParameter* asEffectParameter() noexcept override { return this; }
 };
 
 class MutableEffectParameterImpl final : public MutableEffectParameter,
@@ -60,12 +60,12 @@ public:
     {
     }
 
-    EffectBase* parent() const override { return effect(); }
+    EffectBase* parent() const noexcept override { return effect(); }
     bool remove() override;
-    bool setValueInt32(std::int32_t value) override;
-    bool setValueFloat(float value) override;
+    bool setValueInt32(std::int32_t value) noexcept override;
+    bool setValueFloat(float value) noexcept override;
     bool setValueString(const Char* text) override;
-    MutableEffectParameter* asMutableEffectParameter() override { return this; }
+    MutableEffectParameter* asMutableEffectParameter() noexcept override { return this; }
 
 private:
     Siblings& siblings_;
@@ -75,7 +75,7 @@ class EffectBaseImpl : public virtual EffectBase {
 public:
     EffectBaseImpl(PartBase& part, StringView id) : part_(&part), id_(id) {}
 
-    const Char* id() const override { return id_.c_str(); }
+    const Char* id() const noexcept override { return id_.c_str(); }
 
     const String& idText() const { return id_; }
 
@@ -95,14 +95,17 @@ public:
 
     OwnedList<EffectParameterImpl>& parameters() { return parameters_; }
 
-    std::uint64_t numParameters() const override { return parameters_.size(); }
-    EffectParameter* parameter(std::uint64_t index) const override { return parameters_.at(index); }
-    bool hasParameter(const EffectParameterBase* element) const override
+    std::uint64_t numParameters() const noexcept override { return parameters_.size(); }
+    EffectParameter* parameter(std::uint64_t index) const noexcept override
+    {
+        return parameters_.at(index);
+    }
+    bool hasParameter(const EffectParameterBase* element) const noexcept override
     {
         return parameters_.has(element);
     }
-    PartBase* parent() const override { return part(); }
-    Effect* asEffect() override { return this; }
+    PartBase* parent() const noexcept override { return part(); }
+    Effect* asEffect() noexcept override { return this; }
 
 private:
     OwnedList<EffectParameterImpl> parameters_;
@@ -112,16 +115,16 @@ class AudioEffectImpl final : public ReadOnlyEffect<AudioEffect> {
 public:
     using ReadOnlyEffect::ReadOnlyEffect;
 
-    std::uint32_t type() const override { return audioEffectType; }
-    AudioEffect* asAudioEffect() override { return this; }
+    std::uint32_t type() const noexcept override { return audioEffectType; }
+    AudioEffect* asAudioEffect() noexcept override { return this; }
 };
 
 class MidiEffectImpl final : public ReadOnlyEffect<MidiEffect> {
 public:
     using ReadOnlyEffect::ReadOnlyEffect;
 
-    std::uint32_t type() const override { return midiEffectType; }
-    MidiEffect* asMidiEffect() override { return this; }
+    std::uint32_t type() const noexcept override { return midiEffectType; }
+    MidiEffect* asMidiEffect() noexcept override { return this; }
 };
 
 // A part's effects of one kind: in the order in which they were placed, no ID twice. The index by ID
@@ -189,8 +192,8 @@ public:
     {
     }
 
-    std::uint64_t numParameters() const override { return parameters_.size(); }
-    MutableEffectParameter* parameter(std::uint64_t index) const override
+    std::uint64_t numParameters() const noexcept override { return parameters_.size(); }
+    MutableEffectParameter* parameter(std::uint64_t index) const noexcept override
     {
         return parameters_.at(index);
     }
@@ -200,12 +203,12 @@ public:
     {
         return siblings_.move(static_cast<Self*>(this), index);
     }
-    bool hasParameter(const EffectParameterBase* element) const override
+    bool hasParameter(const EffectParameterBase* element) const noexcept override
     {
         return parameters_.has(element);
     }
-    PartBase* parent() const override { return part(); }
-    MutableEffect* asMutableEffect() override { return this; }
+    PartBase* parent() const noexcept override { return part(); }
+    MutableEffect* asMutableEffect() noexcept override { return this; }
 
 private:
     Siblings& siblings_;
@@ -217,8 +220,8 @@ class MutableAudioEffectImpl final
 public:
     using EditableEffect::EditableEffect;
 
-    std::uint32_t type() const override { return audioEffectType; }
-    MutableAudioEffect* asMutableAudioEffect() override { return this; }
+    std::uint32_t type() const noexcept override { return audioEffectType; }
+    MutableAudioEffect* asMutableAudioEffect() noexcept override { return this; }
 };
 
 class MutableMidiEffectImpl final
@@ -226,8 +229,8 @@ class MutableMidiEffectImpl final
 public:
     using EditableEffect::EditableEffect;
 
-    std::uint32_t type() const override { return midiEffectType; }
-    MutableMidiEffect* asMutableMidiEffect() override { return this; }
+    std::uint32_t type() const noexcept override { return midiEffectType; }
+    MutableMidiEffect* asMutableMidiEffect() noexcept override { return this; }
 };
 
 // The existing parameter of that name, or a new one at its place in the order of names; null for a

@@ -2,7 +2,7 @@
 
 namespace Korvel::CANTORIS::PLX {
 
-std::uint32_t MidiPartBaseImpl::aiLangIDByIndex(std::uint64_t index) const
+std::uint32_t MidiPartBaseImpl::aiLangIDByIndex(std::uint64_t index) const noexcept
 {
     return index < aiLangIDs_.size() ? aiLangIDs_[index] : noLanguage;
 }

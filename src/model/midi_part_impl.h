@@ -16,14 +16,14 @@ class MidiPartBaseImpl : public virtual MidiPartBase {
 public:
     explicit MidiPartBaseImpl(ClipBase* clip) : clip_(clip) {}
 
-    std::int32_t duration() const override { return duration_; }
-    const Char* styleName() const override { return styleName_.c_str(); }
-    const Char* stylePresetID() const override { return stylePresetID_.c_str(); }
-    const Char* voiceBankID() const override { return voiceBankID_.c_str(); }
-    const Char* aiVoiceBankID() const override { return aiVoiceBankID_.c_str(); }
-    std::uint32_t langID() const override { return langID_; }
-    std::uint64_t aiLangIDSize() const override { return aiLangIDs_.size(); }
-    std::uint32_t aiLangIDByIndex(std::uint64_t index) const override;
+    std::int32_t duration() const noexcept override { return duration_; }
+    const Char* styleName() const noexcept override { return styleName_.c_str(); }
+    const Char* stylePresetID() const noexcept override { return stylePresetID_.c_str(); }
+    const Char* voiceBankID() const noexcept override { return voiceBankID_.c_str(); }
+    const Char* aiVoiceBankID() const noexcept override { return aiVoiceBankID_.c_str(); }
+    std::uint32_t langID() const noexcept override { return langID_; }
+    std::uint64_t aiLangIDSize() const noexcept override { return aiLangIDs_.size(); }
+    std::uint32_t aiLangIDByIndex(std::uint64_t index) const noexcept override;
 
     bool assignDuration(std::int32_t value)
     {
@@ -79,41 +79,44 @@ public:
     OwnedList<NoteImpl>& notes() { return notes_; }
     OwnedList<MidiControllerImpl>& lanes() { return lanes_; }
 
-    std::uint32_t type() const override { return type_; }
+    std::uint32_t type() const noexcept override { return type_; }
     void setType(std::uint32_t code) override { type_ = code; }
-    bool isMutable() const override { return false; }
-    std::uint64_t numAudioEffects() const override { return audioEffects_.effects().size(); }
-    std::uint64_t numMidiEffects() const override { return midiEffects_.effects().size(); }
-    std::uint64_t numNotes() const override { return notes_.size(); }
-    ClipBase* parent() const override { return clip(); }
-    AudioEffect* audioEffect(std::uint64_t index) const override
+    bool isMutable() const noexcept override { return false; }
+    std::uint64_t numAudioEffects() const noexcept override
+    {
+        return audioEffects_.effects().size();
+    }
+    std::uint64_t numMidiEffects() const noexcept override { return midiEffects_.effects().size(); }
+    std::uint64_t numNotes() const noexcept override { return notes_.size(); }
+    ClipBase* parent() const noexcept override { return clip(); }
+    AudioEffect* audioEffect(std::uint64_t index) const noexcept override
     {
         return audioEffects_.effects().at(index);
     }
-    bool hasAudioEffect(const EffectBase* element) const override
+    bool hasAudioEffect(const EffectBase* element) const noexcept override
     {
         return audioEffects_.effects().has(element);
     }
-    MidiEffect* midiEffect(std::uint64_t index) const override
+    MidiEffect* midiEffect(std::uint64_t index) const noexcept override
     {
         return midiEffects_.effects().at(index);
     }
-    bool hasMidiEffect(const EffectBase* element) const override
+    bool hasMidiEffect(const EffectBase* element) const noexcept override
     {
         return midiEffects_.effects().has(element);
     }
-    Note* note(std::uint64_t index) const override { return notes_.at(index); }
-    bool hasNote(const NoteBase* element) const override { return notes_.has(element); }
-    MidiController* midiController(std::uint32_t type) const override
+    Note* note(std::uint64_t index) const noexcept override { return notes_.at(index); }
+    bool hasNote(const NoteBase* element) const noexcept override { return notes_.has(element); }
+    MidiController* midiController(std::uint32_t type) const noexcept override
     {
         return laneOfType(lanes_, type);
     }
-    bool hasMidiController(const MidiControllerBase* element) const override
+    bool hasMidiController(const MidiControllerBase* element) const noexcept override
     {
         return lanes_.has(element);
     }
-    MidiPartBase* asMidiPartBase() override { return this; }
-    MidiPart* asMidiPart() override { return this; }
+    MidiPartBase* asMidiPartBase() noexcept override { return this; }
+    MidiPart* asMidiPart() noexcept override { return this; }
 
 private:
     std::uint32_t type_;
@@ -132,50 +135,50 @@ public:
     {
     }
 
-    std::uint64_t numAudioEffects() const override { return audioEffects().size(); }
-    std::uint64_t numMidiEffects() const override { return midiEffects_.effects().size(); }
-    std::uint64_t numNotes() const override { return notes_.size(); }
-    ClipBase* parent() const override { return clip(); }
-    bool setDuration(std::int32_t value) override { return assignDuration(value); }
+    std::uint64_t numAudioEffects() const noexcept override { return audioEffects().size(); }
+    std::uint64_t numMidiEffects() const noexcept override { return midiEffects_.effects().size(); }
+    std::uint64_t numNotes() const noexcept override { return notes_.size(); }
+    ClipBase* parent() const noexcept override { return clip(); }
+    bool setDuration(std::int32_t value) noexcept override { return assignDuration(value); }
     void setStyleName(const Char* text) override { assignStyleName(viewOrEmpty(text)); }
     void setStylePresetID(const Char* text) override { assignStylePresetID(viewOrEmpty(text)); }
     bool setVoiceBankID(const Char* text) override;
-    bool setLangID(std::uint32_t value) override { return assignLangID(value); }
+    bool setLangID(std::uint32_t value) noexcept override { return assignLangID(value); }
     bool setAiVoiceBankID(const Char* text) override;
     bool addAiLangID(std::uint32_t value) override { return appendAiLangID(value); }
-    MutableAudioEffect* audioEffect(std::uint64_t index) const override
+    MutableAudioEffect* audioEffect(std::uint64_t index) const noexcept override
     {
         return audioEffects().at(index);
     }
-    bool hasAudioEffect(const EffectBase* element) const override
+    bool hasAudioEffect(const EffectBase* element) const noexcept override
     {
         return audioEffects().has(element);
     }
     MutableAudioEffect* insertAudioEffect(std::uint64_t index, const Char* id) override;
-    MutableMidiEffect* midiEffect(std::uint64_t index) const override
+    MutableMidiEffect* midiEffect(std::uint64_t index) const noexcept override
     {
         return midiEffects_.effects().at(index);
     }
-    bool hasMidiEffect(const EffectBase* element) const override
+    bool hasMidiEffect(const EffectBase* element) const noexcept override
     {
         return midiEffects_.effects().has(element);
     }
     MutableMidiEffect* insertMidiEffect(std::uint64_t index, const Char* id) override;
-    MutableNote* note(std::uint64_t index) const override { return notes_.at(index); }
-    bool hasNote(const NoteBase* element) const override { return notes_.has(element); }
+    MutableNote* note(std::uint64_t index) const noexcept override { return notes_.at(index); }
+    bool hasNote(const NoteBase* element) const noexcept override { return notes_.has(element); }
     MutableNote* insertNote(std::int32_t pos, std::int32_t duration, const Char* lyric,
                             const Char* phoneme, std::uint32_t langID) override;
-    MutableMidiController* midiController(std::uint32_t type) const override
+    MutableMidiController* midiController(std::uint32_t type) const noexcept override
     {
         return laneOfType(lanes_, type);
     }
-    bool hasMidiController(const MidiControllerBase* element) const override
+    bool hasMidiController(const MidiControllerBase* element) const noexcept override
     {
         return lanes_.has(element);
     }
     MutableMidiController* addMidiController(std::uint32_t type) override;
-    MidiPartBase* asMidiPartBase() override { return this; }
-    MutableMidiPart* asMutableMidiPart() override { return this; }
+    MidiPartBase* asMidiPartBase() noexcept override { return this; }
+    MutableMidiPart* asMutableMidiPart() noexcept override { return this; }
 
 private:
     EffectList<MutableMidiEffectImpl> midiEffects_;

@@ -27,9 +27,9 @@ class MutablePartImpl : public virtual PartBase {
 public:
     explicit MutablePartImpl(std::uint32_t type) : type_(type) {}
 
-    std::uint32_t type() const override { return type_; }
+    std::uint32_t type() const noexcept override { return type_; }
     void setType(std::uint32_t code) override { type_ = code; }
-    bool isMutable() const override { return true; }
+    bool isMutable() const noexcept override { return true; }
 
 protected:
     const OwnedList<MutableAudioEffectImpl>& audioEffects() const

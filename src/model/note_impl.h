@@ -37,34 +37,46 @@ public:
         aiExpression_.fill(field::aiExpression.initial);
     }
 
-    const Char* lyric() const override { return lyric_.c_str(); }
-    const Char* phoneme() const override { return phoneme_.c_str(); }
-    std::uint32_t langID() const override { return langID_; }
-    bool isProtected() const override { return isProtected_; }
-    std::int32_t pos() const override { return pos_; }
-    std::int32_t duration() const override { return duration_; }
-    std::uint32_t number() const override { return number_; }
-    std::uint32_t velocity() const override { return velocity_; }
-    std::uint32_t accent() const override { return accent_; }
-    std::uint32_t bendDepth() const override { return bendDepth_; }
-    std::uint32_t bendLength() const override { return bendLength_; }
-    std::uint32_t decay() const override { return decay_; }
-    bool fallPort() const override { return fallPort_; }
-    bool risePort() const override { return risePort_; }
-    std::uint32_t opening() const override { return opening_; }
-    float pitchFine() const override { return ai(AiExpression::pitchFine); }
-    float pitchDriftStart() const override { return ai(AiExpression::pitchDriftStart); }
-    float pitchDriftEnd() const override { return ai(AiExpression::pitchDriftEnd); }
-    float pitchScalingCenter() const override { return ai(AiExpression::pitchScalingCenter); }
-    float pitchScalingOrigin() const override { return ai(AiExpression::pitchScalingOrigin); }
-    float pitchTransitionStart() const override { return ai(AiExpression::pitchTransitionStart); }
-    float pitchTransitionEnd() const override { return ai(AiExpression::pitchTransitionEnd); }
-    float amplitudeWhole() const override { return ai(AiExpression::amplitudeWhole); }
-    float amplitudeStart() const override { return ai(AiExpression::amplitudeStart); }
-    float amplitudeEnd() const override { return ai(AiExpression::amplitudeEnd); }
-    float formantWhole() const override { return ai(AiExpression::formantWhole); }
-    float formantStart() const override { return ai(AiExpression::formantStart); }
-    float formantEnd() const override { return ai(AiExpression::formantEnd); }
+    const Char* lyric() const noexcept override { return lyric_.c_str(); }
+    const Char* phoneme() const noexcept override { return phoneme_.c_str(); }
+    std::uint32_t langID() const noexcept override { return langID_; }
+    bool isProtected() const noexcept override { return isProtected_; }
+    std::int32_t pos() const noexcept override { return pos_; }
+    std::int32_t duration() const noexcept override { return duration_; }
+    std::uint32_t number() const noexcept override { return number_; }
+    std::uint32_t velocity() const noexcept override { return velocity_; }
+    std::uint32_t accent() const noexcept override { return accent_; }
+    std::uint32_t bendDepth() const noexcept override { return bendDepth_; }
+    std::uint32_t bendLength() const noexcept override { return bendLength_; }
+    std::uint32_t decay() const noexcept override { return decay_; }
+    bool fallPort() const noexcept override { return fallPort_; }
+    bool risePort() const noexcept override { return risePort_; }
+    std::uint32_t opening() const noexcept override { return opening_; }
+    float pitchFine() const noexcept override { return ai(AiExpression::pitchFine); }
+    float pitchDriftStart() const noexcept override { return ai(AiExpression::pitchDriftStart); }
+    float pitchDriftEnd() const noexcept override { return ai(AiExpression::pitchDriftEnd); }
+    float pitchScalingCenter() const noexcept override
+    {
+        return ai(AiExpression::pitchScalingCenter);
+    }
+    float pitchScalingOrigin() const noexcept override
+    {
+        return ai(AiExpression::pitchScalingOrigin);
+    }
+    float pitchTransitionStart() const noexcept override
+    {
+        return ai(AiExpression::pitchTransitionStart);
+    }
+    float pitchTransitionEnd() const noexcept override
+    {
+        return ai(AiExpression::pitchTransitionEnd);
+    }
+    float amplitudeWhole() const noexcept override { return ai(AiExpression::amplitudeWhole); }
+    float amplitudeStart() const noexcept override { return ai(AiExpression::amplitudeStart); }
+    float amplitudeEnd() const noexcept override { return ai(AiExpression::amplitudeEnd); }
+    float formantWhole() const noexcept override { return ai(AiExpression::formantWhole); }
+    float formantStart() const noexcept override { return ai(AiExpression::formantStart); }
+    float formantEnd() const noexcept override { return ai(AiExpression::formantEnd); }
 
     // The range rules of a note. Each stores what it accepts and leaves the note alone otherwise.
     bool assignLyric(StringView text) { return assignText(lyric_, text); }
@@ -128,12 +140,12 @@ class NoteImpl final : public Note, public NoteBaseImpl {
 public:
     explicit NoteImpl(MidiPartBase& part);
 
-    bool isMutable() const override { return false; }
-    MidiPartBase* parent() const override { return part(); }
-    VibratoImpl* vibrato() override { return &vibrato_; }
-    DvqmImpl* dvqm(bool isAttack) override { return isAttack ? &attack_ : &release_; }
-    SingingSkillImpl* singingSkill() override { return &singingSkill_; }
-    Note* asNote() override { return this; }
+    bool isMutable() const noexcept override { return false; }
+    MidiPartBase* parent() const noexcept override { return part(); }
+    VibratoImpl* vibrato() noexcept override { return &vibrato_; }
+    DvqmImpl* dvqm(bool isAttack) noexcept override { return isAttack ? &attack_ : &release_; }
+    SingingSkillImpl* singingSkill() noexcept override { return &singingSkill_; }
+    Note* asNote() noexcept override { return this; }
 
 private:
     VibratoImpl vibrato_;
@@ -148,74 +160,83 @@ public:
 
     MutableNoteImpl(MidiPartBase& part, Siblings& siblings);
 
-    bool isMutable() const override { return true; }
-    MidiPartBase* parent() const override { return part(); }
+    bool isMutable() const noexcept override { return true; }
+    MidiPartBase* parent() const noexcept override { return part(); }
     bool remove() override;
     bool setLyric(const Char* text) override { return assignLyric(viewOrEmpty(text)); }
     bool setPhoneme(const Char* text) override { return assignPhoneme(viewOrEmpty(text)); }
-    bool setLangID(std::uint32_t value) override { return assignLangID(value); }
-    bool setProtected(bool value) override { return assignProtected(value); }
+    bool setLangID(std::uint32_t value) noexcept override { return assignLangID(value); }
+    bool setProtected(bool value) noexcept override { return assignProtected(value); }
     bool move(std::int32_t pos) override;
-    bool setDuration(std::int32_t value) override { return assignDuration(value); }
-    bool setNumber(std::uint32_t value) override { return assignNumber(value); }
-    bool setVelocity(std::uint32_t value) override { return assignVelocity(value); }
-    bool setAccent(std::uint32_t value) override { return assignAccent(value); }
-    bool setBendDepth(std::uint32_t value) override { return assignBendDepth(value); }
-    bool setBendLength(std::uint32_t value) override { return assignBendLength(value); }
-    bool setDecay(std::uint32_t value) override { return assignDecay(value); }
-    bool setOpening(std::uint32_t value) override { return assignOpening(value); }
-    bool setFallPort(bool value) override { return assignFallPort(value); }
-    bool setRisePort(bool value) override { return assignRisePort(value); }
-    bool setPitchFine(float value) override { return assignAi(AiExpression::pitchFine, value); }
-    bool setPitchDriftStart(float value) override
+    bool setDuration(std::int32_t value) noexcept override { return assignDuration(value); }
+    bool setNumber(std::uint32_t value) noexcept override { return assignNumber(value); }
+    bool setVelocity(std::uint32_t value) noexcept override { return assignVelocity(value); }
+    bool setAccent(std::uint32_t value) noexcept override { return assignAccent(value); }
+    bool setBendDepth(std::uint32_t value) noexcept override { return assignBendDepth(value); }
+    bool setBendLength(std::uint32_t value) noexcept override { return assignBendLength(value); }
+    bool setDecay(std::uint32_t value) noexcept override { return assignDecay(value); }
+    bool setOpening(std::uint32_t value) noexcept override { return assignOpening(value); }
+    bool setFallPort(bool value) noexcept override { return assignFallPort(value); }
+    bool setRisePort(bool value) noexcept override { return assignRisePort(value); }
+    bool setPitchFine(float value) noexcept override
+    {
+        return assignAi(AiExpression::pitchFine, value);
+    }
+    bool setPitchDriftStart(float value) noexcept override
     {
         return assignAi(AiExpression::pitchDriftStart, value);
     }
-    bool setPitchDriftEnd(float value) override
+    bool setPitchDriftEnd(float value) noexcept override
     {
         return assignAi(AiExpression::pitchDriftEnd, value);
     }
-    bool setPitchScalingCenter(float value) override
+    bool setPitchScalingCenter(float value) noexcept override
     {
         return assignAi(AiExpression::pitchScalingCenter, value);
     }
-    bool setPitchScalingOrigin(float value) override
+    bool setPitchScalingOrigin(float value) noexcept override
     {
         return assignAi(AiExpression::pitchScalingOrigin, value);
     }
-    bool setPitchTransitionStart(float value) override
+    bool setPitchTransitionStart(float value) noexcept override
     {
         return assignAi(AiExpression::pitchTransitionStart, value);
     }
-    bool setPitchTransitionEnd(float value) override
+    bool setPitchTransitionEnd(float value) noexcept override
     {
         return assignAi(AiExpression::pitchTransitionEnd, value);
     }
-    bool setAmplitudeWhole(float value) override
+    bool setAmplitudeWhole(float value) noexcept override
     {
         return assignAi(AiExpression::amplitudeWhole, value);
     }
-    bool setAmplitudeStart(float value) override
+    bool setAmplitudeStart(float value) noexcept override
     {
         return assignAi(AiExpression::amplitudeStart, value);
     }
-    bool setAmplitudeEnd(float value) override
+    bool setAmplitudeEnd(float value) noexcept override
     {
         return assignAi(AiExpression::amplitudeEnd, value);
     }
-    bool setFormantWhole(float value) override
+    bool setFormantWhole(float value) noexcept override
     {
         return assignAi(AiExpression::formantWhole, value);
     }
-    bool setFormantStart(float value) override
+    bool setFormantStart(float value) noexcept override
     {
         return assignAi(AiExpression::formantStart, value);
     }
-    bool setFormantEnd(float value) override { return assignAi(AiExpression::formantEnd, value); }
-    MutableVibratoImpl* vibrato() override { return &vibrato_; }
-    MutableDvqmImpl* dvqm(bool isAttack) override { return isAttack ? &attack_ : &release_; }
-    MutableSingingSkillImpl* singingSkill() override { return &singingSkill_; }
-    MutableNote* asMutableNote() override { return this; }
+    bool setFormantEnd(float value) noexcept override
+    {
+        return assignAi(AiExpression::formantEnd, value);
+    }
+    MutableVibratoImpl* vibrato() noexcept override { return &vibrato_; }
+    MutableDvqmImpl* dvqm(bool isAttack) noexcept override
+    {
+        return isAttack ? &attack_ : &release_;
+    }
+    MutableSingingSkillImpl* singingSkill() noexcept override { return &singingSkill_; }
+    MutableNote* asMutableNote() noexcept override { return this; }
 
 private:
     Siblings& siblings_;

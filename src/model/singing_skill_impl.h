@@ -11,9 +11,9 @@ class SingingSkillBaseImpl : public virtual SingingSkillBase {
 public:
     explicit SingingSkillBaseImpl(NoteBase& note) : note_(&note) {}
 
-    std::int32_t duration() const override { return duration_; }
-    std::uint32_t preWeight() const override { return preWeight_; }
-    std::uint32_t postWeight() const override { return postWeight_; }
+    std::int32_t duration() const noexcept override { return duration_; }
+    std::uint32_t preWeight() const noexcept override { return preWeight_; }
+    std::uint32_t postWeight() const noexcept override { return postWeight_; }
 
     // 0 up to the note's duration as it is now.
     bool assignDuration(std::int32_t value);
@@ -34,21 +34,21 @@ class SingingSkillImpl final : public SingingSkill, public SingingSkillBaseImpl 
 public:
     using SingingSkillBaseImpl::SingingSkillBaseImpl;
 
-    bool isMutable() const override { return false; }
-    NoteBase* parent() const override { return note(); }
-    SingingSkill* asSingingSkill() override { return this; }
+    bool isMutable() const noexcept override { return false; }
+    NoteBase* parent() const noexcept override { return note(); }
+    SingingSkill* asSingingSkill() noexcept override { return this; }
 };
 
 class MutableSingingSkillImpl final : public MutableSingingSkill, public SingingSkillBaseImpl {
 public:
     using SingingSkillBaseImpl::SingingSkillBaseImpl;
 
-    bool isMutable() const override { return true; }
-    NoteBase* parent() const override { return note(); }
-    bool setDuration(std::int32_t value) override { return assignDuration(value); }
-    bool setPreWeight(std::uint32_t value) override { return assignPreWeight(value); }
-    bool setPostWeight(std::uint32_t value) override { return assignPostWeight(value); }
-    MutableSingingSkill* asMutableSingingSkill() override { return this; }
+    bool isMutable() const noexcept override { return true; }
+    NoteBase* parent() const noexcept override { return note(); }
+    bool setDuration(std::int32_t value) noexcept override { return assignDuration(value); }
+    bool setPreWeight(std::uint32_t value) noexcept override { return assignPreWeight(value); }
+    bool setPostWeight(std::uint32_t value) noexcept override { return assignPostWeight(value); }
+    MutableSingingSkill* asMutableSingingSkill() noexcept override { return this; }
 };
 
 } // namespace Korvel::CANTORIS::PLX

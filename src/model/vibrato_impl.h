@@ -14,8 +14,8 @@ class VibratoBaseImpl : public virtual VibratoBase {
 public:
     explicit VibratoBaseImpl(NoteBase& note) : note_(&note) {}
 
-    std::uint32_t type() const override { return type_; }
-    std::int32_t duration() const override { return duration_; }
+    std::uint32_t type() const noexcept override { return type_; }
+    std::int32_t duration() const noexcept override { return duration_; }
 
     bool assignType(std::uint32_t value) { return assign(type_, field::vibratoType, value); }
     // 0 up to the note's duration as it is now.
@@ -41,9 +41,9 @@ public:
     {
     }
 
-    std::uint32_t type() const override { return type_; }
-    std::int32_t pos() const override { return pos_; }
-    std::uint32_t value() const override { return value_; }
+    std::uint32_t type() const noexcept override { return type_; }
+    std::int32_t pos() const noexcept override { return pos_; }
+    std::uint32_t value() const noexcept override { return value_; }
 
     bool assignValue(std::uint32_t value) { return assign(value_, field::vibratoValue, value); }
 
@@ -71,9 +71,9 @@ public:
     {
     }
 
-    bool isMutable() const override { return false; }
-    VibratoBase* parent() const override;
-    VibratoParameter* asVibratoParameter() override { return this; }
+    bool isMutable() const noexcept override { return false; }
+    VibratoBase* parent() const noexcept override;
+    VibratoParameter* asVibratoParameter() noexcept override { return this; }
 
 private:
     VibratoImpl& vibrato_;
@@ -86,12 +86,13 @@ public:
     // Replaces one curve; the points are accepted ones, in any order.
     void buildCurve(std::uint32_t type, std::vector<CurvePoint>& points);
 
-    std::int64_t numParameters(std::uint32_t type) const override;
-    bool isMutable() const override { return false; }
-    NoteBase* parent() const override { return note(); }
-    VibratoParameter* parameter(std::uint32_t type, std::uint64_t index) const override;
-    bool hasParameter(std::uint32_t type, const VibratoParameterBase* element) const override;
-    Vibrato* asVibrato() override { return this; }
+    std::int64_t numParameters(std::uint32_t type) const noexcept override;
+    bool isMutable() const noexcept override { return false; }
+    NoteBase* parent() const noexcept override { return note(); }
+    VibratoParameter* parameter(std::uint32_t type, std::uint64_t index) const noexcept override;
+    bool hasParameter(std::uint32_t type,
+                      const VibratoParameterBase* element) const noexcept override;
+    Vibrato* asVibrato() noexcept override { return this; }
 
 private:
     std::array<FixedList<VibratoParameterImpl>, vibratoCurves> curves_;
@@ -107,12 +108,12 @@ public:
     {
     }
 
-    bool isMutable() const override { return true; }
-    VibratoBase* parent() const override;
+    bool isMutable() const noexcept override { return true; }
+    VibratoBase* parent() const noexcept override;
     bool remove() override;
     bool move(std::int32_t pos) override;
-    bool setValue(std::uint32_t value) override { return assignValue(value); }
-    MutableVibratoParameter* asMutableVibratoParameter() override { return this; }
+    bool setValue(std::uint32_t value) noexcept override { return assignValue(value); }
+    MutableVibratoParameter* asMutableVibratoParameter() noexcept override { return this; }
 
 private:
     MutableVibratoImpl& vibrato_;
@@ -125,16 +126,18 @@ public:
 
     Curve& curve(std::uint32_t type) { return curves_[type]; }
 
-    std::int64_t numParameters(std::uint32_t type) const override;
-    bool isMutable() const override { return true; }
-    NoteBase* parent() const override { return note(); }
-    bool setType(std::uint32_t value) override { return assignType(value); }
-    bool setDuration(std::int32_t value) override { return assignDuration(value); }
-    MutableVibratoParameter* parameter(std::uint32_t type, std::uint64_t index) const override;
-    bool hasParameter(std::uint32_t type, const VibratoParameterBase* element) const override;
+    std::int64_t numParameters(std::uint32_t type) const noexcept override;
+    bool isMutable() const noexcept override { return true; }
+    NoteBase* parent() const noexcept override { return note(); }
+    bool setType(std::uint32_t value) noexcept override { return assignType(value); }
+    bool setDuration(std::int32_t value) noexcept override { return assignDuration(value); }
+    MutableVibratoParameter* parameter(std::uint32_t type,
+                                       std::uint64_t index) const noexcept override;
+    bool hasParameter(std::uint32_t type,
+                      const VibratoParameterBase* element) const noexcept override;
     MutableVibratoParameter* insertParameter(std::uint32_t type, std::int32_t pos,
                                              std::uint32_t value) override;
-    MutableVibrato* asMutableVibrato() override { return this; }
+    MutableVibrato* asMutableVibrato() noexcept override { return this; }
 
 private:
     std::array<Curve, vibratoCurves> curves_;

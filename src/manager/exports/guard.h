@@ -18,9 +18,12 @@ struct OperationTraits<Result_ (Interface_::*)(Parameter...)> {
     using Result = Result_;
 };
 template <class Interface_, class Result_, class... Parameter>
-struct OperationTraits<Result_ (Interface_::*)(Parameter...) const> {
-    using Interface = Interface_;
-    using Result = Result_;
+struct OperationTraits<Result_ (Interface_::*)(Parameter...) noexcept>
+    : OperationTraits<Result_ (Interface_::*)(Parameter...)> {
+};
+template <class Interface_, class Result_, class... Parameter>
+struct OperationTraits<Result_ (Interface_::*)(Parameter...) const noexcept>
+    : OperationTraits<Result_ (Interface_::*)(Parameter...)> {
 };
 
 // Handles become roots, unlooked at; everything else passes as it is.
@@ -45,7 +48,8 @@ auto toHost(Result result)
     }
 }
 
-// Runs the body; whatever it throws ends here, and the host gets `otherwise`.
+// Runs the body; whatever it throws ends here, and the host gets `otherwise`. Operations that cannot
+// throw are declared so: for them the compiler leaves the handler out and forwards by a jump.
 template <class Result, class Body>
 Result guarded(Result otherwise, Body body) noexcept
 {
