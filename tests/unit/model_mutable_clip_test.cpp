@@ -12,7 +12,7 @@ using namespace Korvel::CANTORIS::PLX;
 class Owner final : public MutableClipOwner {
 public:
     Manager* manager() override { return nullptr; }
-    bool owns(const MutableClipImpl&) const override { return ownsAll; }
+    bool owns(const MutableClipImpl&) const noexcept override { return ownsAll; }
     void discard(const MutableClipImpl& clip) override { discarded = &clip; }
     UserClip* write(const MutableClipImpl& clip, StringView name, bool formatted,
                     Result& result) override
