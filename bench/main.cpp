@@ -87,17 +87,16 @@ void runWorks(const Options& options)
     Run run{.data = bench::DataFolder(std::filesystem::absolute(folder), size),
             .clock = options.onWallClock ? bench::Clock::wall : bench::Clock::processor,
             .rounds = options.rounds == 0 ? rounds : options.rounds,
-            .table = {}};
+            .table = bench::Table(std::cout)};
     std::cerr << "generating\n";
     bench::generate(run.data);
     std::filesystem::remove_all(run.data.scratch());
+    std::cout << bench::describeMachine() << "\n\n";
     for (const Work& work : works) {
         if (std::string_view(work.name).find(options.only) != std::string_view::npos) {
             work.run(run);
         }
     }
-    std::cout << bench::describeMachine() << "\n\n";
-    run.table.print(std::cout);
     std::cout << '\n' << run.table.missedTargets() << " targets missed\n";
 }
 

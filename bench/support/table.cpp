@@ -89,19 +89,17 @@ void printRow(std::ostream& out, const Row& row)
 
 } // namespace
 
-void Table::print(std::ostream& out) const
+void Table::add(const Row& row)
 {
-    out << "| work | contestant | median | middle half | library ÷ it | middle half | target | met "
-           "|\n|---|---|--:|--:|--:|--:|---|---|\n";
-    for (const Row& row : rows_) {
-        printRow(out, row);
+    if (isEmpty_) {
+        out_
+            << "| work | contestant | median | middle half | library ÷ it | middle half | target | "
+               "met |\n|---|---|--:|--:|--:|--:|---|---|\n";
+        isEmpty_ = false;
     }
-}
-
-int Table::missedTargets() const
-{
-    const auto isMissed = [](const Row& row) { return row.target && !isMet(row); };
-    return static_cast<int>(std::count_if(rows_.begin(), rows_.end(), isMissed));
+    printRow(out_, row);
+    out_.flush();
+    missedTargets_ += row.target && !isMet(row) ? 1 : 0;
 }
 
 } // namespace bench

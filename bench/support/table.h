@@ -5,7 +5,6 @@
 #include <optional>
 #include <ostream>
 #include <string>
-#include <vector>
 
 #include "support/statistics.h"
 
@@ -31,17 +30,19 @@ struct Row {
     std::optional<Target> target = std::nullopt;
 };
 
+// Prints itself as a table of Markdown, row by row, as they come.
 class Table {
 public:
-    void add(Row row) { rows_.push_back(std::move(row)); }
+    explicit Table(std::ostream& out) : out_(out) {}
 
-    // As a table of Markdown.
-    void print(std::ostream& out) const;
+    void add(const Row& row);
 
-    [[nodiscard]] int missedTargets() const;
+    [[nodiscard]] int missedTargets() const { return missedTargets_; }
 
 private:
-    std::vector<Row> rows_;
+    std::ostream& out_;
+    bool isEmpty_ = true;
+    int missedTargets_ = 0;
 };
 
 } // namespace bench

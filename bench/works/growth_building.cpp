@@ -159,7 +159,7 @@ Contestant contestant(const Run& run, const Kind& kind, std::size_t count)
         work(*stage);
         KRT_PLX_MutableClip_destroy(stage->clip);
     };
-    return {.name = std::to_string(count), .run = build};
+    return {.name = "library, " + std::to_string(count), .run = build};
 }
 
 } // namespace

@@ -23,7 +23,7 @@ std::shared_ptr<Manager> managerOf(const DataFolder& data, const std::string& ki
 Contestant readPart(const DataFolder& data, const std::string& kind, std::size_t count)
 {
     const auto manager = managerOf(data, kind, count);
-    return {.name = std::to_string(count),
+    return {.name = "library, " + std::to_string(count),
             .run =
                 [=] {
                     require(KRT_PLX_Clip_readPart(manager->systemClip(0)),
@@ -35,7 +35,7 @@ Contestant readPart(const DataFolder& data, const std::string& kind, std::size_t
 Contestant readCatalogue(const DataFolder& data, const std::string& kind, std::size_t count)
 {
     const auto manager = managerOf(data, kind, count);
-    return {.name = std::to_string(count), .run = [=] {
+    return {.name = "library, " + std::to_string(count), .run = [=] {
                 manager->read();
                 require(manager->systemClipCount() == 1, "a hostile clip was not listed");
             }};

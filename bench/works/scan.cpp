@@ -58,6 +58,43 @@ void requireEqual(std::vector<Clip> left, std::vector<Clip> right, const char* w
     require(left == right, what);
 }
 
+std::vector<std::string> toUtf8(const std::vector<std::u16string>& texts)
+{
+    std::vector<std::string> result;
+    for (const std::u16string& text : texts) {
+        result.push_back(support::utf8(text));
+    }
+    return result;
+}
+
+Clip toUtf8(const plain::Clip& clip)
+{
+    return {.id = support::utf8(clip.id),
+            .name = support::utf8(clip.name),
+            .vendorName = support::utf8(clip.vendorName),
+            .path = support::utf8(clip.path),
+            .partType = clip.partType,
+            .partKey = clip.partKey,
+            .partTempo = clip.partTempo,
+            .filter = {.singerGroups = toUtf8(clip.filter.singerGroups),
+                       .vendors = toUtf8(clip.filter.vendors),
+                       .languages = clip.filter.languages,
+                       .singerIDs = toUtf8(clip.filter.singerIDs),
+                       .types = toUtf8(clip.filter.types),
+                       .genres = toUtf8(clip.filter.genres)}};
+}
+
+std::vector<Clip> scanPlain(const Folders& folders)
+{
+    plain::Catalogue catalogue;
+    plain::scan(folders, catalogue);
+    std::vector<Clip> clips;
+    for (const plain::Clip& clip : catalogue.clips()) {
+        clips.push_back(toUtf8(clip));
+    }
+    return clips;
+}
+
 // A faster answer to another question would be worth nothing.
 void checkEqual(const DataFolder& data)
 {
@@ -74,6 +111,8 @@ void checkEqual(const DataFolder& data)
     Catalogue simdjson;
     with_simdjson::scan(folders, simdjson);
     requireEqual(clips, simdjson.clips(), "simdjson's catalogue differs from the library's");
+    requireEqual(clips, scanPlain(folders),
+                 "the plain form's catalogue differs from the library's");
 }
 
 Contestant withTarget(Contestant contestant, std::optional<Target> target)
