@@ -206,7 +206,7 @@ TEST_P(SavedFloat, ReadsBackAsTheSameFloat)
     EXPECT_EQ(end, written.data() + written.size()) << written;
     EXPECT_EQ(value, static_cast<double>(GetParam())) << written;
     EXPECT_EQ(std::signbit(value), std::signbit(GetParam())) << written;
-    EXPECT_THAT(written, testing::ContainsRegex("[.e]"));
+    EXPECT_NE(written.find_first_of(".e"), std::string::npos) << written;
 }
 
 using Limits = std::numeric_limits<float>;
