@@ -29,16 +29,17 @@ bool createDirectories(const String& path)
 
 bool remove(const String& path)
 {
-    const auto attributes = attributesOf(path);
-    return attributes && removeEntry(path, *attributes);
+    const String entry = entryPath(path);
+    const auto attributes = attributesOf(entry);
+    return attributes && removeEntry(entry, *attributes);
 }
 
 bool removeEmptyFolder(const String& path)
 {
-    const auto attributes = attributesOf(path);
-    constexpr DWORD kinds = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_REPARSE_POINT;
-    return attributes && (*attributes & kinds) == FILE_ATTRIBUTE_DIRECTORY &&
-           RemoveDirectoryW(path.c_str()) != FALSE;
+    const String folder = entryPath(path);
+    const auto attributes = attributesOf(folder);
+    return attributes && isFolder(*attributes) && !isLink(*attributes) &&
+           removeEntry(folder, *attributes);
 }
 
 } // namespace Korvel::CANTORIS::PLX::fs

@@ -55,17 +55,11 @@ void sweep(String path)
     }
 }
 
-String withoutTrailingSeparators(const String& path)
-{
-    const auto last = path.find_last_not_of(separator);
-    return last == String::npos ? String{} : path.substr(0, last + 1);
-}
-
 } // namespace
 
 bool removeTree(const String& path)
 {
-    const String tree = withoutTrailingSeparators(path);
+    const String tree = entryPath(path);
     if (tree.empty() || holdsNul(tree)) {
         return false;
     }

@@ -36,6 +36,12 @@ bool holdsNul(const String& path)
     return path.find(Char{}) != String::npos;
 }
 
+String entryPath(const String& path)
+{
+    const auto last = path.find_last_not_of(LR"(\/)");
+    return last == String::npos || path[last] == L':' ? String{} : path.substr(0, last + 1);
+}
+
 std::optional<DWORD> attributesOf(const String& path)
 {
     const DWORD attributes =

@@ -14,6 +14,10 @@ namespace Korvel::CANTORIS::PLX::fs {
 // The system would take the text only up to the NUL, hence something else.
 bool holdsNul(const String& path);
 
+// The path without the separators at its end, with which the system would look through a link. Empty
+// for the root of a drive, which nobody may remove.
+String entryPath(const String& path);
+
 // The attributes of the file, folder or link itself; none when they cannot be read.
 std::optional<DWORD> attributesOf(const String& path);
 
