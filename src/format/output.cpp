@@ -10,9 +10,9 @@ namespace json {
 
 // Indents in one step, as RapidJSON does for its own buffer but not for one with another allocator.
 template <>
-inline void PutN(Output::Sink& sink, char unit, std::size_t count)
+inline void PutN(Output::Sink& stream, char c, std::size_t n)
 {
-    std::memset(sink.Push(count), unit, count);
+    std::memset(stream.Push(n), c, n);
 }
 
 } // namespace json

@@ -47,7 +47,7 @@ struct Identity {
     std::uint64_t device;
     std::uint64_t index;
 
-    auto operator<=>(const Identity&) const = default;
+    auto operator<=>(const Identity&) const = default; // NOLINT(modernize-use-nullptr): no 0 here
 };
 
 // Replaces the listing by the folder's plain files and folders; empty when it cannot be listed.

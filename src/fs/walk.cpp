@@ -1,6 +1,7 @@
 #include <functional>
 #include <optional>
 #include <set>
+#include <utility>
 #include <vector>
 
 #include "fs/fs.h"
@@ -16,7 +17,7 @@ class Walk {
 public:
     using Visit = std::function<void(const String&)>;
 
-    explicit Walk(const String& folder) : path_(folder) {}
+    explicit Walk(String folder) : path_(std::move(folder)) {}
 
     void run(const Visit& visit);
 
