@@ -118,9 +118,11 @@ bool writeData(Output& out, PartBase& part)
 {
     out.beginObject();
     out.key(part_type::name(part.type()));
-    const bool written = writePart(out, part);
+    if (!writePart(out, part)) {
+        return false;
+    }
     out.endObject();
-    return written;
+    return true;
 }
 
 } // namespace Korvel::CANTORIS::PLX::format

@@ -12,8 +12,8 @@ namespace Korvel::CANTORIS::PLX::format {
 void writeProperties(Output& out, const ClipBase& clip, const FilterTags& tags, StringView id,
                      StringView name);
 
-// The data document: an object whose one key is the part's type. False, with nothing written, for a
-// part that has nothing to write or is not of the class that its type says.
+// The data document: an object whose one key is the part's type. False, with the output cut short, for
+// a part that has nothing to write or is not editable.
 bool writeData(Output& out, PartBase& part);
 
 } // namespace Korvel::CANTORIS::PLX::format

@@ -9,10 +9,8 @@ namespace {
 
 std::uint32_t readType(const Value* name)
 {
-    if (name == nullptr || !name->IsString()) {
-        return controller::unknown;
-    }
-    return controller::fromName({name->GetString(), name->GetStringLength()});
+    const auto text = asUtf8(name);
+    return text ? controller::fromName(*text) : controller::unknown;
 }
 
 void readController(const Value& element, MidiPartBase& part, OwnedList<MidiControllerImpl>& lanes)

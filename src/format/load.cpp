@@ -37,11 +37,11 @@ bool readPartHeader(const Value* value, ClipProperties& properties)
     }
     namespace keys = schema::part_header;
     const Members members(*value, keys::keys);
-    const Value* const type = members[keys::type];
-    if (type == nullptr || !type->IsString()) {
+    const auto type = asUtf8(members[keys::type]);
+    if (!type) {
         return false;
     }
-    properties.partType = part_type::fromName({type->GetString(), type->GetStringLength()});
+    properties.partType = part_type::fromName(*type);
     if (part_type::isMidi(properties.partType)) {
         if (const auto key = asInteger(members[keys::key])) {
             properties.assignPartKey(static_cast<std::uint32_t>(*key));

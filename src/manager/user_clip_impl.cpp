@@ -8,9 +8,10 @@ namespace Korvel::CANTORIS::PLX {
 
 namespace {
 
+// Not by asking first: a link that leads nowhere does not exist, but would stay.
 bool removeIfThere(const String& path)
 {
-    return !fs::exists(path) || fs::remove(path);
+    return fs::remove(path) || !fs::exists(path);
 }
 
 } // namespace

@@ -208,6 +208,23 @@ TEST_F(DocumentTextTest, EndsAtAnEscapedZero)
     EXPECT_EQ(readNote(noteObject().with("lyric", R"("\u0000la")")), nullptr);
 }
 
+TEST_F(DocumentTextTest, EndsAtAnEscapedZeroForEveryRule)
+{
+    const Object property = support::propertyObject();
+    EXPECT_NE(readProperties(property.with("part", R"({"type": "midi\u0000x"})")), nullptr);
+
+    const Object part =
+        support::midiPartObject()
+            .with("voice", R"({"compID": "ABCDEFGHIJKLMNOP\u0000x", "langID": 1})")
+            .with("midiEffects", R"([{"id": "E"}, {"id": "E\u0000x"}])")
+            .with("controllers", R"([{"name": "air\u0000x", "events": [{"pos": 0, "value": 0}]}])");
+    KRT_PLX_PartBase* read = readPart(support::dataObject("midi", part));
+    ASSERT_NE(read, nullptr);
+    EXPECT_EQ(utf8(KRT_PLX_MidiPartBase_voiceBankID(read)), "ABCDEFGHIJKLMNOP");
+    EXPECT_EQ(KRT_PLX_MidiPart_midiEffect(read, 1), nullptr);
+    EXPECT_NE(KRT_PLX_MidiPart_midiController(read, 10), nullptr);
+}
+
 TEST_F(DocumentTextTest, IsKeptWhateverItsCharacters)
 {
     for (const std::string_view text :

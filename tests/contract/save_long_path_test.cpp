@@ -5,6 +5,7 @@
 #include <system_error>
 
 #include "support/saving.h"
+#include "support/temp_dir.h"
 
 using support::Path;
 
@@ -93,10 +94,23 @@ protected:
         EXPECT_EQ(result.clip != nullptr, code == KRT_PLX_RESULT_OK);
         if (result.clip != nullptr) {
             EXPECT_TRUE(KRT_PLX_Clip_readPart(result.clip));
+            removeAudio(result.clip);
             EXPECT_TRUE(KRT_PLX_UserClip_remove(result.clip));
         }
         EXPECT_EQ(support::userClipCount(own.get()), 0u);
         removeFolders(user, scratch());
+    }
+
+    // An emulated Windows does not say which folder is which at such a depth, and what may lie outside
+    // the clip's folder stays.
+    static void removeAudio(KRT_PLX_ClipBase* clip)
+    {
+        KRT_PLX_PartBase* const part = KRT_PLX_Clip_audioPart(clip);
+        if (part != nullptr) {
+            const Path wave = support::hostPath(KRT_PLX_AudioPartBase_wavFilePath(part));
+            EXPECT_TRUE(std::filesystem::remove(wave));
+            EXPECT_TRUE(std::filesystem::remove(wave.parent_path()));
+        }
     }
 
     Build audioNamed(const std::string& name)
