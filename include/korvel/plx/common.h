@@ -40,6 +40,8 @@
 #include <stddef.h>
 #include <stdint.h>
 
+/** @def KRT_PLX_VISIBLE
+ *  Makes a function visible outside the library; part of #KRT_PLX_API. */
 #if defined(_WIN32)
 #    if defined(KRT_PLX_BUILDING_LIBRARY)
 #        define KRT_PLX_VISIBLE __declspec(dllexport)
@@ -50,7 +52,10 @@
 #    define KRT_PLX_VISIBLE __attribute__((visibility("default")))
 #endif
 
-/** Marks the declaration of an exported function: C linkage, visible outside the library. */
+/** @def KRT_PLX_API
+ *  Marks the declaration of an exported function: C linkage, visible outside the library. */
+/** @def KRT_PLX_NOEXCEPT
+ *  Ends the declaration of an exported function: in C++ it says that the function never throws. */
 #if defined(__cplusplus)
 #    define KRT_PLX_API extern "C" KRT_PLX_VISIBLE
 #    define KRT_PLX_NOEXCEPT noexcept
