@@ -1,0 +1,89 @@
+#include <cstdio>
+#include <exception>
+#include <string>
+#include <vector>
+
+#include <CLI/CLI.hpp>
+#include <fmt/format.h>
+
+#include "commands.h"
+#include "console.h"
+
+namespace plxclip {
+
+namespace {
+
+void describe(CLI::App& app)
+{
+    app.set_version_flag("--version", "plxclip " PLXCLIP_VERSION);
+    app.set_help_all_flag("--help-all", "Show the help of every command");
+    app.require_subcommand(1);
+    app.footer("Exit status: 0 done; 1 something was not found, not done or is wrong; 2 the\n"
+               "command line makes no sense. Set NO_COLOR to have no colours on a terminal.");
+}
+
+void addCommands(CLI::App& app, Work& chosen)
+{
+    (void)app;
+    (void)chosen;
+}
+
+void complain(std::string_view text)
+{
+    printError(fmt::format("{} {}\n", styled(Style::bad, "plxclip:", Stream::error), text));
+}
+
+// Help and version are asked for like this too; they are no errors.
+int answer(const CLI::App& app, const CLI::ParseError& error)
+{
+    if (error.get_exit_code() == 0) {
+        return app.exit(error);
+    }
+    complain(error.what());
+    printError("Run \"plxclip --help\", or \"plxclip COMMAND --help\", to see what there is.\n");
+    return exitUsage;
+}
+
+int perform(const Work& work)
+{
+    try {
+        const ExitStatus status = work();
+        return std::fflush(stdout) == 0 ? status : exitProblem;
+    } catch (const Failure& failure) {
+        complain(failure.what());
+        return failure.status();
+    }
+}
+
+int run(const std::vector<std::string>& arguments)
+{
+    CLI::App app("Lists, shows, checks and edits clips.", "plxclip");
+    Work chosen;
+    describe(app);
+    addCommands(app, chosen);
+    std::vector<const char*> pointers;
+    for (const std::string& argument : arguments) {
+        pointers.push_back(argument.c_str());
+    }
+    try {
+        app.parse(static_cast<int>(pointers.size()), pointers.data());
+    } catch (const CLI::ParseError& error) {
+        return answer(app, error);
+    }
+    return perform(chosen);
+}
+
+} // namespace
+
+} // namespace plxclip
+
+int main(int argc, char** argv)
+{
+    const plxclip::Console console;
+    try {
+        return plxclip::run(plxclip::commandLine(argc, argv));
+    } catch (const std::exception& error) {
+        plxclip::complain(error.what());
+        return plxclip::exitProblem;
+    }
+}
