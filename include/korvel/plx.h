@@ -128,5 +128,6 @@
 #include "plx/manager.h"
 #include "plx/note.h"
 #include "plx/part.h"
+#include "plx/version.h"
 
 #endif
