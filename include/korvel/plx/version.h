@@ -7,11 +7,15 @@
  * manual.
  *
  * This header is the only place where the version is written; the name of the shared object, the
- * CMake package, the pkg-config file and the version resource of the DLL are made from it. It holds
- * nothing but macros, so that a resource script can include it too.
+ * CMake package, the pkg-config file and the version resource of the DLL are made from it. A
+ * resource script can include it too: it then holds nothing but macros.
  */
 #ifndef KORVEL_PLX_VERSION_H
 #define KORVEL_PLX_VERSION_H
+
+#if !defined(RC_INVOKED)
+#    include "common.h"
+#endif
 
 /** Counts the changes after which hosts may have to be changed; 0 until the interface is settled. */
 #define KRT_PLX_VERSION_MAJOR 0
