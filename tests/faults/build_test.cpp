@@ -1,0 +1,142 @@
+// Building and editing when memory runs out: every function that does either, at each of its
+// allocations.
+
+#include <fstream>
+#include <regex>
+#include <set>
+
+#include <gtest/gtest.h>
+
+#include "allocations.h"
+#include "contract/clip_model.h"
+#include "figures.h"
+#include "operations.h"
+#include "support/host.h"
+
+namespace {
+
+using faults::Desk;
+using faults::Operation;
+using faults::Operations;
+
+const std::vector<std::vector<const Operations*>>& sequences()
+{
+    using namespace faults;
+    static const std::vector<std::vector<const Operations*>> all = {
+        {&clipOperations(), &midiOperations(), &removals()},
+        {&clipOperations(), &aiOperations()},
+        {&clipOperations(), &audioOperations()},
+        {&clipOperations(), &audioOperations(), &midiOperations(), &aiOperations()},
+    };
+    return all;
+}
+
+std::string describe(const Desk& desk)
+{
+    return desk.clip == nullptr ? "" : contract::describe(contract::modelOfEditable(desk.clip));
+}
+
+using Fail = void (*)(long number);
+
+// Fails the operation at one allocation after the other until it comes through untouched. It can
+// be repeated on the same objects because a failure leaves them as they were.
+void failEverywhere(const Operation& operation, Desk& desk, Fail fail)
+{
+    for (long number = 1;; ++number) {
+        const std::string before = describe(desk);
+        fail(number);
+        const bool done = operation.run(desk);
+        const auto [made, failed] = faults::stopFailingAllocations();
+        faults::count("allocations failed while building", failed);
+        if (failed == 0) {
+            EXPECT_TRUE(done);
+            EXPECT_LT(made, number);
+            return;
+        }
+        EXPECT_FALSE(done) << "at allocation " << number;
+        EXPECT_EQ(describe(desk), before) << "at allocation " << number;
+        if (done || testing::Test::HasFailure()) {
+            return;
+        }
+    }
+}
+
+class BuildTest : public testing::TestWithParam<Fail> {
+protected:
+    void SetUp() override
+    {
+        std::filesystem::create_directories(folders_.system);
+        support::writeFile(wave_, "RIFF");
+        support::createManager(folders_).destroy(); // what stays for the process has been allocated
+    }
+
+    // The objects live as long as the manager; then no block of theirs is left.
+    void failEverywhereIn(const std::vector<const Operations*>& sequence)
+    {
+        const long before = faults::liveBlocks();
+        Desk desk(wave_);
+        const support::Text id = support::uniqueAppID();
+        const support::Text system = support::pathText(folders_.system);
+        const support::Text user = support::pathText(folders_.user);
+        desk.manager = faults::lib(KRT_PLX_CreateManager, id.c_str(), system.c_str(), user.c_str(),
+                                   nullptr, 0, nullptr, 0, nullptr);
+        ASSERT_NE(desk.manager, nullptr);
+        for (const Operations* operations : sequence) {
+            for (const Operation& operation : *operations) {
+                SCOPED_TRACE(operation.name);
+                failEverywhere(operation, desk, GetParam());
+            }
+        }
+        EXPECT_GT(faults::liveBlocks(), before);
+        faults::lib(KRT_PLX_Manager_destroy, desk.manager);
+        EXPECT_EQ(faults::liveBlocks(), before);
+    }
+
+private:
+    support::ScratchFolder scratch_;
+    support::Folders folders_{scratch_.path() / "system", scratch_.path() / "user", {}, {}};
+    support::Path wave_ = scratch_.path() / "take.wav";
+};
+
+TEST_P(BuildTest, AFailedOperationChangesNothingAndLeaksNothing)
+{
+    for (const auto& sequence : sequences()) {
+        failEverywhereIn(sequence);
+    }
+}
+
+std::string nameOf(const testing::TestParamInfo<Fail>& parameter)
+{
+    return parameter.index == 0 ? "FailsOnce" : "IsExhausted";
+}
+
+INSTANTIATE_TEST_SUITE_P(Memory, BuildTest,
+                         testing::Values(faults::failAllocation, faults::failAllocationsFrom),
+                         nameOf);
+
+// What is not in the list would not be tested.
+TEST(OperationsTest, HoldEveryFunctionThatBuildsOrEdits)
+{
+    std::set<std::string, std::less<>> tested;
+    for (const auto& sequence : sequences()) {
+        for (const Operations* operations : sequence) {
+            for (const Operation& operation : *operations) {
+                tested.emplace(operation.name);
+            }
+        }
+    }
+    std::ifstream exports(KRT_PLX_TEST_EXPORTS_FILE);
+    const std::regex building(
+        "KRT_PLX_(Mutable[A-Za-z]+_(add|create|insert|set|move|protect|remove).*)");
+    int found = 0;
+    for (std::string name; std::getline(exports, name);) {
+        std::smatch match;
+        if (std::regex_match(name, match, building)) {
+            ++found;
+            EXPECT_TRUE(tested.contains(match[1].str())) << match[1];
+        }
+    }
+    EXPECT_GT(found, 80);
+}
+
+} // namespace

@@ -1,0 +1,43 @@
+#include "figures.h"
+
+#include <cstdlib>
+#include <iostream>
+#include <map>
+
+#include <gtest/gtest.h>
+
+namespace faults {
+
+namespace {
+
+std::map<std::string, long>& figures()
+{
+    static std::map<std::string, long> all;
+    return all;
+}
+
+class Print : public testing::Environment {
+public:
+    void TearDown() override
+    {
+        for (const auto& [figure, number] : figures()) {
+            std::cout << "figure: " << number << " " << figure << "\n";
+        }
+    }
+};
+
+testing::Environment* const print = testing::AddGlobalTestEnvironment(new Print);
+
+} // namespace
+
+bool isExhaustive()
+{
+    return std::getenv("KRT_PLX_TORTURE") != nullptr;
+}
+
+void count(const std::string& figure, long number)
+{
+    figures()[figure] += number;
+}
+
+} // namespace faults

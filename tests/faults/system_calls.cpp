@@ -1,0 +1,311 @@
+#include "system_calls.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <climits>
+#include <csignal>
+#include <cstdarg>
+#include <cstdint>
+#include <string_view>
+#include <utility>
+
+#include <dirent.h>
+#include <dlfcn.h>
+#include <fcntl.h>
+#include <sys/random.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "library_call.h"
+
+namespace faults {
+
+namespace {
+
+enum class Kind { other, deleting, uninterruptible };
+
+struct Plan {
+    long failing = LONG_MAX;
+    int error = 0;
+    bool andDeleting = false;
+    bool andAll = false;
+    std::size_t longest = SIZE_MAX;
+    long killing = LONG_MAX;
+    Moment moment = Moment::before;
+    bool recording = false;
+};
+
+Plan plan;
+SystemCalls calls;
+
+template <typename Function>
+Function next(const char* name)
+{
+    return reinterpret_cast<Function>(::dlsym(RTLD_NEXT, name));
+}
+
+std::string describe(const char* path)
+{
+    return path;
+}
+
+std::string describe(int file)
+{
+    std::array<char, PATH_MAX> path{};
+    const std::string link = "/proc/self/fd/" + std::to_string(file);
+    const ssize_t length = ::readlink(link.c_str(), path.data(), path.size());
+    return {path.data(), static_cast<std::size_t>(std::max<ssize_t>(length, 0))};
+}
+
+std::string describe(std::pair<int, const char*> place)
+{
+    return place.first == AT_FDCWD ? place.second : describe(place.first) + "/" + place.second;
+}
+
+std::string describe(DIR* folder)
+{
+    return describe(::dirfd(folder));
+}
+
+[[noreturn]] void killThisProcess()
+{
+    ::kill(::getpid(), SIGKILL);
+    for (;;) {
+        ::pause();
+    }
+}
+
+bool mustFail(long number, Kind kind)
+{
+    if (plan.error == EINTR && kind == Kind::uninterruptible) {
+        return false;
+    }
+    return number == plan.failing ||
+           (number > plan.failing && (plan.andAll || (plan.andDeleting && kind == Kind::deleting)));
+}
+
+template <class Place>
+bool begin(const char* name, Place place, Kind kind)
+{
+    const long number = static_cast<long>(calls.size()) + 1;
+    const bool failing = mustFail(number, kind);
+    calls.push_back({name, failing || plan.recording ? describe(place) : std::string()});
+    if (number == plan.killing && plan.moment == Moment::before) {
+        killThisProcess();
+    }
+    return failing;
+}
+
+// The call of the library, or what it gets instead.
+template <class Place, class Result, class Call>
+Result disturbed(const char* name, Place place, Result failure, Call call, Kind kind = Kind::other)
+{
+    const Inside outside(false);
+    if (outside.before() && begin(name, place, kind)) {
+        errno = plan.error;
+        return failure;
+    }
+    return call();
+}
+
+bool isKillingHalfWay()
+{
+    return plan.moment == Moment::halfWay && static_cast<long>(calls.size()) == plan.killing;
+}
+
+mode_t modeOf(int flags, std::va_list& arguments)
+{
+    return (flags & O_CREAT) != 0 ? va_arg(arguments, mode_t) : 0;
+}
+
+void begin(const Plan& next)
+{
+    plan = next;
+    calls.clear();
+}
+
+} // namespace
+
+void recordCalls()
+{
+    begin({.recording = true});
+}
+
+void failCall(long number, int error)
+{
+    begin({.failing = number, .error = error});
+}
+
+void failCallAndDeleting(long number, int error)
+{
+    begin({.failing = number, .error = error, .andDeleting = true});
+}
+
+void failCallsFrom(long number, int error)
+{
+    begin({.failing = number, .error = error, .andAll = true});
+}
+
+void limitTransfers(std::size_t bytes)
+{
+    begin({.longest = bytes});
+}
+
+void killAt(long number, Moment moment)
+{
+    begin({.killing = number, .moment = moment});
+}
+
+SystemCalls stopDisturbing()
+{
+    plan = {};
+    return std::exchange(calls, {});
+}
+
+} // namespace faults
+
+using namespace faults;
+
+extern "C" {
+
+int open(const char* path, int flags, ...)
+{
+    static const auto real = next<int (*)(const char*, int, ...)>("open");
+    std::va_list arguments;
+    va_start(arguments, flags);
+    const mode_t mode = modeOf(flags, arguments);
+    va_end(arguments);
+    return disturbed("open", path, -1, [=] { return real(path, flags, mode); });
+}
+
+int openat(int folder, const char* path, int flags, ...)
+{
+    static const auto real = next<int (*)(int, const char*, int, ...)>("openat");
+    std::va_list arguments;
+    va_start(arguments, flags);
+    const mode_t mode = modeOf(flags, arguments);
+    va_end(arguments);
+    return disturbed("openat", std::pair(folder, path), -1,
+                     [=] { return real(folder, path, flags, mode); });
+}
+
+// Whatever it answers, the descriptor is gone.
+int close(int file)
+{
+    static const auto real = next<decltype(&::close)>("close");
+    const auto call = [=] { return real(file); };
+    const int result = disturbed("close", file, INT_MIN, call);
+    return result == INT_MIN ? (static_cast<void>(real(file)), errno = plan.error, -1) : result;
+}
+
+ssize_t read(int file, void* bytes, std::size_t size)
+{
+    static const auto real = next<decltype(&::read)>("read");
+    return disturbed("read", file, ssize_t{-1},
+                     [=] { return real(file, bytes, std::min(size, plan.longest)); });
+}
+
+ssize_t write(int file, const void* bytes, std::size_t size)
+{
+    static const auto real = next<decltype(&::write)>("write");
+    return disturbed("write", file, ssize_t{-1}, [=] {
+        if (isKillingHalfWay()) {
+            real(file, bytes, size / 2);
+            killThisProcess();
+        }
+        return real(file, bytes, std::min(size, plan.longest));
+    });
+}
+
+int stat(const char* path, struct stat* status) noexcept
+{
+    static const auto real = next<int (*)(const char*, struct stat*)>("stat");
+    return disturbed("stat", path, -1, [=] { return real(path, status); });
+}
+
+int fstat(int file, struct stat* status) noexcept
+{
+    static const auto real = next<int (*)(int, struct stat*)>("fstat");
+    return disturbed("fstat", file, -1, [=] { return real(file, status); });
+}
+
+int fstatat(int folder, const char* path, struct stat* status, int flags) noexcept
+{
+    static const auto real = next<decltype(&::fstatat)>("fstatat");
+    return disturbed("fstatat", std::pair(folder, path), -1,
+                     [=] { return real(folder, path, status, flags); });
+}
+
+int mkdir(const char* path, mode_t mode) noexcept
+{
+    static const auto real = next<decltype(&::mkdir)>("mkdir");
+    return disturbed("mkdir", path, -1, [=] { return real(path, mode); });
+}
+
+int unlink(const char* path) noexcept
+{
+    static const auto real = next<decltype(&::unlink)>("unlink");
+    return disturbed(
+        "unlink", path, -1, [=] { return real(path); }, Kind::deleting);
+}
+
+int unlinkat(int folder, const char* path, int flags) noexcept
+{
+    static const auto real = next<decltype(&::unlinkat)>("unlinkat");
+    return disturbed(
+        "unlinkat", std::pair(folder, path), -1, [=] { return real(folder, path, flags); },
+        Kind::deleting);
+}
+
+int rmdir(const char* path) noexcept
+{
+    static const auto real = next<decltype(&::rmdir)>("rmdir");
+    return disturbed(
+        "rmdir", path, -1, [=] { return real(path); }, Kind::deleting);
+}
+
+DIR* opendir(const char* path)
+{
+    static const auto real = next<decltype(&::opendir)>("opendir");
+    return disturbed("opendir", path, static_cast<DIR*>(nullptr), [=] { return real(path); });
+}
+
+DIR* fdopendir(int folder)
+{
+    static const auto real = next<decltype(&::fdopendir)>("fdopendir");
+    return disturbed(
+        "fdopendir", folder, static_cast<DIR*>(nullptr), [=] { return real(folder); },
+        Kind::uninterruptible);
+}
+
+dirent* readdir(DIR* folder)
+{
+    static const auto real = next<decltype(&::readdir)>("readdir");
+    return disturbed("readdir", folder, static_cast<dirent*>(nullptr),
+                     [=] { return real(folder); });
+}
+
+// What the C library does inside is its own affair.
+int closedir(DIR* folder)
+{
+    static const auto real = next<decltype(&::closedir)>("closedir");
+    const Inside outside(false);
+    return real(folder);
+}
+
+char* realpath(const char* path, char* resolved) noexcept
+{
+    static const auto real = next<decltype(&::realpath)>("realpath");
+    return disturbed(
+        "realpath", path, static_cast<char*>(nullptr), [=] { return real(path, resolved); },
+        Kind::uninterruptible);
+}
+
+ssize_t getrandom(void* bytes, std::size_t size, unsigned flags)
+{
+    static const auto real = next<decltype(&::getrandom)>("getrandom");
+    return disturbed("getrandom", "", ssize_t{-1}, [=] { return real(bytes, size, flags); });
+}
+
+} // extern "C"

@@ -1,0 +1,41 @@
+// Disturbs the system calls of the library. The program's own definitions stand before those of the
+// C library, so that the shipped library needs no seam for it.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace faults {
+
+struct SystemCall {
+    std::string name;
+    std::string path; // what it is about; of an open file, the path by which the system knows it
+};
+using SystemCalls = std::vector<SystemCall>;
+
+// Each of these counts the library's system calls from 1, from now on.
+
+// Remembers the calls and disturbs none.
+void recordCalls();
+
+// The call of that number fails. EINTR is only given to calls that know it.
+void failCall(long number, int error);
+
+// The same, and all calls after it that would delete something fail too.
+void failCallAndDeleting(long number, int error);
+
+// The same, and all calls after it fail too.
+void failCallsFrom(long number, int error);
+
+// Each call reads or writes this many bytes at most.
+void limitTransfers(std::size_t bytes);
+
+// The process is killed just before the call of that number; or, when that writes, half-way.
+enum class Moment { before, halfWay };
+void killAt(long number, Moment moment);
+
+// Back to normal; the calls since. Paths are known of the recorded ones and of the one that failed.
+SystemCalls stopDisturbing();
+
+} // namespace faults
