@@ -8,10 +8,12 @@ namespace Korvel::CANTORIS::PLX {
 
 inline constexpr StringView clipExtension = ".kxclip"_t;
 
+inline constexpr StringView propertyFileName = "property.json"_t;
+
 // The property document beside a clip file.
 inline String propertyPath(StringView clipPath)
 {
-    return fs::join(fs::parentPath(clipPath), "property.json"_t);
+    return fs::join(fs::parentPath(clipPath), propertyFileName);
 }
 
 // The sub-folder that holds the wave file of an audio part, and a wave file in it.

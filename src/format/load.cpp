@@ -4,7 +4,6 @@
 #include "format/filter_reader.h"
 #include "format/part_reader.h"
 #include "format/values.h"
-#include "fs/fs.h"
 
 namespace Korvel::CANTORIS::PLX::format {
 
@@ -54,9 +53,10 @@ bool readPartHeader(const Value* value, ClipProperties& properties)
 }
 
 // Null when the file cannot be read and when it holds no document.
-const Value* parseFile(const String& path, std::string& bytes, Document& document)
+const Value* parseFile(const String& path, std::string& bytes, Document& document,
+                       fs::Kind kind = fs::Kind::unknown)
 {
-    return fs::readFile(path, bytes) ? document.parse(bytes) : nullptr;
+    return fs::readFile(path, bytes, kind) ? document.parse(bytes) : nullptr;
 }
 
 } // namespace
@@ -64,9 +64,9 @@ const Value* parseFile(const String& path, std::string& bytes, Document& documen
 Loader::Loader() : document_(std::make_unique<Document>()) {}
 Loader::~Loader() = default;
 
-bool Loader::loadProperties(const String& path, ClipProperties& properties)
+bool Loader::loadProperties(const String& path, ClipProperties& properties, fs::Kind kind)
 {
-    const Value* const root = parseFile(path, bytes_, *document_);
+    const Value* const root = parseFile(path, bytes_, *document_, kind);
     if (root == nullptr) {
         return false;
     }

@@ -6,6 +6,7 @@
 
 #include "clip/clip_base.h"
 #include "clip/clip_properties.h"
+#include "fs/fs.h"
 #include "model/part.h"
 
 namespace Korvel::CANTORIS::PLX::format {
@@ -27,7 +28,8 @@ public:
     ~Loader();
 
     // The catalogue's document. True when `properties`, fresh ones, were filled.
-    bool loadProperties(const String& path, ClipProperties& properties);
+    bool loadProperties(const String& path, ClipProperties& properties,
+                        fs::Kind kind = fs::Kind::unknown);
 
     // The clip's data document, whole. Its part belongs to `clip`.
     bool loadClip(const String& path, ClipBase* clip, LoadedClip& loaded);

@@ -39,14 +39,34 @@ bool isStrictlyBelow(const String& path, const String& folder);
 
 // --- Listing ----------------------------------------------------------------------------------------
 
-// Calls visit(path) for each plain file below the folder, in the order in which the file system lists
+class Listing;
+
+// Whether what a path names is a plain file.
+enum class Kind { unknown, plain };
+
+// What a walk has learned about the folder of the file that it visits.
+class Neighbours {
+public:
+    explicit Neighbours(const Listing& listing) : listing_(listing) {}
+
+    // Plain for a plain file of that name among the first few of the folder. It may well be one where
+    // this says unknown: in a large folder, to look for it would cost more than to ask the system.
+    [[nodiscard]] Kind kindOf(StringView name) const;
+
+private:
+    const Listing& listing_;
+};
+
+using Visit = std::function<void(const String& path, const Neighbours& neighbours)>;
+
+// Calls visit for each plain file below the folder, in the order in which the file system lists
 // them; a sub-folder is descended into at its place in that order. A link counts as what it leads to,
 // except that a link to a folder is passed over when that folder is being listed above it, or when
 // an earlier link has led there already: links in a ring would never end, and links side by side
 // would multiply without bound. Names that are no valid text and special files are passed over; a
 // folder that cannot be listed counts as empty.
-// The path is good until visit returns.
-void forEachFile(const String& folder, const std::function<void(const String& path)>& visit);
+// Path and neighbours are good until visit returns.
+void forEachFile(const String& folder, const Visit& visit);
 
 // --- Changes ----------------------------------------------------------------------------------------
 
@@ -66,8 +86,9 @@ bool removeTree(const String& path);
 // --- Contents -----------------------------------------------------------------------------------------
 
 // Reads a plain file whole into `content`, replacing it. False when it is missing, is no plain file
-// (pipes and devices are not opened), or cannot be read to its end.
-bool readFile(const String& path, std::string& content);
+// (pipes and devices are not opened), or cannot be read to its end. Where a walk has just found a plain
+// file, to say so saves asking for its kind.
+bool readFile(const String& path, std::string& content, Kind kind = Kind::unknown);
 
 enum class WriteResult {
     written,

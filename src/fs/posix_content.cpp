@@ -19,6 +19,12 @@ bool isPlain(const HostPath& path, struct stat& status)
     return readStatus(path, status) && S_ISREG(status.st_mode);
 }
 
+bool isPlain(const Descriptor& file, struct stat& status)
+{
+    return uninterrupted([&] { return ::fstat(file.number(), &status); }) == 0 &&
+           S_ISREG(status.st_mode);
+}
+
 Descriptor openForReading(const HostPath& path)
 {
     return Descriptor{uninterrupted([&] { return ::open(path.text(), O_RDONLY | cautiously); })};
@@ -80,16 +86,16 @@ bool copyAll(const Descriptor& from, const Descriptor& to)
 
 } // namespace
 
-bool readFile(const String& path, std::string& content)
+bool readFile(const String& path, std::string& content, Kind kind)
 {
     const HostPath host{path};
     struct stat status;
-    if (!isPlain(host, status) ||
-        static_cast<std::uintmax_t>(status.st_size) > content.max_size()) {
+    if (kind == Kind::unknown && !isPlain(host, status)) {
         return false;
     }
     const Descriptor file = openForReading(host);
-    if (!file) {
+    if (!file || !isPlain(file, status) ||
+        static_cast<std::uintmax_t>(status.st_size) > content.max_size()) {
         return false;
     }
     content.resize(static_cast<std::size_t>(status.st_size));

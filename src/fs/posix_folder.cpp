@@ -8,17 +8,10 @@ namespace Korvel::CANTORIS::PLX::fs {
 
 namespace {
 
-// Repeats a call that a signal interrupted; null without an error is an answer.
-template <typename Call>
-auto* uninterruptedPointer(Call call)
+Descriptor openFolder(const HostPath& path)
 {
-    errno = 0;
-    auto* result = call();
-    while (result == nullptr && errno == EINTR) {
-        errno = 0;
-        result = call();
-    }
-    return result;
+    constexpr int flags = O_RDONLY | O_DIRECTORY | O_NONBLOCK | O_CLOEXEC;
+    return Descriptor{uninterrupted([&] { return ::open(path.text(), flags); })};
 }
 
 bool isSelfOrParent(std::string_view name)
@@ -28,28 +21,34 @@ bool isSelfOrParent(std::string_view name)
 
 } // namespace
 
-FolderReader::FolderReader(const HostPath& path)
-{
-    stream_.reset(uninterruptedPointer([&] { return ::opendir(path.text()); }));
-}
+FolderReader::FolderReader(const HostPath& path) : FolderReader(openFolder(path)) {}
 
-FolderReader::FolderReader(Descriptor folder)
+const dirent64* FolderReader::next()
 {
-    if (folder) {
-        stream_.reset(::fdopendir(folder.number()));
-    }
-    if (stream_) {
-        folder.release();
-    }
-}
-
-const dirent* FolderReader::next()
-{
-    const dirent* entry = nullptr;
+    const dirent64* entry = nullptr;
     do {
-        entry = uninterruptedPointer([this] { return ::readdir(stream_.get()); });
+        entry = advance();
     } while (entry != nullptr && isSelfOrParent(entry->d_name));
     return entry;
+}
+
+const dirent64* FolderReader::advance()
+{
+    if (place_ == size_ && !readBlock()) {
+        return nullptr;
+    }
+    const auto* const entry = reinterpret_cast<const dirent64*>(block_.data() + place_);
+    place_ += entry->d_reclen;
+    return entry;
+}
+
+bool FolderReader::readBlock()
+{
+    const ssize_t size = uninterrupted(
+        [this] { return ::getdents64(folder_.number(), block_.data(), block_.size()); });
+    place_ = 0;
+    size_ = size > 0 ? static_cast<std::size_t>(size) : 0;
+    return size_ > 0;
 }
 
 } // namespace Korvel::CANTORIS::PLX::fs

@@ -29,7 +29,7 @@ std::optional<EntryKind> askKind(int folder, const char* name)
     return S_ISREG(status.st_mode) ? std::optional{EntryKind::file} : std::nullopt;
 }
 
-std::optional<EntryKind> kindOf(int folder, const dirent& entry)
+std::optional<EntryKind> kindOf(int folder, const dirent64& entry)
 {
     switch (entry.d_type) {
     case DT_REG:
@@ -53,7 +53,7 @@ void list(const String& folder, Listing& listing)
     if (!reader) {
         return;
     }
-    while (const dirent* entry = reader.next()) {
+    while (const dirent64* entry = reader.next()) {
         const std::optional<EntryKind> kind = kindOf(reader.number(), *entry);
         if (kind && appendName(entry->d_name, listing.names())) {
             listing.add(*kind);

@@ -37,7 +37,7 @@ std::vector<std::string> namesIn(const Descriptor& folder)
     std::vector<std::string> names;
     FolderReader reader{openFolder(folder.number(), ".")};
     if (reader) {
-        while (const dirent* entry = reader.next()) {
+        while (const dirent64* entry = reader.next()) {
             names.emplace_back(entry->d_name);
         }
     }

@@ -1,4 +1,3 @@
-#include <functional>
 #include <optional>
 #include <set>
 #include <utility>
@@ -15,8 +14,6 @@ namespace {
 // deep. Each folder is read whole before anything in it is visited: no handle stays open.
 class Walk {
 public:
-    using Visit = std::function<void(const String&)>;
-
     explicit Walk(String folder) : path_(std::move(folder)) {}
 
     void run(const Visit& visit);
@@ -74,7 +71,7 @@ void Walk::visitNext(const Visit& visit)
     path_ += level.listing.name(index);
     const EntryKind kind = level.listing.kind(index);
     if (kind == EntryKind::file) {
-        visit(path_);
+        visit(path_, Neighbours{level.listing});
     } else if (kind == EntryKind::folder || isWorthEntering(path_)) {
         enter();
     }
@@ -104,7 +101,7 @@ bool Walk::isBeingListed(const Identity& folder)
 
 } // namespace
 
-void forEachFile(const String& folder, const std::function<void(const String& path)>& visit)
+void forEachFile(const String& folder, const Visit& visit)
 {
     if (!folder.empty()) {
         Walk{folder}.run(visit);

@@ -46,12 +46,12 @@ Result CatalogueScan::read(const String& directory, OwnedList<ClipT>& clips, Ids
     if (!fs::isDirectory(directory)) {
         return Result::noDirectory;
     }
-    fs::forEachFile(directory, [&](const String& path) {
+    fs::forEachFile(directory, [&](const String& path, const fs::Neighbours& neighbours) {
         if (fs::extension(path) != clipExtension) {
             return;
         }
         auto clip = std::make_unique<ClipT>(manager_);
-        if (!load(path, *clip) || isTaken(clip->idText())) {
+        if (!load(path, neighbours.kindOf(propertyFileName), *clip) || isTaken(clip->idText())) {
             return;
         }
         clip->setPath(path);
@@ -63,10 +63,10 @@ Result CatalogueScan::read(const String& directory, OwnedList<ClipT>& clips, Ids
 
 // From the property document beside the clip file or, where that gives no clip, from the clip file
 // itself, whole.
-bool CatalogueScan::load(const String& path, ClipImpl& clip)
+bool CatalogueScan::load(const String& path, fs::Kind kindOfProperties, ClipImpl& clip)
 {
     format::LoadedClip loaded;
-    if (!loader_.loadProperties(propertyPath(path), loaded.properties)) {
+    if (!loader_.loadProperties(propertyPath(path), loaded.properties, kindOfProperties)) {
         loaded = {};
         if (!loader_.loadClip(path, &clip, loaded)) {
             return false;

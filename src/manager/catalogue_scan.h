@@ -4,6 +4,7 @@
 #include <unordered_set>
 
 #include "format/load.h"
+#include "fs/fs.h"
 #include "manager/clip_impl.h"
 #include "manager/user_clip_impl.h"
 #include "model/lists.h"
@@ -27,7 +28,7 @@ private:
 
     template <class ClipT, class IsTaken>
     Result read(const String& directory, OwnedList<ClipT>& clips, Ids& ids, IsTaken isTaken);
-    bool load(const String& path, ClipImpl& clip);
+    bool load(const String& path, fs::Kind kindOfProperties, ClipImpl& clip);
 
     ManagerImpl* manager_;
     OwnedList<SystemClipImpl>& systemClips_;

@@ -23,8 +23,14 @@ protected:
         std::filesystem::create_directories(outside());
     }
 
-    [[nodiscard]] Path folder() const { return userFolder() / "one"; }
-    [[nodiscard]] Path outside() const { return scratch() / "outside"; }
+    [[nodiscard]] Path folder() const
+    {
+        return userFolder() / "one";
+    }
+    [[nodiscard]] Path outside() const
+    {
+        return scratch() / "outside";
+    }
 
     static void link(const Path& from, const Path& target)
     {

@@ -39,7 +39,7 @@ protected:
     {
         std::string content;
         int files = 0;
-        fs::forEachFile(dir.path(), [&](const String&) { ++files; });
+        fs::forEachFile(dir.path(), [&](const String&, const fs::Neighbours&) { ++files; });
         EXPECT_EQ(files, 0);
         EXPECT_FALSE(fs::isPlainFile(pipe));
         EXPECT_FALSE(fs::isDirectory(pipe));
@@ -71,6 +71,13 @@ public:
 private:
     int watch_;
 };
+
+TEST_F(FsContentPosix, APipeInPlaceOfAFoundFileIsNotWaitedFor)
+{
+    std::string content;
+    ASSERT_TRUE(makePipe(dir / "pipe"));
+    EXPECT_FALSE(fs::readFile(dir / "pipe", content, fs::Kind::plain));
+}
 
 TEST_F(FsContentPosix, APipeIsNeverOpened)
 {

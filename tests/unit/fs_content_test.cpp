@@ -252,7 +252,7 @@ TEST_F(FsContent, LongPathsHoldTogetherOrFailTogether)
     RecordProperty("longest folder", std::to_string(folder.size()));
     int found = 0;
     if (fs::writeFile(folder + text("\\file"), "x") == WriteResult::written) {
-        fs::forEachFile(dir.path(), [&](const String& path) {
+        fs::forEachFile(dir.path(), [&](const String& path, const fs::Neighbours&) {
             ++found;
             EXPECT_TRUE(fs::readFile(path, content));
         });

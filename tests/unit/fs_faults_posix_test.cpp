@@ -107,10 +107,10 @@ protected:
         }
     }
 
-    Work reading()
+    Work reading(fs::Kind kind = fs::Kind::unknown)
     {
         return {[this] { writeBytes(dir / "file", before); },
-                [this] { result = fs::readFile(dir / "file", content); },
+                [this, kind] { result = fs::readFile(dir / "file", content, kind); },
                 [this] { EXPECT_TRUE(!result || content == before); }};
     }
 
@@ -197,7 +197,7 @@ protected:
     {
         const auto run = [this] {
             found.clear();
-            fs::forEachFile(dir / "tree", [this](const String& path) {
+            fs::forEachFile(dir / "tree", [this](const String& path, const fs::Neighbours&) {
                 found.push_back(utf8(path.substr((dir / "tree\\").size())));
             });
         };
@@ -231,7 +231,17 @@ TEST_F(FsFaults, ReadingEndsWellOrSaysThatItDidNot)
 TEST_F(FsFaults, ReadingNoticesEveryFailureButThatOfClosing)
 {
     const Work work = reading();
-    ASSERT_EQ(countCalls(work), 4); // status, open, read, close: a scan pays them for every clip
+    ASSERT_EQ(countCalls(work), 5); // status, open, status, read, close
+    for (long number = 1; number <= 5; ++number) {
+        runWith(Faults::failCall, number, EIO, work);
+        EXPECT_EQ(result, number == 5);
+    }
+}
+
+TEST_F(FsFaults, ReadingAFileThatAWalkHasFoundNoticesThemToo)
+{
+    const Work work = reading(fs::Kind::plain);
+    ASSERT_EQ(countCalls(work), 4); // open, status, read, close: a scan pays them for every clip
     for (long number = 1; number <= 4; ++number) {
         runWith(Faults::failCall, number, EIO, work);
         EXPECT_EQ(result, number == 4);

@@ -40,7 +40,7 @@ protected:
     std::vector<std::string> files(const String& folder)
     {
         std::vector<std::string> names;
-        fs::forEachFile(folder, [&](const String& path) {
+        fs::forEachFile(folder, [&](const String& path, const fs::Neighbours&) {
             names.push_back(utf8(path.substr(folder.size() + 1)));
         });
         return names;
@@ -85,7 +85,9 @@ TEST_F(FsWalkPosix, TakesNamesAtTheEdgesOfEachLength)
     }
     EXPECT_THAT(files(dir.path()), testing::UnorderedElementsAreArray(names));
     int readable = 0;
-    fs::forEachFile(dir.path(), [&](const String& path) { readable += fs::isPlainFile(path); });
+    fs::forEachFile(dir.path(), [&](const String& path, const fs::Neighbours&) {
+        readable += fs::isPlainFile(path);
+    });
     EXPECT_EQ(readable, 10);
 }
 
@@ -155,7 +157,8 @@ TEST_F(FsWalkPosix, HoldsNoDescriptorWhileItVisits)
     writeBytes(dir / "1\\2\\3\\4\\5\\file", "x");
     const int before = countOpenDescriptors();
     int during = 0;
-    fs::forEachFile(dir.path(), [&](const String&) { during = countOpenDescriptors(); });
+    fs::forEachFile(dir.path(),
+                    [&](const String&, const fs::Neighbours&) { during = countOpenDescriptors(); });
     EXPECT_EQ(during, before);
     EXPECT_EQ(countOpenDescriptors(), before);
 }

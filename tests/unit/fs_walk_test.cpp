@@ -30,7 +30,7 @@ using Paths = std::vector<std::string>;
 Paths filesIn(const String& folder)
 {
     Paths paths;
-    fs::forEachFile(folder, [&](const String& path) {
+    fs::forEachFile(folder, [&](const String& path, const fs::Neighbours&) {
         EXPECT_EQ(path.substr(0, folder.size()), folder);
         EXPECT_EQ(path.at(folder.size()), fs::separator);
         paths.push_back(utf8(path.substr(folder.size() + 1)));
@@ -149,7 +149,9 @@ TEST_F(FsWalk, APathIsGoodForOpeningTheFile)
 {
     writeBytes(dir / "さくら\\🎵\\song", "la la");
     std::string content;
-    fs::forEachFile(dir.path(), [&](const String& path) { fs::readFile(path, content); });
+    fs::forEachFile(dir.path(), [&](const String& path, const fs::Neighbours&) {
+        fs::readFile(path, content);
+    });
     EXPECT_EQ(content, "la la");
 }
 
@@ -170,7 +172,7 @@ TEST_F(FsWalk, FilesThatComeAndGoMeanwhileDoNoHarm)
         file(("folder" + std::to_string(i) + "\\file").c_str());
     }
     Paths paths;
-    fs::forEachFile(dir.path(), [&](const String& path) {
+    fs::forEachFile(dir.path(), [&](const String& path, const fs::Neighbours&) {
         if (paths.empty()) {
             EXPECT_TRUE(fs::removeTree(dir / "folder25"));
             EXPECT_TRUE(fs::removeTree(String{fs::parentPath(path)}));
@@ -182,10 +184,27 @@ TEST_F(FsWalk, FilesThatComeAndGoMeanwhileDoNoHarm)
     EXPECT_LE(paths.size(), 50u);
 }
 
+TEST_F(FsWalk, KnowsThePlainFilesBesideAFile)
+{
+    file("a\\clip");
+    file("a\\document");
+    file("a\\folder\\clip");
+    int visits = 0;
+    fs::forEachFile(dir / "a", [&](const String& path, const fs::Neighbours& neighbours) {
+        const bool isOutside = path.find(String(text("folder"))) == String::npos;
+        EXPECT_EQ(neighbours.kindOf(text("document")),
+                  isOutside ? fs::Kind::plain : fs::Kind::unknown);
+        EXPECT_EQ(neighbours.kindOf(text("folder")), fs::Kind::unknown);
+        EXPECT_EQ(neighbours.kindOf(text("Document")), fs::Kind::unknown);
+        ++visits;
+    });
+    EXPECT_EQ(visits, 3);
+}
+
 TEST_F(FsWalk, AnExceptionOfTheVisitorPassesThrough)
 {
     file("a\\b\\c");
-    const auto refuse = [](const String&) { throw 7; };
+    const auto refuse = [](const String&, const fs::Neighbours&) { throw 7; };
     EXPECT_THROW(fs::forEachFile(dir.path(), refuse), int);
     EXPECT_TRUE(fs::removeTree(dir / "a"));
 }
@@ -195,8 +214,8 @@ TEST_F(FsWalk, AWalkInsideAWalkDisturbsNothing)
     file("a\\1");
     file("b\\2");
     int inner = 0;
-    fs::forEachFile(dir.path(), [&](const String&) {
-        fs::forEachFile(dir.path(), [&](const String&) { ++inner; });
+    fs::forEachFile(dir.path(), [&](const String&, const fs::Neighbours&) {
+        fs::forEachFile(dir.path(), [&](const String&, const fs::Neighbours&) { ++inner; });
     });
     EXPECT_EQ(inner, 4);
 }

@@ -208,26 +208,16 @@ int rmdir(const char* path) noexcept
     return fails() ? -1 : call(path);
 }
 
-DIR* opendir(const char* path)
+ssize_t getdents64(int folder, void* buffer, std::size_t size)
 {
-    static const auto call = next<decltype(&::opendir)>("opendir");
-    return fails() ? nullptr : call(path);
-}
-
-DIR* fdopendir(int folder)
-{
-    static const auto call = next<decltype(&::fdopendir)>("fdopendir");
-    return fails(Interruptible::no) ? nullptr : call(folder);
-}
-
-dirent* readdir(DIR* folder)
-{
-    static const auto call = next<decltype(&::readdir)>("readdir");
-    dirent* entry = fails() ? nullptr : call(folder);
-    if (hidingKinds && entry != nullptr) {
+    static const auto call = next<decltype(&::getdents64)>("getdents64");
+    const ssize_t filled = fails() ? -1 : call(folder, buffer, size);
+    for (ssize_t place = 0; hidingKinds && place < filled;) {
+        auto* const entry = reinterpret_cast<dirent64*>(static_cast<char*>(buffer) + place);
         entry->d_type = DT_UNKNOWN;
+        place += entry->d_reclen;
     }
-    return entry;
+    return filled;
 }
 
 char* realpath(const char* path, char* resolved) noexcept
