@@ -1,0 +1,70 @@
+# What `cmake --install` puts where, in these components:
+#
+#     runtime       the shared library
+#     development   headers, import libraries, the CMake package, the pkg-config file, the manual
+#     tools         plxclip
+
+set(KRT_PLX_CMAKE_DIR "${CMAKE_INSTALL_LIBDIR}/cmake/krt_plx")
+set(KRT_PLX_PKGCONFIG_DIR "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
+set(KRT_PLX_PACKAGE_FILES "${PROJECT_BINARY_DIR}/generated/package")
+
+function(krt_plx_install_library)
+    install(TARGETS krt_plx EXPORT krt_plxTargets
+        RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT runtime
+        LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT runtime
+            NAMELINK_COMPONENT development
+        ARCHIVE DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT development
+        INCLUDES DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}")
+    if(WIN32)
+        install(FILES "${KRT_PLX_EXPORTS_DIR}/exports.def" RENAME krt_plx.def
+            DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT development)
+    endif()
+    get_target_property(msvc_library krt_plx KRT_PLX_MSVC_LIBRARY)
+    if(msvc_library)
+        install(FILES "${msvc_library}"
+            DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT development)
+    endif()
+endfunction()
+
+function(krt_plx_install_headers)
+    install(DIRECTORY "${PROJECT_SOURCE_DIR}/include/"
+        DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}" COMPONENT development
+        FILES_MATCHING PATTERN "*.h" PATTERN "*.hpp")
+endfunction()
+
+function(krt_plx_install_cmake_package)
+    include(CMakePackageConfigHelpers)
+    set(compatibility SameMajorVersion)
+    if(PROJECT_VERSION_MAJOR EQUAL 0)
+        set(compatibility SameMinorVersion)
+    endif()
+    set(config "${KRT_PLX_PACKAGE_FILES}/krt_plxConfig.cmake")
+    set(version "${KRT_PLX_PACKAGE_FILES}/krt_plxConfigVersion.cmake")
+    configure_package_config_file("${PROJECT_SOURCE_DIR}/cmake/krt_plxConfig.cmake.in" "${config}"
+        INSTALL_DESTINATION "${KRT_PLX_CMAKE_DIR}" PATH_VARS CMAKE_INSTALL_LIBDIR)
+    write_basic_package_version_file("${version}" COMPATIBILITY ${compatibility})
+    install(FILES "${config}" "${version}"
+        DESTINATION "${KRT_PLX_CMAKE_DIR}" COMPONENT development)
+    install(EXPORT krt_plxTargets NAMESPACE krt_plx::
+        DESTINATION "${KRT_PLX_CMAKE_DIR}" COMPONENT development)
+endfunction()
+
+function(krt_plx_install_pkgconfig_file)
+    file(RELATIVE_PATH KRT_PLX_PKGCONFIG_TO_PREFIX "/${KRT_PLX_PKGCONFIG_DIR}" "/")
+    string(REGEX REPLACE "/$" "" KRT_PLX_PKGCONFIG_TO_PREFIX "${KRT_PLX_PKGCONFIG_TO_PREFIX}")
+    configure_file("${PROJECT_SOURCE_DIR}/cmake/krt_plx.pc.in"
+        "${KRT_PLX_PACKAGE_FILES}/krt_plx.pc" @ONLY)
+    install(FILES "${KRT_PLX_PACKAGE_FILES}/krt_plx.pc"
+        DESTINATION "${KRT_PLX_PKGCONFIG_DIR}" COMPONENT development)
+endfunction()
+
+function(krt_plx_install_documents)
+    install(FILES "${PROJECT_SOURCE_DIR}/README.md" "${PROJECT_SOURCE_DIR}/CHANGELOG.md"
+        DESTINATION "${CMAKE_INSTALL_DOCDIR}" COMPONENT development)
+endfunction()
+
+krt_plx_install_library()
+krt_plx_install_headers()
+krt_plx_install_cmake_package()
+krt_plx_install_pkgconfig_file()
+krt_plx_install_documents()

@@ -1,0 +1,17 @@
+# krt_plx_add_msvc_import_library(<DLL target> <module definition>)
+#
+# Makes <target>.lib, the import library in the form of Microsoft's linker, beside the one that MinGW
+# makes, and notes its path in the target's property KRT_PLX_MSVC_LIBRARY. This takes LLVM's
+# dlltool; where that is missing, the DLL is built without.
+function(krt_plx_add_msvc_import_library target definition)
+    find_program(KRT_PLX_LLVM_DLLTOOL NAMES llvm-dlltool llvm-dlltool-14 NO_CMAKE_FIND_ROOT_PATH)
+    if(NOT KRT_PLX_LLVM_DLLTOOL)
+        message(STATUS "No llvm-dlltool: no import library for Microsoft's linker")
+        return()
+    endif()
+    set(library "${CMAKE_ARCHIVE_OUTPUT_DIRECTORY}/${target}.lib")
+    add_custom_command(TARGET ${target} POST_BUILD VERBATIM BYPRODUCTS "${library}"
+        COMMAND "${KRT_PLX_LLVM_DLLTOOL}" --machine i386:x86-64 --input-def "${definition}"
+            --dllname $<TARGET_FILE_NAME:${target}> --output-lib "${library}")
+    set_target_properties(${target} PROPERTIES KRT_PLX_MSVC_LIBRARY "${library}")
+endfunction()
