@@ -36,6 +36,7 @@ public:
                                      [this, call](benchmark::State& state) { call(state, *this); });
     }
 
+    [[nodiscard]] KRT_PLX_PartBase* part() const { return part_; }
     [[nodiscard]] KRT_PLX_NoteBase* note() const { return note_; }
     [[nodiscard]] Thing* thing() const { return thing_.get(); }
 
@@ -79,6 +80,15 @@ void callCheckedGetter(benchmark::State& state, const Targets& targets)
     for ([[maybe_unused]] const auto iteration : state) {
         benchmark::DoNotOptimize(note);
         benchmark::DoNotOptimize(KRT_PLX_MutableNote_vibrato(note));
+    }
+}
+
+void callCheckedNumber(benchmark::State& state, const Targets& targets)
+{
+    KRT_PLX_PartBase* part = targets.part();
+    for ([[maybe_unused]] const auto iteration : state) {
+        benchmark::DoNotOptimize(part);
+        benchmark::DoNotOptimize(KRT_PLX_MidiPartBase_duration(part));
     }
 }
 
@@ -151,7 +161,8 @@ void callFunctions(Run& run)
     targets.add(bareCall, callVirtual);
     targets.add("dynamic_cast and virtual call ÷ bare call", callBehindDynamicCast);
     targets.add("library: root getter ÷ bare call", callRootGetter);
-    targets.add("library: checked-downcast getter ÷ bare call", callCheckedGetter);
+    targets.add("library: checked-downcast getter ÷ bare call", callCheckedNumber);
+    targets.add("library: checked-downcast getter of an object ÷ bare call", callCheckedGetter);
     targets.add("library: checked-downcast setter ÷ bare call", callSetter);
     Collector collector;
     runInterleaved(collector, run.rounds * 4);
@@ -159,6 +170,7 @@ void callFunctions(Run& run)
     addRow(run, collector, "dynamic_cast and virtual call ÷ bare call");
     addRow(run, collector, "library: root getter ÷ bare call");
     addRow(run, collector, "library: checked-downcast getter ÷ bare call", Target{3});
+    addRow(run, collector, "library: checked-downcast getter of an object ÷ bare call", Target{3});
     addRow(run, collector, "library: checked-downcast setter ÷ bare call", Target{3});
 }
 

@@ -40,6 +40,17 @@
 #include <stddef.h>
 #include <stdint.h>
 
+/** @cond */
+#if defined(__has_attribute)
+#    if __has_attribute(noplt)
+#        define KRT_PLX_HAS_NOPLT 1
+#    endif
+#endif
+#if !defined(KRT_PLX_HAS_NOPLT)
+#    define KRT_PLX_HAS_NOPLT 0
+#endif
+/** @endcond */
+
 /** @def KRT_PLX_VISIBLE
  *  Makes a function visible outside the library; part of #KRT_PLX_API. */
 #if defined(_WIN32)
@@ -48,6 +59,9 @@
 #    else
 #        define KRT_PLX_VISIBLE __declspec(dllimport)
 #    endif
+#elif KRT_PLX_HAS_NOPLT && !defined(KRT_PLX_BUILDING_LIBRARY)
+/* Most functions take a few nanoseconds: the detour through the linkage table would show. */
+#    define KRT_PLX_VISIBLE __attribute__((visibility("default"), noplt))
 #else
 #    define KRT_PLX_VISIBLE __attribute__((visibility("default")))
 #endif
