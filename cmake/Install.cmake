@@ -30,6 +30,12 @@ function(krt_plx_install_headers)
     install(DIRECTORY "${PROJECT_SOURCE_DIR}/include/"
         DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}" COMPONENT development
         FILES_MATCHING PATTERN "*.h" PATTERN "*.hpp")
+    # Made at build time, and so is its target: for hosts that do not link the library.
+    install(FILES "${KRT_PLX_LOADER_INCLUDE}/korvel/plx_loader.h"
+        DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/korvel" COMPONENT development)
+    set_target_properties(krt_plx_loader PROPERTIES EXPORT_NAME loader)
+    install(TARGETS krt_plx_loader EXPORT krt_plxTargets
+        INCLUDES DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}")
 endfunction()
 
 function(krt_plx_install_cmake_package)

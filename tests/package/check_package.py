@@ -1,0 +1,147 @@
+"""Checks of the installed package.
+
+check_package.py CASE SOURCES BUILD CMAKE C_COMPILER CPP_COMPILER [LAUNCHER...]
+"""
+
+import pathlib
+import re
+import shlex
+import sys
+import unittest
+
+from surroundings import PackageTest, Surroundings, output_of, package_environment, tool
+from versions import ResourceVersion, SharedObjectVersion, Versions  # noqa: F401
+
+CONSUMER = pathlib.Path(__file__).parent / "consumer"
+MSVC = pathlib.Path(__file__).parent / "msvc"
+
+
+class Tree(PackageTest):
+    """What is installed, and that it is free of the places where it was made."""
+
+    def files(self):
+        return {str(path.relative_to(self.tree)) for path in self.tree.rglob("*")
+                if path.is_file()}
+
+    def headers(self):
+        include = self.surroundings.sources / "include"
+        made = self.surroundings.build / "generated/include"
+        return {f"include/{path.relative_to(folder)}" for folder in (include, made)
+                for path in folder.rglob("*.h*")}
+
+    def libraries(self):
+        if self.surroundings.is_windows:
+            return {"bin/krt_plx.dll", "lib/libkrt_plx.dll.a", "lib/krt_plx.lib",
+                    "lib/krt_plx.def"}
+        return {"lib/libkrt_plx.so", f"lib/libkrt_plx.so.{self.compatible_version}",
+                f"lib/libkrt_plx.so.{self.version_text}"}
+
+    def test_holds_what_a_host_needs(self):
+        headers = self.headers()
+        self.assertGreater(len(headers), 10)
+        expected = headers | self.libraries() | {"lib/pkgconfig/krt_plx.pc"}
+        packages = {"krt_plxConfig.cmake", "krt_plxConfigVersion.cmake", "krt_plxTargets.cmake"}
+        expected |= {f"lib/cmake/krt_plx/{name}" for name in packages}
+        expected |= {f"share/doc/krt_plx/{name}" for name in ("README.md", "CHANGELOG.md")}
+        self.assertEqual(expected - self.files(), set())
+        foreign = {name for name in self.files() - expected
+                   if not name.startswith(("share/doc/", "lib/cmake/krt_plx/krt_plxTargets-"))}
+        self.assertEqual(foreign, set())
+
+    def test_names_no_place_where_it_was_made(self):
+        places = [self.surroundings.sources, self.surroundings.build, self.installed]
+        for name in sorted(self.files()):
+            content = (self.tree / name).read_bytes()
+            for place in places:
+                self.assertNotIn(str(place).encode("utf-8"), content, name)
+
+
+class RuntimePath(PackageTest):
+    """Where the libraries that the library needs are is the system's business. (ELF only.)"""
+
+    def test_there_is_none(self):
+        entries = output_of([tool("readelf"), "--dynamic", self.tree / "lib/libkrt_plx.so"])
+        self.assertIn("(SONAME)", entries)
+        self.assertNotRegex(entries, "RPATH|RUNPATH")
+
+
+class Consumers(PackageTest):
+    """Hosts in C and in C++ that list the example library."""
+
+    def expected_clips(self):
+        readme = (self.surroundings.sources / "README.md").read_text(encoding="utf-8")
+        (row,) = re.findall(r"\*\*(\d+)\*\* system clips and \*\*(\d+)\*\* user", readme)
+        return tuple(map(int, row))
+
+    def expected_lines(self):
+        system, user = self.expected_clips()
+        return [f"krt_plx {self.version_text}: {system} system clips, {user} user clips"]
+
+
+class CMakeConsumers(Consumers):
+    def settings(self):
+        yield f"-DCMAKE_PREFIX_PATH={self.tree}"
+        yield f"-DCMAKE_C_COMPILER={self.surroundings.c_compiler}"
+        yield f"-DCMAKE_CXX_COMPILER={self.surroundings.cpp_compiler}"
+        if self.surroundings.is_windows:
+            yield "-DCMAKE_SYSTEM_NAME=Windows"
+
+    def test_built_with_the_cmake_package(self):
+        build = self.folder / "build"
+        configured = output_of([self.surroundings.cmake, "-G", "Ninja", "-S", CONSUMER, "-B", build,
+                                *self.settings()])
+        self.assertIn(f"found krt_plx {self.version_text}", configured)
+        output_of([self.surroundings.cmake, "--build", build])
+        for name in ("c_consumer", "cpp_consumer"):
+            with self.subTest(name):
+                program = build / self.surroundings.file_name(name)
+                self.assertEqual(self.run_host(program), self.expected_lines())
+
+
+class PkgConfigConsumers(Consumers):
+    def flags(self, which):
+        command = [tool("pkg-config"), which, "krt_plx"]
+        return shlex.split(output_of(command, env=package_environment(self.tree)))
+
+    def libraries(self):
+        if not self.surroundings.is_windows:
+            return self.flags("--libs")
+        # The compiler's own libraries go into the program, the DLL does not.
+        return ["-static", "-Wl,-Bdynamic", *self.flags("--libs"), "-Wl,-Bstatic"]
+
+    def check(self, compiler, source, *options):
+        program = self.folder / self.surroundings.file_name(source.stem + "_by_pkg_config")
+        output_of([compiler, *options, "-Wall", "-Wextra", "-Wpedantic", "-Werror",
+                   *self.flags("--cflags"), source, "-o", program, *self.libraries()])
+        self.assertEqual(self.run_host(program, self.library_in_reach()), self.expected_lines())
+
+    def test_c(self):
+        self.check(self.surroundings.c_compiler, CONSUMER / "consumer.c", "-std=c11")
+
+    def test_cpp(self):
+        self.check(self.surroundings.cpp_compiler, CONSUMER / "consumer.cpp", "-std=c++17")
+
+
+class MsvcConsumer(Consumers):
+    """A host made by tools that know Microsoft's ways alone."""
+
+    def test_linked_with_the_import_library(self):
+        host = self.folder / "host.obj"
+        program = self.folder / "host.exe"
+        output_of([tool("clang", "clang-14"), "--target=x86_64-pc-windows-msvc", "-ffreestanding",
+                   "-Wall", "-Wextra", "-Wpedantic", "-Werror", "-std=c99", f"-isystem{MSVC}",
+                   f"-I{self.tree / 'include'}", "-c", MSVC / "host.c", "-o", host])
+        output_of([tool("lld-link", "lld-link-14"), "/nodefaultlib", "/entry:entry",
+                   "/subsystem:console", f"/out:{program}", host, self.tree / "lib/krt_plx.lib"])
+        self.assertEqual(self.start_host(program, self.library_in_reach()).returncode,
+                         sum(self.expected_clips()))
+
+
+def main():
+    case, sources, build, cmake, c_compiler, cpp_compiler, *launcher = sys.argv[1:]
+    PackageTest.surroundings = Surroundings(pathlib.Path(sources), pathlib.Path(build), cmake,
+                                            c_compiler, cpp_compiler, launcher)
+    unittest.main(argv=[sys.argv[0], case])
+
+
+main()

@@ -1,0 +1,95 @@
+"""That the version is the same wherever a host can meet it."""
+
+import re
+import struct
+
+from surroundings import PackageTest, output_of, package_environment, tool
+
+FIXED_FILE_INFO = 0xFEEF04BD
+
+
+def fixed_file_info(library):
+    """The file and the product version in a DLL's version resource, as two tuples of four numbers."""
+    content = library.read_bytes()
+    places = [match.start() for match in re.finditer(struct.pack("<I", FIXED_FILE_INFO), content)]
+    (place,) = places
+    halves = struct.unpack_from("<8H", content, place + 8)
+    file_version, product_version = halves[:4], halves[4:]
+    return tuple((v[1], v[0], v[3], v[2]) for v in (file_version, product_version))
+
+
+def version_string(library, key):
+    """The value of a key in a DLL's version resource."""
+    content = library.read_bytes()
+    place = content.index(f"{key}\0".encode("utf-16-le"))
+    text = content[place : place + 200].decode("utf-16-le", "replace")
+    return text[len(key) :].lstrip("\0").partition("\0")[0]
+
+
+class Versions(PackageTest):
+    def found_when_asked_for(self, *versions):
+        """The version that CMake finds for each that is asked for; None where it refuses."""
+        source = self.folder / "asking"
+        source.mkdir()
+        calls = "\n".join(
+            f"find_package(krt_plx {version} CONFIG QUIET)\n"
+            f'message(STATUS "asked for {version}: ${{krt_plx_FOUND}} ${{krt_plx_VERSION}}")'
+            for version in versions
+        )
+        (source / "CMakeLists.txt").write_text(
+            f"cmake_minimum_required(VERSION 3.25)\nproject(asking LANGUAGES NONE)\n{calls}\n",
+            encoding="utf-8",
+        )
+        text = output_of([self.surroundings.cmake, "-S", source, "-B", source / "build",
+                          f"-Dkrt_plx_DIR={self.tree / 'lib/cmake/krt_plx'}"])
+        rows = re.findall(r"asked for (\S+): (\S+) (\S*)", text)
+        return [found if is_found == "1" else None for _, is_found, found in rows]
+
+    def test_cmake_package(self):
+        major, minor, patch = self.version
+        accepted = [self.version_text, f"{major}.{minor}"]
+        refused = [f"{major + 1}.0", f"{major}.{minor + 1}", f"{major}.{minor}.{patch + 1}"]
+        if major == 0 and minor > 0:
+            refused.append(f"{major}.{minor - 1}")
+        expected = [self.version_text] * len(accepted) + [None] * len(refused)
+        self.assertEqual(self.found_when_asked_for(*accepted, *refused), expected)
+
+    def test_pkg_config_file(self):
+        text = output_of([tool("pkg-config"), "--modversion", "krt_plx"],
+                         env=package_environment(self.tree))
+        self.assertEqual(text.strip(), self.version_text)
+
+    def test_changelog(self):
+        """The newest entry is of this version."""
+        text = (self.tree / "share/doc/krt_plx/CHANGELOG.md").read_text(encoding="utf-8")
+        newest = re.search(r"^## \[([^\]]+)\]", text, re.MULTILINE)[1]
+        self.assertIn(newest, (self.version_text, "Unreleased"))
+
+    def test_readme_names_the_shared_object(self):
+        text = (self.tree / "share/doc/krt_plx/README.md").read_text(encoding="utf-8")
+        names = set(re.findall(r"libkrt_plx\.so\.[0-9.]*[0-9]", text))
+        self.assertEqual(names, {f"libkrt_plx.so.{self.compatible_version}"})
+
+
+class SharedObjectVersion(PackageTest):
+    def test_soname(self):
+        library = self.tree / f"lib/libkrt_plx.so.{self.version_text}"
+        entries = output_of([tool("readelf"), "--dynamic", library])
+        self.assertEqual(re.findall(r"\(SONAME\).*\[(.*)\]", entries),
+                         [f"libkrt_plx.so.{self.compatible_version}"])
+
+    def test_links_lead_to_it(self):
+        for name in ("libkrt_plx.so", f"libkrt_plx.so.{self.compatible_version}"):
+            resolved = (self.tree / "lib" / name).resolve()
+            self.assertEqual(resolved.name, f"libkrt_plx.so.{self.version_text}")
+
+
+class ResourceVersion(PackageTest):
+    def test_numbers(self):
+        expected = (*self.version, 0)
+        self.assertEqual(fixed_file_info(self.tree / "bin/krt_plx.dll"), (expected, expected))
+
+    def test_texts(self):
+        for key in ("FileVersion", "ProductVersion"):
+            found = version_string(self.tree / "bin/krt_plx.dll", key)
+            self.assertEqual(found, self.version_text)
