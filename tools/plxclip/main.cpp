@@ -24,8 +24,8 @@ void describe(CLI::App& app)
 
 void addCommands(CLI::App& app, Work& chosen)
 {
-    (void)app;
-    (void)chosen;
+    addList(app, chosen);
+    addShow(app, chosen);
 }
 
 void complain(std::string_view text)

@@ -1,0 +1,70 @@
+// The clips of some folders, as a host sees them.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include <korvel/plx.hpp>
+
+namespace plxclip {
+
+// Existing folders, to be read as system clips or as user clips.
+struct Folders {
+    std::vector<std::string> system;
+    std::vector<std::string> user;
+};
+
+// What the folders of a command line stand for. One that holds the two folders "system" and "user"
+// stands for these; any other one has system clips.
+Folders foldersOf(const std::vector<std::string>& folders,
+                  const std::vector<std::string>& userFolders);
+
+// The same for a command that changes user clips: a folder that does not hold both has user clips.
+Folders foldersToChange(const std::string& folder);
+
+// Fails when it is no existing folder.
+void requireFolder(const std::string& folder);
+
+// A new folder for as long as this lives, to stand where the library must have one.
+class EmptyFolder {
+public:
+    EmptyFolder();
+    ~EmptyFolder();
+    EmptyFolder(const EmptyFolder&) = delete;
+    EmptyFolder& operator=(const EmptyFolder&) = delete;
+    EmptyFolder(EmptyFolder&&) = delete;
+    EmptyFolder& operator=(EmptyFolder&&) = delete;
+
+    const std::string& path() const { return folder; }
+
+private:
+    std::string folder;
+};
+
+class Catalogue {
+public:
+    // Reads the clips. New clips are saved into the first of the user folders.
+    explicit Catalogue(Folders folders);
+    ~Catalogue();
+    Catalogue(const Catalogue&) = delete;
+    Catalogue& operator=(const Catalogue&) = delete;
+    Catalogue(Catalogue&&) = delete;
+    Catalogue& operator=(Catalogue&&) = delete;
+
+    korvel::plx::Manager manager() const { return manages; }
+
+    // System clips first.
+    std::vector<korvel::plx::Clip> clips() const;
+
+    // The clip of this ID, or the only one of this name.
+    korvel::plx::Clip find(const std::string& idOrName) const;
+
+    // The same among the user clips.
+    korvel::plx::UserClip findUserClip(const std::string& idOrName) const;
+
+private:
+    EmptyFolder empty;
+    korvel::plx::Manager manages;
+};
+
+} // namespace plxclip

@@ -1,0 +1,22 @@
+// A clip in words, for a terminal.
+#pragma once
+
+#include <string>
+
+#include "snapshot.h"
+
+namespace plxclip {
+
+// How numbers are shown to which the library gives no meaning.
+enum class Numbers : bool { plain, named };
+
+std::string keyText(const Properties& clip, Numbers numbers);
+std::string languageText(std::int64_t language, Numbers numbers);
+
+// Types, genres, singer groups and languages in a line.
+std::string tagsText(const Tags& tags, Numbers numbers);
+
+std::string describe(const Properties& clip, Numbers numbers);
+std::string describe(const Part& part, Numbers numbers, std::size_t width);
+
+} // namespace plxclip

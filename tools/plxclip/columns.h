@@ -1,0 +1,42 @@
+// Text in columns: how wide it is on a terminal, and tables.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace plxclip {
+
+// The next character of UTF-8 text, which is not empty, taken off its front.
+char32_t takeCharacter(std::string_view& text);
+
+// How many columns it takes: East Asian characters take two, combining ones none.
+std::size_t displayWidth(std::string_view text);
+
+// As much of the text as goes into the columns, with an ellipsis in place of what does not.
+std::string shortened(std::string_view text, std::size_t columns);
+
+// Rows of cells under headings; every column is as wide as its widest cell.
+class Table {
+public:
+    explicit Table(std::vector<std::string> columnHeadings);
+
+    void alignRight(std::size_t column);
+    void add(std::vector<std::string> cells);
+    std::size_t rows() const { return content.size(); }
+
+    // The lines, none wider than this: the last column gives way. 0 is for any width.
+    std::string text(std::size_t width) const;
+
+private:
+    std::vector<std::size_t> columnWidths() const;
+    std::string line(const std::vector<std::string>& cells, const std::vector<std::size_t>& widths,
+                     std::size_t width) const;
+
+    std::vector<std::string> headings;
+    std::vector<std::vector<std::string>> content;
+    std::vector<bool> rightAligned;
+};
+
+} // namespace plxclip

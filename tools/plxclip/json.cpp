@@ -1,0 +1,299 @@
+#include "json.h"
+
+#include <fmt/format.h>
+#include <rapidjson/prettywriter.h>
+#include <rapidjson/stringbuffer.h>
+
+namespace plxclip {
+
+namespace {
+
+class Json {
+public:
+    Json() : writer(buffer) { writer.SetIndent(' ', 2); }
+
+    void key(std::string_view name) { writer.Key(name.data(), size(name)); }
+
+    void value(std::string_view text) { writer.String(text.data(), size(text)); }
+    void value(const std::string& text) { value(std::string_view(text)); }
+    void value(bool flag) { writer.Bool(flag); }
+    void value(std::int32_t number) { writer.Int(number); }
+    void value(std::uint32_t number) { writer.Uint(number); }
+    void value(std::size_t number) { writer.Uint64(number); }
+
+    // As few digits as tell this float from all others; never those of an integer.
+    void value(float number)
+    {
+        std::string text = fmt::format("{}", number);
+        if (text.find_first_not_of("-0123456789") == std::string::npos) {
+            text += ".0";
+        }
+        writer.RawValue(text.data(), text.size(), rapidjson::kNumberType);
+    }
+
+    void null() { writer.Null(); }
+
+    template <typename Value>
+    void member(std::string_view name, const Value& content)
+    {
+        key(name);
+        value(content);
+    }
+
+    template <typename Content>
+    void object(Content content)
+    {
+        writer.StartObject();
+        content();
+        writer.EndObject();
+    }
+
+    template <typename Values, typename Each>
+    void array(const Values& values, Each each)
+    {
+        writer.StartArray();
+        for (const auto& element : values) {
+            each(element);
+        }
+        writer.EndArray();
+    }
+
+    template <typename Values>
+    void list(std::string_view name, const Values& values)
+    {
+        key(name);
+        array(values, [this](const auto& element) { value(element); });
+    }
+
+    std::string text() const { return std::string(buffer.GetString(), buffer.GetSize()) + "\n"; }
+
+private:
+    static rapidjson::SizeType size(std::string_view text)
+    {
+        return static_cast<rapidjson::SizeType>(text.size());
+    }
+
+    rapidjson::StringBuffer buffer;
+    rapidjson::PrettyWriter<rapidjson::StringBuffer> writer;
+};
+
+void writeTags(Json& json, const Tags& tags)
+{
+    json.key("tags");
+    json.object([&] {
+        json.list("types", tags.types);
+        json.list("genres", tags.genres);
+        json.list("languages", tags.languages);
+        json.list("singerGroups", tags.singerGroups);
+        json.list("singerIDs", tags.singerIDs);
+        json.list("vendors", tags.vendors);
+    });
+}
+
+void writeProperties(Json& json, const Properties& clip)
+{
+    json.member("id", clip.id);
+    json.member("name", clip.name);
+    json.member("vendor", clip.vendor);
+    json.member("kind", std::string_view(clip.isUserClip ? "user" : "system"));
+    json.member("path", clip.path);
+    json.member("part", nameOf(clip.partType));
+    json.member("key", clip.key);
+    json.member("tempo", clip.tempo);
+    writeTags(json, clip.tags);
+}
+
+void writePoints(Json& json, std::string_view name, const std::vector<Point>& points)
+{
+    json.key(name);
+    json.array(points, [&](const Point& point) {
+        json.object([&] {
+            json.member("pos", point.pos);
+            json.member("value", point.value);
+        });
+    });
+}
+
+void writeDvqm(Json& json, std::string_view name, const Dvqm& dvqm)
+{
+    json.key(name);
+    json.object([&] {
+        json.member("component", dvqm.component);
+        json.list("levelNames", dvqm.levelNames);
+        json.member("isProtected", dvqm.isProtected);
+        json.member("speed", dvqm.speed);
+        json.member("topFactor", dvqm.topFactor);
+    });
+}
+
+void writeExpression(Json& json, const Note& note)
+{
+    json.member("accent", note.accent);
+    json.member("bendDepth", note.bendDepth);
+    json.member("bendLength", note.bendLength);
+    json.member("decay", note.decay);
+    json.member("opening", note.opening);
+    json.member("fallPort", note.fallPort);
+    json.member("risePort", note.risePort);
+    json.key("ai");
+    json.object([&] {
+        for (std::size_t i = 0; i < aiValueCount; ++i) {
+            json.member(aiValueNames[i], note.aiValues[i]);
+        }
+    });
+}
+
+void writeSkill(Json& json, const SingingSkill& skill)
+{
+    json.key("singingSkill");
+    json.object([&] {
+        json.member("duration", skill.duration);
+        json.member("pre", skill.preWeight);
+        json.member("post", skill.postWeight);
+    });
+}
+
+void writeVibrato(Json& json, const Vibrato& vibrato)
+{
+    json.key("vibrato");
+    json.object([&] {
+        json.member("type", vibrato.type);
+        json.member("duration", vibrato.duration);
+        writePoints(json, "depths", vibrato.depths);
+        writePoints(json, "rates", vibrato.rates);
+    });
+}
+
+void writeNote(Json& json, const Note& note)
+{
+    json.object([&] {
+        json.member("pos", note.pos);
+        json.member("duration", note.duration);
+        json.member("number", note.number);
+        json.member("velocity", note.velocity);
+        json.member("lyric", note.lyric);
+        json.member("phoneme", note.phoneme);
+        json.key("language");
+        note.language ? json.value(*note.language) : json.null();
+        json.member("isProtected", note.isProtected);
+        writeExpression(json, note);
+        writeDvqm(json, "attack", note.attack);
+        writeDvqm(json, "release", note.release);
+        writeSkill(json, note.skill);
+        writeVibrato(json, note.vibrato);
+    });
+}
+
+void writeLane(Json& json, const Lane& lane)
+{
+    json.object([&] {
+        json.member("name", laneName(lane.type));
+        json.member("type", lane.type);
+        json.member("least", lane.least);
+        json.member("most", lane.most);
+        writePoints(json, "events", lane.events);
+    });
+}
+
+struct ValueWriter {
+    Json& json;
+    void operator()(std::monostate) const { json.null(); }
+    template <typename Value>
+    void operator()(const Value& value) const
+    {
+        json.value(value);
+    }
+};
+
+void writeEffects(Json& json, std::string_view name, const std::vector<Effect>& effects)
+{
+    json.key(name);
+    json.array(effects, [&](const Effect& effect) {
+        json.object([&] {
+            json.member("id", effect.id);
+            json.key("parameters");
+            json.array(effect.parameters, [&](const Parameter& parameter) {
+                json.object([&] {
+                    json.member("name", parameter.name);
+                    json.key("value");
+                    std::visit(ValueWriter{json}, parameter.value);
+                });
+            });
+        });
+    });
+}
+
+struct PartWriter {
+    Json& json;
+
+    void operator()(std::monostate) const {}
+
+    void operator()(const AudioPart& part) const
+    {
+        json.key("audioPart");
+        json.object([&] {
+            json.member("wavePath", part.wavePath);
+            writeEffects(json, "audioEffects", part.audioEffects);
+        });
+    }
+
+    void operator()(const MidiPart& part) const
+    {
+        json.key("midiPart");
+        json.object([&] {
+            json.member("duration", part.duration);
+            json.member("voice", part.voice);
+            json.list("languages", part.languages);
+            json.member("styleName", part.styleName);
+            json.member("stylePreset", part.stylePreset);
+            json.key("notes");
+            json.array(part.notes, [&](const Note& note) { writeNote(json, note); });
+            json.key("lanes");
+            json.array(part.lanes, [&](const Lane& lane) { writeLane(json, lane); });
+            writeEffects(json, "midiEffects", part.midiEffects);
+            writeEffects(json, "audioEffects", part.audioEffects);
+        });
+    }
+};
+
+} // namespace
+
+std::string listJson(const std::vector<Properties>& clips, std::size_t total)
+{
+    Json json;
+    json.object([&] {
+        json.member("total", total);
+        json.key("clips");
+        json.array(clips, [&](const Properties& clip) {
+            json.object([&] { writeProperties(json, clip); });
+        });
+    });
+    return json.text();
+}
+
+std::string countsJson(std::string_view tag, const std::vector<TagCount>& counts)
+{
+    Json json;
+    json.object([&] {
+        json.member("tag", tag);
+        json.key("counts");
+        json.object([&] {
+            for (const TagCount& count : counts) {
+                json.member(count.tag, count.clips);
+            }
+        });
+    });
+    return json.text();
+}
+
+std::string clipJson(const Properties& clip, const Part& part)
+{
+    Json json;
+    json.object([&] {
+        writeProperties(json, clip);
+        std::visit(PartWriter{json}, part);
+    });
+    return json.text();
+}
+
+} // namespace plxclip

@@ -1,0 +1,51 @@
+#include "options.h"
+
+#include <cmath>
+#include <cstdlib>
+
+namespace plxclip {
+
+void addFolders(CLI::App& command, std::vector<std::string>& folders,
+                std::vector<std::string>& userFolders)
+{
+    command
+        .add_option("DIR", folders,
+                    "Folders with clips at any depth. One that has the folders \"system\" and "
+                    "\"user\" in it stands for these; any other is read as system clips")
+        ->required();
+    command.add_option("--user", userFolders, "A folder to be read as user clips")
+        ->type_name("DIR")
+        ->allow_extra_args(false);
+}
+
+void addClip(CLI::App& command, std::string& folder, std::string& clip)
+{
+    command
+        .add_option("DIR", folder,
+                    "The folder of the clips. One that has the folders \"system\" and \"user\" in "
+                    "it stands for these")
+        ->required();
+    command.add_option("CLIP", clip, "The clip: its ID, or its name if no other has it")
+        ->required();
+}
+
+std::uint32_t parseTempo(const std::string& text)
+{
+    char* end = nullptr;
+    const double tempo = std::strtod(text.c_str(), &end);
+    if (text.empty() || *end != '\0' || !(tempo >= 0 && tempo <= 1000)) {
+        throw CLI::ValidationError("--tempo", "\"" + text + "\" is no tempo in beats a minute");
+    }
+    return static_cast<std::uint32_t>(std::lround(tempo * 100));
+}
+
+std::pair<std::uint32_t, std::uint32_t> parseTempoRange(const std::string& text)
+{
+    const std::size_t dash = text.find('-');
+    if (dash == std::string::npos) {
+        return {parseTempo(text), parseTempo(text)};
+    }
+    return {parseTempo(text.substr(0, dash)), parseTempo(text.substr(dash + 1))};
+}
+
+} // namespace plxclip

@@ -1,0 +1,48 @@
+// Options that several commands have.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include <CLI/CLI.hpp>
+
+namespace plxclip {
+
+// The folders that are looked at, and --user.
+void addFolders(CLI::App& command, std::vector<std::string>& folders,
+                std::vector<std::string>& userFolders);
+
+// The one folder of a command that deals with one clip, and the clip.
+void addClip(CLI::App& command, std::string& folder, std::string& clip);
+
+// An option whose value is a number or its name.
+template <typename Number>
+CLI::Option* addNumberOption(CLI::App& command, const std::string& name,
+                             std::optional<Number>& number,
+                             std::optional<Number> (*find)(std::string_view),
+                             const std::string& help)
+{
+    return command
+        .add_option_function<std::string>(
+            name,
+            [&number, find, name](const std::string& text) {
+                number = find(text);
+                if (!number) {
+                    throw CLI::ValidationError(name, "\"" + text + "\" is no number and no name");
+                }
+            },
+            help)
+        ->type_name("NUMBER");
+}
+
+// Hundredths of a beat a minute from text such as "112.5".
+std::uint32_t parseTempo(const std::string& text);
+
+// The same from "112.5" or "90-120"; both ends are included.
+std::pair<std::uint32_t, std::uint32_t> parseTempoRange(const std::string& text);
+
+} // namespace plxclip

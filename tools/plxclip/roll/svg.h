@@ -1,0 +1,52 @@
+// Writing SVG: elements one after the other, with numbers of as few digits as are seen.
+#pragma once
+
+#include <iterator>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <fmt/format.h>
+
+namespace plxclip::roll {
+
+struct Place {
+    double x;
+    double y;
+};
+
+struct Box {
+    double x;
+    double y;
+    double width;
+    double height;
+};
+
+// Text for an element or an attribute. Characters that XML cannot hold become U+FFFD.
+std::string escaped(std::string_view text);
+
+class Svg {
+public:
+    Svg(double width, double height);
+
+    // `attributes` are written as they are.
+    void rectangle(const Box& box, std::string_view styleClass, std::string_view attributes = {});
+    void line(Place from, Place to, std::string_view styleClass);
+    void path(const std::vector<Place>& points, std::string_view styleClass, bool isClosed = false);
+    void text(Place place, std::string_view styleClass, std::string_view content,
+              std::string_view attributes = {});
+
+    void openGroup(std::string_view styleClass, std::string_view attributes = {});
+    void closeGroup();
+
+    // What a viewer shows of the group in a hint.
+    void title(std::string_view content);
+
+    // The whole picture; nothing can be added afterwards.
+    std::string finish();
+
+private:
+    std::string output;
+};
+
+} // namespace plxclip::roll

@@ -1,0 +1,25 @@
+#include "snapshot.h"
+
+namespace plxclip {
+
+const std::array<std::string_view, aiValueCount> aiValueNames = {
+    "pitchFine",          "pitchDriftStart",      "pitchDriftEnd",      "pitchScalingCenter",
+    "pitchScalingOrigin", "pitchTransitionStart", "pitchTransitionEnd", "amplitudeWhole",
+    "amplitudeStart",     "amplitudeEnd",         "formantWhole",       "formantStart",
+    "formantEnd"};
+
+std::string_view nameOf(PartType type)
+{
+    static constexpr std::array<std::string_view, 4> names = {"audio", "midiAi", "midi", "none"};
+    return names[static_cast<std::size_t>(type)];
+}
+
+std::string_view laneName(std::uint32_t type)
+{
+    static constexpr std::array<std::string_view, 12> names = {
+        "dynamics",  "portamento", "pitchBendSens", "pitchBend", "breathiness", "brightness",
+        "clearness", "voiceBlend", "growl",         "exciter",   "air",         "character"};
+    return type < names.size() ? names[type] : "unknown";
+}
+
+} // namespace plxclip

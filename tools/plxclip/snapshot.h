@@ -1,0 +1,152 @@
+// What a clip holds, as plain values with texts in UTF-8: all that listing, showing and drawing
+// need, so that they know no library.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+namespace plxclip {
+
+enum class PartType : std::uint8_t { audio, midiAi, midi, none };
+
+// As the clip's documents call it.
+std::string_view nameOf(PartType type);
+
+struct Tags {
+    std::vector<std::string> types;
+    std::vector<std::string> genres;
+    std::vector<std::int32_t> languages;
+    std::vector<std::string> singerGroups;
+    std::vector<std::string> singerIDs;
+    std::vector<std::string> vendors;
+
+    bool operator==(const Tags&) const = default;
+};
+
+// What a catalogue shows of a clip, without its part.
+struct Properties {
+    std::string id;
+    std::string name;
+    std::string vendor;
+    std::string path; // with the separators of this system
+    bool isUserClip = false;
+    PartType partType = PartType::none;
+    std::uint32_t key = 0;
+    std::uint32_t tempo = 0; // hundredths of a beat a minute; 0 for none
+    Tags tags;
+};
+
+// A point of a lane or of a vibrato's curve.
+struct Point {
+    std::int32_t pos = 0;
+    std::int32_t value = 0;
+
+    bool operator==(const Point&) const = default;
+};
+
+struct Dvqm {
+    std::string component;
+    std::vector<std::string> levelNames;
+    bool isProtected = false;
+    std::uint32_t speed = 0;
+    float topFactor = 0;
+
+    bool operator==(const Dvqm&) const = default;
+};
+
+struct SingingSkill {
+    std::int32_t duration = 0;
+    std::uint32_t preWeight = 0;
+    std::uint32_t postWeight = 0;
+
+    bool operator==(const SingingSkill&) const = default;
+};
+
+struct Vibrato {
+    std::uint32_t type = 0;
+    std::int32_t duration = 0;
+    std::vector<Point> depths;
+    std::vector<Point> rates;
+
+    bool operator==(const Vibrato&) const = default;
+};
+
+inline constexpr std::size_t aiValueCount = 13;
+
+// The names of a note's AI values, as the clip's documents call them.
+extern const std::array<std::string_view, aiValueCount> aiValueNames;
+
+struct Note {
+    std::int32_t pos = 0;
+    std::int32_t duration = 0;
+    std::string lyric;
+    std::string phoneme;
+    std::optional<std::uint32_t> language;
+    bool isProtected = false;
+    std::uint32_t number = 0;
+    std::uint32_t velocity = 0;
+    std::uint32_t accent = 0;
+    std::uint32_t bendDepth = 0;
+    std::uint32_t bendLength = 0;
+    std::uint32_t decay = 0;
+    std::uint32_t opening = 0;
+    bool fallPort = false;
+    bool risePort = false;
+    std::array<float, aiValueCount> aiValues = {};
+    Dvqm attack;
+    Dvqm release;
+    SingingSkill skill;
+    Vibrato vibrato;
+};
+
+struct Lane {
+    std::uint32_t type = 0;
+    std::int32_t least = 0;
+    std::int32_t most = 0;
+    std::vector<Point> events;
+
+    bool operator==(const Lane&) const = default;
+};
+
+// As the clip's documents call a lane of this type.
+std::string_view laneName(std::uint32_t type);
+
+struct Parameter {
+    std::string name;
+    std::variant<std::monostate, std::int32_t, float, std::string> value;
+
+    bool operator==(const Parameter&) const = default;
+};
+
+struct Effect {
+    std::string id;
+    std::vector<Parameter> parameters;
+
+    bool operator==(const Effect&) const = default;
+};
+
+struct MidiPart {
+    std::int32_t duration = 0;
+    std::string voice; // of a voice bank or of an AI voice, whichever sings the part
+    std::vector<std::uint32_t> languages;
+    std::string styleName;
+    std::string stylePreset;
+    std::vector<Note> notes;
+    std::vector<Lane> lanes;
+    std::vector<Effect> midiEffects;
+    std::vector<Effect> audioEffects;
+};
+
+struct AudioPart {
+    std::string wavePath; // with the separators of this system
+    std::vector<Effect> audioEffects;
+};
+
+using Part = std::variant<std::monostate, MidiPart, AudioPart>;
+
+} // namespace plxclip
