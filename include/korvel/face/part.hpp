@@ -116,6 +116,7 @@ public:
             raw(), index, detail::terminated(id).c_str()));
     }
 
+    /** Changes nothing. */
     bool setRegion(std::int32_t regionBegin, std::int32_t regionEnd) const noexcept
     {
         return KRT_PLX_MutableAudioPart_setRegion(raw(), regionBegin, regionEnd);

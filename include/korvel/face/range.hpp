@@ -25,7 +25,9 @@ public:
     class Iterator;
     using iterator = Iterator;
     using const_iterator = Iterator;
+    using value_type = decltype((std::declval<const Owner&>().*At)(std::uint64_t{}));
     using size_type = std::uint64_t;
+    using difference_type = std::ptrdiff_t;
 
     constexpr Range() noexcept = default;
     constexpr explicit Range(Owner owner) noexcept : owner_(owner) {}
@@ -53,7 +55,7 @@ template <typename Owner, auto Count, auto At>
 class Range<Owner, Count, At>::Iterator {
 public:
     using iterator_category = std::random_access_iterator_tag;
-    using value_type = decltype((std::declval<const Owner&>().*At)(std::uint64_t{}));
+    using value_type = typename Range::value_type;
     using difference_type = std::ptrdiff_t;
     using reference = value_type;
 
