@@ -6,6 +6,7 @@
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
 
+#include "check/check_command.h"
 #include "commands.h"
 #include "console.h"
 
@@ -26,6 +27,10 @@ void addCommands(CLI::App& app, Work& chosen)
 {
     addList(app, chosen);
     addShow(app, chosen);
+    addCheck(app, chosen);
+    addEdit(app, chosen);
+    addRemove(app, chosen);
+    addCopy(app, chosen);
 }
 
 void complain(std::string_view text)

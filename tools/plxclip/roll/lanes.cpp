@@ -82,24 +82,33 @@ void drawCurve(const Sheet& sheet, const std::vector<Place>& steps, const Scale&
     sheet.svg.path(steps, "curve");
 }
 
-// Numbers only where one does not run into the next.
+void drawEvent(const Sheet& sheet, const Point& event, Place place)
+{
+    sheet.svg.rectangle({place.x - 1.5, place.y - 1.5, 3, 3}, "event",
+                        fmt::format("data-pos=\"{}\" data-value=\"{}\"", event.pos, event.value));
+}
+
+void drawValue(const Sheet& sheet, const Point& event, Place place, const Scale& scale)
+{
+    const bool isHigh = place.y < scale.top + 14;
+    sheet.svg.text({place.x + 3, place.y + (isHigh ? 9.0 : -3.5)}, "event-value",
+                   std::to_string(event.value));
+}
+
+// Numbers only where the curve stays level for as long as they are wide.
 void drawEvents(const Sheet& sheet, const std::vector<Point>& events, const Scale& scale)
 {
-    double free = sheet.layout.left();
-    for (const Point& event : events) {
+    for (std::size_t i = 0; i < events.size(); ++i) {
+        const Point& event = events[i];
         if (event.pos < sheet.line.begin) {
             continue;
         }
         const Place place = {sheet.layout.x(sheet.line, event.pos), scale.y(event.value)};
-        const std::string value = std::to_string(event.value);
-        const double width = textWidth(value, 8) + 4;
-        sheet.svg.rectangle(
-            {place.x - 1.5, place.y - 1.5, 3, 3}, "event",
-            fmt::format("data-pos=\"{}\" data-value=\"{}\"", event.pos, event.value));
-        if (place.x >= free && place.x + width < sheet.layout.right(sheet.line)) {
-            const bool isHigh = place.y < scale.top + 14;
-            sheet.svg.text({place.x + 3, place.y + (isHigh ? 9.0 : -3.5)}, "event-value", value);
-            free = place.x + width;
+        const double end = i + 1 < events.size() ? sheet.layout.x(sheet.line, events[i + 1].pos)
+                                                 : sheet.layout.right(sheet.line);
+        drawEvent(sheet, event, place);
+        if (place.x + textWidth(std::to_string(event.value), 8) + 4 < end) {
+            drawValue(sheet, event, place, scale);
         }
     }
 }

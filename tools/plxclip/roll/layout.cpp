@@ -69,7 +69,7 @@ void divide(Layout& layout, std::int64_t bars)
 void setScale(Layout& layout, const std::vector<Note>& notes)
 {
     const std::int64_t all = (layout.end - layout.begin) / layout.view.ticksPerBar();
-    for (const std::int64_t bars : {16, 12, 8, 6, 4, 3, 2, 1}) {
+    for (const std::int64_t bars : {16, 8, 4, 2, 1}) {
         divide(layout, std::min(bars, all));
         const double quarter =
             layout.pixelsPerTick * static_cast<double>(layout.view.ticksPerQuarter);
