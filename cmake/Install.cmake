@@ -4,6 +4,9 @@
 #     development   headers, import libraries, the CMake package, the pkg-config file, the manual
 #     tools         plxclip
 
+set(KRT_PLX_MANUAL "${PROJECT_SOURCE_DIR}/build/docs/html" CACHE PATH
+    "The manual as scripts/docs has made it; installed when it is there")
+
 set(KRT_PLX_CMAKE_DIR "${CMAKE_INSTALL_LIBDIR}/cmake/krt_plx")
 set(KRT_PLX_PKGCONFIG_DIR "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
 set(KRT_PLX_PACKAGE_FILES "${PROJECT_BINARY_DIR}/generated/package")
@@ -64,13 +67,27 @@ function(krt_plx_install_pkgconfig_file)
         DESTINATION "${KRT_PLX_PKGCONFIG_DIR}" COMPONENT development)
 endfunction()
 
+# A program finds the library of its own tree, wherever that was moved; on Windows they stand side by
+# side.
+function(krt_plx_install_tools)
+    if(NOT TARGET plxclip)
+        return()
+    endif()
+    file(RELATIVE_PATH libraries "/${CMAKE_INSTALL_BINDIR}" "/${CMAKE_INSTALL_LIBDIR}")
+    set_target_properties(plxclip PROPERTIES INSTALL_RPATH "$ORIGIN/${libraries}")
+    install(TARGETS plxclip DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT tools)
+endfunction()
+
 function(krt_plx_install_documents)
     install(FILES "${PROJECT_SOURCE_DIR}/README.md" "${PROJECT_SOURCE_DIR}/CHANGELOG.md"
         DESTINATION "${CMAKE_INSTALL_DOCDIR}" COMPONENT development)
+    install(DIRECTORY "${KRT_PLX_MANUAL}/"
+        DESTINATION "${CMAKE_INSTALL_DOCDIR}/html" COMPONENT development OPTIONAL)
 endfunction()
 
 krt_plx_install_library()
 krt_plx_install_headers()
 krt_plx_install_cmake_package()
 krt_plx_install_pkgconfig_file()
+krt_plx_install_tools()
 krt_plx_install_documents()

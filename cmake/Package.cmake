@@ -1,0 +1,56 @@
+# What CPack needs to know; scripts/package runs it. An archive holds all components, on Debian each
+# is a package of its own: the library, what hosts are built with, and the tools.
+
+set(CPACK_PACKAGE_NAME "${PROJECT_NAME}")
+set(CPACK_PACKAGE_VENDOR "Korvel")
+set(CPACK_PACKAGE_CONTACT "The krt_plx maintainers <maintainers@krt-plx.invalid>")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "${PROJECT_DESCRIPTION}")
+string(TOLOWER "${CMAKE_SYSTEM_NAME}-${CMAKE_SYSTEM_PROCESSOR}" system)
+set(CPACK_PACKAGE_FILE_NAME "${PROJECT_NAME}-${PROJECT_VERSION}-${system}")
+set(CPACK_VERBATIM_VARIABLES ON)
+set(CPACK_STRIP_FILES ON)
+
+set(CPACK_COMPONENTS_ALL runtime development)
+if(TARGET plxclip)
+    list(APPEND CPACK_COMPONENTS_ALL tools)
+endif()
+
+# The library's package is named after its SONAME, so that two that are not compatible can be
+# installed side by side.
+set(CPACK_DEB_COMPONENT_INSTALL ON)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS "${CMAKE_LIBRARY_OUTPUT_DIRECTORY}")
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
+set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
+
+set(library_package "libkrt-plx${KRT_PLX_COMPATIBLE_VERSION}")
+set(this_library "${library_package} (= ${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE})")
+string(CONCAT about
+    "A clip is a short phrase that can be used again: notes to be sung, with lyrics, phonemes and all "
+    "expression, or a wave file, with a name and search tags. The library gives an editor a catalogue "
+    "of them: it reads clips from folders, lets the editor look at everything in them, builds new "
+    "ones and saves, edits and removes the clips of the user.\n\n")
+
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME "${library_package}")
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_MULTIARCH same)
+set(CPACK_DEBIAN_RUNTIME_DESCRIPTION "${about}This package has the shared library.")
+
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libkrt-plx-dev)
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_MULTIARCH same)
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "${this_library}")
+string(CONCAT CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION "${about}"
+    "This package has what hosts are built with: the headers for C and C++, the CMake package, the "
+    "pkg-config file and the manual.")
+
+set(CPACK_DEBIAN_TOOLS_PACKAGE_NAME krt-plx-tools)
+set(CPACK_DEBIAN_TOOLS_PACKAGE_SECTION sound)
+set(CPACK_DEBIAN_TOOLS_PACKAGE_DEPENDS "${this_library}")
+string(CONCAT CPACK_DEBIAN_TOOLS_DESCRIPTION "${about}"
+    "This package has plxclip, which lists, shows, checks and edits clips.")
+
+include(CPack)
