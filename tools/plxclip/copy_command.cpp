@@ -29,7 +29,7 @@ std::string reasonOf(std::optional<plx::Result> code)
     switch (code.value_or(plx::Result::noManager)) {
     case plx::Result::noVoiceBank:
     case plx::Result::noAiVoiceBank:
-        return "its part names no voice";
+        return "its part names no voice, and without one nothing is saved";
     case plx::Result::badLanguage:
     case plx::Result::noAiLanguage:
     case plx::Result::badAiLanguage:
@@ -110,6 +110,7 @@ void addCopy(CLI::App& app, Work& chosen)
     const auto options = std::make_shared<CopyOptions>();
     addClip(*command, options->folder, options->clip);
     command->add_option("TARGET", options->target, "The folder of user clips to save into")
+        ->type_name("")
         ->required();
     command->add_option("--user", options->userFolders, "A folder to be read as user clips")
         ->type_name("DIR")

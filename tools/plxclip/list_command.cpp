@@ -1,4 +1,3 @@
-#include <cmath>
 #include <memory>
 
 #include <CLI/CLI.hpp>
@@ -62,9 +61,7 @@ void addFilters(CLI::App& command, Search& search)
     const auto add = [&](const char* name, auto& value, const char* help) {
         return command.add_option(name, value, help)->group(group);
     };
-    add("--part", search.part, "Its part: audio, midiAi (AI voice) or midi (voice bank)")
-        ->transform(CLI::CheckedTransformer(partNames))
-        ->type_name("PART");
+    addWordOption(command, "--part", search.part, partNames, "Its part")->group(group);
     add("--type", search.type, "A type tag, such as Melody");
     add("--genre", search.genre, "A genre tag");
     add("--vendor", search.vendor, "Its vendor");
@@ -86,16 +83,10 @@ void addFilters(CLI::App& command, Search& search)
 
 void addOutput(CLI::App& command, ListOptions& options)
 {
-    command.add_option("--sort", options.order, "By found, name, vendor, part, key, tempo or id")
-        ->transform(CLI::CheckedTransformer(orderNames))
-        ->type_name("ORDER");
+    addWordOption(command, "--sort", options.order, orderNames, "The order");
     command.add_flag("--reverse", options.isReversed, "The other way round");
-    command
-        .add_option("--count", options.count,
-                    "Count the clips for each type, genre, language, vendor, singer-group, part or "
-                    "key instead")
-        ->transform(CLI::CheckedTransformer(tagNames))
-        ->type_name("TAG");
+    addWordOption(command, "--count", options.count, tagNames,
+                  "How many clips have each of these, instead of the clips");
     command.add_flag("--json", options.isJson, "Write JSON, for other programs");
     command.add_flag("--long", options.isLong, "Show ID, kind and file as well");
     command.add_flag("--names", options.namesNumbers,
@@ -164,6 +155,9 @@ void printCounts(const std::vector<TagCount>& counts, const ListOptions& options
 
 ExitStatus list(const ListOptions& options)
 {
+    if (options.folders.empty() && options.userFolders.empty()) {
+        throw Failure("no folder to list; give one that has clips somewhere below it", exitUsage);
+    }
     const Catalogue catalogue(foldersOf(options.folders, options.userFolders));
     std::vector<Properties> clips;
     const std::vector<korvel::plx::Clip> all = catalogue.clips();

@@ -12,7 +12,7 @@ void addFolders(CLI::App& command, std::vector<std::string>& folders,
         .add_option("DIR", folders,
                     "Folders with clips at any depth. One that has the folders \"system\" and "
                     "\"user\" in it stands for these; any other is read as system clips")
-        ->required();
+        ->type_name("");
     command.add_option("--user", userFolders, "A folder to be read as user clips")
         ->type_name("DIR")
         ->allow_extra_args(false);
@@ -24,8 +24,10 @@ void addClip(CLI::App& command, std::string& folder, std::string& clip)
         .add_option("DIR", folder,
                     "The folder of the clips. One that has the folders \"system\" and \"user\" in "
                     "it stands for these")
+        ->type_name("")
         ->required();
     command.add_option("CLIP", clip, "The clip: its ID, or its name if no other has it")
+        ->type_name("")
         ->required();
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -37,6 +38,29 @@ CLI::Option* addNumberOption(CLI::App& command, const std::string& name,
             },
             help)
         ->type_name("NUMBER");
+}
+
+// An option whose value is one of some words. (CLI11's own way shows the words' numbers, too.)
+template <typename Value, typename Target>
+CLI::Option* addWordOption(CLI::App& command, const std::string& name, Target& target,
+                           const std::map<std::string, Value>& words, const std::string& help)
+{
+    std::string known;
+    for (const auto& word : words) {
+        known += (known.empty() ? "" : ", ") + word.first;
+    }
+    return command
+        .add_option_function<std::string>(
+            name,
+            [&target, &words, name, known](const std::string& text) {
+                const auto found = words.find(text);
+                if (found == words.end()) {
+                    throw CLI::ValidationError(name, "\"" + text + "\" is none of " + known);
+                }
+                target = found->second;
+            },
+            help + ": " + known)
+        ->type_name("WORD");
 }
 
 // Hundredths of a beat a minute from text such as "112.5".

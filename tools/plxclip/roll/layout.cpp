@@ -11,8 +11,9 @@ namespace plxclip::roll {
 
 namespace {
 
-constexpr double mostPixelsPerQuarter = 112;
+constexpr double mostPixelsPerQuarter = 150;
 constexpr double fewestPixelsPerQuarter = 30;
+constexpr double plentyOfPixels = 100; // for a quarter: words that do not fit then are squeezed
 
 std::int64_t barAt(std::int64_t tick, std::int64_t ticksPerBar)
 {
@@ -40,10 +41,13 @@ void setRows(Layout& layout, const std::vector<Note>& notes)
     layout.highest = std::min<std::uint32_t>(high->number + 2, 127);
 }
 
+// Words that are squeezed a little still read well.
 bool wordsFit(const Note& note, std::int64_t ticks, double pixelsPerTick)
 {
+    constexpr double squeezed = 0.8;
     const double room = static_cast<double>(ticks) * pixelsPerTick - 4;
-    return textWidth(note.lyric, lyricSize) <= room && textWidth(note.phoneme, phonemeSize) <= room;
+    return squeezed * textWidth(note.lyric, lyricSize) <= room &&
+           squeezed * textWidth(note.phoneme, phonemeSize) <= room;
 }
 
 // One word that is far too long for its note must not stretch the whole picture.
@@ -73,7 +77,8 @@ void setScale(Layout& layout, const std::vector<Note>& notes)
         divide(layout, std::min(bars, all));
         const double quarter =
             layout.pixelsPerTick * static_cast<double>(layout.view.ticksPerQuarter);
-        if (quarter >= fewestPixelsPerQuarter && mostWordsFit(notes, layout.pixelsPerTick)) {
+        if (quarter >= plentyOfPixels ||
+            (quarter >= fewestPixelsPerQuarter && mostWordsFit(notes, layout.pixelsPerTick))) {
             return;
         }
     }
@@ -94,7 +99,7 @@ std::pair<std::int64_t, std::int64_t> barsOf(const MidiPart& part, const View& v
 
 double textWidth(std::string_view text, double fontSize)
 {
-    return 0.62 * fontSize * static_cast<double>(displayWidth(text)) * 0.98;
+    return 0.6 * fontSize * static_cast<double>(displayWidth(text));
 }
 
 std::vector<std::int64_t> wordTicks(const std::vector<Note>& notes)

@@ -18,13 +18,22 @@ std::string hintOf(const Note& note)
                        pitchName(note.number), note.pos, note.duration, note.velocity);
 }
 
-// Words that are too long for their note are squeezed, so that they do not cover the next ones.
+// Words that are too long for their note become smaller, so that they do not cover the next ones;
+// those that would become too small to read are drawn narrow as well, where a viewer can do that.
 std::string squeeze(std::string_view text, double fontSize, double room)
 {
-    return textWidth(text, fontSize) <= room
-               ? std::string()
-               : fmt::format("textLength=\"{:.1f}\" lengthAdjust=\"spacingAndGlyphs\"",
-                             std::max(room, 4.0));
+    constexpr double smallest = 0.6;
+    const double share = room / textWidth(text, fontSize);
+    if (share >= 1) {
+        return {};
+    }
+    std::string attributes =
+        fmt::format("style=\"font-size: {:.1f}px\"", fontSize * std::max(share, smallest));
+    if (share < smallest) {
+        attributes += fmt::format(" textLength=\"{:.1f}\" lengthAdjust=\"spacingAndGlyphs\"",
+                                  std::max(room, 4.0));
+    }
+    return attributes;
 }
 
 void drawBody(const Sheet& sheet, const Note& note)
