@@ -1,0 +1,30 @@
+#include "check/finding.h"
+
+#include <array>
+#include <cstddef>
+
+namespace plxclip::check {
+
+namespace {
+
+constexpr std::array<std::string_view, 4> effectNames = {"refused", "dropped", "ignored",
+                                                         "passed-over"};
+
+constexpr std::array<std::string_view, 16> reasonNames = {
+    "unreadable",   "missing-document", "encoding",  "syntax",        "missing-key", "wrong-type",
+    "out-of-range", "wrong-value",      "repeated",  "not-looked-at", "unknown-key", "wave-file",
+    "duplicate",    "extension",        "file-name", "unexplained"};
+
+} // namespace
+
+std::string_view nameOf(Effect effect)
+{
+    return effectNames[static_cast<std::size_t>(effect)];
+}
+
+std::string_view nameOf(Reason reason)
+{
+    return reasonNames[static_cast<std::size_t>(reason)];
+}
+
+} // namespace plxclip::check

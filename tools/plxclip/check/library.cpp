@@ -1,0 +1,109 @@
+#include "check/library.h"
+
+#include "check/files.h"
+
+namespace plxclip::check {
+
+namespace plx = korvel::plx;
+
+namespace {
+
+template <typename Part>
+void countAudioEffects(Part part, Contents& contents)
+{
+    for (const plx::Effect effect : part.audioEffects()) {
+        ++contents.audioEffects;
+        contents.parameters += effect.numParameters();
+    }
+}
+
+void countNotes(plx::MidiPart part, Contents& contents)
+{
+    for (const plx::Note note : part.notes()) {
+        ++contents.notes;
+        contents.levelNames += note.attack().numLevelNames() + note.release().numLevelNames();
+        for (const auto kind : {plx::VibratoPointKind::depth, plx::VibratoPointKind::rate}) {
+            contents.vibratoPoints += note.vibrato().numParameters(kind);
+        }
+    }
+}
+
+Contents contentsOf(plx::MidiPart part)
+{
+    Contents contents;
+    contents.aiLanguages = part.aiLangIDSize();
+    countAudioEffects(part, contents);
+    for (const plx::Effect effect : part.midiEffects()) {
+        ++contents.midiEffects;
+        contents.parameters += effect.numParameters();
+    }
+    countNotes(part, contents);
+    for (const plx::MidiController lane : part.midiControllers()) {
+        ++contents.lanes;
+        contents.events += lane.numEvents();
+    }
+    return contents;
+}
+
+std::optional<Contents> readPart(plx::Clip clip)
+{
+    if (!clip.readPart()) {
+        return std::nullopt;
+    }
+    if (const plx::MidiPart part = clip.midiPart()) {
+        return contentsOf(part);
+    }
+    Contents contents;
+    countAudioEffects(clip.audioPart(), contents);
+    return contents;
+}
+
+std::size_t countTags(plx::Filter filter)
+{
+    return filter.numGenres() + filter.numLanguages() + filter.numSingerGroups() +
+           filter.numSingerIDs() + filter.numTypes() + filter.numVendors();
+}
+
+} // namespace
+
+Library::Library(plx::Manager manager)
+{
+    for (const plx::Clip clip : manager.systemClips()) {
+        add(clip, systemFiles);
+    }
+    for (const plx::Clip clip : manager.userClips()) {
+        add(clip, userFiles);
+    }
+}
+
+void Library::add(plx::Clip clip, std::unordered_map<std::string, std::string>& files)
+{
+    const std::string path = keyOf(plx::toUtf8(clip.path()));
+    clips.emplace(path, clip);
+    files.emplace(plx::toUtf8(clip.id()), path);
+}
+
+std::optional<LibraryClip> Library::find(std::string_view path) const
+{
+    const auto place = clips.find(keyOf(path));
+    if (place == clips.end()) {
+        return std::nullopt;
+    }
+    const plx::Clip clip = place->second;
+    LibraryClip result{
+        plx::toUtf8(clip.id()), plx::toUtf8(clip.name()), countTags(clip.filter()), {}};
+    result.contents = readPart(clip);
+    return result;
+}
+
+std::string Library::fileWithID(const std::string& id, bool isUserClip) const
+{
+    const auto system = systemFiles.find(id);
+    if (system != systemFiles.end()) {
+        return system->second;
+    }
+    const auto user = userFiles.find(id);
+    return isUserClip && user != userFiles.end() ? user->second : std::string();
+}
+
+} // namespace plxclip::check
