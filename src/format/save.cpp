@@ -54,9 +54,24 @@ NewClipFolder::~NewClipFolder()
         return;
     }
     try {
-        fs::removeTree(directory_);
+        remove();
     } catch (...) {
-        // Without memory for it the folder stays; it was never listed.
+        // Without memory the rest stays.
+    }
+}
+
+// By name first, which takes no memory where the attempt ended for want of it, and the documents
+// before all: a scan lists no clip without either. Where nothing may be deleted, an empty property
+// document serves as well.
+void NewClipFolder::remove() const
+{
+    fs::remove(dataPath_);
+    fs::remove(propertyPath_);
+    fs::remove(wavePath_);
+    fs::removeEmptyFolder(audioFolder_);
+    const bool removed = fs::removeEmptyFolder(directory_) || fs::removeTree(directory_);
+    if (!removed && fs::exists(propertyPath_)) {
+        fs::writeFile(propertyPath_, {});
     }
 }
 
@@ -75,7 +90,7 @@ Result NewClipFolder::write(const MutableClipImpl& clip, StringView name, bool f
     return writeDocuments(clip, name, formatted);
 }
 
-Result NewClipFolder::copyWave(PartBase& part) const
+Result NewClipFolder::copyWave(PartBase& part)
 {
     const MutableAudioPart* const audio = part.asMutableAudioPart();
     if (audio == nullptr) {
@@ -85,12 +100,16 @@ Result NewClipFolder::copyWave(PartBase& part) const
     if (!fs::isPlainFile(wave)) {
         return Result::noWaveFile;
     }
-    if (!fs::createDirectories(audioFolder(directory_))) {
+    audioFolder_ = audioFolder(directory_);
+    if (!fs::createDirectories(audioFolder_)) {
         return Result::directoryNotCreated;
     }
     const StringView fileName = fs::fileName(wave);
-    const bool copied = isFileName(fileName) && fs::copyFile(wave, wavePath(directory_, fileName));
-    return copied ? Result::success : Result::waveFileNotCopied;
+    if (!isFileName(fileName)) {
+        return Result::waveFileNotCopied;
+    }
+    wavePath_ = wavePath(directory_, fileName);
+    return fs::copyFile(wave, wavePath_) ? Result::success : Result::waveFileNotCopied;
 }
 
 Result NewClipFolder::writeDocuments(const MutableClipImpl& clip, StringView name,

@@ -37,13 +37,16 @@ public:
     void keep() { made_ = false; }
 
 private:
-    Result copyWave(PartBase& part) const;
+    Result copyWave(PartBase& part);
     Result writeDocuments(const MutableClipImpl& clip, StringView name, bool formatted) const;
+    void remove() const;
 
     String id_;
     String directory_;
     String dataPath_;
     String propertyPath_;
+    String audioFolder_; // this and the next are empty while there is none
+    String wavePath_;
     bool made_ = false;
 };
 

@@ -31,6 +31,7 @@ String join(StringView folder, StringView name);
 
 // Links are followed. A path that cannot be put into the host's form does not exist.
 bool exists(const String& path);
+bool isMissing(const String& path); // nothing is there; what cannot be looked at is not missing
 bool isDirectory(const String& path);
 bool isPlainFile(const String& path); // a regular file or a link to one: no folder, pipe or device
 

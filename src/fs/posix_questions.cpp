@@ -25,6 +25,12 @@ bool exists(const String& path)
     return readStatus(HostPath{path}, status);
 }
 
+bool isMissing(const String& path)
+{
+    struct stat status;
+    return !readStatus(HostPath{path}, status) && (errno == ENOENT || errno == ENOTDIR);
+}
+
 bool isDirectory(const String& path)
 {
     struct stat status;

@@ -1,6 +1,7 @@
 #ifdef _WIN32
 
 #    include "fs/win32_system.h"
+#    include "fs/fs.h"
 
 namespace Korvel::CANTORIS::PLX::fs {
 

@@ -21,9 +21,6 @@ String entryPath(const String& path);
 // The attributes of the file, folder or link itself; none when they cannot be read.
 std::optional<DWORD> attributesOf(const String& path);
 
-// Nothing is there. What cannot be looked at is not missing.
-bool isMissing(const String& path);
-
 bool isFolder(DWORD attributes);
 
 // Symbolic links and junctions.

@@ -21,7 +21,7 @@ public:
     UserClip* asUserClip() noexcept override { return this; }
 
 private:
-    void removeAudio(const String& clipDirectory);
+    String ownAudioFolder(const String& clipDirectory) const;
 
     ManagerImpl* owner_;
     std::unique_ptr<PropertyEditorImpl> editor_;

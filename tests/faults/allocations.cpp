@@ -155,6 +155,9 @@ long liveBlocks()
 
 } // namespace faults
 
+// The library must see these.
+#pragma GCC visibility push(default)
+
 extern "C" {
 
 void* malloc(std::size_t size) noexcept
@@ -228,3 +231,5 @@ void operator delete[](void* block, std::size_t) noexcept
 }
 
 #endif
+
+#pragma GCC visibility pop

@@ -167,6 +167,9 @@ SystemCalls stopDisturbing()
 
 using namespace faults;
 
+// The library must see these.
+#pragma GCC visibility push(default)
+
 extern "C" {
 
 int open(const char* path, int flags, ...)
@@ -309,3 +312,5 @@ ssize_t getrandom(void* bytes, std::size_t size, unsigned flags)
 }
 
 } // extern "C"
+
+#pragma GCC visibility pop

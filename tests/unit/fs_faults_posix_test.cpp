@@ -597,6 +597,15 @@ TEST_F(FsFaults, QuestionsAreAnsweredNoWhenTheSystemDoesNotAnswer)
     ask([this] { return fs::isStrictlyBelow(dir / "tree\\one", dir / "tree"); });
 }
 
+TEST_F(FsFaults, WhatCannotBeLookedAtIsNotMissing)
+{
+    makeTree();
+    Faults::failCall(1, EACCES);
+    EXPECT_FALSE(fs::isMissing(dir / "tree\\nothing"));
+    Faults::stop();
+    EXPECT_TRUE(fs::isMissing(dir / "tree\\nothing"));
+}
+
 TEST_F(FsFaults, AUuidComesFromTheDeviceWhenTheCallIsRefused)
 {
     for (const int error : {ENOSYS, EPERM, EINTR}) {

@@ -69,6 +69,15 @@ TEST_F(FsQuestions, AreAnsweredNoForWhatIsMissing)
     expectNothing(String{});
 }
 
+TEST_F(FsQuestions, OnlyWhatIsNotThereIsMissing)
+{
+    writeBytes(dir / "file", "x");
+    EXPECT_FALSE(fs::isMissing(dir / "file"));
+    EXPECT_FALSE(fs::isMissing(dir.path()));
+    EXPECT_TRUE(fs::isMissing(dir / "nothing"));
+    EXPECT_TRUE(fs::isMissing(dir / "no\\folder"));
+}
+
 TEST_F(FsQuestions, AreAboutTheExactPath)
 {
     writeBytes(dir / "folder\\file", "x");

@@ -1,0 +1,223 @@
+// Each kind of work when a system call fails: every call that it makes, one at a time, with each of
+// the errors that occur in life. And when calls are interrupted, or read and write less than asked.
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <filesystem>
+#include <set>
+
+#include <gtest/gtest.h>
+
+#include "allocations.h"
+#include "figures.h"
+#include "system_calls.h"
+#include "works.h"
+
+namespace {
+
+using faults::Sight;
+using faults::SystemCall;
+using faults::Work;
+using faults::World;
+
+constexpr std::array errors = {ENOSPC, EACCES, EIO, EMFILE, ENAMETOOLONG, ENOMEM, EROFS};
+
+long countOpenFiles()
+{
+    return std::distance(std::filesystem::directory_iterator("/proc/self/fd"),
+                         std::filesystem::directory_iterator());
+}
+
+std::set<std::string> keysOf(const std::map<std::string, std::string>& map)
+{
+    std::set<std::string> keys;
+    for (const auto& [key, value] : map) {
+        keys.insert(key);
+    }
+    return keys;
+}
+
+using Disturb = void (*)(long number, int error);
+
+class SystemCallTest : public testing::TestWithParam<std::size_t> {
+protected:
+    static const Work& work() { return faults::works()[GetParam()]; }
+
+    // Runs the work undisturbed and tells how many calls it makes.
+    long countCalls()
+    {
+        start();
+        faults::recordCalls();
+        EXPECT_TRUE(work().run(world_));
+        const long calls = std::ssize(faults::stopDisturbing());
+        work().expectDone(world_);
+        world_.destroyManager();
+        EXPECT_EQ(calls > 0, work().usesDisk);
+        return calls;
+    }
+
+    void start()
+    {
+        world_.reset();
+        blocks_ = faults::liveBlocks();
+        files_ = countOpenFiles();
+        work().prepare(world_);
+        before_ = world_.look();
+        mayTouch_ = work().mayTouch(world_);
+    }
+
+    void finish()
+    {
+        EXPECT_TRUE(done_ || work().run(world_)) << "when it is done again";
+        if (!done_ || !work().lists) {
+            work().expectDone(world_);
+        }
+        world_.destroyManager();
+        EXPECT_EQ(faults::liveBlocks(), blocks_);
+        EXPECT_EQ(countOpenFiles(), files_);
+    }
+
+    void run(long number, int error, Disturb disturb)
+    {
+        disturb(number, error);
+        done_ = work().run(world_);
+        const faults::SystemCalls calls = faults::stopDisturbing();
+        ASSERT_GE(std::ssize(calls), number);
+        call_ = calls[static_cast<std::size_t>(number - 1)];
+        faults::count("system calls failed: " + work().name);
+    }
+
+    void expectFailure(std::string_view mayTouch)
+    {
+        const Sight after = world_.look();
+        EXPECT_EQ(after.editable, before_.editable);
+        faults::expectSameDisk(before_.disk, after.disk, mayTouch);
+        if (work().lists) {
+            EXPECT_EQ(world_.code, KRT_PLX_RESULT_DIRECTORY_MISSING);
+        } else {
+            EXPECT_EQ(after.listed, before_.listed);
+        }
+    }
+
+    // Which clips a scan has lost, and that it lost them because of that call alone.
+    void expectOnlyConcernedAreLost()
+    {
+        const auto listed = faults::describeListed(world_.manager);
+        const auto all = world_.whatAnotherHostSees(faults::Parts::unread);
+        const bool isFolder = std::filesystem::is_directory(call_.path);
+        const std::string concerned =
+            isFolder ? call_.path : support::Path(call_.path).parent_path().string();
+        for (const auto& [id, description] : all) {
+            const auto found = listed.find(id);
+            const bool isConcerned =
+                support::replaced(description, "\\", "/").find(concerned + "/") !=
+                std::string::npos;
+            EXPECT_TRUE(found == listed.end() ? isConcerned : found->second == description)
+                << call_.name << " " << call_.path << " lost " << description;
+        }
+        EXPECT_TRUE(isFolder || listed.size() + 1 >= all.size());
+    }
+
+    static long step() { return faults::isExhaustive() ? 1 : 5; }
+
+    World world_;
+    Sight before_;
+    std::string mayTouch_;
+    SystemCall call_;
+    bool done_ = false;
+    long blocks_ = 0;
+    long files_ = 0;
+};
+
+TEST_P(SystemCallTest, AFailureIsReportedOrTheWorkIsDone)
+{
+    const long calls = countCalls();
+    for (long number = 1; number <= calls && !HasFailure(); number += step()) {
+        for (std::size_t i = 0; i < errors.size(); ++i) {
+            if (!faults::isExhaustive() && i != static_cast<std::size_t>(number) % errors.size()) {
+                continue;
+            }
+            start();
+            run(number, errors[i], faults::failCall);
+            SCOPED_TRACE(call_.name + " " + call_.path + ", error " + std::to_string(errors[i]));
+            if (!done_) {
+                expectFailure(mayTouch_ == "user/" ? "" : mayTouch_);
+            } else if (work().lists) {
+                expectOnlyConcernedAreLost();
+            }
+            finish();
+        }
+    }
+}
+
+// The clean-up after a failure fails as well: what is left is nothing that a scan lists. From then
+// on nothing can be deleted; at the end, nothing at all can be done any more.
+TEST_P(SystemCallTest, AFailureThatCannotBeCleanedUpShowsNoClip)
+{
+    const long calls = countCalls();
+    for (long number = 1; number <= calls && !HasFailure(); number += step()) {
+        start();
+        run(number, EROFS, faults::failCallAndDeleting);
+        SCOPED_TRACE(call_.name + " " + call_.path);
+        if (!done_) {
+            expectFailure(mayTouch_);
+            EXPECT_LE(keysOf(world_.whatAnotherHostSees()).size(), 7);
+        }
+        finish();
+    }
+}
+
+TEST_P(SystemCallTest, WhenAllCallsFailTheResultIsTrue)
+{
+    const long calls = countCalls();
+    for (long number = 1; number <= calls && !HasFailure(); number += step()) {
+        start();
+        run(number, EIO, faults::failCallsFrom);
+        SCOPED_TRACE(call_.name + " " + call_.path);
+        if (!done_) {
+            expectFailure(mayTouch_);
+        }
+        finish();
+    }
+}
+
+TEST_P(SystemCallTest, InterruptedCallsChangeNothing)
+{
+    const long calls = countCalls();
+    for (long number = 1; number <= calls && !HasFailure(); number += step()) {
+        start();
+        run(number, EINTR, faults::failCall);
+        SCOPED_TRACE(call_.name + " " + call_.path);
+        EXPECT_TRUE(done_);
+        work().expectDone(world_);
+        finish();
+    }
+}
+
+TEST_P(SystemCallTest, ShortReadsAndWritesChangeNothing)
+{
+    for (const std::size_t bytes : {1, 7}) {
+        start();
+        faults::limitTransfers(bytes);
+        done_ = work().run(world_);
+        faults::count("works with short reads and writes");
+        faults::stopDisturbing();
+        EXPECT_TRUE(done_);
+        work().expectDone(world_);
+        finish();
+    }
+}
+
+std::string nameOf(const testing::TestParamInfo<std::size_t>& parameter)
+{
+    std::string name = faults::works()[parameter.param].name;
+    std::replace_if(
+        name.begin(), name.end(), [](char c) { return c == ' ' || c == ','; }, '_');
+    return name;
+}
+
+INSTANTIATE_TEST_SUITE_P(Works, SystemCallTest,
+                         testing::Range<std::size_t>(0, faults::works().size()), nameOf);
+
+} // namespace
