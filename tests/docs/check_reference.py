@@ -1,0 +1,45 @@
+"""The public headers say of every function what a host must know.
+
+check_reference.py INCLUDE_FOLDER NAMES_FILE
+"""
+
+import pathlib
+import re
+import sys
+
+DECLARATION = re.compile(
+    r"/\*\*((?:(?!\*/).)*?)\*/\s*KRT_PLX_API ([^;]*?)(KRT_PLX_\w+)\([^;]*?\) KRT_PLX_NOEXCEPT;",
+    re.DOTALL)
+
+
+def complaints(comment, result):
+    """Doxygen itself asks for each parameter and for the result."""
+    text = re.sub(r"\s*\n \* ?", " ", comment)
+    returned = text.rpartition("@return")[2]
+    is_void = result.strip() == "void"
+    is_text = "KRT_PLX_Char*" in result
+    is_object = result.strip().endswith("*") and not is_text
+    if not re.search("null|NULL", text if is_void else returned):
+        yield "what a null handle gives"
+    if is_text and not re.search("valid|owned|belongs", text):
+        yield "how long the text lives"
+    if is_object and not re.search("own|valid|belongs|lives", text):
+        yield "who owns the object and how long it lives"
+
+
+def main():
+    folder, names_file = map(pathlib.Path, sys.argv[1:])
+    missing = set(names_file.read_text(encoding="utf-8").split())
+    silent = 0
+    for header in sorted(folder.glob("*.h")):
+        for comment, result, name in DECLARATION.findall(header.read_text(encoding="utf-8")):
+            missing.discard(name)
+            for complaint in complaints(comment, result):
+                print(f"{header.name}: {name} does not say {complaint}")
+                silent += 1
+    for name in sorted(missing):
+        print(f"{name} has no comment")
+    return silent > 0 or len(missing) > 0
+
+
+sys.exit(main())
