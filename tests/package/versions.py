@@ -1,9 +1,14 @@
 """That the version is the same wherever a host can meet it."""
 
+import pathlib
 import re
+import shlex
 import struct
+import tempfile
 
-from surroundings import PackageTest, output_of, package_environment, tool
+from surroundings import PackageTest, call, output_of, package_environment, tool
+
+from readme import blocks  # noqa: E402, surroundings shows where it is
 
 FIXED_FILE_INFO = 0xFEEF04BD
 
@@ -29,8 +34,7 @@ def version_string(library, key):
 class Versions(PackageTest):
     def found_when_asked_for(self, *versions):
         """The version that CMake finds for each that is asked for; None where it refuses."""
-        source = self.folder / "asking"
-        source.mkdir()
+        source = pathlib.Path(tempfile.mkdtemp(dir=self.folder))
         calls = "\n".join(
             f"find_package(krt_plx {version} CONFIG QUIET)\n"
             f'message(STATUS "asked for {version}: ${{krt_plx_FOUND}} ${{krt_plx_VERSION}}")'
@@ -53,6 +57,23 @@ class Versions(PackageTest):
             refused.append(f"{major}.{minor - 1}")
         expected = [self.version_text] * len(accepted) + [None] * len(refused)
         self.assertEqual(self.found_when_asked_for(*accepted, *refused), expected)
+
+    def example(self, language):
+        """The one example in a language on the manual's page about versions."""
+        (code,) = blocks(self.surroundings.sources / "docs/versioning.md", language)
+        return code.strip()
+
+    def test_manual_asks_cmake_as_one_can(self):
+        arguments = re.fullmatch(r"find_package\(krt_plx (\S+) CONFIG REQUIRED\)", self.example("cmake"))
+        self.assertEqual(self.found_when_asked_for(arguments[1]), [self.version_text])
+
+    def test_manual_asks_pkg_config_as_one_can(self):
+        command = shlex.split(self.example("sh"))
+        self.assertEqual(command[0], "pkg-config")
+        environment = package_environment(self.tree)
+        self.assertEqual(output_of(command, env=environment), "")
+        too_new = [word.replace("=", "=99.") for word in command]
+        self.assertNotEqual(call(too_new, env=environment).returncode, 0)
 
     def test_pkg_config_file(self):
         text = output_of([tool("pkg-config"), "--modversion", "krt_plx"],
