@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <limits>
 
 #include <malloc.h>
 
@@ -62,6 +63,13 @@ HeapMeter::~HeapMeter()
 HeapUse HeapMeter::use()
 {
     return counted;
+}
+
+void keepFreedMemory()
+{
+    constexpr int most = 32 * 1024 * 1024; // what glibc accepts as the smallest size of an own mapping
+    mallopt(M_MMAP_THRESHOLD, most);
+    mallopt(M_TRIM_THRESHOLD, std::numeric_limits<int>::max());
 }
 
 } // namespace bench

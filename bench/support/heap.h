@@ -24,4 +24,8 @@ public:
     [[nodiscard]] static HeapUse use();
 };
 
+// From now on the allocator keeps what is freed. Otherwise large works, and they alone, give their
+// memory back to the system each time and pay for touching it anew: growth would measure that.
+void keepFreedMemory();
+
 } // namespace bench

@@ -7,6 +7,7 @@
 #include "host/build.h"
 #include "host/catalogue.h"
 #include "support/contest.h"
+#include "support/heap.h"
 #include "works/works.h"
 
 namespace bench {
@@ -166,6 +167,7 @@ Contestant contestant(const Run& run, const Kind& kind, std::size_t count)
 
 void growBuilding(Run& run)
 {
+    keepFreedMemory();
     const std::size_t count = run.data.size().hostile;
     for (const Kind& kind : kinds) {
         Contest contest(std::string("build ") + kind.name, run.rounds);

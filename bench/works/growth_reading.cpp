@@ -4,6 +4,7 @@
 #include "data/hostile.h"
 #include "host/catalogue.h"
 #include "support/contest.h"
+#include "support/heap.h"
 #include "works/works.h"
 
 namespace bench {
@@ -57,6 +58,7 @@ void grow(Run& run, const std::string& kind,
 
 void growReading(Run& run)
 {
+    keepFreedMemory();
     for (const char* const kind : hostileParts) {
         grow(run, kind, readPart);
     }

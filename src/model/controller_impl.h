@@ -105,7 +105,7 @@ public:
     {
     }
 
-    OwnedList<MutableMidiEventImpl>& events() { return events_; }
+    BlockList<MutableMidiEventImpl>& events() { return events_; }
 
     std::uint64_t numEvents() const noexcept override { return events_.size(); }
     MidiPartBase* parent() const noexcept override { return part(); }
@@ -123,7 +123,7 @@ public:
 
 private:
     Siblings& siblings_;
-    OwnedList<MutableMidiEventImpl> events_;
+    BlockList<MutableMidiEventImpl> events_;
 };
 
 } // namespace Korvel::CANTORIS::PLX

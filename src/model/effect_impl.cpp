@@ -1,7 +1,5 @@
 #include "model/effect_impl.h"
 
-#include <algorithm>
-
 namespace Korvel::CANTORIS::PLX {
 
 void EffectParameterBaseImpl::assign(ValueType type, std::int32_t int32, float float32,
@@ -51,22 +49,21 @@ bool MutableEffectParameterImpl::setValueString(const Char* text)
     return true;
 }
 
-MutableEffectParameterImpl* addParameterTo(OwnedList<MutableEffectParameterImpl>& parameters,
+MutableEffectParameterImpl* addParameterTo(BlockList<MutableEffectParameterImpl>& parameters,
                                            EffectBase& effect, const Char* name)
 {
     if (isNullOrEmpty(name)) {
         return nullptr;
     }
     const StringView wanted = name;
-    const auto place =
-        std::lower_bound(parameters.begin(), parameters.end(), wanted,
-                         [](const MutableEffectParameterImpl* parameter, StringView text) {
-                             return StringView(parameter->nameText()) < text;
-                         });
-    if (place != parameters.end() && (*place)->nameText() == wanted) {
-        return *place;
+    const std::size_t index =
+        parameters.firstWhere([wanted](const MutableEffectParameterImpl& parameter) {
+            return StringView(parameter.nameText()) >= wanted;
+        });
+    MutableEffectParameterImpl* const standing = parameters.at(index);
+    if (standing != nullptr && standing->nameText() == wanted) {
+        return standing;
     }
-    const auto index = static_cast<std::size_t>(place - parameters.begin());
     return parameters.insert(
         index, std::make_unique<MutableEffectParameterImpl>(effect, parameters, wanted));
 }

@@ -5,6 +5,7 @@
 #include <map>
 #include <memory>
 
+#include "model/block_list.h"
 #include "model/effect.h"
 #include "model/fields.h"
 #include "model/lists.h"
@@ -53,7 +54,7 @@ public:
 class MutableEffectParameterImpl final : public MutableEffectParameter,
                                          public EffectParameterBaseImpl {
 public:
-    using Siblings = OwnedList<MutableEffectParameterImpl>;
+    using Siblings = BlockList<MutableEffectParameterImpl>;
 
     MutableEffectParameterImpl(EffectBase& effect, Siblings& siblings, StringView name)
         : EffectParameterBaseImpl(effect, name), siblings_(siblings)
@@ -132,7 +133,7 @@ public:
 template <class EffectImpl>
 class EffectList {
 public:
-    const OwnedList<EffectImpl>& effects() const { return effects_; }
+    const BlockList<EffectImpl>& effects() const { return effects_; }
 
     EffectImpl* withId(StringView id) const
     {
@@ -177,7 +178,7 @@ public:
     }
 
 private:
-    OwnedList<EffectImpl> effects_;
+    BlockList<EffectImpl> effects_;
     std::map<StringView, EffectImpl*> byId_;
 };
 
@@ -212,7 +213,7 @@ public:
 
 private:
     Siblings& siblings_;
-    OwnedList<MutableEffectParameterImpl> parameters_;
+    BlockList<MutableEffectParameterImpl> parameters_;
 };
 
 class MutableAudioEffectImpl final
@@ -235,7 +236,7 @@ public:
 
 // The existing parameter of that name, or a new one at its place in the order of names; null for a
 // null or empty name.
-MutableEffectParameterImpl* addParameterTo(OwnedList<MutableEffectParameterImpl>& parameters,
+MutableEffectParameterImpl* addParameterTo(BlockList<MutableEffectParameterImpl>& parameters,
                                            EffectBase& effect, const Char* name);
 
 template <class Kind, class Self>

@@ -1,4 +1,4 @@
-// The containers of the object model. Both keep their elements at one address for as long as they
+// The containers of what is read, and of short lists. Both keep their elements at one address for as long as they
 // live, because hosts hold those addresses as handles.
 #pragma once
 
@@ -12,7 +12,7 @@
 
 namespace Korvel::CANTORIS::PLX {
 
-// Elements that come and go one by one: owned pointers, in an order that the user of the list keeps.
+// Elements that are made one by one: owned pointers, in the order in which they came.
 template <class Element>
 class OwnedList {
 public:
@@ -75,19 +75,6 @@ public:
         }
         take(index);
         return true;
-    }
-
-    // Moves the element at `from` so that it ends up at `to`; those between move up or down by one.
-    void shift(std::size_t from, std::size_t to)
-    {
-        const auto at = [this](std::size_t index) {
-            return elements_.begin() + static_cast<std::ptrdiff_t>(index);
-        };
-        if (from < to) {
-            std::rotate(at(from), at(from + 1), at(to + 1));
-        } else {
-            std::rotate(at(to), at(from), at(from + 1));
-        }
     }
 
     template <class Less>

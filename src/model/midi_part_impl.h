@@ -182,7 +182,7 @@ public:
 
 private:
     EffectList<MutableMidiEffectImpl> midiEffects_;
-    OwnedList<MutableNoteImpl> notes_;
+    BlockList<MutableNoteImpl> notes_;
     OwnedList<MutableMidiControllerImpl> lanes_;
 };
 

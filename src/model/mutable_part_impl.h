@@ -32,7 +32,7 @@ public:
     bool isMutable() const noexcept override { return true; }
 
 protected:
-    const OwnedList<MutableAudioEffectImpl>& audioEffects() const
+    const BlockList<MutableAudioEffectImpl>& audioEffects() const
     {
         return audioEffects_.effects();
     }

@@ -156,7 +156,7 @@ private:
 
 class MutableNoteImpl final : public MutableNote, public NoteBaseImpl {
 public:
-    using Siblings = OwnedList<MutableNoteImpl>;
+    using Siblings = BlockList<MutableNoteImpl>;
 
     MutableNoteImpl(MidiPartBase& part, Siblings& siblings);
 

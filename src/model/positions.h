@@ -2,12 +2,11 @@
 // become such a list.
 #pragma once
 
-#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
 
-#include "model/lists.h"
+#include "model/block_list.h"
 
 namespace Korvel::CANTORIS::PLX {
 
@@ -22,24 +21,21 @@ void orderCurve(std::vector<CurvePoint>& points);
 
 // The index of the first element whose position is not less than `pos`.
 template <class Element>
-std::size_t firstNotBefore(const OwnedList<Element>& list, std::int32_t pos)
+std::size_t firstNotBefore(const BlockList<Element>& list, std::int32_t pos)
 {
-    const auto place = std::lower_bound(
-        list.begin(), list.end(), pos,
-        [](const Element* element, std::int32_t wanted) { return element->pos() < wanted; });
-    return static_cast<std::size_t>(place - list.begin());
+    return list.firstWhere([pos](const Element& element) { return element.pos() >= pos; });
 }
 
 // The index of this very element, given the position by which it is ordered; size() when absent.
 template <class Element>
-std::size_t indexAt(const OwnedList<Element>& list, const Element* element, std::int32_t pos)
+std::size_t indexAt(const BlockList<Element>& list, const Element* element, std::int32_t pos)
 {
     return list.find(element, firstNotBefore(list, pos));
 }
 
 // Destroys this very element; false when it is not in the list.
 template <class Element>
-bool removeOrdered(OwnedList<Element>& list, const Element& element)
+bool removeOrdered(BlockList<Element>& list, const Element& element)
 {
     const std::size_t index = indexAt(list, &element, element.pos());
     if (index == list.size()) {
@@ -52,17 +48,14 @@ bool removeOrdered(OwnedList<Element>& list, const Element& element)
 // Where the element at `index` of an ordered list belongs when its position becomes `pos`: what a
 // stable sort of the whole list would give, for the price of a search.
 template <class Element>
-std::size_t placeAfterMove(const OwnedList<Element>& list, std::size_t index, std::int32_t pos)
+std::size_t placeAfterMove(const BlockList<Element>& list, std::size_t index, std::int32_t pos)
 {
     const std::int32_t old = list[index].pos();
     if (pos > old) {
         return firstNotBefore(list, pos) - 1;
     }
     if (pos < old) {
-        const auto place = std::upper_bound(
-            list.begin(), list.end(), pos,
-            [](std::int32_t wanted, const Element* element) { return wanted < element->pos(); });
-        return static_cast<std::size_t>(place - list.begin());
+        return list.firstWhere([pos](const Element& element) { return element.pos() > pos; });
     }
     return index;
 }
@@ -70,7 +63,7 @@ std::size_t placeAfterMove(const OwnedList<Element>& list, std::size_t index, st
 // Moves an element of a list with unique positions and calls `store` to make the new position its
 // own. An element that stands at that position is destroyed.
 template <class Element, class Store>
-void moveUnique(OwnedList<Element>& list, const Element& element, std::int32_t pos, Store store)
+void moveUnique(BlockList<Element>& list, const Element& element, std::int32_t pos, Store store)
 {
     std::size_t index = indexAt(list, &element, element.pos());
     if (index == list.size()) {

@@ -121,7 +121,7 @@ private:
 
 class MutableVibratoImpl final : public MutableVibrato, public VibratoBaseImpl {
 public:
-    using Curve = OwnedList<MutableVibratoParameterImpl>;
+    using Curve = BlockList<MutableVibratoParameterImpl>;
     using VibratoBaseImpl::VibratoBaseImpl;
 
     Curve& curve(std::uint32_t type) { return curves_[type]; }

@@ -110,7 +110,7 @@ class ModelDefaults : public testing::Test {
 protected:
     MidiPartImpl readOnlyPart{nullptr, part_type::midi};
     MutableMidiPartImpl editablePart{nullptr, part_type::midi};
-    OwnedList<MutableNoteImpl> editableNotes;
+    BlockList<MutableNoteImpl> editableNotes;
     NoteImpl readOnlyNote{readOnlyPart};
     MutableNoteImpl editableNote{editablePart, editableNotes};
 };
@@ -148,7 +148,7 @@ TEST_F(ModelDefaults, OfParametersAreThoseOfBothVariants)
     AudioEffectImpl readOnly(readOnlyPart, "Reverb"_t);
     expectNewParameter(EffectParameterImpl(readOnly, "Depth"_t));
     EffectBase* const editable = editablePart.insertAudioEffect(0, "Reverb"_t.data());
-    OwnedList<MutableEffectParameterImpl> siblings;
+    BlockList<MutableEffectParameterImpl> siblings;
     expectNewParameter(MutableEffectParameterImpl(*editable, siblings, "Depth"_t));
 }
 

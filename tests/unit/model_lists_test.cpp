@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <memory>
 #include <numeric>
 #include <stdexcept>
@@ -5,7 +6,9 @@
 
 #include <gtest/gtest.h>
 
+#include "model/block_list.h"
 #include "model/lists.h"
+#include "support/random.h"
 
 namespace {
 
@@ -52,20 +55,26 @@ Numbers numbersOf(const List& list)
     return numbers;
 }
 
-OwnedList<Item>& filled(OwnedList<Item>& list, int size)
+template <class List>
+List& filled(List& list, int size)
 {
     for (int number = 0; number < size; ++number) {
-        list.append(std::make_unique<Item>(number));
+        list.insert(list.size(), std::make_unique<Item>(number));
     }
     return list;
 }
 
-// --- OwnedList ----------------------------------------------------------------------------------------
+// --- OwnedList and BlockList --------------------------------------------------------------------------
 
-TEST(ModelOwnedList, InsertsAtAnyPlace)
+template <class List>
+class ModelLists : public testing::Test {
+};
+using Lists = testing::Types<OwnedList<Item>, BlockList<Item>>;
+TYPED_TEST_SUITE(ModelLists, Lists);
+
+TYPED_TEST(ModelLists, InsertsAtAnyPlace)
 {
-    OwnedList<Item> list;
-    EXPECT_TRUE(list.empty());
+    TypeParam list;
     EXPECT_EQ(list.at(0), nullptr);
     list.insert(0, std::make_unique<Item>(1));
     list.insert(0, std::make_unique<Item>(0));
@@ -73,13 +82,12 @@ TEST(ModelOwnedList, InsertsAtAnyPlace)
     EXPECT_EQ(list.at(2), two);
     EXPECT_EQ(&list[2], two);
     EXPECT_EQ(numbersOf(list), (Numbers{0, 1, 2}));
-    EXPECT_FALSE(list.empty());
 }
 
-TEST(ModelOwnedList, DestroysWhatItHoldsWhenItGoes)
+TYPED_TEST(ModelLists, DestroysWhatItHoldsWhenItGoes)
 {
     {
-        OwnedList<Item> list;
+        TypeParam list;
         filled(list, 5);
         EXPECT_EQ(alive, 5);
         list.clear();
@@ -89,9 +97,9 @@ TEST(ModelOwnedList, DestroysWhatItHoldsWhenItGoes)
     EXPECT_EQ(alive, 0);
 }
 
-TEST(ModelOwnedList, HandsOutWhatIsTaken)
+TYPED_TEST(ModelLists, HandsOutWhatIsTaken)
 {
-    OwnedList<Item> list;
+    TypeParam list;
     Item* const one = filled(list, 3).at(1);
     const std::unique_ptr<Item> taken = list.take(1);
     EXPECT_EQ(taken.get(), one);
@@ -99,9 +107,9 @@ TEST(ModelOwnedList, HandsOutWhatIsTaken)
     EXPECT_EQ(alive, 3);
 }
 
-TEST(ModelOwnedList, FindsTheVeryElement)
+TYPED_TEST(ModelLists, FindsTheVeryElement)
 {
-    OwnedList<Item> list;
+    TypeParam list;
     filled(list, 3);
     const Item other(1);
     EXPECT_EQ(list.find(list.at(1)), 1u);
@@ -111,9 +119,9 @@ TEST(ModelOwnedList, FindsTheVeryElement)
     EXPECT_EQ(list.find(nullptr), list.size());
 }
 
-TEST(ModelOwnedList, RemovesWhatIsItsOwn)
+TYPED_TEST(ModelLists, RemovesWhatIsItsOwn)
 {
-    OwnedList<Item> list;
+    TypeParam list;
     filled(list, 3);
     const Item other(1);
     EXPECT_FALSE(list.remove(&other));
@@ -122,35 +130,20 @@ TEST(ModelOwnedList, RemovesWhatIsItsOwn)
     EXPECT_EQ(alive, 3);
 }
 
-TEST(ModelOwnedList, HasByTheAddressOfTheRoot)
+TYPED_TEST(ModelLists, HasByTheAddressOfTheRoot)
 {
-    OwnedList<Item> list;
+    TypeParam list;
     filled(list, 3);
     const Item other(1);
-    EXPECT_TRUE(list.has<Root>(list.at(2)));
-    EXPECT_FALSE(list.has<Root>(&other));
-    EXPECT_FALSE(list.has<Root>(nullptr));
+    EXPECT_TRUE(list.template has<Root>(list.at(2)));
+    EXPECT_FALSE(list.template has<Root>(&other));
+    EXPECT_FALSE(list.template has<Root>(nullptr));
     const Root* const dead = list.at(1);
     list.take(1);
-    EXPECT_FALSE(list.has<Root>(dead));
+    EXPECT_FALSE(list.template has<Root>(dead));
 }
 
-TEST(ModelOwnedList, ShiftsFromAnyPlaceToAnyOther)
-{
-    constexpr int size = 6;
-    for (std::size_t from = 0; from < size; ++from) {
-        for (std::size_t to = 0; to < size; ++to) {
-            OwnedList<Item> list;
-            filled(list, size).shift(from, to);
-            Numbers expected(size);
-            std::iota(expected.begin(), expected.end(), 0);
-            expected.erase(expected.begin() + static_cast<std::ptrdiff_t>(from));
-            expected.insert(expected.begin() + static_cast<std::ptrdiff_t>(to),
-                            static_cast<int>(from));
-            EXPECT_EQ(numbersOf(list), expected) << from << " to " << to;
-        }
-    }
-}
+// --- OwnedList ----------------------------------------------------------------------------------------
 
 TEST(ModelOwnedList, SortsStably)
 {
@@ -164,6 +157,126 @@ TEST(ModelOwnedList, SortsStably)
         }
     }
     EXPECT_EQ(numbersOf(list), expected);
+}
+
+// --- BlockList ----------------------------------------------------------------------------------------
+
+TEST(ModelBlockList, ShiftsFromAnyPlaceToAnyOther)
+{
+    constexpr int size = 6;
+    for (std::size_t from = 0; from < size; ++from) {
+        for (std::size_t to = 0; to < size; ++to) {
+            BlockList<Item> list;
+            filled(list, size).shift(from, to);
+            Numbers expected(size);
+            std::iota(expected.begin(), expected.end(), 0);
+            expected.erase(expected.begin() + static_cast<std::ptrdiff_t>(from));
+            expected.insert(expected.begin() + static_cast<std::ptrdiff_t>(to),
+                            static_cast<int>(from));
+            EXPECT_EQ(numbersOf(list), expected) << from << " to " << to;
+        }
+    }
+}
+
+TEST(ModelBlockList, FindsWhereAConditionBeginsToHold)
+{
+    for (const int size : {0, 1, 512, 513, 3000}) {
+        BlockList<Item> list;
+        filled(list, size);
+        for (const int from : {0, 1, 511, 512, 513, 1024, 2999, 3000}) {
+            const std::size_t expected = static_cast<std::size_t>(std::min(from, size));
+            EXPECT_EQ(list.firstWhere([from](const Item& item) { return item.number() >= from; }),
+                      expected);
+        }
+    }
+}
+
+// Long enough for many blocks, and for some of them to fill up, to be split and to become empty.
+class ModelLongBlockList : public testing::Test {
+protected:
+    void insert(std::size_t index)
+    {
+        Item* const item = list.insert(index, std::make_unique<Item>(0));
+        expected.insert(at(index), item);
+    }
+
+    void take(std::size_t index)
+    {
+        EXPECT_EQ(list.take(index).get(), expected[index]);
+        expected.erase(at(index));
+    }
+
+    void shift(std::size_t from, std::size_t to)
+    {
+        const Item* const item = expected[from];
+        list.shift(from, to);
+        expected.erase(at(from));
+        expected.insert(at(to), item);
+    }
+
+    void check() const
+    {
+        ASSERT_EQ(list.size(), expected.size());
+        for (std::size_t index = 0; index < expected.size(); ++index) {
+            ASSERT_EQ(list.at(index), expected[index]) << index;
+        }
+        EXPECT_EQ(list.at(list.size()), nullptr);
+        EXPECT_EQ(alive, static_cast<int>(expected.size()));
+    }
+
+    std::size_t somePlace() { return random.below(expected.size()); }
+
+    BlockList<Item> list;
+    std::vector<const Item*> expected;
+    support::Random random{5};
+
+private:
+    std::vector<const Item*>::iterator at(std::size_t index)
+    {
+        return expected.begin() + static_cast<std::ptrdiff_t>(index);
+    }
+};
+
+TEST_F(ModelLongBlockList, GrowsAtTheEnd)
+{
+    while (expected.size() < 2000) {
+        insert(expected.size());
+    }
+    check();
+}
+
+TEST_F(ModelLongBlockList, GrowsAtTheFront)
+{
+    while (expected.size() < 2000) {
+        insert(0);
+    }
+    check();
+}
+
+TEST_F(ModelLongBlockList, GrowsMovesAndShrinksAnywhere)
+{
+    while (expected.size() < 4000) {
+        insert(random.below(expected.size() + 1));
+    }
+    check();
+    for (int round = 0; round < 300; ++round) {
+        shift(somePlace(), somePlace());
+    }
+    check();
+    for (int round = 0; round < 3000; ++round) {
+        const std::size_t place = somePlace();
+        EXPECT_EQ(list.find(expected[place]), place);
+        EXPECT_EQ(list.find(expected[place], place / 2), place);
+        EXPECT_EQ(list.find(expected[place], place + 1), list.size());
+        take(place);
+    }
+    check();
+    while (!expected.empty()) {
+        take(somePlace());
+    }
+    check();
+    insert(0);
+    check();
 }
 
 // --- FixedList ----------------------------------------------------------------------------------------

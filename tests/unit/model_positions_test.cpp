@@ -24,19 +24,23 @@ struct Mark {
     std::int32_t position;
 };
 
-using Marks = OwnedList<Mark>;
+using Marks = BlockList<Mark>;
 using Order = std::vector<const Mark*>;
 
 Order orderOf(const Marks& list)
 {
-    return {list.begin(), list.end()};
+    Order order;
+    for (std::size_t index = 0; index < list.size(); ++index) {
+        order.push_back(list.at(index));
+    }
+    return order;
 }
 
 Marks& filled(Marks& list, std::vector<std::int32_t> positions)
 {
     std::ranges::sort(positions);
     for (const std::int32_t pos : positions) {
-        list.append(std::make_unique<Mark>(pos));
+        list.insert(list.size(), std::make_unique<Mark>(pos));
     }
     return list;
 }
