@@ -1,5 +1,5 @@
-"""The face says what the C functions say: each exported function is called, and in one place, by the
-member function of the same name of the class of the same name.
+"""The face says what the C functions say: each exported function is called, and in one place, by
+the member function of the same name of the class of the same name.
 
 usage: check_names.py EXPORTS-FILE FACE-FOLDER
 """

@@ -1,5 +1,5 @@
-// The functions that codegen_face.cpp and codegen_c.cpp both have: one by the C++ face, the other by
-// the C functions. check_codegen.py compares the instructions that the compiler makes of them.
+// The functions that codegen_face.cpp and codegen_c.cpp both have: one by the C++ face, the other
+// by the C functions. check_codegen.py compares the instructions that the compiler makes of them.
 #pragma once
 
 #include <cstdint>

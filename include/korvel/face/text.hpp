@@ -18,8 +18,8 @@ namespace korvel::plx {
 using Char = KRT_PLX_Char;
 /** `std::wstring` on Windows, `std::u16string` elsewhere. */
 using String = std::basic_string<Char>;
-/** `std::wstring_view` on Windows, `std::u16string_view` elsewhere. A view that the library returned
- *  lives as long as the C function's documentation says of the text, and a NUL stands behind it. */
+/** `std::wstring_view` on Windows, `std::u16string_view` elsewhere. A view that the library
+ *  returned lives as long as the C header says of the text, and a NUL stands behind it. */
 using StringView = std::basic_string_view<Char>;
 
 namespace detail {
@@ -137,8 +137,8 @@ constexpr LeadByte leadByte(char32_t byte) noexcept
     return {0, replacement, 0, 0};
 }
 
-/** Takes one code point off the front of UTF-8 that is not empty. What is none gives one replacement
- *  character for each sequence that breaks off, and one for each other byte. */
+/** Takes one code point off the front of UTF-8 that is not empty. What is none gives one
+ *  replacement character for each sequence that breaks off, and one for each other byte. */
 inline char32_t takePoint(std::string_view& utf8) noexcept
 {
     const auto byteAt = [&](std::size_t index) -> char32_t {
