@@ -142,6 +142,7 @@ std::string Table::line(const std::vector<std::string>& cells,
         }
         begin += widths[column] + gap;
     }
+    line.erase(line.find_last_not_of(' ') + 1);
     return line;
 }
 

@@ -121,8 +121,9 @@ void printTable(const std::vector<Properties>& clips, std::size_t total, const L
     if (!clips.empty()) {
         print(table.text(isTerminal(Stream::output) ? terminalWidth() : 0));
     }
-    print(clips.size() == total ? fmt::format("{} clips\n", total)
-                                : fmt::format("{} of {} clips\n", clips.size(), total));
+    const std::string_view unit = total == 1 ? "clip" : "clips";
+    print(clips.size() == total ? fmt::format("{} {}\n", total, unit)
+                                : fmt::format("{} of {} {}\n", clips.size(), total, unit));
 }
 
 std::string countedName(const std::string& tag, const ListOptions& options)

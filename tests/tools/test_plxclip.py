@@ -1,0 +1,635 @@
+"""Tests of plxclip: what it says of the example clips, what it draws, and what it changes.
+
+test_plxclip.py CASE SOURCES PROGRAMS SUFFIX ROOT [LAUNCHER...]
+"""
+
+import collections
+import json
+import os
+import pathlib
+import re
+import shlex
+import shutil
+import subprocess
+import sys
+import tempfile
+import unittest
+import xml.etree.ElementTree as ElementTree
+
+sys.path.append(str(pathlib.Path(__file__).parent.parent / "support"))
+from programs import Programs, column_at, columns_of  # noqa: E402
+from readme import blocks, table_with  # noqa: E402
+
+SOURCES = PROGRAMS = None
+
+DONE, PROBLEM, USAGE = 0, 1, 2
+
+
+class ToolTest(unittest.TestCase):
+    """Has the example library, and a copy of its user clips that may be written to."""
+
+    def setUp(self):
+        self.scratch = pathlib.Path(tempfile.mkdtemp())
+        self.addCleanup(shutil.rmtree, self.scratch)
+        self.library = SOURCES / "examples/library"
+        self.user = self.scratch / "user"
+
+    def copy_user_clips(self):
+        shutil.copytree(SOURCES / "examples/library/user", self.user)
+
+    def run_tool(self, *arguments, code=DONE, **options):
+        words = [PROGRAMS.path(word) if isinstance(word, pathlib.Path) else word for word in arguments]
+        result = PROGRAMS.run("plxclip", *words, **options)
+        self.assertEqual(result.code, code, result.errors)
+        return result
+
+    def json(self, *arguments):
+        return json.loads("\n".join(self.run_tool(*arguments, "--json").lines))
+
+    def clips(self, *options):
+        return self.json("list", self.library, *options)["clips"]
+
+    def names(self, *options):
+        return [clip["name"] for clip in self.clips(*options)]
+
+    def show(self, name):
+        return self.json("show", self.library, name)
+
+    def make_clip(self, notes, lanes=(), name="Made", **part):
+        """A clip of the user with these notes, which are as in a document."""
+        folder = self.user / "made"
+        folder.mkdir(parents=True)
+        (folder / "property.json").write_text(
+            json.dumps({"id": "made", "name": name, "part": {"type": "midi", "key": 8, "tempo": 0}}),
+            encoding="utf-8",
+        )
+        whole = {
+            "duration": 1920,
+            "voice": {"compID": "voralin-alto-001", "langID": 3},
+            "notes": notes,
+            "controllers": list(lanes),
+        }
+        (folder / "made.kxclip").write_text(json.dumps({"midi": whole | part}), encoding="utf-8")
+
+
+def note(pos=0, **values):
+    return {
+        "pos": pos,
+        "duration": 480,
+        "lyric": "la",
+        "phoneme": "l a",
+        "langID": 3,
+        "number": 60,
+        "velocity": 64,
+    } | values
+
+
+def rows_of_table(lines):
+    """The rows of a printed table, which ends with the number of clips."""
+    columns = columns_of(lines[0])
+    for line in lines[1:-1]:
+        yield {heading: column_at(line, begin, end) for heading, begin, end in columns}
+
+
+def listed_by_readme():
+    """Counts the clips that the README calls listed; two that share an ID are one clip."""
+    halves = {"yes": 2, "1 of 2": 1, "no": 0}
+    counts = collections.Counter()
+    for row in table_with(SOURCES / "README.md", "Listed"):
+        counts[tuple(row[key] for key in ("Name", "Vendor", "Type", "Key", "BPM"))] += halves[
+            row["Listed"]
+        ]
+    return {clip: count // 2 for clip, count in counts.items() if count > 0}
+
+
+class List(ToolTest):
+    """The catalogue is the one that the README has."""
+
+    def test_table(self):
+        lines = self.run_tool("list", self.library, "--names").lines
+        rows = list(rows_of_table(lines))
+        listed = collections.Counter(
+            tuple(row[key] for key in ("Name", "Vendor", "Part", "Key", "BPM")) for row in rows
+        )
+        self.assertEqual(listed, listed_by_readme())
+        self.assertEqual(lines[-1], f"{len(rows)} clips")
+
+    def test_json(self):
+        listing = self.json("list", self.library)
+        self.assertEqual(listing["total"], sum(listed_by_readme().values()))
+        self.assertEqual(len(listing["clips"]), listing["total"])
+        kinds = collections.Counter(clip["kind"] for clip in listing["clips"])
+        self.assertEqual(kinds, {"system": 29, "user": 3})
+        sakura = next(clip for clip in listing["clips"] if clip["name"] == "さくらさくら")
+        self.assertEqual(sakura["id"], "mirenoto.warabeuta.sakura")
+        self.assertEqual((sakura["part"], sakura["key"], sakura["tempo"]), ("midi", 23, 7200))
+        self.assertEqual(sakura["tags"]["genres"], ["Folk", "和風"])
+        self.assertEqual(sakura["tags"]["languages"], [5])
+        self.assertEqual(re.split(r"[/\\]", sakura["path"])[-1], "さくらさくら.kxclip")
+
+    def test_long_table_has_id_and_file(self):
+        rows = rows_of_table(self.run_tool("list", self.library, "--long").lines)
+        row = next(row for row in rows if row["Name"] == "Scala")
+        self.assertEqual((row["Kind"], row["ID"], row["Key"]), ("system", "warm-up.scala", "0"))
+        self.assertTrue(row["File"].endswith("Scala.kxclip"))
+
+    def test_user_folder_alone(self):
+        listing = self.json("list", "--user", self.library / "user")
+        self.assertEqual({clip["kind"] for clip in listing["clips"]}, {"user"})
+        self.assertIn("Freude, louder", [clip["name"] for clip in listing["clips"]])
+
+    def test_leaves_no_folder_behind(self):
+        folder = self.scratch / "clips"
+        folder.mkdir()
+        self.run_tool("list", folder)
+        self.assertEqual(list(folder.iterdir()), [])
+
+
+class Filters(ToolTest):
+    """Every filter chooses what the catalogue says; so do several together, order and counts."""
+
+    def test_each(self):
+        clips = self.clips()
+        has = lambda kind, tag: lambda clip: tag in clip["tags"][kind]  # noqa: E731
+        cases = [
+            (["--part", "midiAi"], lambda clip: clip["part"] == "midiAi"),
+            (["--type", "Melody"], has("types", "Melody")),
+            (["--genre", "和風"], has("genres", "和風")),
+            (["--singer-group", "Choir"], has("singerGroups", "Choir")),
+            (["--language", "3"], has("languages", 3)),
+            (["--language", "German"], has("languages", 3)),
+            (["--vendor", "Attic finds"], lambda clip: clip["vendor"] == "Attic finds"),
+            (["--key", "10"], lambda clip: clip["key"] == 10),
+            (["--key", "D major"], lambda clip: clip["key"] == 10),
+            (["--tempo", "100-112"], lambda clip: 10000 <= clip["tempo"] <= 11200),
+            (["--tempo", "69"], lambda clip: clip["tempo"] == 6900),
+            (["--name", "FREUDE"], lambda clip: "freude" in clip["name"].lower()),
+            (
+                ["--part", "midi", "--genre", "Folk", "--tempo", "0-100"],
+                lambda clip: clip["part"] == "midi"
+                and "Folk" in clip["tags"]["genres"]
+                and clip["tempo"] <= 10000,
+            ),
+        ]
+        for options, wanted in cases:
+            expected = [clip["name"] for clip in clips if wanted(clip)]
+            self.assertTrue(expected, options)
+            self.assertLess(len(expected), len(clips), options)
+            self.assertEqual(self.names(*options), expected, options)
+
+    def test_nothing_matches(self):
+        self.assertEqual(self.names("--genre", "Folk", "--vendor", "Voralin Tones"), [])
+
+    def test_order(self):
+        clips = self.clips()
+        by_tempo = sorted(clips, key=lambda clip: clip["tempo"])
+        self.assertEqual(self.clips("--sort", "tempo"), by_tempo)
+        by_name = sorted(clips, key=lambda clip: clip["name"].encode(), reverse=True)
+        self.assertEqual(self.clips("--sort", "name", "--reverse"), by_name)
+        self.assertEqual(self.clips("--reverse"), clips[::-1])
+
+    def test_counts(self):
+        genres = collections.Counter(genre for clip in self.clips() for genre in clip["tags"]["genres"])
+        counted = self.json("list", self.library, "--count", "genre")
+        self.assertEqual(counted["counts"], genres)
+        lines = self.run_tool("list", self.library, "--count", "language", "--names").lines
+        languages = collections.Counter(n for clip in self.clips() for n in clip["tags"]["languages"])
+        self.assertIn(f"{languages[3]:5}  German", lines)
+
+
+def document(path):
+    return json.loads(path.read_text(encoding="utf-8"))
+
+
+class Show(ToolTest):
+    """What is shown is what stands in the documents."""
+
+    def clip_file(self, name):
+        return next(self.library.rglob(f"{name}.kxclip"))
+
+    def assert_same_notes(self, shown, written):
+        self.assertEqual(len(shown), len(written))
+        for one, other in zip(shown, written, strict=True):
+            for key in ("pos", "duration", "lyric", "phoneme", "number", "velocity"):
+                self.assertEqual(one[key], other[key])
+            self.assertEqual(one["language"], other["langID"])
+            for key, value in other.get("exp", {}).items():
+                self.assertEqual(one[key], value, key)
+            for key, value in other.get("aiExp", {}).items():
+                self.assertAlmostEqual(one["ai"][key], value, places=6, msg=key)
+            for key, value in other.get("vibrato", {}).items():
+                self.assertEqual(one["vibrato"][key], value, key)
+
+    def test_part_of_a_voice_bank(self):
+        shown = self.show("voralin.lieder.an-die-freude")["midiPart"]
+        written = document(self.clip_file("An die Freude"))["midi"]
+        self.assertEqual(shown["voice"], written["voice"]["compID"])
+        self.assertEqual(shown["languages"], [written["voice"]["langID"]])
+        self.assertEqual(shown["duration"], written["duration"])
+        self.assertEqual(shown["styleName"], written["styleName"])
+        self.assert_same_notes(shown["notes"], written["notes"])
+        lanes = {lane["name"]: lane["events"] for lane in shown["lanes"]}
+        self.assertEqual(
+            lanes, {lane["name"]: lane["events"] for lane in written["controllers"] if lane["events"]}
+        )
+        self.assertEqual(
+            [effect["id"] for effect in shown["audioEffects"]],
+            [effect["id"] for effect in written["audioEffects"]],
+        )
+
+    def test_part_of_an_ai_voice(self):
+        shown = self.show("Stille Nacht")["midiPart"]
+        written = document(self.clip_file("Stille Nacht"))["midiAi"]
+        self.assertEqual(shown["voice"], written["aiVoice"]["compID"])
+        self.assertEqual(
+            shown["languages"], [voice["langID"] for voice in written["aiVoice"]["langIDs"]]
+        )
+        self.assert_same_notes(shown["notes"], written["notes"])
+
+    def test_audio_part(self):
+        wave = self.show("つりがね")["audioPart"]["wavePath"]
+        name = re.split(r"[/\\]", wave)[-1]
+        self.assertTrue((self.clip_file("つりがね").parent / "audio" / name).exists(), wave)
+
+    def test_in_words(self):
+        text = "\n".join(self.run_tool("show", self.library, "さくらさくら", "--names").lines)
+        for line in ("Key        A minor", "Tempo      72", "Sung in    Japanese", "Notes: 50"):
+            self.assertIn(line, text)
+        self.assertRegex(text, r"960 +960 +B4 +\d+ +ら +4 a +vibrato 600")
+        self.assertRegex(text, r"dynamics +\d+ +\d+ +\d+ +0 to 127")
+
+    def test_part_that_does_not_read(self):
+        result = self.run_tool("show", self.library, "Drunken Sailor, sketch", code=PROBLEM)
+        self.assertIn("ID         wild.short-voice-bank-id", result.lines)
+        self.assertIn("plxclip check", result.errors)
+
+
+def classes(element):
+    return element.get("class", "").split()
+
+
+def box(element):
+    return [float(element.get(key)) for key in ("x", "y", "width", "height")]
+
+
+class Drawing:
+    """A picture, taken apart."""
+
+    def __init__(self, text):
+        self.root = ElementTree.fromstring(text)
+        for element in self.root.iter():
+            element.tag = element.tag.rpartition("}")[2]
+        self.lines = [group for group in self.root.iter("g") if "line" in classes(group)]
+
+    def rectangles(self, line, name):
+        return [element for element in line.iter("rect") if name in classes(element)]
+
+    def texts(self, name):
+        return [element.text for element in self.root.iter("text") if name in classes(element)]
+
+
+PITCHES = ["C", "C#", "D", "D#", "E", "F", "F#", "G", "G#", "A", "A#", "B"]
+
+
+class Picture(ToolTest):
+    """Every note stands in its row and at its time, every event at its value."""
+
+    def draw(self, clip, *options, library=None):
+        file = self.scratch / "ピアノ.svg"
+        self.run_tool("show", library or self.library, clip, "--svg", file, *options)
+        return Drawing(file.read_text(encoding="utf-8"))
+
+    def assert_notes_stand_right(self, drawing, notes):
+        drawn = []
+        for line in drawing.lines:
+            rows = {int(row.get("data-number")): box(row) for row in drawing.rectangles(line, "row")}
+            for rectangle in drawing.rectangles(line, "note"):
+                number = int(rectangle.get("data-number"))
+                self.assertEqual(box(rectangle)[1], rows[number][1])
+                self.assertEqual(box(rectangle)[3], rows[number][3])
+                if "continued" not in classes(rectangle):
+                    drawn.append((int(rectangle.get("data-pos")), number))
+            self.assert_rows_are_labelled(line, rows)
+        self.assertEqual(drawn, [(one["pos"], one["number"]) for one in notes])
+
+    def assert_rows_are_labelled(self, line, rows):
+        """The rows ascend by semitones, and the label at each one's left has its name."""
+        labels = {
+            element.text: float(element.get("y"))
+            for element in line.iter("text")
+            if "pitch" in classes(element)
+        }
+        for number, (_, top, _, height) in rows.items():
+            label = labels[f"{PITCHES[number % 12]}{number // 12 - 1}"]
+            self.assertTrue(top < label < top + height, number)
+
+    def assert_times_are_in_scale(self, drawing, ticks_per_line, notes):
+        lengths = {one["pos"]: one["duration"] for one in notes}
+        for index, line in enumerate(drawing.lines):
+            left, _, width, _ = box(drawing.rectangles(line, "row")[0])
+            scale = width / min(ticks_per_line, drawing.end - index * ticks_per_line)
+            for rectangle in drawing.rectangles(line, "note"):
+                pos = int(rectangle.get("data-pos"))
+                begin = max(pos - index * ticks_per_line, 0)
+                self.assertAlmostEqual(box(rectangle)[0], left + begin * scale, delta=0.05)
+                if begin + lengths[pos] <= ticks_per_line and pos >= index * ticks_per_line:
+                    self.assertAlmostEqual(box(rectangle)[2], lengths[pos] * scale, delta=0.05)
+
+    def assert_events_are_in_scale(self, drawing, lanes):
+        drawn = collections.Counter()
+        for group in drawing.root.iter("g"):
+            if "controller" not in classes(group):
+                continue
+            frame = drawing.rectangles(group, "lane")[0]
+            lane = lanes[frame.get("data-lane")]
+            top, height = box(frame)[1] + 3, box(frame)[3] - 6
+            for event in drawing.rectangles(group, "event"):
+                value = int(event.get("data-value"))
+                share = (lane["most"] - value) / (lane["most"] - lane["least"])
+                middle = box(event)[1] + box(event)[3] / 2
+                self.assertAlmostEqual(middle, top + share * height, delta=0.05)
+                drawn[lane["name"]] += 1
+        inside = {
+            name: sum(1 for event in lane["events"] if event["pos"] < drawing.end)
+            for name, lane in lanes.items()
+        }
+        self.assertEqual(drawn, inside)
+
+    def test_a_song(self):
+        drawing = self.draw("An die Freude")
+        part = self.show("An die Freude")["midiPart"]
+        drawing.end = part["duration"]
+        self.assert_notes_stand_right(drawing, part["notes"])
+        self.assert_times_are_in_scale(drawing, 4 * 1920, part["notes"])
+        self.assert_events_are_in_scale(drawing, {lane["name"]: lane for lane in part["lanes"]})
+        self.assertEqual(drawing.texts("lyric"), [one["lyric"] for one in part["notes"]])
+        self.assertEqual(drawing.texts("phoneme"), [one["phoneme"] for one in part["notes"]])
+        self.assertEqual(drawing.texts("bar-number"), [str(bar) for bar in range(1, 17)])
+
+    def test_vibrato_lies_over_the_end_of_its_note(self):
+        waves = {"type": 1, "duration": 240, "depths": [{"pos": 0, "value": 127}], "rates": []}
+        self.make_clip([note(number=64), note(480, number=67, vibrato=waves)])
+        drawing = self.draw("made", library=self.user)
+        paths = [path for path in drawing.root.iter("path") if "vibrato" in classes(path)]
+        self.assertEqual(len(paths), 1)
+        points = re.findall(r"[ML]([\d.]+) ([\d.]+)", paths[0].get("d"))
+        xs = [float(x) for x, _ in points]
+        ys = [float(y) for _, y in points]
+        left, top, width, height = box(drawing.rectangles(drawing.root, "note")[1])
+        self.assertAlmostEqual(min(xs), left + width / 2, delta=1.1)
+        self.assertAlmostEqual(max(xs), left + width, delta=1.1)
+        self.assertTrue(top - height < min(ys) < top - 5 < max(ys) < top)
+        swings = sum(1 for a, b in zip(ys, ys[1:]) if (a < top - 5) != (b < top - 5))
+        self.assertGreater(swings, 4)
+
+    def test_a_note_across_lines_is_one_note(self):
+        self.make_clip([note(7000, duration=9000)], duration=4 * 1920)
+        drawing = self.draw("made", "--width", "480", library=self.user)
+        rectangles = drawing.rectangles(drawing.root, "note")
+        self.assertGreater(len(rectangles), 1)
+        self.assertEqual([("continued" in classes(one)) for one in rectangles].count(False), 1)
+        self.assertEqual(drawing.texts("lyric"), ["la"])
+
+    def test_any_text_makes_a_picture(self):
+        lyric = "<&>\"'\u0001\ufffe\U0001f3b5"
+        self.make_clip([note(lyric=lyric, phoneme="&amp;]]>")], name="<svg> & \u0007")
+        drawing = self.draw("made", library=self.user)
+        self.assertEqual(drawing.texts("lyric"), ["<&>\"'\ufffd\ufffd\U0001f3b5"])
+        self.assertEqual(drawing.texts("phoneme"), ["&amp;]]>"])
+        self.assertEqual(drawing.texts("name"), ["<svg> & \ufffd"])
+
+    def test_meter_and_bars(self):
+        drawing = self.draw("Stille Nacht", "--meter", "3/4", "--bars", "3-5")
+        self.assertEqual(drawing.texts("bar-number"), ["3", "4", "5"])
+        self.assertIn("schläft", drawing.texts("lyric"))
+        self.assertNotIn("Stil", drawing.texts("lyric"))
+
+    def test_too_long_for_a_picture(self):
+        self.make_clip([note(), note(2_000_000_000)])
+        file = self.scratch / "long.svg"
+        result = self.run_tool("show", self.user, "made", "--svg", file, code=PROBLEM)
+        self.assertIn("--bars", result.errors)
+        self.assertFalse(file.exists())
+
+
+class Change(ToolTest):
+    """Copies are as good as the library can save them; edits and removals change nothing else."""
+
+    def saved(self, lines):
+        return re.fullmatch(r"Saved (\S{36})", lines[0])[1]
+
+    def copy(self, name, *options, library=None):
+        target = self.scratch / "copies"
+        target.mkdir(exist_ok=True)
+        lines = self.run_tool("copy", library or self.library, name, target, *options).lines
+        shown = self.json("show", "--user", target, target, self.saved(lines))
+        return shown, [line.strip() for line in lines[2:]]
+
+    def test_copies_are_the_same(self):
+        for name in ("An die Freude", "Stille Nacht", "つりがね"):
+            original = self.show(name)
+            copied, losses = self.copy(name)
+            self.assertEqual(losses, [])
+            for shown in (original, copied):
+                for key in ("id", "path", "kind"):
+                    del shown[key]
+                shown.get("audioPart", {}).pop("wavePath", None)
+            self.assertEqual(copied, original)
+
+    def test_what_a_copy_loses_is_said(self):
+        attack = {"compID": "attack-01", "levelNames": ["soft"]}
+        self.make_clip(
+            [
+                note(dvqm={"attack": attack}, singingSkill={"duration": 100, "weight": {"pre": 1}}),
+                {key: value for key, value in note(480).items() if key != "langID"},
+                note(480, number=72),
+            ]
+        )
+        original = self.json("show", self.user, "made")["midiPart"]["notes"]
+        copied, losses = self.copy("made", "--name", "Another", library=self.user)
+        notes = copied["midiPart"]["notes"]
+        self.assertEqual(copied["name"], "Another")
+        self.assertEqual([one["number"] for one in notes], [one["number"] for one in original])
+        self.assertEqual(losses[0], "Not the same in the copy:")
+        self.assertIn("the language of 1 note, at 480", losses)
+        self.assertEqual([one["language"] for one in original], [3, None, 3])
+        self.assertEqual([one["language"] for one in notes], [3, 3, 3])
+        self.assertEqual(original[0]["singingSkill"] != notes[0]["singingSkill"],
+                         "the singing skill of 1 note, at 0" in losses)
+
+    def test_a_clip_that_cannot_be_saved(self):
+        target = self.scratch / "copies"
+        target.mkdir()
+        result = self.run_tool("copy", self.library, "Scala", target, code=PROBLEM)
+        self.assertIn("names no voice", result.errors)
+        self.assertEqual(list(target.iterdir()), [])
+
+    def test_edit(self):
+        self.copy_user_clips()
+        before = {clip["name"]: clip for clip in self.json("list", "--user", self.user)["clips"]}
+        self.run_tool(
+            "edit", self.user, "Jingle Bells", "--name", "ジングルベル", "--key", "G major", "--tempo",
+            "160.5", "--add-genre", "Winter", "--remove-type", "Chorus", "--add-type", "Hook",
+        )  # fmt: skip
+        after = {clip["name"]: clip for clip in self.json("list", "--user", self.user)["clips"]}
+        expected = before.pop("Jingle Bells")
+        expected |= {"name": "ジングルベル", "key": 9, "tempo": 16050}
+        expected["tags"] |= {"genres": ["Carol", "Winter"], "types": ["Hook"]}
+        self.assertEqual(after, before | {"ジングルベル": expected})
+
+    def test_edit_keeps_what_is_not_named(self):
+        self.copy_user_clips()
+        before = self.json("show", "--user", self.user, self.user, "Hot Cross Buns")
+        self.run_tool("edit", self.user, before["id"], "--clear-genres")
+        after = self.json("show", "--user", self.user, self.user, "Hot Cross Buns")
+        before["tags"]["genres"] = []
+        self.assertEqual(after, before)
+
+    def test_remove_asks(self):
+        self.copy_user_clips()
+        files = sorted(self.user.rglob("*"))
+        for answer in (b"n\n", b"\n", b""):
+            result = self.run_tool("remove", self.user, "Jingle Bells", code=PROBLEM, input=answer)
+            self.assertIn("Delete", result.errors)
+            self.assertEqual(sorted(self.user.rglob("*")), files)
+        self.run_tool("remove", self.user, "Jingle Bells", input=b"y\n")
+        left = [file for file in files if "3f6d1c1e" not in str(file)]
+        self.assertEqual(sorted(self.user.rglob("*")), left)
+
+    def test_remove_takes_the_wave_file(self):
+        self.copy_user_clips()
+        self.run_tool("remove", self.user, "Rowing, first take", "--yes", input=b"")
+        self.assertEqual([file for file in self.user.rglob("*") if "c81a5e70" in str(file)], [])
+
+    def test_system_clips_stay(self):
+        for command in (("edit", "--key", "3"), ("remove", "--yes")):
+            result = self.run_tool(command[0], self.library, "Scala", *command[1:], code=PROBLEM)
+            self.assertIn("system clip", result.errors)
+
+
+class Failures(ToolTest):
+    """What cannot be done is said on the error output, with what to do; the status tells."""
+
+    def assert_fails(self, code, words, *arguments):
+        result = self.run_tool(*arguments, code=code)
+        self.assertIn(words, result.errors)
+        self.assertTrue(result.errors.startswith("plxclip: "))
+        self.assertEqual(result.lines, [])
+
+    def test_not_found(self):
+        self.assert_fails(PROBLEM, "there is no folder", "list", self.scratch / "無い")
+        self.assert_fails(PROBLEM, "さくらんぼ", "show", self.library, "さくらんぼ")
+        self.assert_fails(PROBLEM, "An die Freude", "show", self.library, "Freude")
+
+    def test_a_name_that_two_clips_have(self):
+        shutil.copytree(self.library / "user", self.user)
+        file = next(self.user.glob("3f6d*/property.json"))
+        twin = self.user / "twin"
+        shutil.copytree(file.parent, twin)
+        properties = document(twin / "property.json") | {"id": "twin"}
+        (twin / "property.json").write_text(json.dumps(properties), encoding="utf-8")
+        result = self.run_tool("remove", self.user, "Jingle Bells", "--yes", code=PROBLEM)
+        self.assertIn("\n  twin ", result.errors)
+        self.assertTrue(file.exists())
+
+    def test_no_picture(self):
+        self.assert_fails(PROBLEM, "no notes", "show", self.library, "つりがね", "--svg", "x.svg")
+        file = self.scratch / "missing" / "x.svg"
+        self.assert_fails(PROBLEM, "cannot be written", "show", self.library, "Scala", "--svg", file)
+
+    def test_wrong_command_lines(self):
+        self.assert_fails(USAGE, "--help")
+        self.assert_fails(USAGE, "no folder", "list")
+        self.assert_fails(USAGE, "audio, midi, midiAi", "list", self.library, "--part", "both")
+        self.assert_fails(USAGE, "--tempo", "list", self.library, "--tempo", "fast")
+        self.assert_fails(USAGE, "--meter", "show", self.library, "Scala", "--meter", "4")
+        self.assert_fails(USAGE, "nothing to change", "edit", self.library, "Scala")
+        self.assert_fails(USAGE, "20 to 300", "edit", self.library, "Scala", "--tempo", "10")
+        self.assert_fails(USAGE, "--x", "list", self.library, "--x")
+
+
+class Console(ToolTest):
+    """Colours are for terminals, and help is no error."""
+
+    def test_help(self):
+        text = "\n".join(self.run_tool("--help").lines)
+        for command in ("list", "show", "edit", "remove", "copy"):
+            self.assertRegex(text, rf"(?m)^ +{command} ")
+        self.assertIn("Exit status", text)
+        self.assertIn("--tempo", "\n".join(self.run_tool("list", "--help").lines))
+        self.assertRegex(self.run_tool("--version").lines[0], r"^plxclip \d+\.\d+\.\d+")
+
+    def test_no_colours_in_a_file(self):
+        result = self.run_tool("list", self.library)
+        self.assertNotIn("\x1b", "\n".join(result.lines))
+
+    @unittest.skipIf(os.name != "posix", "needs a terminal")
+    def test_colours_on_a_terminal(self):
+        if PROGRAMS.launcher:
+            self.skipTest("no terminal of that system here")
+        self.assertIn("\x1b[1m", self.output_on_terminal({}))
+        self.assertNotIn("\x1b", self.output_on_terminal({"NO_COLOR": "1"}))
+
+    def output_on_terminal(self, environment):
+        import pty
+
+        reader, writer = pty.openpty()
+        program = str(PROGRAMS.folder / "plxclip")
+        command = [program, "list", str(self.library), "--count", "part"]
+        subprocess.run(command, stdout=writer, env=os.environ | environment, check=True, timeout=60)
+        os.close(writer)
+        output = os.read(reader, 65536).decode("utf-8")
+        os.close(reader)
+        return output
+
+
+class Page(ToolTest):
+    """The commands of the page about the tool do what the page shows below them."""
+
+    def test_samples(self):
+        page = SOURCES / "docs/plxclip.md"
+        samples = blocks(page, "console")
+        self.assertGreater(len(samples), 3)
+        shutil.copytree(SOURCES / "examples/library", self.scratch / "examples/library")
+        (self.scratch / "my-clips").mkdir()
+        for sample in samples:
+            for command, expected in self.commands(sample):
+                shown = self.run_sample(command)
+                for line in expected:
+                    self.assertTrue(any(matches(line, one) for one in shown), (command, line, shown))
+
+    def test_picture(self):
+        page = (SOURCES / "docs/plxclip.md").read_text(encoding="utf-8")
+        self.assertIn("](images/plxclip.svg)", page)
+        self.assertIn("さくらさくら --bars 1-4 --svg", page)
+        words = ["show", self.library, "さくらさくら", "--bars", "1-4", "--svg", "-"]
+        picture = (SOURCES / "docs/images/plxclip.svg").read_text(encoding="utf-8")
+        self.assertEqual(self.run_tool(*words).lines, picture.splitlines())
+
+    def commands(self, sample):
+        """The lines after a "$", each with those that stand below it."""
+        parts = re.split(r"(?m)^\$ ", sample)
+        for part in parts[1:]:
+            command, *expected = part.splitlines()
+            yield shlex.split(command), [line for line in expected if line not in ("", "...")]
+
+    def run_sample(self, words):
+        self.assertEqual(words[0], "plxclip")
+        return self.run_tool(*words[1:], cwd=self.scratch).lines
+
+
+def matches(line, shown):
+    """True for the same line; "..." in the page's stands for anything, and "\\" for "/" too."""
+    pattern = re.escape(line).replace(r"\.\.\.", ".*")
+    return re.fullmatch(pattern, shown.replace("\\", "/")) is not None
+
+
+def main():
+    global SOURCES, PROGRAMS
+    case, sources, folder, suffix, root, *launcher = sys.argv[1:]
+    SOURCES = pathlib.Path(sources)
+    PROGRAMS = Programs(pathlib.Path(folder), suffix, root, launcher)
+    unittest.main(argv=[sys.argv[0], case])
+
+
+main()
