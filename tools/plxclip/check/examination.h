@@ -43,8 +43,13 @@ struct PointRule {
     Loss loss;
 };
 
-// How many of the points are taken: the good ones, the first at each position.
-std::size_t examinePoints(Examiner& examiner, const Node& array, const PointRule& rule);
+// The points that are taken: the good ones, the first at each position.
+struct Points {
+    std::size_t count = 0;
+    std::uint64_t sum = 0; // of all their numbers, in millionths; it may wrap
+};
+
+Points examinePoints(Examiner& examiner, const Node& array, const PointRule& rule);
 
 // Whether an element is an object; reported when it is not.
 bool isObject(Examiner& examiner, const Node& element, const Loss& loss);

@@ -42,11 +42,12 @@ void reportOtherNames(Examiner& examiner, const Node& array)
     }
 }
 
-void examineDvqm(Examiner& examiner, const Node& object, Contents& contents)
+// False when it is left at its defaults.
+bool examineDvqm(Examiner& examiner, const Node& object, Contents& contents)
 {
     const Fields fields(examiner, object, keys::dvqm, dvqmDropped);
     if (!fields.complete()) {
-        return;
+        return false;
     }
     const Node& array = *fields["levelNames"];
     const std::size_t names = countLevelNames(array);
@@ -55,28 +56,35 @@ void examineDvqm(Examiner& examiner, const Node& object, Contents& contents)
                         "holds " + std::to_string(names) + " strings, but must hold 1 to " +
                             std::to_string(keys::mostLevelNames),
                         dvqmDropped);
-        return;
+        return false;
     }
     reportOtherNames(examiner, array);
     contents.levelNames += names;
+    contents.values += fields.sum();
+    return true;
 }
 
 void examineDvqmPair(Examiner& examiner, const Node& object, Contents& contents)
 {
     const Fields fields(examiner, object, keys::dvqmPair, nothing);
     for (const Key& key : keys::dvqmPair) {
-        if (const Node* const dvqm = fields[key.name]) {
-            examineDvqm(examiner, *dvqm, contents);
+        const Node* const dvqm = fields[key.name];
+        if (dvqm == nullptr || !examineDvqm(examiner, *dvqm, contents)) {
+            contents.values += initialSum(keys::dvqm);
         }
     }
 }
 
-void examineSingingSkill(Examiner& examiner, const Node& object, std::int32_t noteDuration)
+void examineSingingSkill(Examiner& examiner, const Node& object, std::int32_t noteDuration,
+                         Contents& contents)
 {
     const auto table = keys::singingSkill(noteDuration);
     const Fields fields(examiner, object, table, nothing);
+    contents.values += fields.sum();
     if (const Node* const weight = fields["weight"]) {
-        const Fields weights(examiner, *weight, keys::weight, nothing);
+        contents.values += Fields(examiner, *weight, keys::weight, nothing).sum();
+    } else {
+        contents.values += initialSum(keys::weight);
     }
 }
 
@@ -94,18 +102,24 @@ bool isInitialSkill(const Node& object)
     return holds(&object, "duration", 0) && holds(weight, "pre", 64) && holds(weight, "post", 64);
 }
 
-void examineAttackOrSkill(Examiner& examiner, const Fields& note, Contents& contents)
+void examineAttackAndRelease(Examiner& examiner, const Fields& note, Contents& contents)
 {
-    const Node* const skill = note["singingSkill"];
     if (const Node* const pair = note["dvqm"]) {
         examineDvqmPair(examiner, *pair, contents);
+    } else {
+        contents.values += 2 * initialSum(keys::dvqm);
     }
-    if (skill == nullptr) {
+}
+
+void examineSkill(Examiner& examiner, const Fields& note, Contents& contents)
+{
+    const Node* const skill = note["singingSkill"];
+    if (skill != nullptr && note.present("dvqm") == nullptr) {
+        examineSingingSkill(examiner, *skill, note["duration"]->integer, contents);
         return;
     }
-    if (note.present("dvqm") == nullptr) {
-        examineSingingSkill(examiner, *skill, note["duration"]->integer);
-    } else if (!isInitialSkill(*skill)) {
+    contents.values += initialSum(keys::weight);
+    if (skill != nullptr && !isInitialSkill(*skill)) {
         examiner.reportKey(*skill, Reason::notLookedAt, R"(is not looked at beside "dvqm")",
                            {Effect::dropped, "it has its defaults"});
     }
@@ -125,18 +139,31 @@ void examineVibrato(Examiner& examiner, const Node& object, std::int32_t noteDur
                     Contents& contents)
 {
     const Fields fields(examiner, object, keys::vibrato, nothing);
+    const Node* const type = fields["type"];
+    if (!isWithin(examiner, type, keys::lastVibratoType)) {
+        return;
+    }
+    contents.values += type != nullptr ? type->integer * millionths : 0;
     const Node* const duration = fields["duration"];
-    if (!isWithin(examiner, fields["type"], keys::lastVibratoType) ||
-        !isWithin(examiner, duration, noteDuration)) {
+    if (!isWithin(examiner, duration, noteDuration)) {
         return;
     }
     const std::int32_t end = duration != nullptr ? duration->integer : 0;
+    contents.values += end * millionths;
     const PointRule rule{keys::point(0, end, 0, keys::lastVibratoValue), pointDropped};
     for (const std::string_view curve : {"depths", "rates"}) {
-        if (const Node* const points = fields[curve]) {
-            contents.vibratoPoints += examinePoints(examiner, *points, rule);
+        if (const Node* const array = fields[curve]) {
+            const Points points = examinePoints(examiner, *array, rule);
+            contents.vibratoPoints += points.count;
+            contents.values += points.sum;
         }
     }
+}
+
+// The values of one of a note's objects, which may not be there.
+std::int64_t examineValues(Examiner& examiner, const Node* object, std::span<const Key> table)
+{
+    return object != nullptr ? Fields(examiner, *object, table, nothing).sum() : initialSum(table);
 }
 
 void examineNote(Examiner& examiner, const Node& element, Contents& contents)
@@ -146,13 +173,11 @@ void examineNote(Examiner& examiner, const Node& element, Contents& contents)
         return;
     }
     ++contents.notes;
-    if (const Node* const object = fields["exp"]) {
-        const Fields values(examiner, *object, keys::expression, nothing);
-    }
-    if (const Node* const object = fields["aiExp"]) {
-        const Fields values(examiner, *object, keys::aiExpression, nothing);
-    }
-    examineAttackOrSkill(examiner, fields, contents);
+    contents.values += fields.sum();
+    contents.values += examineValues(examiner, fields["exp"], keys::expression);
+    contents.values += examineValues(examiner, fields["aiExp"], keys::aiExpression);
+    examineAttackAndRelease(examiner, fields, contents);
+    examineSkill(examiner, fields, contents);
     if (const Node* const object = fields["vibrato"]) {
         examineVibrato(examiner, *object, fields["duration"]->integer, contents);
     }

@@ -165,35 +165,43 @@ void examineController(Examiner& examiner, const Node& element,
         return;
     }
     const keys::Controller& type = *controllerNamed(name.text);
-    const std::size_t events = examinePoints(
+    const Points events = examinePoints(
         examiner, *fields["events"],
         {keys::point(keys::firstPosition, keys::lastPosition, type.minimum, type.maximum),
          eventDropped});
-    if (events == 0) {
+    if (events.count == 0) {
         examiner.report(*fields["events"], Reason::wrongValue, "holds no good event",
                         controllerDropped);
         return;
     }
     standing.insert(name.text);
     ++contents.lanes;
-    contents.events += events;
+    contents.events += events.count;
+    contents.values += events.sum;
 }
 
 } // namespace
 
-std::size_t examinePoints(Examiner& examiner, const Node& array, const PointRule& rule)
+Points examinePoints(Examiner& examiner, const Node& array, const PointRule& rule)
 {
+    Points points;
     std::unordered_set<std::int32_t> positions;
     for (const Node& element : Children(array)) {
         if (!isObject(examiner, element, rule.loss)) {
             continue;
         }
         const Fields fields(examiner, element, rule.keys, rule.loss);
-        if (fields.complete() && !positions.insert(fields["pos"]->integer).second) {
+        if (!fields.complete()) {
+            continue;
+        }
+        if (positions.insert(fields["pos"]->integer).second) {
+            ++points.count;
+            points.sum += fields.sum();
+        } else {
             examiner.report(*fields["pos"], Reason::repeated, "has one already", rule.loss);
         }
     }
-    return positions.size();
+    return points;
 }
 
 void examineEffects(Examiner& examiner, const Node& array, EffectList list, Contents& contents)

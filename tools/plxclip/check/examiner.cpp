@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "check/contents.h"
 #include "check/values.h"
 
 namespace plxclip::check {
@@ -17,6 +18,20 @@ char lower(char letter)
 bool isShown(const Node& value)
 {
     return value.kind != Kind::object && value.kind != Kind::array;
+}
+
+std::int64_t numberOf(const Node& value)
+{
+    switch (value.kind) {
+    case Kind::flag:
+        return value.flag ? millionths : 0;
+    case Kind::integer:
+        return value.integer * millionths;
+    case Kind::real:
+        return inMillionths(static_cast<float>(value.real));
+    default:
+        return 0;
+    }
 }
 
 } // namespace
@@ -154,6 +169,24 @@ const Node* Fields::operator[](std::string_view name) const
 {
     const std::size_t place = placeOf(name);
     return place < keys.size() && good[place] ? found[place] : nullptr;
+}
+
+std::int64_t Fields::sum() const
+{
+    std::int64_t sum = 0;
+    for (std::size_t place = 0; place < keys.size(); ++place) {
+        sum += good[place] ? numberOf(*found[place]) : inMillionths(keys[place].initial);
+    }
+    return sum;
+}
+
+std::int64_t initialSum(std::span<const Key> table)
+{
+    std::int64_t sum = 0;
+    for (const Key& key : table) {
+        sum += inMillionths(key.initial);
+    }
+    return sum;
 }
 
 const Node* Fields::present(std::string_view name) const

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
@@ -60,6 +61,9 @@ public:
     // The value that the library takes; null when the key is missing or wrong.
     const Node* operator[](std::string_view name) const;
 
+    // All its numbers and flags, taken or initial, in millionths.
+    std::int64_t sum() const;
+
     // The value, right or wrong; null when the key is missing.
     const Node* present(std::string_view name) const;
 
@@ -79,5 +83,8 @@ private:
     std::array<bool, most> good{};
     bool isComplete = true;
 };
+
+// The same for an object that is not there.
+std::int64_t initialSum(std::span<const Key> table);
 
 } // namespace plxclip::check

@@ -31,6 +31,7 @@ struct Key {
     std::int64_t maximum = std::numeric_limits<std::int32_t>::max();
     TextRule rule = TextRule::any;
     bool zeroToo = false; // 0 is taken beside the range
+    float initial = 0;    // the number that `instead` tells
 };
 
 namespace keys {
@@ -68,18 +69,25 @@ constexpr Key requiredInteger(std::string_view name, std::int64_t minimum, std::
 }
 
 constexpr Key optionalInteger(std::string_view name, std::int64_t minimum, std::int64_t maximum,
-                              std::string_view instead)
+                              std::string_view instead, float initial = 0)
 {
     return {.name = name,
             .type = Type::integer,
             .instead = instead,
             .minimum = minimum,
-            .maximum = maximum};
+            .maximum = maximum,
+            .initial = initial};
 }
 
-constexpr Key real(std::string_view name, std::int64_t maximum, std::string_view instead)
+constexpr Key real(std::string_view name, std::int64_t maximum, std::string_view instead,
+                   float initial)
 {
-    return {.name = name, .type = Type::real, .instead = instead, .minimum = 0, .maximum = maximum};
+    return {.name = name,
+            .type = Type::real,
+            .instead = instead,
+            .minimum = 0,
+            .maximum = maximum,
+            .initial = initial};
 }
 
 constexpr Key flag(std::string_view name)
@@ -189,7 +197,7 @@ constexpr std::array<Key, 2> point(std::int64_t firstPos, std::int64_t lastPos,
 
 inline constexpr std::array note = {requiredText("lyric", TextRule::notEmpty),
                                     requiredText("phoneme", TextRule::notEmpty),
-                                    optionalInteger("langID", 0, 127, "there is none"),
+                                    optionalInteger("langID", 0, 127, "there is none", -1),
                                     flag("isProtected"),
                                     requiredInteger("pos", firstPosition, lastPosition - 1),
                                     requiredInteger("duration", 1, lastPosition),
@@ -201,17 +209,17 @@ inline constexpr std::array note = {requiredText("lyric", TextRule::notEmpty),
                                     object("singingSkill"),
                                     object("vibrato")};
 
-inline constexpr std::array expression = {optionalInteger("accent", 0, 100, "it is 50"),
+inline constexpr std::array expression = {optionalInteger("accent", 0, 100, "it is 50", 50),
                                           optionalInteger("bendDepth", 0, 100, "it is 0"),
                                           optionalInteger("bendLength", 0, 100, "it is 0"),
-                                          optionalInteger("decay", 0, 100, "it is 50"),
+                                          optionalInteger("decay", 0, 100, "it is 50", 50),
                                           flag("fallPort"),
                                           flag("risePort"),
-                                          optionalInteger("opening", 0, 127, "it is 127")};
+                                          optionalInteger("opening", 0, 127, "it is 127", 127)};
 
 constexpr Key aiValue(std::string_view name)
 {
-    return real(name, 1, "it is 0.5");
+    return real(name, 1, "it is 0.5", 0.5F);
 }
 
 inline constexpr std::array aiExpression = {
@@ -225,7 +233,7 @@ inline constexpr std::array dvqmPair = {object("attack"), object("release")};
 
 inline constexpr std::array dvqm = {
     requiredText("compID", TextRule::notEmpty), array("levelNames", required), flag("isProtected"),
-    optionalInteger("speed", 0, 100, "it is 50"), real("topFactor", 2, "it is 1.0")};
+    optionalInteger("speed", 0, 100, "it is 50", 50), real("topFactor", 2, "it is 1.0", 1.0F)};
 inline constexpr std::size_t mostLevelNames = 4;
 
 constexpr std::array<Key, 2> singingSkill(std::int64_t noteDuration)
@@ -233,8 +241,8 @@ constexpr std::array<Key, 2> singingSkill(std::int64_t noteDuration)
     return {optionalInteger("duration", 0, noteDuration, "it is 0"), object("weight")};
 }
 
-inline constexpr std::array weight = {optionalInteger("pre", 0, 127, "it is 64"),
-                                      optionalInteger("post", 0, 127, "it is 64")};
+inline constexpr std::array weight = {optionalInteger("pre", 0, 127, "it is 64", 64),
+                                      optionalInteger("post", 0, 127, "it is 64", 64)};
 
 // Its two numbers end the reading of the vibrato where they are out of range.
 inline constexpr std::array vibrato = {

@@ -17,13 +17,73 @@ void countAudioEffects(Part part, Contents& contents)
     }
 }
 
+std::int64_t sumOf(plx::Dvqm dvqm)
+{
+    return inMillionths(dvqm.topFactor()) +
+           millionths * (dvqm.speed() + (dvqm.isProtected() ? 1U : 0U));
+}
+
+std::int64_t sumOf(plx::SingingSkill skill)
+{
+    return millionths * (std::int64_t{skill.duration()} + skill.preWeight() + skill.postWeight());
+}
+
+std::int64_t sumOfAiValues(plx::Note note)
+{
+    std::int64_t sum = 0;
+    for (const float value :
+         {note.pitchFine(), note.pitchDriftStart(), note.pitchDriftEnd(), note.pitchScalingCenter(),
+          note.pitchScalingOrigin(), note.pitchTransitionStart(), note.pitchTransitionEnd(),
+          note.amplitudeWhole(), note.amplitudeStart(), note.amplitudeEnd(), note.formantWhole(),
+          note.formantStart(), note.formantEnd()}) {
+        sum += inMillionths(value);
+    }
+    return sum;
+}
+
+std::int64_t sumOfIntegers(plx::Note note)
+{
+    std::int64_t sum = std::int64_t{note.pos()} + note.duration() + note.number() + note.velocity();
+    sum += note.langID() ? std::int64_t{*note.langID()} : -1;
+    for (const std::uint32_t value :
+         {note.accent(), note.bendDepth(), note.bendLength(), note.decay(), note.opening()}) {
+        sum += value;
+    }
+    for (const bool flag : {note.isProtected(), note.fallPort(), note.risePort()}) {
+        sum += flag ? 1 : 0;
+    }
+    return sum * millionths;
+}
+
+void countVibrato(plx::Vibrato vibrato, Contents& contents)
+{
+    contents.values += millionths * (std::int64_t{vibrato.type()} + vibrato.duration());
+    for (const auto kind : {plx::VibratoPointKind::depth, plx::VibratoPointKind::rate}) {
+        for (const plx::VibratoParameter point : vibrato.points(kind)) {
+            ++contents.vibratoPoints;
+            contents.values += millionths * (std::int64_t{point.pos()} + point.value());
+        }
+    }
+}
+
 void countNotes(plx::MidiPart part, Contents& contents)
 {
     for (const plx::Note note : part.notes()) {
         ++contents.notes;
         contents.levelNames += note.attack().numLevelNames() + note.release().numLevelNames();
-        for (const auto kind : {plx::VibratoPointKind::depth, plx::VibratoPointKind::rate}) {
-            contents.vibratoPoints += note.vibrato().numParameters(kind);
+        contents.values += sumOfIntegers(note) + sumOfAiValues(note) + sumOf(note.attack()) +
+                           sumOf(note.release()) + sumOf(note.singingSkill());
+        countVibrato(note.vibrato(), contents);
+    }
+}
+
+void countLanes(plx::MidiPart part, Contents& contents)
+{
+    for (const plx::MidiController lane : part.midiControllers()) {
+        ++contents.lanes;
+        for (const plx::MidiEvent event : lane.events()) {
+            ++contents.events;
+            contents.values += millionths * (std::int64_t{event.pos()} + event.value());
         }
     }
 }
@@ -38,10 +98,7 @@ Contents contentsOf(plx::MidiPart part)
         contents.parameters += effect.numParameters();
     }
     countNotes(part, contents);
-    for (const plx::MidiController lane : part.midiControllers()) {
-        ++contents.lanes;
-        contents.events += lane.numEvents();
-    }
+    countLanes(part, contents);
     return contents;
 }
 
