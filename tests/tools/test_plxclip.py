@@ -539,7 +539,7 @@ class Failures(ToolTest):
 
     def test_wrong_command_lines(self):
         self.assert_fails(USAGE, "--help")
-        self.assert_fails(USAGE, "no folder", "list")
+        self.assert_fails(USAGE, "no DIR given", "list")
         self.assert_fails(USAGE, "audio, midi, midiAi", "list", self.library, "--part", "both")
         self.assert_fails(USAGE, "--tempo", "list", self.library, "--tempo", "fast")
         self.assert_fails(USAGE, "--meter", "show", self.library, "Scala", "--meter", "4")

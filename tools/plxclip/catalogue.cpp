@@ -113,6 +113,9 @@ void requireFolder(const std::string& folder)
 Folders foldersOf(const std::vector<std::string>& folders,
                   const std::vector<std::string>& userFolders)
 {
+    if (folders.empty() && userFolders.empty()) {
+        throw Failure("no DIR given: name a folder that has clips somewhere below it", exitUsage);
+    }
     Folders result;
     for (const std::string& folder : folders) {
         requireFolder(folder);

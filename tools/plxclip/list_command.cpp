@@ -156,9 +156,6 @@ void printCounts(const std::vector<TagCount>& counts, const ListOptions& options
 
 ExitStatus list(const ListOptions& options)
 {
-    if (options.folders.empty() && options.userFolders.empty()) {
-        throw Failure("no folder to list; give one that has clips somewhere below it", exitUsage);
-    }
     const Catalogue catalogue(foldersOf(options.folders, options.userFolders));
     std::vector<Properties> clips;
     const std::vector<korvel::plx::Clip> all = catalogue.clips();

@@ -1,0 +1,289 @@
+"""Checks of "plxclip check", which says why a clip is not listed and what is lost of one that is.
+
+check_clips.py CASE SOURCES PROGRAMS SUFFIX ROOT [LAUNCHER...]
+"""
+
+import collections
+import json
+import os
+import pathlib
+import shutil
+import sys
+import tempfile
+import unittest
+
+sys.path.append(str(pathlib.Path(__file__).parent))
+sys.path.append(str(pathlib.Path(__file__).parents[2] / "support"))
+from damaged import DATA, PROPERTIES, damaged_clips  # noqa: E402
+from programs import Programs  # noqa: E402
+from random_damage import write_random_clips  # noqa: E402
+from readme import table_with  # noqa: E402
+
+SOURCES = PROGRAMS = None
+
+
+class CheckTest(unittest.TestCase):
+    """Has a folder of its own and runs the program on it."""
+
+    maxDiff = None
+
+    def setUp(self):
+        self.scratch = pathlib.Path(tempfile.mkdtemp())
+        self.addCleanup(shutil.rmtree, self.scratch)
+
+    def run_check(self, *arguments, code):
+        result = PROGRAMS.run("plxclip", "check", *arguments)
+        self.assertEqual(result.code, code, result.errors)
+        return result
+
+    def check(self, *arguments, code=1):
+        """What the program says in JSON."""
+        lines = self.run_check("--json", *arguments, code=code).lines
+        return json.loads("\n".join(lines))
+
+    def check_scratch(self, code=1):
+        answer = self.check(PROGRAMS.path(self.scratch), code=code)
+        self.assertEqual(answer["summary"]["unexplained"], 0)
+        return answer
+
+    def write(self, path, content):
+        path = self.scratch / path
+        path.parent.mkdir(parents=True, exist_ok=True)
+        path.write_bytes(content)
+
+    def write_good_clip(self, folder, clip_id="good", name="clip.kxclip"):
+        self.write(f"{folder}/property.json", PROPERTIES.replace('"ID"', f'"{clip_id}"').encode())
+        self.write(f"{folder}/{name}", DATA.encode())
+
+
+def places(clip):
+    """The findings of a clip as the program tells them, without their words."""
+    keys = ("document", "reason", "effect", "pointer", "line", "column")
+    return [tuple(finding.get(key) for key in keys) for finding in clip["findings"]]
+
+
+class Damaged(CheckTest):
+    """One clip for each reason: the right reason, the right place, and nothing else."""
+
+    def expected(self, clip):
+        return [(finding.document, finding.reason, finding.effect, finding.pointer, finding.line,
+                 finding.column) for finding in clip.findings]
+
+    def write_damaged(self, clip):
+        if clip.properties is not None:
+            self.write(f"{clip.name}/{clip.property_name}", clip.properties)
+        self.write(f"{clip.name}/{clip.file_name}", clip.data)
+
+    def test_each(self):
+        clips = damaged_clips()
+        self.assertGreaterEqual(len(clips), 40)
+        for clip in clips:
+            self.write_damaged(clip)
+        answer = self.check_scratch()
+        found = {pathlib.PurePosixPath(clip["path"]).parent.name: clip for clip in answer["clips"]}
+        self.assertEqual(len(found), len(clips))
+        for clip in clips:
+            with self.subTest(clip.name):
+                self.assertEqual(places(found[clip.name]), self.expected(clip))
+                self.assertEqual(found[clip.name]["listed"], clip.listed)
+                if clip.listed:
+                    self.assertEqual(found[clip.name]["partReads"], clip.part_reads)
+
+
+class Files(CheckTest):
+    """Reasons that lie in the files, not in what they hold."""
+
+    def findings(self, code=1):
+        return {clip["path"].removeprefix(PROGRAMS.path(self.scratch)): clip["findings"]
+                for clip in self.check_scratch(code)["clips"]}
+
+    def test_fine(self):
+        self.write_good_clip("a")
+        self.assertEqual(self.findings(code=0), {"/a/clip.kxclip": []})
+
+    def test_no_clip_at_all(self):
+        self.write("a/take.wav", b"")
+        self.assertEqual(self.findings(code=0), {})
+
+    def test_duplicate(self):
+        self.write_good_clip("a", "same")
+        self.write_good_clip("b", "same")
+        found = self.findings()
+        dropped = [path for path, findings in found.items() if findings]
+        self.assertEqual(len(dropped), 1)
+        (finding,) = found[dropped[0]]
+        other = "/a/clip.kxclip" if dropped[0].startswith("/b") else "/b/clip.kxclip"
+        self.assertEqual((finding["reason"], finding["document"], finding["line"],
+                          finding["column"], finding["pointer"]),
+                         ("duplicate", "property.json", 2, 11, "/id"))
+        self.assertIn(f"{PROGRAMS.path(self.scratch)}{other},", finding["message"])
+
+    def test_duplicate_of_a_system_clip(self):
+        self.write_good_clip("system/a", "same")
+        self.write_good_clip("user/b", "same")
+        answer = self.check(PROGRAMS.path(self.scratch))
+        by_kind = {clip["kind"]: clip for clip in answer["clips"]}
+        self.assertTrue(by_kind["system"]["listed"])
+        self.assertEqual(by_kind["user"]["findings"][0]["reason"], "duplicate")
+        self.assertIn("/system/a/clip.kxclip", by_kind["user"]["findings"][0]["message"])
+
+    def test_property_document_is_a_folder(self):
+        self.write_good_clip("a")
+        (self.scratch / "a/property.json").unlink()
+        (self.scratch / "a/property.json").mkdir()
+        (finding,) = self.findings()["/a/clip.kxclip"]
+        self.assertEqual((finding["reason"], finding["document"]), ("unreadable", "property.json"))
+
+    def test_folder_named_like_a_clip(self):
+        self.write_good_clip("a.kxclip")
+        self.assertEqual(self.findings(code=0), {"/a.kxclip/clip.kxclip": []})
+
+    @unittest.skipIf(os.name == "nt", "names are text there")
+    def test_names_that_no_host_can_ask_for(self):
+        if PROGRAMS.launcher:
+            self.skipTest("Wine shows other names")
+        self.write_good_clip("back\\slash")
+        self.write_good_clip("good")
+        found = self.findings()
+        self.assertEqual(found["/good/clip.kxclip"], [])
+        self.assertEqual([finding["reason"] for finding in found["/back\\slash/clip.kxclip"]],
+                         ["file-name"])
+
+    def test_link_that_leads_nowhere(self):
+        if PROGRAMS.launcher:
+            self.skipTest("Wine does not list it")
+        self.write_good_clip("a")
+        (self.scratch / "a/gone.kxclip").symlink_to("nowhere")
+        found = self.findings()
+        self.assertEqual([finding["reason"] for finding in found["/a/gone.kxclip"]], ["unreadable"])
+
+    def test_ring_of_links(self):
+        if PROGRAMS.launcher:
+            self.skipTest("Wine leaves links to the host")
+        self.write_good_clip("a")
+        (self.scratch / "a/ring").symlink_to(self.scratch)
+        self.assertEqual(self.findings(code=0), {"/a/clip.kxclip": []})
+
+    def test_capital_letters_in_the_property_document(self):
+        if PROGRAMS.launcher:
+            self.skipTest("Windows does not tell them from small ones")
+        self.write("a/Property.json", PROPERTIES.encode())
+        self.write("a/clip.kxclip", DATA.encode())
+        (finding,) = self.findings()["/a/clip.kxclip"]
+        self.assertEqual(finding["reason"], "missing-document")
+        self.assertIn('"Property.json"', finding["message"])
+
+
+class Random(CheckTest):
+    """Whatever is wrong with a clip: what the check explains is what the library does."""
+
+    def test_check_and_library_agree(self):
+        count = 400
+        write_random_clips(self.scratch, count, seed=20240607)
+        answer = self.check_scratch()
+        summary = answer["summary"]
+        self.assertEqual(summary["files"], count)
+        # The damages must reach every kind of verdict, or agreement would mean little.
+        self.assertGreater(summary["notListed"], count // 20)
+        self.assertGreater(summary["unreadParts"], count // 40)
+        self.assertGreater(summary["losses"], count // 4)
+        for clip in answer["clips"]:
+            self.assertTrue(clip["listed"] or clip["findings"], clip["path"])
+
+
+class Library(CheckTest):
+    """The example library is as its table says."""
+
+    def check_library(self):
+        return self.check(PROGRAMS.path(SOURCES / "examples/library"))
+
+    def test_table(self):
+        prefix = PROGRAMS.path(SOURCES / "examples/library") + "/"
+        clips = {clip["path"].removeprefix(prefix): clip for clip in self.check_library()["clips"]}
+        rows = {row["Clip file"].strip("`"): row for row in table_with(SOURCES / "README.md", "Listed")}
+        self.assertEqual(set(clips), set(rows))
+        for path, row in rows.items():
+            with self.subTest(path):
+                if row["Listed"] != "1 of 2":
+                    self.assertEqual(clips[path]["listed"], row["Listed"] == "yes")
+                if clips[path]["listed"]:
+                    self.assertEqual(clips[path]["name"], row["Name"])
+
+    def test_twins(self):
+        names = collections.Counter()
+        for row in table_with(SOURCES / "README.md", "Listed"):
+            if row["Listed"] == "1 of 2":
+                names[row["Name"]] += 1
+        listed = collections.Counter(
+            clip["name"] for clip in self.check_library()["clips"] if clip["listed"])
+        for name in names:
+            self.assertEqual(listed[name], 1, name)
+
+    def test_reasons(self):
+        reasons = {}
+        for clip in self.check_library()["clips"]:
+            if clip["findings"]:
+                reasons[pathlib.PurePosixPath(clip["path"]).name] = [
+                    finding["reason"] for finding in clip["findings"]]
+        twins = [name for name in reasons if name.startswith(("An die", "Three Blind"))]
+        self.assertEqual(len(twins), 2)
+        for name in [*twins, "Freude, louder.kxclip"]:
+            self.assertEqual(reasons.pop(name), ["duplicate"])
+        self.assertEqual(reasons, {
+            "Twinkle, Twinkle.kxclip": ["syntax"],
+            "Au clair.KXCLIP": ["extension"],
+            "Nothing.kxclip": ["missing-document", "syntax"],
+            "Good King Wenceslas.kxclip": ["missing-document"],
+            "5d7e3b90-16c8-4a2f-b4d1-8c0f92e6a735.kxclip":
+                ["missing-document", "missing-key", "missing-key"],
+            "Drunken Sailor, sketch.kxclip": ["wrong-value"],
+            "Hot Cross Buns.kxclip": ["missing-document", "syntax"],
+            "Lost Loop.kxclip": ["wave-file"],
+            "Lost Bell.kxclip": ["missing-document", "wave-file"],
+        })
+
+    def test_factory_clips_are_fine(self):
+        self.run_check(PROGRAMS.path(SOURCES / "examples/library/system/factory"), code=0)
+
+
+class Output(CheckTest):
+    """What people and scripts see."""
+
+    def test_text(self):
+        self.write_good_clip("fine", "fine")
+        self.write("bad/property.json", b'{ "id": "bad", "name": "",\n "part": {"type": "midi"} }')
+        self.write("bad/clip.kxclip", b"[1,]")
+        lines = self.run_check(PROGRAMS.path(self.scratch), code=1).lines
+        self.assertEqual(lines, [
+            f"{PROGRAMS.path(self.scratch)}/bad/clip.kxclip",
+            "  not listed",
+            '    property.json:1:24: /name "" is empty; the document gives no clip',
+            "    clip.kxclip:1:4: a comma before the closing ]",
+            "",
+            "2 clip files: 1 listed, 1 not listed; 0 parts of listed clips cannot be read; "
+            "0 things are not taken",
+        ])
+
+    def test_nothing_found(self):
+        self.write_good_clip("fine")
+        lines = self.run_check(PROGRAMS.path(self.scratch), code=0).lines
+        self.assertEqual(len(lines), 1)
+        self.assertTrue(lines[0].startswith("1 clip file: 1 listed, 0 not listed;"), lines[0])
+
+    def test_command_line_without_a_folder(self):
+        result = self.run_check(code=2)
+        self.assertEqual(result.lines, [])
+        self.assertIn("DIR", result.errors)
+
+    def test_folder_that_is_not_there(self):
+        result = PROGRAMS.run("plxclip", "check", PROGRAMS.path(self.scratch / "none"))
+        self.assertNotEqual(result.code, 0)
+        self.assertEqual(result.lines, [])
+        self.assertIn("none", result.errors)
+
+
+if __name__ == "__main__":
+    case, sources, programs, suffix, root, *launcher = sys.argv[1:]
+    SOURCES = pathlib.Path(sources)
+    PROGRAMS = Programs(pathlib.Path(programs), suffix, root, launcher)
+    unittest.main(argv=[sys.argv[0], case])
