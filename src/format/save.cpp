@@ -60,19 +60,33 @@ NewClipFolder::~NewClipFolder()
     }
 }
 
-// By name first, which takes no memory where the attempt ended for want of it, and the documents
-// before all: a scan lists no clip without either. Where nothing may be deleted, an empty property
-// document serves as well.
+// Where nothing may be deleted, an empty property document serves as well: a scan lists no clip
+// without it.
 void NewClipFolder::remove() const
+{
+    if (!removeTree() && fs::exists(propertyPath_)) {
+        fs::writeFile(propertyPath_, {});
+    }
+}
+
+// That steps through no link which another has put there meanwhile, but takes memory. Where the attempt
+// has ended for want of it, by name.
+bool NewClipFolder::removeTree() const
+{
+    try {
+        return fs::removeTree(directory_);
+    } catch (...) {
+        return removeByName();
+    }
+}
+
+bool NewClipFolder::removeByName() const
 {
     fs::remove(dataPath_);
     fs::remove(propertyPath_);
     fs::remove(wavePath_);
     fs::removeEmptyFolder(audioFolder_);
-    const bool removed = fs::removeEmptyFolder(directory_) || fs::removeTree(directory_);
-    if (!removed && fs::exists(propertyPath_)) {
-        fs::writeFile(propertyPath_, {});
-    }
+    return fs::removeEmptyFolder(directory_);
 }
 
 Result NewClipFolder::write(const MutableClipImpl& clip, StringView name, bool formatted)

@@ -40,6 +40,8 @@ private:
     Result copyWave(PartBase& part);
     Result writeDocuments(const MutableClipImpl& clip, StringView name, bool formatted) const;
     void remove() const;
+    [[nodiscard]] bool removeTree() const;
+    [[nodiscard]] bool removeByName() const;
 
     String id_;
     String directory_;

@@ -7,6 +7,7 @@
 #include <csignal>
 #include <cstdarg>
 #include <cstdint>
+#include <functional>
 #include <string_view>
 #include <utility>
 
@@ -31,6 +32,8 @@ struct Plan {
     bool andDeleting = false;
     bool andAll = false;
     std::size_t longest = SIZE_MAX;
+    long acting = LONG_MAX;
+    std::function<void()> act = {};
     long killing = LONG_MAX;
     Moment moment = Moment::before;
     bool recording = false;
@@ -63,11 +66,6 @@ std::string describe(std::pair<int, const char*> place)
     return place.first == AT_FDCWD ? place.second : describe(place.first) + "/" + place.second;
 }
 
-std::string describe(DIR* folder)
-{
-    return describe(::dirfd(folder));
-}
-
 [[noreturn]] void killThisProcess()
 {
     ::kill(::getpid(), SIGKILL);
@@ -91,6 +89,9 @@ bool begin(const char* name, Place place, Kind kind)
     const long number = static_cast<long>(calls.size()) + 1;
     const bool failing = mustFail(number, kind);
     calls.push_back({name, failing || plan.recording ? describe(place) : std::string()});
+    if (number == plan.acting) {
+        plan.act();
+    }
     if (number == plan.killing && plan.moment == Moment::before) {
         killThisProcess();
     }
@@ -150,6 +151,11 @@ void failCallsFrom(long number, int error)
 void limitTransfers(std::size_t bytes)
 {
     begin({.longest = bytes});
+}
+
+void actBefore(long number, std::function<void()> act)
+{
+    begin({.acting = number, .act = std::move(act)});
 }
 
 void killAt(long number, Moment moment)
@@ -268,33 +274,10 @@ int rmdir(const char* path) noexcept
         "rmdir", path, -1, [=] { return real(path); }, Kind::deleting);
 }
 
-DIR* opendir(const char* path)
+ssize_t getdents64(int folder, void* buffer, std::size_t size)
 {
-    static const auto real = next<decltype(&::opendir)>("opendir");
-    return disturbed("opendir", path, static_cast<DIR*>(nullptr), [=] { return real(path); });
-}
-
-DIR* fdopendir(int folder)
-{
-    static const auto real = next<decltype(&::fdopendir)>("fdopendir");
-    return disturbed(
-        "fdopendir", folder, static_cast<DIR*>(nullptr), [=] { return real(folder); },
-        Kind::uninterruptible);
-}
-
-dirent* readdir(DIR* folder)
-{
-    static const auto real = next<decltype(&::readdir)>("readdir");
-    return disturbed("readdir", folder, static_cast<dirent*>(nullptr),
-                     [=] { return real(folder); });
-}
-
-// What the C library does inside is its own affair.
-int closedir(DIR* folder)
-{
-    static const auto real = next<decltype(&::closedir)>("closedir");
-    const Inside outside(false);
-    return real(folder);
+    static const auto real = next<decltype(&::getdents64)>("getdents64");
+    return disturbed("getdents64", folder, ssize_t{-1}, [=] { return real(folder, buffer, size); });
 }
 
 char* realpath(const char* path, char* resolved) noexcept

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -30,6 +31,9 @@ void failCallsFrom(long number, int error);
 
 // Each call reads or writes this many bytes at most.
 void limitTransfers(std::size_t bytes);
+
+// Just before the call of that number something else happens.
+void actBefore(long number, std::function<void()> act);
 
 // The process is killed just before the call of that number; or, when that writes, half-way.
 enum class Moment { before, halfWay };
