@@ -9,6 +9,7 @@ import shlex
 import sys
 import unittest
 
+from readme_hosts import ReadmeHosts  # noqa: F401
 from surroundings import PackageTest, Surroundings, output_of, package_environment, tool
 from versions import ResourceVersion, SharedObjectVersion, Versions  # noqa: F401
 

@@ -115,13 +115,23 @@ class Pages(Workplace):
         self.assertEqual(sorted(output.splitlines()), sorted(expected.splitlines()))
 
 
+    def test_each_page_is_in_the_list_and_in_the_navigation_once(self):
+        pages = {page.name for page in manual()} - {"README.md"}
+        listed = re.findall(r"^- \[[^\]]+\]\(([^)]+)\)", (SOURCES / "docs/README.md").read_text("utf-8"),
+                            re.MULTILINE)
+        self.assertEqual(sorted(listed), sorted(pages))
+        navigation = (SOURCES / "docs/style/layout.xml").read_text("utf-8")
+        names = [page.removesuffix(".md").replace("-", "_") for page in pages]
+        self.assertEqual(sorted(re.findall(r"@ref md_docs_(\w+)", navigation)), sorted(names))
+
+
 class Script(Workplace):
     """The clip that the script of the page on the format makes is listed and has its notes."""
 
     def test_its_clip_is_read(self):
         (script,) = blocks(SOURCES / "docs/clip-format.md", "python")
         self.assertEqual(self.call([sys.executable, "-c", script]), (0, "", ""))
-        (host,) = (code for code in blocks(SOURCES / "README.md", "c") if "int main" in code)
+        host = blocks(SOURCES / "README.md", "c")[0]
         host = host.replace("my-clips", "others").replace("examples/library/system", "my-clips")
         if IS_WINDOWS:
             host = host.replace('u"', 'L"')

@@ -37,14 +37,14 @@ class Readme(unittest.TestCase):
         (self.folder / "build/release/bin").symlink_to(LIBRARY_FOLDER)
 
     def write_host(self):
-        (code,) = blocks(SOURCES / "README.md", "c")
+        code = blocks(SOURCES / "README.md", "c")[0]
         self.assertEqual(code.count('u"'), 3)
         if IS_WINDOWS:
             code = code.replace('u"', 'L"')
         (self.folder / "host.c").write_text(code, encoding="utf-8")
 
     def commands(self):
-        (text,) = (text for text in blocks(SOURCES / "README.md", "sh") if "host.c" in text)
+        (text,) = (text for text in blocks(SOURCES / "README.md", "sh") if "cc " in text)
         build, start = (shlex.split(line) for line in text.splitlines())
         self.assertEqual((build[0], start), ("cc", ["./host"]))
         return [COMPILER, *build[1:], *WARNINGS], start
