@@ -191,6 +191,18 @@ bool isSame(Value stored, Value given)
     }
 }
 
+// Whether an object is of the kind that the setters in properties.h belong to.
+template <class Handle>
+bool hasProperties(Handle*)
+{
+    return true;
+}
+
+bool hasProperties(KRT_PLX_PartBase* part)
+{
+    return KRT_PLX_PartBase_type(part) != KRT_PLX_PART_AUDIO;
+}
+
 // What a setter has to say to a value, asked before it is called.
 template <class Handle, class Value>
 class Expectation {
@@ -200,7 +212,7 @@ public:
         for (const Property<Handle, Value>& property : properties<Handle, Value>) {
             if (property.set == setter && handle != nullptr && isEditable) {
                 property_ = &property;
-                accepts_ = property.accepts(handle, value);
+                accepts_ = hasProperties(handle) && property.accepts(handle, value);
             }
         }
     }
