@@ -1,0 +1,124 @@
+"""The copy of the tree in which the changes are made, and its builds."""
+
+import re
+import subprocess
+
+import sites
+
+JOBS = '2'
+FLAGS = ('-O0 -w -D_GLIBCXX_ASSERTIONS -ferror-limit=0 -fmacro-backtrace-limit=1 '
+         '-Wno-invalid-constexpr -Wno-c++11-narrowing -include ')
+# All sources are compiled as one, which takes a fraction of the time; the document code must not be
+# left out of it for an option of its own.
+AS_ONE = '''
+set_property(SOURCE ${format_sources} PROPERTY COMPILE_OPTIONS)
+target_compile_options(krt_plx_objects PRIVATE -isystem "${KRT_PLX_RAPIDJSON_INCLUDE}")
+'''
+
+
+def build_contract_tests(root):
+    subprocess.run(['cmake', '--preset', 'release'], cwd=root, check=True, stdout=subprocess.DEVNULL)
+    subprocess.run(['cmake', '--build', '--preset', 'release', '--target', 'contract_tests', '--',
+                    '--quiet'], cwd=root, check=True)
+    return root / 'build' / 'release' / 'bin' / 'contract_tests'
+
+
+class CopyOfTree:
+    """Holds every change as a switch, except those at places where C++ wants a constant."""
+
+    def __init__(self, root, everything):
+        self.root = root
+        self.folder = root / 'build' / 'mutants'
+        self.tree = self.folder / 'tree'
+        self.build_folder = self.folder / 'build'
+        self.everything = everything
+        self.fixed = set()  # (file, line) of what must stay a constant
+        self.originals = {site.file: self.original(site.file) for site in everything}
+
+    @property
+    def library_folder(self):
+        return self.build_folder / 'bin'
+
+    def identity(self, site):
+        return self.everything.index(site)
+
+    def is_switch(self, site):
+        return (site.file, site.line) not in self.fixed
+
+    def prepare(self):
+        self.copy_everything()
+        subprocess.run(['cmake', '-S', self.tree, '-B', self.build_folder, '-G', 'Ninja',
+                        '-DCMAKE_BUILD_TYPE=None', '-DCMAKE_C_COMPILER=clang',
+                        '-DCMAKE_CXX_COMPILER=clang++', '-DKRT_PLX_TESTS=OFF',
+                        '-DKRT_PLX_TOOLS=OFF', '-DKRT_PLX_EXAMPLES=OFF',
+                        '-DCMAKE_UNITY_BUILD=ON', '-DCMAKE_UNITY_BUILD_BATCH_SIZE=0',
+                        f'-DCMAKE_CXX_FLAGS={FLAGS}{self.tree}/tests/mutation/switch.h'],
+                       check=True, stdout=subprocess.DEVNULL)
+        self.build_with_switches()
+
+    def copy_everything(self):
+        listed = subprocess.run(
+            ['git', 'ls-files', '-z', '--cached', '--others', '--exclude-standard'],
+            cwd=self.root, check=True, capture_output=True, text=True).stdout
+        written_here = {site.file for site in self.everything} | {'src/CMakeLists.txt'}
+        for file in filter(None, listed.split('\0')):
+            if (self.root / file).is_file() and file not in written_here:
+                self.write(file, (self.root / file).read_bytes())
+
+        self.write('src/CMakeLists.txt', (self.original('src/CMakeLists.txt') + AS_ONE).encode())
+
+    def write(self, file, content):
+        """Leaves a file alone that has this content already: nothing is then built again."""
+        path = self.tree / file
+        if not path.is_file() or path.read_bytes() != content:
+            path.parent.mkdir(parents=True, exist_ok=True)
+            path.write_bytes(content)
+
+    def original(self, file):
+        return (self.root / file).read_text(encoding='utf-8')
+
+    def source(self, file, change=None):
+        """With all switches, or with none and one change."""
+        source = self.originals[file]
+        kept = {line for fixed, line in self.fixed if fixed == file}
+        if change is not None:
+            return sites.with_change(source, change)
+        own = [(number, site) for number, site in enumerate(self.everything)
+               if site.file == file and self.is_switch(site)]
+        return sites.without_constants(sites.with_switches(source, own), kept)
+
+    def write_source(self, file, change=None):
+        self.write(file, self.source(file, change).encode('utf-8'))
+
+    def build_with_switches(self):
+        """Takes switches out where the compiler objects, until it is content."""
+        while True:
+            for file in {site.file for site in self.everything}:
+                self.write_source(file)
+            messages = self.build()
+            if messages is None:
+                return
+            blamed = self.blamed(messages)
+            if blamed <= self.fixed:
+                raise SystemExit('The copy cannot be built:\n' + messages[-4000:])
+            self.fixed |= blamed
+
+    def blamed(self, messages):
+        """The places that errors, and the notes that explain them, point at."""
+        pattern = re.compile(rf'{re.escape(str(self.tree))}/(src/[\w/.]+):(\d+):\d+: (?:error|note)')
+        return {(file, int(line)) for file, line in pattern.findall(messages)}
+
+    def build(self):
+        """The compiler's words if it fails."""
+        done = subprocess.run(['cmake', '--build', self.build_folder, '--parallel', JOBS, '--target',
+                               'krt_plx', '--', '-k', '0', '--quiet'], capture_output=True, text=True,
+                              check=False)
+        return None if done.returncode == 0 else done.stdout + done.stderr
+
+    def build_change(self, site):
+        """Builds the library with this one change and without switches in its file."""
+        self.write_source(site.file, site)
+        return self.build()
+
+    def restore(self, site):
+        self.write_source(site.file)

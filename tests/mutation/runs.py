@@ -1,0 +1,120 @@
+"""Runs the tests against each change."""
+
+import collections
+import concurrent.futures
+import os
+import re
+import resource
+import subprocess
+import tempfile
+
+WORKERS = 2
+# Of the processor; the clock may show far more on a busy machine.
+SECONDS = 60
+SECONDS_BY_THE_CLOCK = 900
+MEMORY = 4 << 30
+
+# About time and memory, not about rules; they would take most of the time.
+LEFT_OUT = ['Shapes/HostileSizeTest*', 'Lists/HostileTagsTest*', 'HostilePropertiesTest*',
+            'SaveFullDisk*', 'SaveLongPath*', 'Exports/NullHandle*', 'HostileDocumentTest*']
+# Random clips and long sequences, of which a few are enough, and every document in five encodings.
+SLOW = ['Seeds/*', 'Encodings/EncodingTest*']
+FEW_OF_THE_SLOW = ['Seeds/*/1', 'Encodings/EncodingTest*']
+
+FAILED = re.compile(r'^\[  FAILED  \] ([\w/]+\.[\w/]+)', re.MULTILINE)
+BEGUN = re.compile(r'^\[ RUN      \] ([\w/]+\.[\w/]+)', re.MULTILINE)
+
+
+def only(patterns):
+    return ':'.join(patterns)
+
+
+def all_but(patterns):
+    return '-' + ':'.join(patterns)
+
+
+def limit_resources():
+    resource.setrlimit(resource.RLIMIT_AS, (MEMORY, MEMORY))
+    resource.setrlimit(resource.RLIMIT_CPU, (SECONDS, SECONDS))
+
+
+class Tests:
+    def __init__(self, program, library_folder, scratch):
+        self.program = program
+        self.environment = {**os.environ, 'LD_LIBRARY_PATH': str(library_folder),
+                            'TMPDIR': scratch}
+        self.environment.pop('GTEST_OUTPUT', None)
+        self.successful = collections.defaultdict(list)  # suites that noticed, by file, last first
+
+    def run(self, identity, suites):
+        """The name of the test that notices; None when all pass."""
+        try:
+            done = subprocess.run(
+                [self.program, '--gtest_fail_fast', '--gtest_brief=0', '--gtest_filter=' + suites],
+                env={**self.environment, 'KRT_PLX_MUTANT': str(identity)}, capture_output=True,
+                text=True, errors='replace', timeout=SECONDS_BY_THE_CLOCK,
+                check=False, preexec_fn=limit_resources)
+        except subprocess.TimeoutExpired:
+            return 'no end'
+        if done.returncode == 0:
+            return None
+        names = FAILED.findall(done.stdout) or BEGUN.findall(done.stdout)[-1:]
+        return names[0] if names else 'crash at the start'
+
+    def notice(self, site, identity):
+        """First what noticed other changes of the file, the slow ones last."""
+        successful = self.successful[site.file]
+        stages = [only(successful[:8])] if successful else []
+        for suites in stages + [all_but(LEFT_OUT + SLOW), only(FEW_OF_THE_SLOW)]:
+            name = self.run(identity, suites)
+            if name is not None:
+                self.remember(successful, name)
+                return name
+        return None
+
+    @staticmethod
+    def remember(successful, name):
+        suite = name.split('.')[0] + '.*'
+        if '.' in name and not suite.startswith('Seeds/'):
+            if suite in successful:
+                successful.remove(suite)
+            successful.insert(0, suite)
+
+
+def run_switches(tree, tests, chosen, log):
+    def run(site):
+        notice = tests.notice(site, tree.identity(site))
+        print(f'{notice or "SURVIVED"}\t{site}', file=log, flush=True)
+        return site, notice
+
+    with concurrent.futures.ThreadPoolExecutor(WORKERS) as pool:
+        return list(pool.map(run, chosen))
+
+
+def run_built(tree, tests, chosen, log):
+    for site in chosen:
+        if tree.build_change(site) is not None:
+            notice = 'compiler'
+        else:
+            notice = tests.notice(site, -1)
+        print(f'{notice or "SURVIVED"}\t{site}', file=log, flush=True)
+        tree.restore(site)
+        yield site, notice
+
+
+def run_all(tree, program, chosen):
+    with tempfile.TemporaryDirectory(dir=shared_memory()) as scratch, \
+            open(tree.folder / 'log.txt', 'w', encoding='utf-8') as log:
+        tests = Tests(program, tree.library_folder, scratch)
+        for suites in (all_but(LEFT_OUT + SLOW), only(FEW_OF_THE_SLOW)):
+            name = tests.run(-1, suites)
+            if name is not None:
+                raise SystemExit(f'{name} fails without any change')
+        switches = [site for site in chosen if tree.is_switch(site)]
+        others = [site for site in chosen if not tree.is_switch(site)]
+        return run_switches(tree, tests, switches, log) + \
+            list(run_built(tree, tests, others, log))
+
+
+def shared_memory():
+    return '/dev/shm' if os.path.isdir('/dev/shm') else None

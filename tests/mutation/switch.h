@@ -1,0 +1,113 @@
+// Stands before every source that scripts/mutants compiles: each change is a switch in one build, and
+// the environment says which one is on.
+#pragma once
+
+#include <cstdlib>
+
+namespace mutation {
+
+inline int active()
+{
+    static const int id = [] {
+        const char* const text = std::getenv("KRT_PLX_MUTANT");
+        return text == nullptr ? -1 : std::atoi(text);
+    }();
+    return id;
+}
+
+template <class Value, class Changed>
+constexpr Value chosen(int id, Value original, Changed changed)
+{
+    return active() == id ? static_cast<Value>(changed) : original;
+}
+
+// `a < b` becomes `a < On{7} < b`, which means the same, by the same precedence, until 7 is on.
+struct On {
+    int id;
+};
+
+template <class Left>
+struct Compared {
+    const Left& left;
+    bool isOn;
+};
+
+template <class Left>
+constexpr Compared<Left> compared(const Left& left, On on)
+{
+    return {left, active() == on.id};
+}
+
+template <class Left>
+constexpr Compared<Left> operator<(const Left& left, On on)
+{
+    return compared(left, on);
+}
+
+template <class Left>
+constexpr Compared<Left> operator<=(const Left& left, On on)
+{
+    return compared(left, on);
+}
+
+template <class Left>
+constexpr Compared<Left> operator>(const Left& left, On on)
+{
+    return compared(left, on);
+}
+
+template <class Left>
+constexpr Compared<Left> operator>=(const Left& left, On on)
+{
+    return compared(left, on);
+}
+
+template <class Left>
+constexpr Compared<Left> operator==(const Left& left, On on)
+{
+    return compared(left, on);
+}
+
+template <class Left>
+constexpr Compared<Left> operator!=(const Left& left, On on)
+{
+    return compared(left, on);
+}
+
+template <class Left, class Right>
+constexpr bool operator<(const Compared<Left>& pair, const Right& right)
+{
+    return pair.isOn ? pair.left <= right : pair.left < right;
+}
+
+template <class Left, class Right>
+constexpr bool operator<=(const Compared<Left>& pair, const Right& right)
+{
+    return pair.isOn ? pair.left < right : pair.left <= right;
+}
+
+template <class Left, class Right>
+constexpr bool operator>(const Compared<Left>& pair, const Right& right)
+{
+    return pair.isOn ? pair.left >= right : pair.left > right;
+}
+
+template <class Left, class Right>
+constexpr bool operator>=(const Compared<Left>& pair, const Right& right)
+{
+    return pair.isOn ? pair.left > right : pair.left >= right;
+}
+
+template <class Left, class Right>
+constexpr bool operator==(const Compared<Left>& pair, const Right& right)
+{
+    return (pair.left == right) != pair.isOn;
+}
+
+template <class Left, class Right>
+constexpr bool operator!=(const Compared<Left>& pair, const Right& right)
+{
+    return (pair.left != right) != pair.isOn;
+}
+
+} // namespace mutation
