@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "fs/fs.h"
-#include "ordinary_user.h"
+#include "support/ordinary_user.h"
 #include "support/temp_dir.h"
 
 #ifndef _WIN32

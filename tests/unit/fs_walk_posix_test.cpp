@@ -17,7 +17,7 @@
 #    include <unistd.h>
 
 #    include "fs/fs.h"
-#    include "ordinary_user.h"
+#    include "support/ordinary_user.h"
 #    include "support/temp_dir.h"
 
 namespace {

@@ -1,0 +1,183 @@
+// Files and folders that may not be read or written: only what is concerned suffers, and nothing of it.
+#ifndef _WIN32
+
+#    include <sys/stat.h>
+#    include <unistd.h>
+
+#    include "support/ordinary_user.h"
+#    include "support/saving.h"
+
+using support::Path;
+using support::pathText;
+using support::text;
+using support::Tree;
+using support::treeOf;
+using testing::UnorderedElementsAre;
+
+namespace {
+
+void allow(const Path& path, mode_t mode)
+{
+    ASSERT_EQ(::chmod(path.c_str(), mode), 0) << path;
+}
+
+class NeighbourRights : public HostTest {
+protected:
+    NeighbourRights() : user_(pathText(scratch()))
+    {
+        std::filesystem::remove(systemFolder());
+        std::filesystem::remove(userFolder());
+        add(systemFolder() / "one", "system");
+        add(userFolder() / "one", "ID");
+        add(userFolder() / "two", "other");
+    }
+
+    // For who removes the scratch folder.
+    ~NeighbourRights() override
+    {
+        for (const char* const folder : {"system", "user", "user/one"}) {
+            ::chmod((scratch() / folder).c_str(), 0700);
+        }
+    }
+
+    static void add(const Path& folder, std::string_view id)
+    {
+        support::addClip(folder, support::propertyDocument(id), support::midiDocument());
+    }
+
+    [[nodiscard]] Path folder() const { return userFolder() / "one"; }
+
+    KRT_PLX_ClipBase* readClip()
+    {
+        EXPECT_EQ(read(), KRT_PLX_RESULT_OK);
+        return support::findUserClip(manager(), "ID");
+    }
+
+    static bool edit(KRT_PLX_ClipBase* clip)
+    {
+        KRT_PLX_PropertyEditor* const editor = KRT_PLX_UserClip_createPropertyEditor(clip);
+        EXPECT_TRUE(KRT_PLX_PropertyEditor_setClipName(editor, text("new").c_str()));
+        return KRT_PLX_PropertyEditor_save(editor);
+    }
+
+private:
+    OrdinaryUser user_;
+};
+
+TEST_F(NeighbourRights, ReadingNeedsNoMoreThanReading)
+{
+    for (const Path& place : {systemFolder(), userFolder()}) {
+        allow(place / "one" / "property.json", 0444);
+        allow(place / "one" / "clip.kxclip", 0444);
+        allow(place / "one", 0555);
+        allow(place, 0555);
+    }
+    KRT_PLX_ClipBase* const clip = readClip();
+    ASSERT_NE(clip, nullptr);
+    EXPECT_TRUE(KRT_PLX_Clip_readPart(clip));
+    EXPECT_TRUE(KRT_PLX_Clip_readPart(systemClip(0)));
+    allow(systemFolder() / "one", 0700);
+}
+
+TEST_F(NeighbourRights, AReadOnlyUserFolderTakesNoClip)
+{
+    KRT_PLX_ClipBase* const built = createMutableClip();
+    support::createMidiPart(built);
+    allow(userFolder(), 0555);
+    const Tree before = treeOf(userFolder());
+    EXPECT_EQ(support::save(built).code, KRT_PLX_RESULT_DIRECTORY_NOT_CREATED);
+    EXPECT_EQ(treeOf(userFolder()), before);
+    allow(userFolder(), 0755);
+    EXPECT_EQ(support::save(built).code, KRT_PLX_RESULT_OK);
+}
+
+TEST_F(NeighbourRights, AReadOnlyPropertyDocumentIsNotEdited)
+{
+    KRT_PLX_ClipBase* const clip = readClip();
+    allow(folder() / "property.json", 0444);
+    const Tree before = treeOf(userFolder());
+    EXPECT_FALSE(edit(clip));
+    EXPECT_EQ(support::utf8(KRT_PLX_Clip_name(clip)), "Name of ID");
+    EXPECT_EQ(treeOf(userFolder()), before);
+    allow(folder() / "property.json", 0644);
+    EXPECT_TRUE(edit(clip));
+}
+
+TEST_F(NeighbourRights, AClipInAReadOnlyFolderIsNotRemoved)
+{
+    KRT_PLX_ClipBase* const clip = readClip();
+    allow(folder(), 0555);
+    const Tree before = treeOf(userFolder());
+    EXPECT_FALSE(KRT_PLX_UserClip_remove(clip));
+    EXPECT_TRUE(KRT_PLX_Manager_hasUserClip(manager(), clip));
+    EXPECT_EQ(treeOf(userFolder()), before);
+    allow(folder(), 0755);
+    EXPECT_TRUE(KRT_PLX_UserClip_remove(clip));
+}
+
+TEST_F(NeighbourRights, ReadOnlyFilesAreRemovedWhereTheFolderAllowsIt)
+{
+    KRT_PLX_ClipBase* const clip = readClip();
+    allow(folder() / "property.json", 0444);
+    allow(folder() / "clip.kxclip", 0444);
+    EXPECT_TRUE(KRT_PLX_UserClip_remove(clip));
+    EXPECT_FALSE(std::filesystem::exists(folder()));
+}
+
+TEST_F(NeighbourRights, WhatMayNotBeReadIsLeftOutAlone)
+{
+    allow(folder() / "property.json", 0);
+    ASSERT_EQ(read(), KRT_PLX_RESULT_OK);
+    EXPECT_THAT(support::userClipIDs(manager()), UnorderedElementsAre("other"));
+    allow(folder() / "property.json", 0644);
+
+    allow(folder(), 0);
+    ASSERT_EQ(read(), KRT_PLX_RESULT_OK);
+    EXPECT_THAT(support::userClipIDs(manager()), UnorderedElementsAre("other"));
+    allow(folder(), 0755);
+
+    ASSERT_NE(readClip(), nullptr);
+    EXPECT_THAT(support::userClipIDs(manager()), UnorderedElementsAre("other", "ID"));
+}
+
+TEST_F(NeighbourRights, APartThatMayNotBeReadLeavesTheClip)
+{
+    KRT_PLX_ClipBase* const clip = readClip();
+    allow(folder() / "clip.kxclip", 0);
+    EXPECT_FALSE(KRT_PLX_Clip_readPart(clip));
+    EXPECT_TRUE(KRT_PLX_Manager_hasUserClip(manager(), clip));
+    allow(folder() / "clip.kxclip", 0644);
+    EXPECT_TRUE(KRT_PLX_Clip_readPart(clip));
+}
+
+} // namespace
+
+#else
+
+#    include "support/saving.h"
+
+using support::text;
+
+namespace {
+
+// Windows lets nobody delete or replace a file that is marked as read-only.
+TEST_F(HostTest, AClipOfReadOnlyFilesIsReadAndNotRemoved)
+{
+    support::addClip(userFolder() / "one", support::propertyDocument("ID"),
+                     support::midiDocument());
+    const auto file = userFolder() / "one" / "clip.kxclip";
+    std::filesystem::permissions(file, std::filesystem::perms::owner_read);
+    ASSERT_EQ(read(), KRT_PLX_RESULT_OK);
+    KRT_PLX_ClipBase* const clip = userClip(0);
+    EXPECT_TRUE(KRT_PLX_Clip_readPart(clip));
+    const support::Tree before = support::treeOf(userFolder());
+    EXPECT_FALSE(KRT_PLX_UserClip_remove(clip));
+    EXPECT_TRUE(KRT_PLX_Manager_hasUserClip(manager(), clip));
+    EXPECT_EQ(support::treeOf(userFolder()), before);
+    std::filesystem::permissions(file, std::filesystem::perms::owner_all);
+    EXPECT_TRUE(KRT_PLX_UserClip_remove(clip));
+}
+
+} // namespace
+
+#endif
