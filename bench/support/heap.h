@@ -24,8 +24,9 @@ public:
     [[nodiscard]] static HeapUse use();
 };
 
-// From now on the allocator keeps what is freed. Otherwise large works, and they alone, give their
-// memory back to the system each time and pay for touching it anew: growth would measure that.
+// From now on the allocator keeps what is freed, and joins it at once. Otherwise large works, and they
+// alone, give their memory back to the system each time and pay for touching it anew, or join in one
+// round what the round before has freed: growth would measure that.
 void keepFreedMemory();
 
 } // namespace bench

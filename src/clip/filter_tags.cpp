@@ -1,14 +1,14 @@
 #include "clip/filter_tags.h"
 
 #include <algorithm>
-#include <set>
+#include <functional>
+#include <iterator>
+#include <tuple>
+#include <utility>
 
 namespace Korvel::CANTORIS::PLX {
 
 namespace {
-
-// Up to this many elements a scan of the list is quicker than an index.
-constexpr std::size_t scanLimit = 16;
 
 bool takes(Tag tag, StringView text)
 {
@@ -21,21 +21,45 @@ bool contains(const std::vector<Value>& list, const Value& value)
     return std::find(list.begin(), list.end(), value) != list.end();
 }
 
-// Appends the items that `accepts` lets in and that are not there yet.
-template <class Value, class Accepts>
-void appendDistinct(std::vector<Value>& list, const std::vector<Value>& items, Accepts accepts)
+// Up to this many elements a scan of the list is quicker than sorting.
+constexpr std::size_t scanLimit = 16;
+
+// Marks the elements that repeat an earlier one. Sorting by hashes leaves the elements alone but for
+// those of one hash, and these are sorted too: texts with one hash, which a document can be full of,
+// make it no slower than sorting by the texts.
+template <class Value>
+std::vector<bool> repetitions(const std::vector<Value>& list)
 {
-    const bool scans = list.size() + items.size() <= scanLimit;
-    std::set<Value> index;
-    if (!scans) {
-        index.insert(list.begin(), list.end());
+    std::vector<std::pair<std::size_t, std::size_t>> order; // hash and place
+    order.reserve(list.size());
+    for (std::size_t place = 0; place < list.size(); ++place) {
+        order.emplace_back(std::hash<Value>{}(list[place]), place);
     }
-    list.reserve(list.size() + items.size());
-    for (const Value& item : items) {
-        if (accepts(item) && (scans ? !contains(list, item) : index.insert(item).second)) {
-            list.push_back(item);
+    std::sort(order.begin(), order.end(), [&list](const auto& a, const auto& b) {
+        return std::tie(a.first, list[a.second], a.second) <
+               std::tie(b.first, list[b.second], b.second);
+    });
+    std::vector<bool> repeated(list.size());
+    for (std::size_t i = 1; i < order.size(); ++i) {
+        const std::size_t place = order[i].second;
+        repeated[place] = list[order[i - 1].second] == list[place];
+    }
+    return repeated;
+}
+
+template <class Value>
+std::vector<Value> withoutRepetitions(const std::vector<Value>& list)
+{
+    const bool scans = list.size() <= scanLimit;
+    const std::vector<bool> repeated = scans ? std::vector<bool>() : repetitions(list);
+    std::vector<Value> distinct;
+    distinct.reserve(list.size());
+    for (std::size_t place = 0; place < list.size(); ++place) {
+        if (scans ? !contains(distinct, list[place]) : !repeated[place]) {
+            distinct.push_back(list[place]);
         }
     }
+    return distinct;
 }
 
 } // namespace
@@ -85,13 +109,17 @@ bool FilterTags::removeLanguage(std::int32_t number)
 void FilterTags::addAll(Tag tag, const std::vector<StringView>& texts)
 {
     auto all = list(tag).views();
-    appendDistinct(all, texts, [tag](StringView text) { return takes(tag, text); });
-    TextList(all).swap(list(tag));
+    std::copy_if(texts.begin(), texts.end(), std::back_inserter(all),
+                 [tag](StringView text) { return takes(tag, text); });
+    TextList(withoutRepetitions(all)).swap(list(tag));
 }
 
 void FilterTags::addAllLanguages(const Languages& numbers)
 {
-    appendDistinct(languages_, numbers, [](std::int32_t number) { return number >= 0; });
+    Languages all = languages_;
+    std::copy_if(numbers.begin(), numbers.end(), std::back_inserter(all),
+                 [](std::int32_t number) { return number >= 0; });
+    languages_ = withoutRepetitions(all);
 }
 
 } // namespace Korvel::CANTORIS::PLX

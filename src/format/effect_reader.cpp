@@ -1,10 +1,57 @@
 #include "format/effect_reader.h"
 
+#include <algorithm>
+#include <cstdint>
+
 #include "format/values.h"
 
 namespace Korvel::CANTORIS::PLX::format {
 
 namespace {
+
+// How many units all names begin with.
+std::size_t commonBeginning(const OwnedList<EffectParameterImpl>& parameters)
+{
+    const StringView first = parameters.empty() ? StringView() : parameters[0].nameText();
+    std::size_t length = first.size();
+    for (const EffectParameterImpl* const parameter : parameters) {
+        const StringView name = parameter->nameText();
+        length = std::min(length, name.size());
+        const auto end = first.begin() + static_cast<std::ptrdiff_t>(length);
+        length = static_cast<std::size_t>(std::mismatch(first.begin(), end, name.begin()).first -
+                                          first.begin());
+    }
+    return length;
+}
+
+// A name among names that begin alike. The four units in which they may differ first are compared
+// without going to where the names lie.
+class NameKey {
+public:
+    NameKey(const String& name, std::size_t commonLength) : name_(&name)
+    {
+        for (std::size_t i = commonLength; i < commonLength + 4; ++i) {
+            leading_ = leading_ << 16 | (i < name.size() ? std::uint16_t{name[i]} : 0U);
+        }
+    }
+
+    bool operator<(const NameKey& other) const
+    {
+        return leading_ == other.leading_ ? *name_ < *other.name_ : leading_ < other.leading_;
+    }
+
+private:
+    std::uint64_t leading_ = 0;
+    const String* name_;
+};
+
+void sortByName(OwnedList<EffectParameterImpl>& parameters)
+{
+    parameters.stableSortBy(
+        [length = commonBeginning(parameters)](const EffectParameterImpl& parameter) {
+            return NameKey(parameter.nameText(), length);
+        });
+}
 
 // Beyond the range of a float the value is clamped: upwards to the largest one, but downwards to the
 // smallest positive one. Clips in circulation were read so, and are read so again.
@@ -65,9 +112,7 @@ void readParameters(const Value* array, EffectBase& effect,
             parameters.append(std::move(parameter));
         }
     }
-    parameters.stableSort([](const EffectParameterImpl& a, const EffectParameterImpl& b) {
-        return a.nameText() < b.nameText();
-    });
+    sortByName(parameters);
 }
 
 template <class EffectImpl>

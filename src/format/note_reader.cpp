@@ -49,7 +49,7 @@ void readNotes(const Value* array, MidiPartBase& part, OwnedList<NoteImpl>& note
             notes.append(std::move(note));
         }
     }
-    notes.stableSort([](const NoteImpl& a, const NoteImpl& b) { return a.pos() < b.pos(); });
+    notes.stableSortBy([](const NoteImpl& note) { return note.pos(); });
 }
 
 } // namespace Korvel::CANTORIS::PLX::format

@@ -148,8 +148,7 @@ TYPED_TEST(ModelLists, HasByTheAddressOfTheRoot)
 TEST(ModelOwnedList, SortsStably)
 {
     OwnedList<Item> list;
-    filled(list, 40).stableSort(
-        [](const Item& a, const Item& b) { return a.number() % 3 < b.number() % 3; });
+    filled(list, 40).stableSortBy([](const Item& item) { return item.number() % 3; });
     Numbers expected;
     for (int rest = 0; rest < 3; ++rest) {
         for (int number = rest; number < 40; number += 3) {
