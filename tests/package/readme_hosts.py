@@ -54,7 +54,7 @@ class ReadmeHosts(PackageTest):
 
     def run_commands(self):
         result = subprocess.run(["sh", "-ec", self.commands()], check=False, capture_output=True,
-                                cwd=self.top, timeout=110, encoding="utf-8")
+                                cwd=self.top, timeout=280, encoding="utf-8")
         self.assertEqual((result.returncode, result.stderr), (0, ""), result.stdout)
         return result.stdout.splitlines()
 
