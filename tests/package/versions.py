@@ -86,10 +86,16 @@ class Versions(PackageTest):
         newest = re.search(r"^## \[([^\]]+)\]", text, re.MULTILINE)[1]
         self.assertIn(newest, (self.version_text, "Unreleased"))
 
-    def test_readme_names_the_shared_object(self):
-        text = (self.tree / "share/doc/krt_plx/README.md").read_text(encoding="utf-8")
-        names = set(re.findall(r"libkrt_plx\.so\.[0-9.]*[0-9]", text))
-        self.assertEqual(names, {f"libkrt_plx.so.{self.compatible_version}"})
+    def test_pages_name_the_shared_object(self):
+        for page in ("README.md", "docs/installing.md"):
+            text = (self.surroundings.sources / page).read_text(encoding="utf-8")
+            names = set(re.findall(r"libkrt_plx\.so\.[0-9.]*[0-9]", text))
+            self.assertEqual(names, {f"libkrt_plx.so.{self.compatible_version}"}, page)
+
+    def test_page_names_the_debian_package(self):
+        text = (self.surroundings.sources / "docs/installing.md").read_text(encoding="utf-8")
+        names = set(re.findall(r"libkrt-plx[0-9][0-9.]*", text))
+        self.assertEqual(names, {f"libkrt-plx{self.compatible_version}"})
 
 
 class SharedObjectVersion(PackageTest):

@@ -74,13 +74,22 @@ class Readme(unittest.TestCase):
 
 
 class Folders(unittest.TestCase):
-    """The map of the folders names none that is not there."""
+    """The map of the folders names none that is not there, and the README's all that are."""
 
     def test_readme(self):
         rows = table_with(SOURCES / "README.md", "Folder")
         names = [name for row in rows for name in re.findall("`([^`]+)`", row["Folder"])]
         self.assertGreater(len(names), 10)
         self.assertEqual([name for name in names if not (SOURCES / name).is_dir()], [])
+        self.assertEqual([name for name in names if names.count(name) > 1], [])
+        self.assertEqual([folder for folder in self.folders()
+                          if not any(f"{name}/".startswith(f"{folder}/") for name in names)], [])
+
+    def folders(self):
+        """Those at the top and those of the tests, without what is built or belongs to a tool."""
+        paths = [*SOURCES.iterdir(), *(SOURCES / "tests").iterdir()]
+        names = [path.relative_to(SOURCES).as_posix() for path in paths if path.is_dir()]
+        return [name for name in names if name != "build" and not re.search(r"(^|/)[._]", name)]
 
     def test_contributing(self):
         rows = table_with(SOURCES / "CONTRIBUTING.md", "Folder")
