@@ -54,6 +54,7 @@ class CopyOfTree:
                         '-DCMAKE_UNITY_BUILD=ON', '-DCMAKE_UNITY_BUILD_BATCH_SIZE=0',
                         f'-DCMAKE_CXX_FLAGS={FLAGS}{self.tree}/tests/mutation/switch.h'],
                        check=True, stdout=subprocess.DEVNULL)
+        self.fixed = set(self.remembered_fixed())
         self.build_with_switches()
 
     def copy_everything(self):
@@ -97,11 +98,28 @@ class CopyOfTree:
                 self.write_source(file)
             messages = self.build()
             if messages is None:
+                self.remember_fixed()
                 return
             blamed = self.blamed(messages)
             if blamed <= self.fixed:
                 raise SystemExit('The copy cannot be built:\n' + messages[-4000:])
             self.fixed |= blamed
+
+    def line_text(self, file, line):
+        lines = self.original(file).split('\n')
+        return lines[line - 1] if line <= len(lines) else ''
+
+    def remember_fixed(self):
+        """Finding these takes a build, which the next run can save."""
+        rows = [f'{file}:{line}:{self.line_text(file, line)}\n' for file, line in sorted(self.fixed)]
+        (self.folder / 'fixed.txt').write_text(''.join(rows), encoding='utf-8')
+
+    def remembered_fixed(self):
+        path = self.folder / 'fixed.txt'
+        rows = path.read_text(encoding='utf-8').splitlines() if path.is_file() else []
+        for file, line, text in (row.split(':', 2) for row in rows):
+            if self.line_text(file, int(line)) == text:
+                yield file, int(line)
 
     def blamed(self, messages):
         """The places that errors, and the notes that explain them, point at."""
