@@ -101,24 +101,36 @@ class Folders(unittest.TestCase):
 class Headers(unittest.TestCase):
     """The examples in the comments of the public headers compile."""
 
-    def snippets(self):
-        for header in sorted((SOURCES / "include").rglob("*.h")):
+    def setUp(self):
+        self.folders = [SOURCES / "include", LIBRARY_FOLDER.parent / "generated/include"]
+
+    def snippets(self, language):
+        headers = (header for folder in self.folders for header in folder.rglob("*.h*"))
+        for header in sorted(headers):
             text = re.sub(r"^ \* ?", "", header.read_text(encoding="utf-8"), flags=re.MULTILINE)
-            for code in re.findall(r"@code\{\.c\}\n(.*?)@endcode", text, re.DOTALL):
+            for code in re.findall(rf"@code\{{\.{language}\}}\n(.*?)@endcode", text, re.DOTALL):
                 yield header.name, code
 
-    def test_each_compiles(self):
-        snippets = list(self.snippets())
-        self.assertGreaterEqual(len(snippets), 2)
-        for language in ("c99", "c11"):
+    def test_each_in_c_compiles(self):
+        snippets = list(self.snippets("c"))
+        self.assertIn("plx_loader.h", [name for name, _ in snippets])
+        for standard in ("c99", "c11"):
             for name, code in snippets:
-                with self.subTest(header=name, language=language):
-                    self.compile(f"#include <korvel/plx.h>\n{code}", language)
+                with self.subTest(header=name, standard=standard):
+                    self.compile(f"#include <korvel/plx.h>\n{code}", "c", standard)
 
-    def compile(self, code, language):
-        command = [COMPILER, f"-std={language}", *WARNINGS, f"-I{SOURCES / 'include'}"]
-        command += ["-fsyntax-only", "-x", "c", "-"]
-        self.assertEqual(call(command, input=code.encode("utf-8")), (0, "", ""))
+    def test_each_in_cpp_compiles(self):
+        snippets = list(self.snippets("cpp"))
+        self.assertIn("plx.hpp", [name for name, _ in snippets])
+        for name, code in snippets:
+            with self.subTest(header=name):
+                self.compile(code, "c++", "c++17")
+
+    def compile(self, code, language, standard):
+        includes = [f"-I{folder}" for folder in self.folders]
+        command = [COMPILER, f"-std={standard}", *WARNINGS, *includes, "-fsyntax-only"]
+        self.assertEqual(call([*command, "-x", language, "-"], input=code.encode("utf-8")),
+                         (0, "", ""))
 
 
 def main():
