@@ -1,6 +1,5 @@
 // Data documents whose "wavFileName" is more than a name: whatever it leads to, what lies outside the
 // clip's own folder is neither deleted nor written.
-#include <optional>
 #include <string>
 
 #include "support/saving.h"
@@ -44,7 +43,7 @@ const WaveName waveNames[] = {
     {"AWildcard", R"(..\..\..\outside\*)", false},
 };
 
-class NeighbourWave : public HostTest, public testing::WithParamInterface<WaveName> {
+class NeighbourWave : public HostTest {
 protected:
     NeighbourWave()
     {
@@ -54,41 +53,35 @@ protected:
     }
 
     [[nodiscard]] Path outside() const { return scratch() / "outside"; }
-    [[nodiscard]] Path folder() const { return userFolder() / "one"; }
+    [[nodiscard]] Path folderOf(const WaveName& wave) const { return userFolder() / wave.title; }
 
-    void addClipWithName()
+    void addClipWith(const WaveName& wave)
     {
-        const std::string name =
-            support::replaced(GetParam().name, "OUTSIDE", utf8(pathText(outside())));
-        support::addClip(folder(), support::propertyDocument("ID", "audio"),
+        const std::string name = support::replaced(wave.name, "OUTSIDE", utf8(pathText(outside())));
+        support::addClip(folderOf(wave), support::propertyDocument(wave.title, "audio"),
                          support::audioDocument(support::replaced(name, "\\", "\\\\")));
-        std::filesystem::create_directory(folder() / "audio");
-    }
-
-    // All but the clip's own folder.
-    [[nodiscard]] Tree others() const
-    {
-        Tree tree = treeOf(scratch());
-        std::erase_if(tree, [](const auto& entry) { return entry.first.starts_with("user/one/"); });
-        return tree;
+        std::filesystem::create_directory(folderOf(wave) / "audio");
     }
 };
 
-TEST_P(NeighbourWave, LeadsToNothingThatIsTheClips)
+TEST_F(NeighbourWave, LeadsToNothingThatIsTheClips)
 {
-    addClipWithName();
-    const Tree before = others();
+    const Tree before = treeOf(scratch());
+    for (const WaveName& wave : waveNames) {
+        addClipWith(wave);
+    }
     ASSERT_EQ(read(), KRT_PLX_RESULT_OK);
-    KRT_PLX_ClipBase* const clip = support::findUserClip(manager(), "ID");
-    ASSERT_NE(clip, nullptr);
-    EXPECT_EQ(KRT_PLX_Clip_readPart(clip), GetParam().leadsOutside);
-    EXPECT_EQ(KRT_PLX_Clip_audioPart(clip) != nullptr, GetParam().leadsOutside);
-    EXPECT_TRUE(KRT_PLX_UserClip_remove(clip));
-    EXPECT_EQ(others(), before);
-    EXPECT_FALSE(std::filesystem::exists(folder() / "clip.kxclip"));
+    for (const WaveName& wave : waveNames) {
+        SCOPED_TRACE(wave.title);
+        KRT_PLX_ClipBase* const clip = support::findUserClip(manager(), wave.title);
+        ASSERT_NE(clip, nullptr);
+        EXPECT_EQ(KRT_PLX_Clip_readPart(clip), wave.leadsOutside);
+        EXPECT_EQ(KRT_PLX_Clip_audioPart(clip) != nullptr, wave.leadsOutside);
+        EXPECT_TRUE(KRT_PLX_UserClip_remove(clip));
+        EXPECT_FALSE(std::filesystem::exists(folderOf(wave) / "clip.kxclip"));
+        std::filesystem::remove_all(folderOf(wave));
+    }
+    EXPECT_EQ(treeOf(scratch()), before);
 }
-
-INSTANTIATE_TEST_SUITE_P(Names, NeighbourWave, testing::ValuesIn(waveNames),
-                         [](const auto& parameter) { return parameter.param.title; });
 
 } // namespace
