@@ -21,11 +21,6 @@ std::int64_t barAt(std::int64_t tick, std::int64_t ticksPerBar)
     return tick % ticksPerBar < 0 ? bar - 1 : bar;
 }
 
-std::int64_t endOf(const Note& note)
-{
-    return std::int64_t{note.pos} + note.duration;
-}
-
 // A row of air above and below. A part without notes shows the octave of middle C.
 void setRows(Layout& layout, const std::vector<Note>& notes)
 {

@@ -53,6 +53,11 @@ struct Layout {
 // Takes as many bars to a line as leave room for the words.
 Layout makeLayout(const MidiPart& part, const View& view);
 
+inline std::int64_t endOf(const Note& note)
+{
+    return std::int64_t{note.pos} + note.duration;
+}
+
 // How wide a text comes out at most, in a font of this size.
 double textWidth(std::string_view text, double fontSize);
 

@@ -7,11 +7,6 @@ namespace plxclip::roll {
 
 namespace {
 
-std::int64_t endOf(const Note& note)
-{
-    return std::int64_t{note.pos} + note.duration;
-}
-
 std::string hintOf(const Note& note)
 {
     return fmt::format("{} [{}] {}, at {}, {} ticks, velocity {}", note.lyric, note.phoneme,
