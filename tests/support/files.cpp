@@ -47,13 +47,24 @@ std::string readFile(const Path& file)
     return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
 }
 
+namespace {
+
 // Several test programs may run at once: the one that makes the folder has it.
-ScratchFolder::ScratchFolder()
+Path makeScratchFolder()
 {
     std::random_device random;
+    Path path;
     do {
-        path_ = std::filesystem::temp_directory_path() / ("plx-test-" + std::to_string(random()));
-    } while (!std::filesystem::create_directory(path_));
+        path = std::filesystem::temp_directory_path() / ("plx-scratch-" + std::to_string(random()));
+    } while (!std::filesystem::create_directory(path));
+    return path;
+}
+
+} // namespace
+
+ScratchFolder::ScratchFolder() : path_(makeScratchFolder()), claim_(path_)
+{
+    removeUnclaimed(path_);
 }
 
 ScratchFolder::~ScratchFolder()

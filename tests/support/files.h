@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "support/claim.h"
 #include "support/text.h"
 
 namespace support {
@@ -26,7 +27,8 @@ void writeDocument(const Path& file, std::string_view utf8, Encoding encoding,
 // The file's bytes; throws when it cannot be read.
 std::string readFile(const Path& file);
 
-// A new, empty folder that is gone, with everything in it, when the object is.
+// A new, empty folder that is gone, with everything in it, when the object is; if the process is killed
+// before, when the next test program begins.
 class ScratchFolder {
 public:
     ScratchFolder();
@@ -38,6 +40,7 @@ public:
 
 private:
     Path path_;
+    Claim claim_;
 };
 
 } // namespace support

@@ -21,7 +21,10 @@ void check(bool success, const char* what, const Text& path)
 
 } // namespace
 
-TempDir::TempDir() : path_(makeFreshFolder()) {}
+TempDir::TempDir() : path_(makeFreshFolder()), claim_(hostPath(path_))
+{
+    removeUnclaimed(hostPath(path_));
+}
 
 TempDir::~TempDir()
 {

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "support/claim.h"
 #include "support/text.h"
 
 namespace support {
@@ -31,6 +32,7 @@ public:
 
 private:
     Text path_;
+    Claim claim_;
 };
 
 // These throw when they fail.

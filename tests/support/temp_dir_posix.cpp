@@ -20,7 +20,7 @@ std::filesystem::path hostPath(TextView path)
 
 Text makeFreshFolder()
 {
-    std::string path = std::filesystem::temp_directory_path() / "krt-plx-XXXXXX";
+    std::string path = std::filesystem::temp_directory_path() / "plx-scratch-XXXXXX";
     if (::mkdtemp(path.data()) == nullptr) {
         throw std::runtime_error("cannot make " + path);
     }
