@@ -520,6 +520,7 @@ class Failures(ToolTest):
         self.assert_fails(PROBLEM, "there is no folder", "list", self.scratch / "無い")
         self.assert_fails(PROBLEM, "さくらんぼ", "show", self.library, "さくらんぼ")
         self.assert_fails(PROBLEM, "An die Freude", "show", self.library, "Freude")
+        self.assert_fails(PROBLEM, "make it", "copy", self.library, "Scala", self.scratch / "new")
 
     def test_a_name_that_two_clips_have(self):
         shutil.copytree(self.library / "user", self.user)
@@ -532,16 +533,31 @@ class Failures(ToolTest):
         self.assertIn("\n  twin ", result.errors)
         self.assertTrue(file.exists())
 
+    @unittest.skipUnless(os.path.exists("/dev/full"), "needs a disk that is full")
+    def test_output_that_cannot_be_written(self):
+        if PROGRAMS.launcher:
+            self.skipTest("no such disk there")
+        with open("/dev/full", "wb") as full:
+            result = subprocess.run([str(PROGRAMS.folder / "plxclip"), "list", str(self.library)],
+                                    stdout=full, stderr=subprocess.PIPE, check=False, timeout=60)
+        self.assertEqual(result.returncode, PROBLEM)
+        self.assertIn(b"cannot be written", result.stderr)
+
     def test_no_picture(self):
         self.assert_fails(PROBLEM, "no notes", "show", self.library, "つりがね", "--svg", "x.svg")
         file = self.scratch / "missing" / "x.svg"
         self.assert_fails(PROBLEM, "cannot be written", "show", self.library, "Scala", "--svg", file)
 
     def test_wrong_command_lines(self):
-        self.assert_fails(USAGE, "--help")
+        commands = "list, show, check, edit, remove, copy"
+        self.assert_fails(USAGE, f"no command given; there are {commands}")
+        self.assert_fails(USAGE, f'"burn" is no command; there are {commands}', "burn", self.library)
+        self.assert_fails(USAGE, "--help", "show", self.library)
         self.assert_fails(USAGE, "no DIR given", "list")
         self.assert_fails(USAGE, "audio, midi, midiAi", "list", self.library, "--part", "both")
         self.assert_fails(USAGE, "--tempo", "list", self.library, "--tempo", "fast")
+        self.assert_fails(USAGE, "0 to 30", "list", self.library, "--key", "31")
+        self.assert_fails(USAGE, "language", "list", self.library, "--language", "Elvish")
         self.assert_fails(USAGE, "--meter", "show", self.library, "Scala", "--meter", "4")
         self.assert_fails(USAGE, "nothing to change", "edit", self.library, "Scala")
         self.assert_fails(USAGE, "20 to 300", "edit", self.library, "Scala", "--tempo", "10")

@@ -101,12 +101,10 @@ std::string similarTo(const std::string& name, const std::vector<plx::Clip>& cli
 
 } // namespace
 
-void requireFolder(const std::string& folder)
+void requireFolder(const std::string& folder, std::string_view advice)
 {
     if (!isFolder(pathOf(folder))) {
-        throw Failure(fmt::format("there is no folder \"{}\"; name a folder that has clips "
-                                  "somewhere below it",
-                                  folder));
+        throw Failure(fmt::format("there is no folder \"{}\"; {}", folder, advice));
     }
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include <korvel/plx.hpp>
@@ -22,8 +23,9 @@ Folders foldersOf(const std::vector<std::string>& folders,
 // The same for a command that changes user clips: a folder that does not hold both has user clips.
 Folders foldersToChange(const std::string& folder);
 
-// Fails when it is no existing folder.
-void requireFolder(const std::string& folder);
+// Fails when it is no existing folder; the advice says what to do then.
+void requireFolder(const std::string& folder,
+                   std::string_view advice = "name a folder that has clips somewhere below it");
 
 // A new folder for as long as this lives, to stand where the library must have one.
 class EmptyFolder {

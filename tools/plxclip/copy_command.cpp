@@ -52,7 +52,7 @@ std::string reasonOf(std::optional<plx::Result> code)
 Folders foldersOfCopy(const CopyOptions& options)
 {
     Folders folders = foldersOf({options.folder}, options.userFolders);
-    requireFolder(options.target);
+    requireFolder(options.target, "make it, or name another one to save into");
     folders.user.insert(folders.user.begin(), options.target);
     return folders;
 }

@@ -141,7 +141,7 @@ void addEdit(CLI::App& app, Work& chosen)
             return name.empty() ? std::string("a name cannot be empty") : std::string();
         });
     addNumberOption(*command, "--key", options->key, findKey,
-                    "Its key: the number, or the name as in the example clips");
+                    "Its key: the number, or the name as in the example clips", keyValues);
     command
         ->add_option_function<std::string>(
             "--tempo", [options](const std::string& text) { options->tempo = tempoToSet(text); },

@@ -68,10 +68,11 @@ void addFilters(CLI::App& command, Search& search)
     add("--singer-group", search.singerGroup, "A singer group tag");
     add("--name", search.name, "A part of its name");
     addNumberOption(command, "--language", search.language, findLanguage,
-                    "A language tag: its number, or its name as in the example clips")
+                    "A language tag: its number, or its name as in the example clips",
+                    languageValues)
         ->group(group);
     addNumberOption(command, "--key", search.key, findKey,
-                    "Its key: the number, or the name as in the example clips")
+                    "Its key: the number, or the name as in the example clips", keyValues)
         ->group(group);
     command
         .add_option_function<std::string>(

@@ -38,13 +38,24 @@ void complain(std::string_view text)
     printError(fmt::format("{} {}\n", styled(Style::bad, "plxclip:", Stream::error), text));
 }
 
+std::string wrongCommand(const CLI::App& app)
+{
+    std::string known;
+    for (const CLI::App* const command : app.get_subcommands([](const CLI::App*) { return true; })) {
+        known += (known.empty() ? "" : ", ") + command->get_name();
+    }
+    const std::vector<std::string> others = app.remaining();
+    return others.empty() ? fmt::format("no command given; there are {}", known)
+                          : fmt::format("\"{}\" is no command; there are {}", others.front(), known);
+}
+
 // Help and version are asked for like this too; they are no errors.
 int answer(const CLI::App& app, const CLI::ParseError& error)
 {
     if (error.get_exit_code() == 0) {
         return app.exit(error);
     }
-    complain(error.what());
+    complain(app.get_subcommands().empty() ? wrongCommand(app) : error.what());
     printError("Run \"plxclip --help\", or \"plxclip COMMAND --help\", to see what there is.\n");
     return exitUsage;
 }
@@ -53,7 +64,10 @@ int perform(const Work& work)
 {
     try {
         const ExitStatus status = work();
-        return std::fflush(stdout) == 0 ? status : exitProblem;
+        if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
+            throw Failure("the output cannot be written; see whether the disk is full");
+        }
+        return status;
     } catch (const Failure& failure) {
         complain(failure.what());
         return failure.status();

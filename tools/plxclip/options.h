@@ -20,25 +20,29 @@ void addFolders(CLI::App& command, std::vector<std::string>& folders,
 // The one folder of a command that deals with one clip, and the clip.
 void addClip(CLI::App& command, std::string& folder, std::string& clip);
 
-// An option whose value is a number or its name.
+// An option whose value is a number or its name; `values` tells an error what there is.
 template <typename Number>
 CLI::Option* addNumberOption(CLI::App& command, const std::string& name,
                              std::optional<Number>& number,
                              std::optional<Number> (*find)(std::string_view),
-                             const std::string& help)
+                             const std::string& help, const std::string& values)
 {
     return command
         .add_option_function<std::string>(
             name,
-            [&number, find, name](const std::string& text) {
+            [&number, find, name, values](const std::string& text) {
                 number = find(text);
                 if (!number) {
-                    throw CLI::ValidationError(name, "\"" + text + "\" is no number and no name");
+                    throw CLI::ValidationError(name, "\"" + text + "\" is not " + values);
                 }
             },
             help)
         ->type_name("NUMBER");
 }
+
+inline constexpr const char* keyValues = "a key: 0 to 30, or a name such as \"A minor\"";
+inline constexpr const char* languageValues =
+    "a language: a number from 0 on, or a name such as \"Japanese\"";
 
 // An option whose value is one of some words. (CLI11's own way shows the words' numbers, too.)
 template <typename Value, typename Target>
