@@ -631,7 +631,8 @@ class Page(ToolTest):
 
     def run_sample(self, words):
         self.assertEqual(words[0], "plxclip")
-        return self.run_tool(*words[1:], cwd=self.scratch).lines
+        code = PROBLEM if words[1] == "check" else DONE
+        return self.run_tool(*words[1:], code=code, cwd=self.scratch).lines
 
 
 def matches(line, shown):
