@@ -15,6 +15,10 @@ set_property(SOURCE ${format_sources} PROPERTY COMPILE_OPTIONS)
 target_compile_options(krt_plx_objects PRIVATE -isystem "${KRT_PLX_RAPIDJSON_INCLUDE}")
 '''
 
+# The messages that name the place of an error, and those that may.
+DEFINITE = '(?:error|note: declared here|note: initializer of)'
+ANY = '(?:error|note)'
+
 
 def build_contract_tests(root):
     subprocess.run(['cmake', '--preset', 'release'], cwd=root, check=True, stdout=subprocess.DEVNULL)
@@ -100,7 +104,7 @@ class CopyOfTree:
             if messages is None:
                 self.remember_fixed()
                 return
-            blamed = self.blamed(messages)
+            blamed = self.blamed(messages, DEFINITE) - self.fixed or self.blamed(messages, ANY)
             if blamed <= self.fixed:
                 raise SystemExit('The copy cannot be built:\n' + messages[-4000:])
             self.fixed |= blamed
@@ -121,9 +125,9 @@ class CopyOfTree:
             if self.line_text(file, int(line)) == text:
                 yield file, int(line)
 
-    def blamed(self, messages):
-        """The places that errors, and the notes that explain them, point at."""
-        pattern = re.compile(rf'{re.escape(str(self.tree))}/(src/[\w/.]+):(\d+):\d+: (?:error|note)')
+    def blamed(self, messages, kinds):
+        """The places that these messages point at."""
+        pattern = re.compile(rf'{re.escape(str(self.tree))}/(src/[\w/.]+):(\d+):\d+: {kinds}')
         return {(file, int(line)) for file, line in pattern.findall(messages)}
 
     def build(self):

@@ -77,7 +77,11 @@ constexpr Compared<Left> operator!=(const Left& left, On on)
 template <class Left, class Right>
 constexpr bool operator<(const Compared<Left>& pair, const Right& right)
 {
-    return pair.isOn ? pair.left <= right : pair.left < right;
+    if constexpr (requires { pair.left <= right; }) {
+        return pair.isOn ? pair.left <= right : pair.left < right;
+    } else {
+        return pair.isOn ? !(right < pair.left) : pair.left < right;
+    }
 }
 
 template <class Left, class Right>
