@@ -2,8 +2,8 @@
 // appear, or become something else. Only the clip that they touch may suffer.
 
 #include <algorithm>
+#include <array>
 #include <filesystem>
-#include <set>
 #include <string>
 
 #include <sys/stat.h>
@@ -117,14 +117,14 @@ protected:
     static const Work& work() { return faults::workNamed(GetParam()); }
 
     // What hangs at a pipe would hang for ever.
-    static void SetUpTestSuite() { ::alarm(300); }
-    static void TearDownTestSuite() { ::alarm(0); }
-
     void SetUp() override
     {
+        ::alarm(300);
         support::writeFile(elsewhere_ / "take.wav", "precious");
         support::writeFile(elsewhere_ / "deep" / "other.wav", "precious too");
     }
+
+    void TearDown() override { ::alarm(0); }
 
     void start()
     {
