@@ -21,7 +21,8 @@ ANY = '(?:error|note)'
 
 
 def build_contract_tests(root):
-    subprocess.run(['cmake', '--preset', 'release'], cwd=root, check=True, stdout=subprocess.DEVNULL)
+    subprocess.run(['cmake', '--preset', 'release'], cwd=root, check=True,
+                   stdout=subprocess.DEVNULL)
     subprocess.run(['cmake', '--build', '--preset', 'release', '--target', 'contract_tests', '--',
                     '--quiet'], cwd=root, check=True)
     return root / 'build' / 'release' / 'bin' / 'contract_tests'
@@ -115,7 +116,8 @@ class CopyOfTree:
 
     def remember_fixed(self):
         """Finding these takes a build, which the next run can save."""
-        rows = [f'{file}:{line}:{self.line_text(file, line)}\n' for file, line in sorted(self.fixed)]
+        rows = [f'{file}:{line}:{self.line_text(file, line)}\n'
+                for file, line in sorted(self.fixed)]
         (self.folder / 'fixed.txt').write_text(''.join(rows), encoding='utf-8')
 
     def remembered_fixed(self):
@@ -132,9 +134,9 @@ class CopyOfTree:
 
     def build(self):
         """The compiler's words if it fails."""
-        done = subprocess.run(['cmake', '--build', self.build_folder, '--parallel', JOBS, '--target',
-                               'krt_plx', '--', '-k', '0', '--quiet'], capture_output=True, text=True,
-                              check=False)
+        done = subprocess.run(['cmake', '--build', self.build_folder, '--parallel', JOBS,
+                               '--target', 'krt_plx', '--', '-k', '0', '--quiet'],
+                              capture_output=True, text=True, check=False)
         return None if done.returncode == 0 else done.stdout + done.stderr
 
     def build_change(self, site):

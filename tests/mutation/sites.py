@@ -7,7 +7,8 @@ import re
 HIDDEN = re.compile(r'//[^\n]*|^[ \t]*#[^\n]*', re.MULTILINE)
 STRING = re.compile(r'"(?:[^"\\\n]|\\.)*"(?:_t)?')
 CHARACTER = re.compile(r"'(?:[^'\\\n]|\\.)+'")
-UNTOUCHED = re.compile(r'\b(?:template|static_assert|operator)\b[^\n]*|\) (?:const )?(?:noexcept )?= 0;')
+UNTOUCHED = re.compile(r'\b(?:template|static_assert|operator)\b[^\n]*|'
+                       r'\) (?:const )?(?:noexcept )?= 0;')
 FIELD = re.compile(r'\.(?:initial|minimum|maximum) = ([^,{}]+?)(?=[,}])')
 LIMIT = re.compile(r'std::numeric_limits<[\w:]+>::(?:max|min)\(\)')
 ENUMERATOR = re.compile(r"(?<=\w = )\d+(?=,| })")
