@@ -26,6 +26,7 @@ endfunction()
 
 # There is far more test code than it takes time to run: what counts is how fast it compiles.
 function(krt_plx_compile_fast name)
+    set_target_properties(${name} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 12)
     target_compile_options(${name} PRIVATE -O0)
     target_precompile_headers(${name} PRIVATE <gmock/gmock.h> <gtest/gtest.h>
         <algorithm> <filesystem> <limits> <map> <string> <string_view> <vector>)

@@ -51,4 +51,6 @@ endif()
 
 add_library(krt_plx_warnings INTERFACE)
 target_compile_options(krt_plx_warnings INTERFACE
-    -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
+    -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror
+    # Where several sources are compiled at once, what is local to one may hide what is local to another.
+    $<$<BOOL:$<TARGET_PROPERTY:UNITY_BUILD>>:-Wno-shadow>)

@@ -41,8 +41,8 @@ enum class Family {
 inline constexpr std::uint64_t null = 0;
 inline constexpr std::uint64_t no = 0;
 inline constexpr std::uint64_t nothing = 0; // of a function without a result
-inline constexpr std::uint64_t smallest = 0x80000000;
-inline constexpr std::uint64_t largest = 0x7FFFFFFF;
+inline constexpr std::uint64_t smallestBits = 0x80000000;
+inline constexpr std::uint64_t largestBits = 0x7FFFFFFF;
 inline constexpr std::uint64_t half = 0x3F000000; // 0.5 as a 32-bit float
 
 // A living object for each family, passed where a function asks for an element beside its handle: a

@@ -62,7 +62,7 @@ std::vector<Export> catalogueExports()
         exported("Filter_numGenres", &KRT_PLX_Filter_numGenres, no),
         exported("Filter_genre", &KRT_PLX_Filter_genre, null),
         exported("Filter_numLanguages", &KRT_PLX_Filter_numLanguages, no),
-        exported("Filter_language", &KRT_PLX_Filter_language, smallest),
+        exported("Filter_language", &KRT_PLX_Filter_language, smallestBits),
         exported("Filter_numSingerGroups", &KRT_PLX_Filter_numSingerGroups, no),
         exported("Filter_singerGroup", &KRT_PLX_Filter_singerGroup, null),
         exported("Filter_numSingerIDs", &KRT_PLX_Filter_numSingerIDs, no),

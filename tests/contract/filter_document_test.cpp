@@ -36,20 +36,20 @@ const std::vector<Document> documents = {
 
 // --- Texts ---
 
-struct TextList {
+struct DocumentTags {
     std::string key;
     bool (*count)(KRT_PLX_Filter*, std::uint64_t*);
     const KRT_PLX_Char* (*at)(KRT_PLX_Filter*, std::uint64_t);
 };
 
-const TextList vendors = {"", KRT_PLX_Filter_numVendors, KRT_PLX_Filter_vendor};
-const std::vector<TextList> textLists = {
+const DocumentTags vendorTags = {"", KRT_PLX_Filter_numVendors, KRT_PLX_Filter_vendor};
+const std::vector<DocumentTags> textLists = {
     {"singerGroups", KRT_PLX_Filter_numSingerGroups, KRT_PLX_Filter_singerGroup},
     {"singerIDs", KRT_PLX_Filter_numSingerIDs, KRT_PLX_Filter_singerID},
     {"types", KRT_PLX_Filter_numTypes, KRT_PLX_Filter_type},
     {"genres", KRT_PLX_Filter_numGenres, KRT_PLX_Filter_genre}};
 
-Texts textsOf(KRT_PLX_ClipBase* clip, const TextList& list)
+Texts textsOf(KRT_PLX_ClipBase* clip, const DocumentTags& list)
 {
     KRT_PLX_Filter* filter = KRT_PLX_Clip_filter(clip);
     EXPECT_NE(filter, nullptr);
@@ -73,7 +73,7 @@ protected:
     {
         return readDocument(GetParam().object.with("filter", value));
     }
-    Texts readTexts(const TextList& list, const std::string& value)
+    Texts readTexts(const DocumentTags& list, const std::string& value)
     {
         return textsOf(readFilter(Object{{list.key, value}}), list);
     }
@@ -95,12 +95,12 @@ INSTANTIATE_TEST_SUITE_P(Documents, FilterDocumentTest, testing::ValuesIn(docume
 TEST_P(FilterDocumentTest, FillsEachListFromItsOwnKey)
 {
     Object filter = {{"languages", "[4]"}};
-    for (const TextList& list : textLists) {
+    for (const DocumentTags& list : textLists) {
         filter = filter.with(list.key, array({jsonString("of " + list.key)}));
     }
     for (const Object& ordered : {filter, filter.reversed()}) {
         KRT_PLX_ClipBase* clip = readFilter(ordered);
-        for (const TextList& list : textLists) {
+        for (const DocumentTags& list : textLists) {
             EXPECT_EQ(textsOf(clip, list), Texts{"of " + list.key});
         }
         EXPECT_EQ(KRT_PLX_Filter_language(KRT_PLX_Clip_filter(clip), 0), 4);
@@ -109,7 +109,7 @@ TEST_P(FilterDocumentTest, FillsEachListFromItsOwnKey)
 
 TEST_P(FilterDocumentTest, KeepsTextsInTheOrderOfTheFile)
 {
-    for (const TextList& list : textLists) {
+    for (const DocumentTags& list : textLists) {
         EXPECT_EQ(readTexts(list, R"(["b", "a", "さくら", "c", "𝄞"])"),
                   (Texts{"b", "a", "さくら", "c", "𝄞"}));
         EXPECT_EQ(readTexts(list, "[]"), Texts{});
@@ -118,7 +118,7 @@ TEST_P(FilterDocumentTest, KeepsTextsInTheOrderOfTheFile)
 
 TEST_P(FilterDocumentTest, SkipsEmptyAndRepeatedTexts)
 {
-    for (const TextList& list : textLists) {
+    for (const DocumentTags& list : textLists) {
         EXPECT_EQ(readTexts(list, R"(["", "Pop", "Rock", "Pop", "", "Rock"])"),
                   (Texts{"Pop", "Rock"}));
         EXPECT_EQ(readTexts(list, R"([""])"), Texts{});
@@ -132,7 +132,7 @@ TEST_P(FilterDocumentTest, TellsTextsApartUnitByUnit)
     for (const std::string& text : different) {
         strings.push_back(jsonString(text));
     }
-    for (const TextList& list : textLists) {
+    for (const DocumentTags& list : textLists) {
         EXPECT_EQ(readTexts(list, array(strings)), different);
     }
     EXPECT_EQ(readTexts(textLists[0], R"(["A", "\u0041", "\ud834\udd1e", "𝄞"])"),
@@ -141,7 +141,7 @@ TEST_P(FilterDocumentTest, TellsTextsApartUnitByUnit)
 
 TEST_P(FilterDocumentTest, SkipsElementsThatAreNoTexts)
 {
-    for (const TextList& list : textLists) {
+    for (const DocumentTags& list : textLists) {
         Texts elements = notStrings();
         elements.insert(elements.begin() + 3, jsonString("between"));
         EXPECT_EQ(readTexts(list, array(elements)), Texts{"between"});
@@ -150,7 +150,7 @@ TEST_P(FilterDocumentTest, SkipsElementsThatAreNoTexts)
 
 TEST_P(FilterDocumentTest, IgnoresListsThatAreNoArrays)
 {
-    for (const TextList& list : textLists) {
+    for (const DocumentTags& list : textLists) {
         for (const std::string& value : notArrays()) {
             EXPECT_EQ(readTexts(list, value), Texts{}) << list.key << value;
         }
@@ -184,26 +184,26 @@ TEST_P(FilterDocumentTest, TagsTheClipWithItsVendor)
     const Object document = GetParam().object.with("vendor", jsonString("Studio"));
     for (const Object& ordered :
          {document.with("filter", "{}"), document.with("filter", "{}").reversed()}) {
-        EXPECT_EQ(textsOf(readDocument(ordered), vendors), Texts{"Studio"});
+        EXPECT_EQ(textsOf(readDocument(ordered), vendorTags), Texts{"Studio"});
     }
 }
 
 TEST_P(FilterDocumentTest, TagsAClipWithoutVendorWithTheEmptyText)
 {
-    EXPECT_EQ(textsOf(readFilter("{}"), vendors), Texts{""});
+    EXPECT_EQ(textsOf(readFilter("{}"), vendorTags), Texts{""});
     for (const std::string_view vendor : {"\"\"", "5", "null"}) {
         const Object document = GetParam().object.with("vendor", std::string(vendor));
-        EXPECT_EQ(textsOf(readDocument(document.with("filter", "{}")), vendors), Texts{""});
+        EXPECT_EQ(textsOf(readDocument(document.with("filter", "{}")), vendorTags), Texts{""});
     }
 }
 
 TEST_P(FilterDocumentTest, LeavesAClipWithoutFilterUntagged)
 {
     const Object document = GetParam().object.with("vendor", jsonString("Studio"));
-    EXPECT_EQ(textsOf(readDocument(document), vendors), Texts{});
+    EXPECT_EQ(textsOf(readDocument(document), vendorTags), Texts{});
     for (const std::string& value : notObjects()) {
         KRT_PLX_ClipBase* clip = readDocument(document.with("filter", value));
-        EXPECT_EQ(textsOf(clip, vendors), Texts{}) << value;
+        EXPECT_EQ(textsOf(clip, vendorTags), Texts{}) << value;
         EXPECT_EQ(textsOf(clip, textLists[0]), Texts{}) << value;
         EXPECT_EQ(utf8(KRT_PLX_ClipBase_vendorName(clip)), "Studio") << value;
     }
@@ -213,7 +213,7 @@ TEST_P(FilterDocumentTest, HasNoKeyForVendors)
 {
     for (const std::string_view key : {"vendors", "vendor", "Genres", "genre", "language"}) {
         KRT_PLX_ClipBase* clip = readFilter(Object{{std::string(key), R"(["Other"])"}});
-        EXPECT_EQ(textsOf(clip, vendors), Texts{""}) << key;
+        EXPECT_EQ(textsOf(clip, vendorTags), Texts{""}) << key;
         EXPECT_EQ(textsOf(clip, textLists[3]), Texts{}) << key;
     }
 }

@@ -1,19 +1,18 @@
 #include <filesystem>
-#include <limits>
 #include <string>
 
 #include "support/editing.h"
+#include "support/limits.h"
 
 using support::countOf;
+using support::largest;
 using support::Path;
 using support::pathText;
+using support::smallest;
 using support::text;
 using support::utf8;
 
 namespace {
-
-constexpr std::int32_t smallest = std::numeric_limits<std::int32_t>::min();
-constexpr std::int32_t largest = std::numeric_limits<std::int32_t>::max();
 
 class MutableAudioPart : public HostTest {
 protected:

@@ -1,15 +1,14 @@
-#include <limits>
 #include <vector>
 
 #include "support/editing.h"
+#include "support/limits.h"
 
 using support::countOf;
+using support::largestUnsigned;
 using support::text;
 using support::utf8;
 
 namespace {
-
-constexpr std::uint32_t largest = std::numeric_limits<std::uint32_t>::max();
 
 class MutableClipTest : public HostTest {
 protected:
@@ -137,7 +136,7 @@ TEST_F(MutableClipTest, TakesKeysUpTo30)
 {
     EXPECT_TRUE(KRT_PLX_MutableClip_setPartKey(clip, 30));
     EXPECT_EQ(KRT_PLX_ClipBase_partKey(clip), 30u);
-    for (const std::uint32_t key : {31u, 0x80000000u, largest}) {
+    for (const std::uint32_t key : {31u, 0x80000000u, largestUnsigned}) {
         EXPECT_FALSE(KRT_PLX_MutableClip_setPartKey(clip, key)) << key;
         EXPECT_EQ(KRT_PLX_ClipBase_partKey(clip), 30u);
     }
@@ -151,7 +150,7 @@ TEST_F(MutableClipTest, TakesTemposFrom2000To30000)
         EXPECT_TRUE(KRT_PLX_MutableClip_setPartTempo(clip, tempo));
         EXPECT_EQ(KRT_PLX_ClipBase_partTempo(clip), tempo);
     }
-    for (const std::uint32_t tempo : {1u, 1999u, 30001u, 0x80000000u, largest}) {
+    for (const std::uint32_t tempo : {1u, 1999u, 30001u, 0x80000000u, largestUnsigned}) {
         EXPECT_FALSE(KRT_PLX_MutableClip_setPartTempo(clip, tempo)) << tempo;
         EXPECT_EQ(KRT_PLX_ClipBase_partTempo(clip), 30000u);
     }

@@ -4,14 +4,14 @@
 #include <vector>
 
 #include "support/editing.h"
+#include "support/limits.h"
 
 using support::countOf;
 using support::eventsOf;
+using support::largest;
+using support::smallest;
 
 namespace {
-
-constexpr std::int32_t smallest = std::numeric_limits<std::int32_t>::min();
-constexpr std::int32_t largest = std::numeric_limits<std::int32_t>::max();
 
 using Lane = KRT_PLX_MidiControllerBase;
 using Event = KRT_PLX_MidiEventBase;

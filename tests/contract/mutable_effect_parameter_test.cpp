@@ -5,16 +5,16 @@
 #include <vector>
 
 #include "support/editing.h"
+#include "support/limits.h"
 
 using support::countOf;
+using support::largest;
 using support::parametersOf;
+using support::smallest;
 using support::text;
 using support::utf8;
 
 namespace {
-
-constexpr std::int32_t smallest = std::numeric_limits<std::int32_t>::min();
-constexpr std::int32_t largest = std::numeric_limits<std::int32_t>::max();
 
 using Parameter = KRT_PLX_EffectParameterBase;
 using Parameters = std::vector<Parameter*>;

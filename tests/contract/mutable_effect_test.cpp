@@ -1,17 +1,16 @@
-#include <limits>
 #include <string>
 #include <vector>
 
 #include "support/editing.h"
+#include "support/limits.h"
 
 using support::countOf;
 using support::elementsOf;
+using support::farAway;
 using support::text;
 using support::utf8;
 
 namespace {
-
-constexpr std::uint64_t farAway = std::numeric_limits<std::uint64_t>::max();
 
 using Effect = KRT_PLX_EffectBase;
 using Effects = std::vector<Effect*>;

@@ -4,15 +4,16 @@
 #include <vector>
 
 #include "support/editing.h"
+#include "support/limits.h"
 
 using support::countOf;
+using support::largest;
+using support::smallest;
 using support::text;
 using support::utf8;
 
 namespace {
 
-constexpr std::int32_t smallest = std::numeric_limits<std::int32_t>::min();
-constexpr std::int32_t largest = std::numeric_limits<std::int32_t>::max();
 constexpr std::uint32_t beyondByte[] = {128, 255, 256, 0x7FFFFFFF, 0x80000000, 0xFFFFFFFF};
 
 // --- Dvqm ---------------------------------------------------------------------------------------------

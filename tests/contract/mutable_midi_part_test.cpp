@@ -4,19 +4,20 @@
 #include <vector>
 
 #include "support/editing.h"
+#include "support/limits.h"
 
 using support::countOf;
+using support::farAway;
 using support::insertNote;
+using support::largest;
 using support::notesOf;
+using support::smallest;
 using support::text;
 using support::utf8;
 
 namespace {
 
-constexpr std::int32_t smallest = std::numeric_limits<std::int32_t>::min();
-constexpr std::int32_t largest = std::numeric_limits<std::int32_t>::max();
 constexpr std::uint32_t allBits = std::numeric_limits<std::uint32_t>::max();
-constexpr std::uint64_t farAway = std::numeric_limits<std::uint64_t>::max();
 
 class MutableMidiPartTest : public MidiPartTest {};
 

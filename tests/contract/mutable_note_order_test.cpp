@@ -1,16 +1,15 @@
 // Where notes stand in their part: inserting, moving, removing.
-#include <limits>
 #include <vector>
 
 #include "support/editing.h"
+#include "support/limits.h"
 
 using support::insertNote;
+using support::largest;
 using support::notesOf;
+using support::smallest;
 
 namespace {
-
-constexpr std::int32_t smallest = std::numeric_limits<std::int32_t>::min();
-constexpr std::int32_t largest = std::numeric_limits<std::int32_t>::max();
 
 using Notes = std::vector<KRT_PLX_NoteBase*>;
 

@@ -3,15 +3,15 @@
 #include <string>
 
 #include "support/editing.h"
+#include "support/limits.h"
 
 using support::insertNote;
+using support::largest;
+using support::smallest;
 using support::text;
 using support::utf8;
 
 namespace {
-
-constexpr std::int32_t smallest = std::numeric_limits<std::int32_t>::min();
-constexpr std::int32_t largest = std::numeric_limits<std::int32_t>::max();
 
 class MutableNoteTest : public NoteTest {};
 

@@ -1,17 +1,16 @@
-#include <limits>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "support/editing.h"
+#include "support/limits.h"
 
+using support::farAway;
+using support::largest;
 using support::pointsOf;
+using support::smallest;
 
 namespace {
-
-constexpr std::int32_t smallest = std::numeric_limits<std::int32_t>::min();
-constexpr std::int32_t largest = std::numeric_limits<std::int32_t>::max();
-constexpr std::uint64_t farAway = std::numeric_limits<std::uint64_t>::max();
 
 using Point = KRT_PLX_VibratoParameterBase;
 using Points = std::vector<Point*>;

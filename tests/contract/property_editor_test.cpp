@@ -1,10 +1,11 @@
 // The property editor: what its setters take, what saving changes in the clip and on disk, and how long
 // an editor lives.
-#include <limits>
 
 #include "support/editing.h"
+#include "support/limits.h"
 #include "support/saving.h"
 
+using support::largestUnsigned;
 using support::Path;
 using support::text;
 using support::utf8;
@@ -12,8 +13,6 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 namespace {
-
-constexpr std::uint32_t largest = std::numeric_limits<std::uint32_t>::max();
 
 // A user clip with one of every property, "old" in its texts.
 class PropertyEditorTest : public HostTest {
@@ -134,7 +133,7 @@ TEST_F(PropertyEditorTest, TakesKeysUpTo30)
     setName("new");
     EXPECT_TRUE(KRT_PLX_PropertyEditor_setPartKey(editor, 30));
     EXPECT_FALSE(KRT_PLX_PropertyEditor_setPartKey(editor, 31));
-    EXPECT_FALSE(KRT_PLX_PropertyEditor_setPartKey(editor, largest));
+    EXPECT_FALSE(KRT_PLX_PropertyEditor_setPartKey(editor, largestUnsigned));
     EXPECT_TRUE(save());
     EXPECT_EQ(KRT_PLX_ClipBase_partKey(clip), 30u);
     EXPECT_TRUE(KRT_PLX_PropertyEditor_setPartKey(editor, 0));
@@ -147,7 +146,7 @@ TEST_F(PropertyEditorTest, TakesNoTempoAndTemposFrom2000To30000)
     setName("new");
     for (const std::uint32_t tempo : {2000u, 30000u, 0u}) {
         EXPECT_TRUE(KRT_PLX_PropertyEditor_setPartTempo(editor, tempo));
-        for (const std::uint32_t refused : {1u, 1999u, 30001u, largest}) {
+        for (const std::uint32_t refused : {1u, 1999u, 30001u, largestUnsigned}) {
             EXPECT_FALSE(KRT_PLX_PropertyEditor_setPartTempo(editor, refused));
         }
         EXPECT_TRUE(save());

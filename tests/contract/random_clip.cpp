@@ -5,17 +5,18 @@
 #include <string>
 
 #include "clip_model.h"
+#include "support/limits.h"
 #include "support/text.h"
 
 namespace contract {
+
+using support::largest;
+using support::smallest;
 
 namespace {
 
 using support::Random;
 using support::Text;
-
-constexpr std::int32_t largest = std::numeric_limits<std::int32_t>::max();
-constexpr std::int32_t smallest = std::numeric_limits<std::int32_t>::min();
 
 // Every control character, what JSON escapes, and each length of UTF-8.
 Text someCharacter(Random& random)

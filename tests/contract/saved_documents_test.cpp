@@ -4,6 +4,7 @@
 #include "support/editing.h"
 #include "support/saving.h"
 
+using support::addParameter;
 using support::Form;
 using support::Path;
 using support::text;
@@ -31,11 +32,6 @@ void addLanguages(KRT_PLX_ClipBase* clip, std::initializer_list<std::int32_t> la
     for (const std::int32_t language : languages) {
         KRT_PLX_MutableFilter_addLanguage(KRT_PLX_MutableClip_filter(clip), language);
     }
-}
-
-KRT_PLX_EffectParameterBase* addParameter(KRT_PLX_EffectBase* effect, const char* name)
-{
-    return KRT_PLX_MutableEffect_addParameter(effect, text(name).c_str());
 }
 
 void fillReverb(KRT_PLX_EffectBase* effect)

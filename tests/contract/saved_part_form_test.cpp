@@ -2,8 +2,12 @@
 #include <limits>
 
 #include "support/editing.h"
+#include "support/limits.h"
 #include "support/saving.h"
 
+using support::addParameter;
+using support::largest;
+using support::smallest;
 using support::text;
 using support::utf8;
 using testing::AllOf;
@@ -12,9 +16,6 @@ using testing::HasSubstr;
 using testing::Not;
 
 namespace {
-
-constexpr std::int32_t smallest = std::numeric_limits<std::int32_t>::min();
-constexpr std::int32_t largest = std::numeric_limits<std::int32_t>::max();
 
 // The thirteen values of an AI expression, all the same.
 std::string aiExpression(const std::string& value)
@@ -288,11 +289,6 @@ TEST_F(SaveTest, LanesWithoutEventsAreLeftOut)
 }
 
 // --- Effects ----------------------------------------------------------------------------------------
-
-KRT_PLX_EffectParameterBase* addParameter(KRT_PLX_EffectBase* effect, const char* name)
-{
-    return KRT_PLX_MutableEffect_addParameter(effect, text(name).c_str());
-}
 
 TEST_F(SaveTest, EffectsStandInTheirOrderAudioBeforeMidi)
 {

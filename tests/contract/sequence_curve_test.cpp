@@ -1,19 +1,19 @@
 // Random edits of lanes' events and vibratos' points, beside plain lists that are edited by the same
 // rules: append, sort the whole, destroy what stands where the moved one went.
 #include <algorithm>
-#include <limits>
 #include <vector>
 
+#include "sequence.h"
 #include "support/editing.h"
+#include "support/limits.h"
 #include "support/random.h"
 
+using sequence::steps;
+using support::largest;
 using support::Random;
+using support::smallest;
 
 namespace {
-
-constexpr int steps = 3000;
-constexpr std::int32_t smallest = std::numeric_limits<std::int32_t>::min();
-constexpr std::int32_t largest = std::numeric_limits<std::int32_t>::max();
 
 template <class Handle>
 struct PointModel {

@@ -6,16 +6,16 @@
 #include <variant>
 #include <vector>
 
+#include "sequence.h"
 #include "support/editing.h"
 #include "support/random.h"
 
+using sequence::steps;
 using support::Random;
 using support::text;
 using support::utf8;
 
 namespace {
-
-constexpr int steps = 3000;
 
 using Effect = KRT_PLX_EffectBase;
 using Parameter = KRT_PLX_EffectParameterBase;

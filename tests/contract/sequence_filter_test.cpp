@@ -3,16 +3,16 @@
 #include <string>
 #include <vector>
 
+#include "sequence.h"
 #include "support/editing.h"
 #include "support/random.h"
 
+using sequence::steps;
 using support::Random;
 using support::text;
 using support::utf8;
 
 namespace {
-
-constexpr int steps = 3000;
 
 struct TagList {
     bool (*count)(KRT_PLX_Filter*, std::uint64_t*);

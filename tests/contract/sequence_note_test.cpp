@@ -1,22 +1,22 @@
 // Random edits of a part's notes and lanes, beside plain lists that are edited by the same rules:
 // append and sort the whole.
 #include <algorithm>
-#include <limits>
 #include <map>
 #include <vector>
 
+#include "sequence.h"
 #include "support/editing.h"
+#include "support/limits.h"
 #include "support/random.h"
 
+using sequence::steps;
 using support::insertNote;
+using support::largest;
 using support::notesOf;
 using support::Random;
+using support::smallest;
 
 namespace {
-
-constexpr int steps = 3000;
-constexpr std::int32_t smallest = std::numeric_limits<std::int32_t>::min();
-constexpr std::int32_t largest = std::numeric_limits<std::int32_t>::max();
 
 // --- Notes ------------------------------------------------------------------------------------------
 

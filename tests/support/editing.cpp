@@ -37,4 +37,9 @@ std::vector<KRT_PLX_EffectParameterBase*> parametersOf(KRT_PLX_EffectBase* effec
     return elementsOf(KRT_PLX_EffectBase_numParameters, KRT_PLX_MutableEffect_parameter, effect);
 }
 
+KRT_PLX_EffectParameterBase* addParameter(KRT_PLX_EffectBase* effect, std::string_view name)
+{
+    return KRT_PLX_MutableEffect_addParameter(effect, text(name).c_str());
+}
+
 } // namespace support

@@ -42,6 +42,9 @@ std::vector<KRT_PLX_VibratoParameterBase*> pointsOf(KRT_PLX_VibratoBase* vibrato
                                                     std::uint32_t kind);
 std::vector<KRT_PLX_EffectParameterBase*> parametersOf(KRT_PLX_EffectBase* effect);
 
+// The parameter of that name, added if it is not there.
+KRT_PLX_EffectParameterBase* addParameter(KRT_PLX_EffectBase* effect, std::string_view name);
+
 } // namespace support
 
 // An editable clip with an empty MIDI part of type 3.

@@ -10,13 +10,13 @@
 #    include <system_error>
 #    include <vector>
 
-#    include <dirent.h>
 #    include <fcntl.h>
 #    include <gmock/gmock.h>
 #    include <gtest/gtest.h>
 #    include <unistd.h>
 
 #    include "fs/fs.h"
+#    include "open_descriptors.h"
 #    include "posix_faults.h"
 #    include "support/temp_dir.h"
 
@@ -34,17 +34,6 @@ using support::TempDir;
 using support::text;
 using support::utf8;
 using support::writeBytes;
-
-int countOpenDescriptors()
-{
-    int count = 0;
-    DIR* folder = ::opendir("/proc/self/fd");
-    while (::readdir(folder) != nullptr) {
-        ++count;
-    }
-    ::closedir(folder);
-    return count;
-}
 
 constexpr int failures[] = {EIO,          EACCES, EPERM,   ENOSPC, EMFILE, ENOMEM,   EISDIR,
                             ENAMETOOLONG, EEXIST, ENOTDIR, ENOENT, EROFS,  ENOTEMPTY};

@@ -7,7 +7,6 @@
 #    include <thread>
 #    include <vector>
 
-#    include <dirent.h>
 #    include <fcntl.h>
 #    include <gmock/gmock.h>
 #    include <gtest/gtest.h>
@@ -17,6 +16,7 @@
 #    include <unistd.h>
 
 #    include "fs/fs.h"
+#    include "open_descriptors.h"
 #    include "support/ordinary_user.h"
 #    include "support/temp_dir.h"
 
@@ -139,17 +139,6 @@ TEST_F(FsWalkPosix, AFolderThatCannotBeListedCountsAsEmpty)
     ASSERT_EQ(::chmod(bytes("closed").c_str(), 0), 0);
     EXPECT_THAT(files(dir.path()), ElementsAre("open\\b"));
     ::chmod(bytes("closed").c_str(), 0700);
-}
-
-int countOpenDescriptors()
-{
-    int count = 0;
-    DIR* folder = ::opendir("/proc/self/fd");
-    while (folder != nullptr && ::readdir(folder) != nullptr) {
-        ++count;
-    }
-    ::closedir(folder);
-    return count;
 }
 
 TEST_F(FsWalkPosix, HoldsNoDescriptorWhileItVisits)

@@ -6,13 +6,14 @@
 
 #include "model/codes.h"
 #include "model/fields.h"
+#include "support/limits.h"
+
+using support::largest;
+using support::smallest;
 
 namespace {
 
 using namespace Korvel::CANTORIS::PLX;
-
-constexpr std::int32_t smallest = std::numeric_limits<std::int32_t>::min();
-constexpr std::int32_t largest = std::numeric_limits<std::int32_t>::max();
 
 // --- Ranges -------------------------------------------------------------------------------------------
 

@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <limits>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -7,15 +6,16 @@
 #include <gtest/gtest.h>
 
 #include "model/positions.h"
+#include "support/limits.h"
 #include "support/random.h"
+
+using support::largest;
+using support::smallest;
 
 namespace {
 
 using namespace Korvel::CANTORIS::PLX;
 using support::Random;
-
-constexpr std::int32_t smallest = std::numeric_limits<std::int32_t>::min();
-constexpr std::int32_t largest = std::numeric_limits<std::int32_t>::max();
 
 struct Mark {
     explicit Mark(std::int32_t pos) : position(pos) {}
