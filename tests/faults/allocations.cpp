@@ -12,7 +12,7 @@
 
 extern "C" {
 
-#ifdef __SANITIZE_ADDRESS__
+#ifdef KRT_PLX_WITH_ADDRESS_SANITIZER
 void* __interceptor_malloc(std::size_t size);
 void* __interceptor_calloc(std::size_t count, std::size_t size);
 void* __interceptor_realloc(void* block, std::size_t size);
@@ -32,7 +32,7 @@ bool insideLibrary = false;
 
 namespace {
 
-#ifdef __SANITIZE_ADDRESS__
+#ifdef KRT_PLX_WITH_ADDRESS_SANITIZER
 constexpr auto realMalloc = __interceptor_malloc;
 constexpr auto realCalloc = __interceptor_calloc;
 constexpr auto realRealloc = __interceptor_realloc;
@@ -183,7 +183,7 @@ void free(void* block) noexcept
 
 } // extern "C"
 
-#ifdef __SANITIZE_ADDRESS__
+#ifdef KRT_PLX_WITH_ADDRESS_SANITIZER
 
 // The sanitizer's own operators do not ask malloc.
 
