@@ -1,9 +1,10 @@
-# krt_plx_add_test_program(<name> <library>...)
+# krt_plx_add_test_program(<name> <library>... [SHARDS <number>])
 #
 # A GoogleTest program of the calling folder's sources and of tests/support, linked to the libraries
 # and registered with CTest. KRT_PLX_TEST_SOURCES, an expression, can choose among the *_test.cpp; a
 # program that is left without any is not made.
 function(krt_plx_add_test_program name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "SHARDS" "")
     file(GLOB_RECURSE sources CONFIGURE_DEPENDS "*.cpp" "*.h")
     file(GLOB support CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/tests/support/*.cpp"
         "${PROJECT_SOURCE_DIR}/tests/support/*.h")
@@ -17,19 +18,31 @@ function(krt_plx_add_test_program name)
     add_executable(${name} ${tests} ${sources} ${support})
     target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}/tests"
         "${KRT_PLX_EXPORTS_DIR}")
-    target_link_libraries(${name} PRIVATE ${ARGN} krt_plx_warnings GTest::gmock_main)
+    target_link_libraries(${name} PRIVATE ${arg_UNPARSED_ARGUMENTS} krt_plx_warnings
+        GTest::gmock_main)
     add_dependencies(${name} krt_plx krt_plx_exports)
     krt_plx_compile_fast(${name})
     krt_plx_describe_surroundings(${name})
-    krt_plx_register_test_program(${name})
+    krt_plx_register_test_program(${name} ${arg_SHARDS})
 endfunction()
 
 # There is far more test code than it takes time to run: what counts is how fast it compiles.
 function(krt_plx_compile_fast name)
     set_target_properties(${name} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 12)
     target_compile_options(${name} PRIVATE -O0)
-    target_precompile_headers(${name} PRIVATE <gmock/gmock.h> <gtest/gtest.h>
-        <algorithm> <filesystem> <limits> <map> <string> <string_view> <vector>)
+    # What the library does is looked into, with all that its host does to memory; a check of each
+    # expression of the tests takes as long to compile again.
+    if(KRT_PLX_SANITIZERS MATCHES "undefined")
+        target_compile_options(${name} PRIVATE -fno-sanitize=undefined)
+    endif()
+    # Worth its time from the third unit on.
+    get_target_property(sources ${name} SOURCES)
+    list(FILTER sources INCLUDE REGEX "\\.cpp$")
+    list(LENGTH sources count)
+    if(count GREATER 24)
+        target_precompile_headers(${name} PRIVATE <gmock/gmock.h> <gtest/gtest.h>
+            <algorithm> <filesystem> <limits> <map> <string> <string_view> <vector>)
+    endif()
 endfunction()
 
 # Where a program finds the shipped library and the sources' data: UTF-8, in the form of the system
@@ -40,18 +53,33 @@ function(krt_plx_describe_surroundings name)
         "KRT_PLX_TEST_SOURCE_FOLDER=\"${KRT_PLX_TEST_ROOT}${PROJECT_SOURCE_DIR}\"")
 endfunction()
 
+# krt_plx_register_test_program(<name> [<shards>]): as one test, or as several that take turns with the
+# program's cases, so that as many processors run them.
 function(krt_plx_register_test_program name)
-    set(environment
-        "GTEST_OUTPUT=json:${KRT_PLX_TEST_ROOT}${KRT_PLX_TEST_RESULTS}/${name}.json"
-        "ASAN_OPTIONS=detect_leaks=1:detect_stack_use_after_return=1:strict_string_checks=1"
-        "UBSAN_OPTIONS=print_stacktrace=1"
-        "TSAN_OPTIONS=halt_on_error=1:second_deadlock_stack=1")
     if(KRT_PLX_SANITIZERS STREQUAL "thread")
         set(launcher "${PROJECT_SOURCE_DIR}/cmake/with-plain-addresses" $<TARGET_FILE:${name}>)
     else()
         set(launcher ${name})
     endif()
-    add_test(NAME ${name} COMMAND ${launcher})
+    if(NOT ARGC GREATER 1)
+        krt_plx_register_test_run(${name} "" ${launcher})
+        return()
+    endif()
+    set(shards ${ARGV1})
+    math(EXPR last "${shards} - 1")
+    foreach(shard RANGE ${last})
+        krt_plx_register_test_run(${name}.${shard}
+            "GTEST_TOTAL_SHARDS=${shards};GTEST_SHARD_INDEX=${shard}" ${launcher})
+    endforeach()
+endfunction()
+
+function(krt_plx_register_test_run name environment)
+    list(APPEND environment
+        "GTEST_OUTPUT=json:${KRT_PLX_TEST_ROOT}${KRT_PLX_TEST_RESULTS}/${name}.json"
+        "ASAN_OPTIONS=detect_leaks=1:detect_stack_use_after_return=1:strict_string_checks=1"
+        "UBSAN_OPTIONS=print_stacktrace=1"
+        "TSAN_OPTIONS=halt_on_error=1:second_deadlock_stack=1")
+    add_test(NAME ${name} COMMAND ${ARGN})
     set_tests_properties(${name} PROPERTIES
         ENVIRONMENT "${environment}" LABELS program TIMEOUT 600)
     if(CMAKE_CROSSCOMPILING)

@@ -1,4 +1,5 @@
 // The inputs that the fuzzers have found worth keeping, one test each.
+#include <algorithm>
 #include <filesystem>
 #include <string>
 #include <vector>
