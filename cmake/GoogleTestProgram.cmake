@@ -35,6 +35,10 @@ function(krt_plx_compile_fast name)
     if(KRT_PLX_SANITIZERS MATCHES "undefined")
         target_compile_options(${name} PRIVATE -fno-sanitize=undefined)
     endif()
+    # Linking for Windows takes half as long again with it.
+    if(WIN32)
+        target_compile_options(${name} PRIVATE -g0)
+    endif()
     # Worth its time from the third unit on.
     get_target_property(sources ${name} SOURCES)
     list(FILTER sources INCLUDE REGEX "\\.cpp$")
