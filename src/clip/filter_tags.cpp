@@ -47,19 +47,29 @@ std::vector<bool> repetitions(const std::vector<Value>& list)
     return repeated;
 }
 
+// Keeps the first of equal elements.
 template <class Value>
-std::vector<Value> withoutRepetitions(const std::vector<Value>& list)
+void removeRepetitions(std::vector<Value>& list)
 {
     const bool scans = list.size() <= scanLimit;
     const std::vector<bool> repeated = scans ? std::vector<bool>() : repetitions(list);
-    std::vector<Value> distinct;
-    distinct.reserve(list.size());
+    auto end = list.begin();
     for (std::size_t place = 0; place < list.size(); ++place) {
-        if (scans ? !contains(distinct, list[place]) : !repeated[place]) {
-            distinct.push_back(list[place]);
+        const Value value = list[place];
+        if (scans ? std::find(list.begin(), end, value) == end : !repeated[place]) {
+            *end++ = value;
         }
     }
-    return distinct;
+    list.erase(end, list.end());
+}
+
+// Appends the items that `accepts` lets in and that are not there yet.
+template <class Value, class Accepts>
+void appendDistinct(std::vector<Value>& list, const std::vector<Value>& items, Accepts accepts)
+{
+    list.reserve(list.size() + items.size());
+    std::copy_if(items.begin(), items.end(), std::back_inserter(list), accepts);
+    removeRepetitions(list);
 }
 
 } // namespace
@@ -109,17 +119,15 @@ bool FilterTags::removeLanguage(std::int32_t number)
 void FilterTags::addAll(Tag tag, const std::vector<StringView>& texts)
 {
     auto all = list(tag).views();
-    std::copy_if(texts.begin(), texts.end(), std::back_inserter(all),
-                 [tag](StringView text) { return takes(tag, text); });
-    TextList(withoutRepetitions(all)).swap(list(tag));
+    appendDistinct(all, texts, [tag](StringView text) { return takes(tag, text); });
+    TextList(all).swap(list(tag));
 }
 
 void FilterTags::addAllLanguages(const Languages& numbers)
 {
     Languages all = languages_;
-    std::copy_if(numbers.begin(), numbers.end(), std::back_inserter(all),
-                 [](std::int32_t number) { return number >= 0; });
-    languages_ = withoutRepetitions(all);
+    appendDistinct(all, numbers, [](std::int32_t number) { return number >= 0; });
+    languages_.swap(all);
 }
 
 } // namespace Korvel::CANTORIS::PLX
