@@ -134,7 +134,6 @@ void filterTags(const Stage& stage)
 struct Kind {
     const char* name;
     void (*build)(const Stage&);
-    std::size_t divisor = 1; // of the number of items
 };
 
 constexpr std::array kinds{Kind{"effects with distinct IDs", effectsBehind},
@@ -147,7 +146,10 @@ constexpr std::array kinds{Kind{"effects with distinct IDs", effectsBehind},
                            Kind{"events in reverse order", eventsReversed},
                            Kind{"events at one position", eventsAtOnePosition},
                            Kind{"vibrato points", vibratoPoints},
-                           Kind{"filter tags", filterTags, 10}};
+                           Kind{"filter tags", filterTags}};
+
+// As for the notes of the work "build", with the same numbers: each insertion looks for its place.
+constexpr Target growthTarget{20};
 
 // Builds into a new clip and destroys it, both counted: lists can be slow at either.
 Contestant contestant(const Run& run, const Kind& kind, std::size_t count)
@@ -169,12 +171,12 @@ Contestant contestant(const Run& run, const Kind& kind, std::size_t count)
 void growBuilding(Run& run)
 {
     keepFreedMemory();
-    const std::size_t count = run.data.size().hostile;
+    const std::size_t count = run.data.size().hostile / 10;
     for (const Kind& kind : kinds) {
         Contest contest(std::string("build ") + kind.name, run.rounds);
-        Contestant small = contestant(run, kind, count / kind.divisor);
-        small.target = Target{13};
-        contest.add(contestant(run, kind, count / kind.divisor * 10));
+        Contestant small = contestant(run, kind, count);
+        small.target = growthTarget;
+        contest.add(contestant(run, kind, count * 10));
         contest.add(small);
         contest.run(run.clock, run.table);
     }

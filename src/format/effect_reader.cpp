@@ -1,7 +1,7 @@
 #include "format/effect_reader.h"
 
 #include <algorithm>
-#include <cstdint>
+#include <array>
 
 #include "format/values.h"
 
@@ -24,15 +24,14 @@ std::size_t commonBeginning(const OwnedList<EffectParameterImpl>& parameters)
     return length;
 }
 
-// A name among names that begin alike. The four units in which they may differ first are compared
+// A name among names that begin alike. The eight units in which they may differ first are compared
 // without going to where the names lie.
 class NameKey {
 public:
     NameKey(const String& name, std::size_t commonLength) : name_(&name)
     {
-        for (std::size_t i = commonLength; i < commonLength + 4; ++i) {
-            leading_ = leading_ << 16 | (i < name.size() ? std::uint16_t{name[i]} : 0U);
-        }
+        const StringView rest = StringView(name).substr(commonLength, leading_.size());
+        std::copy(rest.begin(), rest.end(), leading_.begin());
     }
 
     bool operator<(const NameKey& other) const
@@ -41,7 +40,7 @@ public:
     }
 
 private:
-    std::uint64_t leading_ = 0;
+    std::array<Char, 8> leading_{};
     const String* name_;
 };
 
