@@ -1,11 +1,13 @@
 // The effects of a document and their parameters: what each kind of value becomes, the order of
 // parameters, and which of two effects stays.
 
+#include <algorithm>
 #include <cstdint>
 #include <limits>
 #include <string>
 #include <vector>
 
+#include "support/random.h"
 #include "support/reading.h"
 
 namespace {
@@ -213,6 +215,33 @@ TEST_P(EffectDocumentTest, SortsParametersByTheUnitsOfTheirNames)
     // The clef's first unit is a surrogate, hence below the full-width letter.
     EXPECT_EQ(readNames({parameter("Ａ", "0.5"), parameter("𝄞", "0.5"), parameter("さ", "0.5")}),
               (Names{"さ", "𝄞", "Ａ"}));
+}
+
+// Names that begin alike, end within each other, and differ early, late or not at all.
+TEST_P(EffectDocumentTest, SortsParametersHoweverFarTheirNamesAgree)
+{
+    const std::vector<std::string> pieces = {"a",      "B", "é", "さ", "𝄞", "Ａ", "\xEE\x80\x80",
+                                             "aaaaaaa"};
+    support::Random random(7);
+    for (int round = 0; round < 60; ++round) {
+        const std::string beginning(random.below(12), 'n');
+        std::vector<support::Text> names;
+        std::vector<std::string> parameters;
+        for (std::uint32_t left = 1 + random.below(30); left > 0; --left) {
+            std::string name = beginning + random.oneOf(pieces);
+            for (std::uint32_t more = random.below(4); more > 0; --more) {
+                name += random.oneOf(pieces);
+            }
+            names.push_back(support::text(name));
+            parameters.push_back(parameter(name, "0.5"));
+        }
+        std::sort(names.begin(), names.end());
+        std::vector<std::string> expected;
+        for (const support::Text& name : names) {
+            expected.push_back(utf8(name));
+        }
+        ASSERT_EQ(readNames(parameters), expected) << round;
+    }
 }
 
 TEST_P(EffectDocumentTest, KeepsParametersOfOneNameAll)
