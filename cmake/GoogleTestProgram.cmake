@@ -1,29 +1,39 @@
 # krt_plx_add_test_program(<name> <library>... [SHARDS <number>])
 #
-# A GoogleTest program of the calling folder's sources and of tests/support, linked to the libraries
-# and registered with CTest. KRT_PLX_TEST_SOURCES, an expression, can choose among the *_test.cpp; a
-# program that is left without any is not made.
+# A GoogleTest program of the calling folder's sources, linked to tests/support and the libraries and
+# registered with CTest. KRT_PLX_TEST_SOURCES, an expression, can choose among the *_test.cpp; a program
+# that is left without any is not made.
 function(krt_plx_add_test_program name)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "SHARDS" "")
     file(GLOB_RECURSE sources CONFIGURE_DEPENDS "*.cpp" "*.h")
-    file(GLOB support CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/tests/support/*.cpp"
-        "${PROJECT_SOURCE_DIR}/tests/support/*.h")
     set(tests ${sources})
     list(FILTER tests INCLUDE REGEX "_test\\.cpp$")
     list(REMOVE_ITEM sources ${tests})
-    list(FILTER tests INCLUDE REGEX "${KRT_PLX_TEST_SOURCES}")
+    krt_plx_choose_tests(tests ${tests})
     if(NOT tests)
         return()
     endif()
-    add_executable(${name} ${tests} ${sources} ${support})
-    target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}/tests"
-        "${KRT_PLX_EXPORTS_DIR}")
-    target_link_libraries(${name} PRIVATE ${arg_UNPARSED_ARGUMENTS} krt_plx_warnings
-        GTest::gmock_main)
+    add_executable(${name} ${tests} ${sources})
+    target_include_directories(${name} PRIVATE "${KRT_PLX_EXPORTS_DIR}")
+    target_link_libraries(${name} PRIVATE krt_plx_test_support ${arg_UNPARSED_ARGUMENTS}
+        krt_plx_warnings GTest::gmock_main)
     add_dependencies(${name} krt_plx krt_plx_exports)
     krt_plx_compile_fast(${name})
     krt_plx_describe_surroundings(${name})
     krt_plx_register_test_program(${name} ${arg_SHARDS})
+endfunction()
+
+# krt_plx_choose_tests(<variable> <source>...): those of the sources that KRT_PLX_TEST_SOURCES meets, by
+# their place in the project: what the folders above it are called is its user's affair.
+function(krt_plx_choose_tests variable)
+    set(chosen "")
+    foreach(source IN LISTS ARGN)
+        file(RELATIVE_PATH place "${PROJECT_SOURCE_DIR}" "${source}")
+        if(place MATCHES "${KRT_PLX_TEST_SOURCES}")
+            list(APPEND chosen "${source}")
+        endif()
+    endforeach()
+    set(${variable} ${chosen} PARENT_SCOPE)
 endfunction()
 
 # There is far more test code than it takes time to run: what counts is how fast it compiles.
