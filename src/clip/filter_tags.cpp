@@ -15,12 +15,6 @@ bool takes(Tag tag, StringView text)
     return tag == Tag::vendor || !text.empty();
 }
 
-template <class Value>
-bool contains(const std::vector<Value>& list, const Value& value)
-{
-    return std::find(list.begin(), list.end(), value) != list.end();
-}
-
 // Up to this many elements a scan of the list is quicker than sorting.
 constexpr std::size_t scanLimit = 16;
 
@@ -90,7 +84,7 @@ bool FilterTags::addLanguage(std::int32_t number)
     if (number < 0) {
         return false;
     }
-    if (!contains(languages_, number)) {
+    if (std::find(languages_.begin(), languages_.end(), number) == languages_.end()) {
         languages_.push_back(number);
     }
     return true;
