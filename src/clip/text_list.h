@@ -17,7 +17,6 @@ public:
     explicit TextList(const std::vector<StringView>& texts);
 
     std::size_t size() const;
-    bool empty() const { return size() == 0; }
 
     // NUL-terminated; good until the list is changed.
     StringView operator[](std::size_t index) const;

@@ -244,11 +244,21 @@ TEST_P(EffectDocumentTest, SortsParametersHoweverFarTheirNamesAgree)
     }
 }
 
-TEST_P(EffectDocumentTest, KeepsParametersOfOneNameAll)
+TEST_P(EffectDocumentTest, KeepsParametersOfOneNameAllAndInTheOrderOfTheFile)
 {
-    using Names = std::vector<std::string>;
-    EXPECT_EQ(readNames({parameter("x", "0.5"), parameter("a", "0.5"), parameter("x", "1")}),
-              (Names{"a", "x", "x"}));
+    constexpr std::size_t values = 40;
+    std::vector<std::string> parameters;
+    for (std::size_t value = 0; value < values; ++value) {
+        parameters.push_back(parameter("x", jsonString(std::to_string(value))));
+        parameters.push_back(parameter("a", "0.5"));
+    }
+    KRT_PLX_EffectBase* read = readEffect(effect("E", parameters));
+    ASSERT_EQ(count(KRT_PLX_EffectBase_numParameters, read), 2 * values);
+    for (std::size_t value = 0; value < values; ++value) {
+        KRT_PLX_EffectParameterBase* at = KRT_PLX_Effect_parameter(read, values + value);
+        EXPECT_EQ(utf8(KRT_PLX_EffectParameterBase_name(at)), "x");
+        EXPECT_EQ(utf8(KRT_PLX_EffectParameterBase_valueString(at)), std::to_string(value));
+    }
 }
 
 class EffectChainsDocumentTest : public ReaderTest {};

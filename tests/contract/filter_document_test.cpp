@@ -125,6 +125,30 @@ TEST_P(FilterDocumentTest, SkipsEmptyAndRepeatedTexts)
     }
 }
 
+// The first text repeated, the last one repeated, and nothing but repetitions.
+TEST_P(FilterDocumentTest, KeepsTheFirstOfEqualTextsHoweverManyThereAre)
+{
+    for (const std::size_t number : {1u, 2u, 15u, 16u, 17u, 100u}) {
+        Texts different;
+        for (std::size_t i = 0; i < number; ++i) {
+            different.push_back("tag " + std::to_string(number - i));
+        }
+        Texts strings;
+        for (const std::string& text : different) {
+            strings.push_back(jsonString(text));
+        }
+        strings.push_back(strings.front());
+        strings.push_back(strings.back());
+        strings.push_back(strings[number - 1]);
+        for (const DocumentTags& list : textLists) {
+            EXPECT_EQ(readTexts(list, array(strings)), different) << number;
+            EXPECT_EQ(readTexts(list, array(Texts(number, strings.front()))),
+                      Texts{different.front()})
+                << number;
+        }
+    }
+}
+
 TEST_P(FilterDocumentTest, TellsTextsApartUnitByUnit)
 {
     const Texts different = {"Pop", "pop", "POP", " Pop", "Pop ", "Po", "e\u0301", "\u00E9"};

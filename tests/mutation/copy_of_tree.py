@@ -20,12 +20,18 @@ DEFINITE = '(?:error|note: declared here|note: initializer of)'
 ANY = '(?:error|note)'
 
 
-def build_contract_tests(root):
-    subprocess.run(['cmake', '--preset', 'release'], cwd=root, check=True,
-                   stdout=subprocess.DEVNULL)
-    subprocess.run(['cmake', '--build', '--preset', 'release', '--target', 'contract_tests', '--',
-                    '--quiet'], cwd=root, check=True)
-    return root / 'build' / 'release' / 'bin' / 'contract_tests'
+class Programs:
+    """Tests that take the library as it is shipped, and so every changed one too."""
+
+    def __init__(self, folder):
+        self.contract = folder / 'contract_tests'
+        self.faults = folder / 'fault_tests'
+
+    def build(self, root):
+        subprocess.run(['cmake', '--preset', 'release'], cwd=root, check=True,
+                       stdout=subprocess.DEVNULL)
+        subprocess.run(['cmake', '--build', '--preset', 'release', '--target', self.contract.name,
+                        self.faults.name, '--', '--quiet'], cwd=root, check=True)
 
 
 class CopyOfTree:
@@ -44,6 +50,10 @@ class CopyOfTree:
     def library_folder(self):
         return self.build_folder / 'bin'
 
+    @property
+    def unit_tests(self):
+        return self.build_folder / 'bin' / 'unit_tests'
+
     def identity(self, site):
         return self.everything.index(site)
 
@@ -54,8 +64,7 @@ class CopyOfTree:
         self.copy_everything()
         subprocess.run(['cmake', '-S', self.tree, '-B', self.build_folder, '-G', 'Ninja',
                         '-DCMAKE_BUILD_TYPE=None', '-DCMAKE_C_COMPILER=clang',
-                        '-DCMAKE_CXX_COMPILER=clang++', '-DKRT_PLX_TESTS=OFF',
-                        '-DKRT_PLX_TOOLS=OFF', '-DKRT_PLX_EXAMPLES=OFF',
+                        '-DCMAKE_CXX_COMPILER=clang++', '-DKRT_PLX_TOOLS=OFF', '-DKRT_PLX_EXAMPLES=OFF',
                         '-DCMAKE_UNITY_BUILD=ON', '-DCMAKE_UNITY_BUILD_BATCH_SIZE=0',
                         f'-DCMAKE_CXX_FLAGS={FLAGS}{self.tree}/tests/mutation/switch.h'],
                        check=True, stdout=subprocess.DEVNULL)
@@ -101,7 +110,7 @@ class CopyOfTree:
         while True:
             for file in {site.file for site in self.everything}:
                 self.write_source(file)
-            messages = self.build()
+            messages = self.build('krt_plx', 'unit_tests')
             if messages is None:
                 self.remember_fixed()
                 return
@@ -132,17 +141,20 @@ class CopyOfTree:
         pattern = re.compile(rf'{re.escape(str(self.tree))}/(src/[\w/.]+):(\d+):\d+: {kinds}')
         return {(file, int(line)) for file, line in pattern.findall(messages)}
 
-    def build(self):
+    def build(self, *targets):
         """The compiler's words if it fails."""
         done = subprocess.run(['cmake', '--build', self.build_folder, '--parallel', JOBS,
-                               '--target', 'krt_plx', '--', '-k', '0', '--quiet'],
+                               '--target', *targets, '--', '-k', '0', '--quiet'],
                               capture_output=True, text=True, check=False)
         return None if done.returncode == 0 else done.stdout + done.stderr
 
     def build_change(self, site):
         """Builds the library with this one change and without switches in its file."""
         self.write_source(site.file, site)
-        return self.build()
+        return self.build('krt_plx')
+
+    def build_unit_tests(self):
+        return self.build('unit_tests')
 
     def restore(self, site):
         self.write_source(site.file)

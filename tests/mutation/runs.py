@@ -1,4 +1,5 @@
-"""Runs the tests against each change."""
+"""Runs the tests against each change: those of what a host sees, and, when these notice nothing, those of
+faults and those that link the objects."""
 
 import collections
 import concurrent.futures
@@ -40,18 +41,19 @@ def limit_resources():
 
 
 class Tests:
-    def __init__(self, program, library_folder, scratch):
-        self.program = program
-        self.environment = {**os.environ, 'LD_LIBRARY_PATH': str(library_folder),
+    def __init__(self, programs, tree, scratch):
+        self.programs = programs
+        self.tree = tree
+        self.environment = {**os.environ, 'LD_LIBRARY_PATH': str(tree.library_folder),
                             'TMPDIR': scratch}
         self.environment.pop('GTEST_OUTPUT', None)
         self.successful = collections.defaultdict(list)  # suites that noticed, by file, last first
 
-    def run(self, identity, suites):
+    def run(self, identity, suites, program=None):
         """The name of the test that notices; None when all pass."""
         try:
             done = subprocess.run(
-                [self.program, '--gtest_fail_fast', '--gtest_brief=0', '--gtest_filter=' + suites],
+                [program or self.programs.contract, '--gtest_fail_fast', '--gtest_brief=0', '--gtest_filter=' + suites],
                 env={**self.environment, 'KRT_PLX_MUTANT': str(identity)}, capture_output=True,
                 text=True, errors='replace', timeout=SECONDS_BY_THE_CLOCK,
                 check=False, preexec_fn=limit_resources)
@@ -73,6 +75,14 @@ class Tests:
                 return name
         return None
 
+    def notice_otherwise(self, identity):
+        """By what a host cannot do alone."""
+        for program in (self.programs.faults, self.tree.unit_tests):
+            name = self.run(identity, only(['*']), program)
+            if name is not None:
+                return name
+        return None
+
     @staticmethod
     def remember(successful, name):
         suite = name.split('.')[0] + '.*'
@@ -82,11 +92,15 @@ class Tests:
             successful.insert(0, suite)
 
 
+def show(site, notice, log):
+    print(f'{notice or "SURVIVED"}\t{site}', file=log, flush=True)
+    return site, notice
+
+
 def run_switches(tree, tests, chosen, log):
     def run(site):
-        notice = tests.notice(site, tree.identity(site))
-        print(f'{notice or "SURVIVED"}\t{site}', file=log, flush=True)
-        return site, notice
+        identity = tree.identity(site)
+        return show(site, tests.notice(site, identity) or tests.notice_otherwise(identity), log)
 
     with concurrent.futures.ThreadPoolExecutor(WORKERS) as pool:
         return list(pool.map(run, chosen))
@@ -98,19 +112,20 @@ def run_built(tree, tests, chosen, log):
             notice = 'compiler'
         else:
             notice = tests.notice(site, -1)
-        print(f'{notice or "SURVIVED"}\t{site}', file=log, flush=True)
+            if notice is None:
+                notice = 'compiler' if tree.build_unit_tests() else tests.notice_otherwise(-1)
+        yield show(site, notice, log)
         tree.restore(site)
-        yield site, notice
 
 
-def run_all(tree, program, chosen):
+def run_all(tree, programs, chosen):
     with tempfile.TemporaryDirectory(dir=shared_memory()) as scratch, \
             open(tree.folder / 'log.txt', 'w', encoding='utf-8') as log:
-        tests = Tests(program, tree.library_folder, scratch)
-        for suites in (all_but(LEFT_OUT + SLOW), only(FEW_OF_THE_SLOW)):
-            name = tests.run(-1, suites)
-            if name is not None:
-                raise SystemExit(f'{name} fails without any change')
+        tests = Tests(programs, tree, scratch)
+        name = tests.run(-1, all_but(LEFT_OUT + SLOW)) or tests.run(-1, only(FEW_OF_THE_SLOW)) or \
+            tests.notice_otherwise(-1)
+        if name is not None:
+            raise SystemExit(f'{name} fails without any change')
         switches = [site for site in chosen if tree.is_switch(site)]
         others = [site for site in chosen if not tree.is_switch(site)]
         return run_switches(tree, tests, switches, log) + \

@@ -12,10 +12,10 @@ using Views = std::vector<StringView>;
 TEST(TextList, StartsEmpty)
 {
     const TextList list;
-    EXPECT_TRUE(list.empty());
+    EXPECT_EQ(list.size(), 0u);
     EXPECT_EQ(list.find("a"_t), 0u);
     EXPECT_EQ(list.views(), Views());
-    EXPECT_TRUE(TextList(Views()).empty());
+    EXPECT_EQ(TextList(Views()).size(), 0u);
 }
 
 TEST(TextList, KeepsTextsInOrderEachWithItsNul)
@@ -46,7 +46,7 @@ TEST(TextList, AppendsAndErases)
     EXPECT_EQ(list.views(), (Views{"b"_t, "a"_t}));
     list.erase(1);
     list.erase(0);
-    EXPECT_TRUE(list.empty());
+    EXPECT_EQ(list.size(), 0u);
 }
 
 } // namespace
