@@ -64,7 +64,8 @@ class CopyOfTree:
         self.copy_everything()
         subprocess.run(['cmake', '-S', self.tree, '-B', self.build_folder, '-G', 'Ninja',
                         '-DCMAKE_BUILD_TYPE=None', '-DCMAKE_C_COMPILER=clang',
-                        '-DCMAKE_CXX_COMPILER=clang++', '-DKRT_PLX_TOOLS=OFF', '-DKRT_PLX_EXAMPLES=OFF',
+                        '-DCMAKE_CXX_COMPILER=clang++', '-DKRT_PLX_TESTS=ON',
+                        '-DKRT_PLX_TOOLS=OFF', '-DKRT_PLX_EXAMPLES=OFF',
                         '-DCMAKE_UNITY_BUILD=ON', '-DCMAKE_UNITY_BUILD_BATCH_SIZE=0',
                         f'-DCMAKE_CXX_FLAGS={FLAGS}{self.tree}/tests/mutation/switch.h'],
                        check=True, stdout=subprocess.DEVNULL)

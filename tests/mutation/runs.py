@@ -121,6 +121,7 @@ def run_built(tree, tests, chosen, log):
 def run_all(tree, programs, chosen):
     with tempfile.TemporaryDirectory(dir=shared_memory()) as scratch, \
             open(tree.folder / 'log.txt', 'w', encoding='utf-8') as log:
+        os.chmod(scratch, 0o755)  # tests act as other users too
         tests = Tests(programs, tree, scratch)
         name = tests.run(-1, all_but(LEFT_OUT + SLOW)) or tests.run(-1, only(FEW_OF_THE_SLOW)) or \
             tests.notice_otherwise(-1)

@@ -1,8 +1,10 @@
 #include <gtest/gtest.h>
 
 #include "clip/mutable_clip_impl.h"
+#include "format/save.h"
 #include "model/audio_part_impl.h"
 #include "model/midi_part_impl.h"
+#include "support/temp_dir.h"
 
 namespace {
 
@@ -112,6 +114,17 @@ TEST_F(ModelMutableClip, APartThatIsNotWhatItsTypeSaysCannotBeSaved)
         EXPECT_EQ(save(), 13u) << type;
     }
     EXPECT_EQ(owner.written, nullptr);
+}
+
+TEST_F(ModelMutableClip, APartThatIsNoAudioPartIsNotWrittenAsOneAndLeavesNothing)
+{
+    const support::TempDir directory;
+    savablePart().setType(part_type::audio);
+    {
+        format::NewClipFolder folder(directory.path(), [](StringView) { return false; });
+        EXPECT_EQ(folder.write(clip, "Clip"_t, false), Result::noUsablePart);
+    }
+    EXPECT_TRUE(std::filesystem::is_empty(support::hostPath(directory.path())));
 }
 
 TEST_F(ModelMutableClip, AnAudioPartIsNotChecked)

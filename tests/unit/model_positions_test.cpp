@@ -123,7 +123,7 @@ TEST(ModelPositions, AUniqueMoveDestroysWhatStandsThere)
     for (int round = 0; round < 5000; ++round) {
         std::vector<std::int32_t> positions = somePositions(random);
         std::ranges::sort(positions);
-        positions.erase(std::ranges::unique(positions).begin(), positions.end());
+        positions.erase(std::unique(positions.begin(), positions.end()), positions.end());
         Marks list;
         filled(list, positions);
         Mark& moved = list[random.below(list.size())];
