@@ -12,7 +12,8 @@
 
 namespace fuzz {
 
-// What is alive, and what it holds: managers on a scratch folder, and all that comes of them.
+// What is alive, and what it holds: managers on a scratch folder, and all that comes of them. In the
+// beginning that is one manager, with a clip of each kind that can be saved as it is.
 class Session {
 public:
     Session();
@@ -42,9 +43,14 @@ public:
     // Paths of a wave file, of a folder, of nothing.
     [[nodiscard]] const std::vector<support::Text>& paths() const;
 
+    // How many entries the user's folder has.
+    [[nodiscard]] std::size_t userEntries() const;
+
     KRT_PLX_Manager* createManager(std::string_view appID);
 
 private:
+    KRT_PLX_ClipBase* createClip();
+    void createSavableClips();
     [[nodiscard]] bool isAlive(KRT_PLX_ClipBase* mutableClip) const;
 
     std::vector<KRT_PLX_Manager*> managers_;

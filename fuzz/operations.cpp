@@ -295,6 +295,13 @@ void conclude(Session& session, std::string_view name, Result result, Handle* ha
     require(!isRefusal(name, result) || session.digest() == before, "a refusal changes nothing");
 }
 
+// A clip that was saved is whole, and alone in its folder; of one that was not, nothing is left.
+void checkSaved(KRT_PLX_ClipBase* saved, std::size_t entriesBefore, std::size_t entries)
+{
+    require(entries == entriesBefore + (saved == nullptr ? 0 : 1), "a save makes a folder or nothing");
+    require(saved == nullptr || KRT_PLX_Clip_readPart(saved), "what was saved can be read");
+}
+
 template <class Result, class Handle, class... Rest>
 Operation operation(std::string_view name, Result (*function)(Handle*, Rest...))
 {
@@ -306,6 +313,14 @@ Operation operation(std::string_view name, Result (*function)(Handle*, Rest...))
         if constexpr (std::is_void_v<Result>) {
             call(session, function, handle, rest);
             conclude(session, name, true, handle);
+        } else if constexpr (std::is_same_v<Result, KRT_PLX_ClipBase*>) {
+            const bool saves = name == "MutableClip_save";
+            const std::size_t entries = saves ? session.userEntries() : 0;
+            const Result clip = call(session, function, handle, rest);
+            if (saves) {
+                checkSaved(clip, entries, session.userEntries());
+            }
+            conclude(session, name, clip, handle);
         } else {
             conclude(session, name, call(session, function, handle, rest), handle);
         }
