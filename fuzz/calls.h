@@ -49,8 +49,6 @@ public:
     KRT_PLX_Manager* createManager(std::string_view appID);
 
 private:
-    KRT_PLX_ClipBase* createClip();
-    void createSavableClips();
     [[nodiscard]] bool isAlive(KRT_PLX_ClipBase* mutableClip) const;
 
     std::vector<KRT_PLX_Manager*> managers_;

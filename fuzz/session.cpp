@@ -2,6 +2,7 @@
 #include <array>
 
 #include "calls.h"
+#include "savable_clips.h"
 
 namespace fuzz {
 
@@ -59,7 +60,9 @@ Session::Session()
 {
     place().clear();
     createManager("first");
-    createSavableClips();
+    for (KRT_PLX_ClipBase* const clip : createSavableClips(managers_.front(), paths().front())) {
+        add(clip);
+    }
     update();
 }
 
@@ -79,30 +82,6 @@ std::size_t Session::userEntries() const
 {
     return static_cast<std::size_t>(std::distance(
         std::filesystem::directory_iterator(place().user()), std::filesystem::directory_iterator()));
-}
-
-KRT_PLX_ClipBase* Session::createClip()
-{
-    KRT_PLX_ClipBase* const clip = KRT_PLX_Manager_createMutableClip(managers_.front());
-    require(clip != nullptr, "a clip can be created");
-    add(clip);
-    return clip;
-}
-
-void Session::createSavableClips()
-{
-    const support::Text voice = support::text("0123456789ABCDEF");
-    KRT_PLX_PartBase* const midi = KRT_PLX_MutableClip_createMidiPart(createClip());
-    require(KRT_PLX_MutableMidiPart_setVoiceBankID(midi, voice.c_str()) &&
-                KRT_PLX_MutableMidiPart_setLangID(midi, 0),
-            "a part takes a voice");
-    KRT_PLX_PartBase* const midiAi = KRT_PLX_MutableClip_createMidiAiPart(createClip());
-    require(KRT_PLX_MutableMidiPart_setAiVoiceBankID(midiAi, voice.c_str()) &&
-                KRT_PLX_MutableMidiPart_addAiLangID(midiAi, 0),
-            "a part takes an AI voice");
-    KRT_PLX_PartBase* const audio = KRT_PLX_MutableClip_createAudioPart(createClip());
-    require(KRT_PLX_MutableAudioPart_setWavFilePath(audio, paths().front().c_str()),
-            "a part takes a wave file");
 }
 
 KRT_PLX_Manager* Session::createManager(std::string_view appID)
