@@ -1,5 +1,5 @@
-"""Runs the tests against each change: those of what a host sees, and, when these notice nothing, those of
-faults and those that link the objects."""
+"""Runs the tests against each change: those of what a host sees, and, when these notice nothing, those
+of faults and those that link the objects."""
 
 import collections
 import concurrent.futures
@@ -53,7 +53,8 @@ class Tests:
         """The name of the test that notices; None when all pass."""
         try:
             done = subprocess.run(
-                [program or self.programs.contract, '--gtest_fail_fast', '--gtest_brief=0', '--gtest_filter=' + suites],
+                [program or self.programs.contract, '--gtest_fail_fast', '--gtest_brief=0',
+                 '--gtest_filter=' + suites],
                 env={**self.environment, 'KRT_PLX_MUTANT': str(identity)}, capture_output=True,
                 text=True, errors='replace', timeout=SECONDS_BY_THE_CLOCK,
                 check=False, preexec_fn=limit_resources)
