@@ -14,7 +14,7 @@ import sys
 
 LANGUAGES = (".c", ".cpp")
 # Compiled by tests of their own, or for a fuzzer alone.
-OTHERS = ("tests/package/", "tests/face/codegen_", "fuzz/entry.cpp", "fuzz/json_")
+OTHERS = ("src/fs/win32/", "tests/package/", "tests/face/codegen_", "fuzz/entry.cpp", "fuzz/json_")
 
 
 def own_folders(project):

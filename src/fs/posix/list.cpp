@@ -1,7 +1,5 @@
-#ifndef _WIN32
-
-#    include "fs/listing.h"
-#    include "fs/posix_folder.h"
+#include "fs/linux/folder_reader.h"
+#include "fs/listing.h"
 
 namespace Korvel::CANTORIS::PLX::fs {
 
@@ -71,5 +69,3 @@ std::optional<Identity> identify(const String& path)
 }
 
 } // namespace Korvel::CANTORIS::PLX::fs
-
-#endif

@@ -1,12 +1,10 @@
-#ifndef _WIN32
+#include <array>
+#include <cstddef>
 
-#    include <array>
-#    include <cstddef>
+#include <sys/random.h>
 
-#    include <sys/random.h>
-
-#    include "fs/fs.h"
-#    include "fs/posix_system.h"
+#include "fs/fs.h"
+#include "fs/posix/system.h"
 
 namespace Korvel::CANTORIS::PLX::fs {
 
@@ -64,5 +62,3 @@ String newUuid()
 }
 
 } // namespace Korvel::CANTORIS::PLX::fs
-
-#endif

@@ -1,10 +1,8 @@
-#ifdef _WIN32
+#include <vector>
 
-#    include <vector>
-
-#    include "fs/fs.h"
-#    include "fs/win32_folder.h"
-#    include "fs/win32_system.h"
+#include "fs/fs.h"
+#include "fs/win32/folder_reader.h"
+#include "fs/win32/system.h"
 
 namespace Korvel::CANTORIS::PLX::fs {
 
@@ -73,5 +71,3 @@ bool removeTree(const String& path)
 }
 
 } // namespace Korvel::CANTORIS::PLX::fs
-
-#endif

@@ -1,15 +1,14 @@
 // What the POSIX side of the platform layer shares: retries, descriptors, the status of a path.
 #pragma once
-#ifndef _WIN32
 
-#    include <cerrno>
-#    include <utility>
+#include <cerrno>
+#include <utility>
 
-#    include <fcntl.h>
-#    include <sys/stat.h>
-#    include <unistd.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
-#    include "fs/posix_path.h"
+#include "fs/posix/path.h"
 
 namespace Korvel::CANTORIS::PLX::fs {
 
@@ -50,5 +49,3 @@ bool readStatus(const HostPath& path, struct stat& status);
 bool isFolder(const char* path);
 
 } // namespace Korvel::CANTORIS::PLX::fs
-
-#endif

@@ -1,9 +1,7 @@
-#ifdef _WIN32
-
-#    include "fs/fs.h"
-#    include "fs/listing.h"
-#    include "fs/win32_folder.h"
-#    include "fs/win32_system.h"
+#include "fs/fs.h"
+#include "fs/listing.h"
+#include "fs/win32/folder_reader.h"
+#include "fs/win32/system.h"
 
 namespace Korvel::CANTORIS::PLX::fs {
 
@@ -83,5 +81,3 @@ std::optional<Identity> identify(const String& path)
 }
 
 } // namespace Korvel::CANTORIS::PLX::fs
-
-#endif

@@ -1,10 +1,8 @@
-#ifndef _WIN32
+#include <string>
+#include <vector>
 
-#    include <string>
-#    include <vector>
-
-#    include "fs/fs.h"
-#    include "fs/posix_folder.h"
+#include "fs/fs.h"
+#include "fs/linux/folder_reader.h"
 
 namespace Korvel::CANTORIS::PLX::fs {
 
@@ -139,5 +137,3 @@ bool removeTree(const String& path)
 }
 
 } // namespace Korvel::CANTORIS::PLX::fs
-
-#endif

@@ -1,10 +1,8 @@
-#ifndef _WIN32
+#include <cstdlib>
+#include <string_view>
 
-#    include <cstdlib>
-#    include <string_view>
-
-#    include "fs/fs.h"
-#    include "fs/posix_system.h"
+#include "fs/fs.h"
+#include "fs/posix/system.h"
 
 namespace Korvel::CANTORIS::PLX::fs {
 
@@ -60,5 +58,3 @@ bool isStrictlyBelow(const String& path, const String& folder)
 }
 
 } // namespace Korvel::CANTORIS::PLX::fs
-
-#endif

@@ -1,6 +1,4 @@
-#ifndef _WIN32
-
-#    include "fs/posix_system.h"
+#include "fs/posix/system.h"
 
 namespace Korvel::CANTORIS::PLX::fs {
 
@@ -30,5 +28,3 @@ bool isFolder(const char* path)
 }
 
 } // namespace Korvel::CANTORIS::PLX::fs
-
-#endif

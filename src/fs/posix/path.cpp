@@ -1,11 +1,9 @@
-#ifndef _WIN32
+#include "fs/posix/path.h"
 
-#    include "fs/posix_path.h"
+#include <array>
 
-#    include <array>
-
-#    include "fs/fs.h"
-#    include "unicode.h"
+#include "fs/fs.h"
+#include "unicode.h"
 
 namespace Korvel::CANTORIS::PLX::fs {
 
@@ -51,5 +49,3 @@ bool appendName(const char* name, String& text)
 }
 
 } // namespace Korvel::CANTORIS::PLX::fs
-
-#endif

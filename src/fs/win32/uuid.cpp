@@ -1,11 +1,9 @@
-#ifdef _WIN32
+#include <algorithm>
 
-#    include <algorithm>
+#include <rpc.h>
 
-#    include <rpc.h>
-
-#    include "fs/fs.h"
-#    include "fs/win32_system.h"
+#include "fs/fs.h"
+#include "fs/win32/system.h"
 
 namespace Korvel::CANTORIS::PLX::fs {
 
@@ -57,5 +55,3 @@ String newUuid()
 }
 
 } // namespace Korvel::CANTORIS::PLX::fs
-
-#endif

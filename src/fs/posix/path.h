@@ -1,11 +1,10 @@
 // The only place that turns paths into the host's form, and names of the host into text.
 #pragma once
-#ifndef _WIN32
 
-#    include <climits>
-#    include <cstddef>
+#include <climits>
+#include <cstddef>
 
-#    include "text.h"
+#include "text.h"
 
 namespace Korvel::CANTORIS::PLX::fs {
 
@@ -34,5 +33,3 @@ private:
 bool appendName(const char* name, String& text);
 
 } // namespace Korvel::CANTORIS::PLX::fs
-
-#endif

@@ -1,8 +1,6 @@
-#ifdef _WIN32
-
-#    include "fs/fs.h"
-#    include "fs/listing.h"
-#    include "fs/win32_system.h"
+#include "fs/fs.h"
+#include "fs/listing.h"
+#include "fs/win32/system.h"
 
 namespace Korvel::CANTORIS::PLX::fs {
 
@@ -65,5 +63,3 @@ bool isStrictlyBelow(const String& path, const String& folder)
 }
 
 } // namespace Korvel::CANTORIS::PLX::fs
-
-#endif

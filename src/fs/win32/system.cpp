@@ -1,7 +1,5 @@
-#ifdef _WIN32
-
-#    include "fs/win32_system.h"
-#    include "fs/fs.h"
+#include "fs/win32/system.h"
+#include "fs/fs.h"
 
 namespace Korvel::CANTORIS::PLX::fs {
 
@@ -121,5 +119,3 @@ bool isPlain(const String& path, const Status& status)
 }
 
 } // namespace Korvel::CANTORIS::PLX::fs
-
-#endif

@@ -1,10 +1,8 @@
-#ifdef _WIN32
+#include <cstdio>
+#include <memory>
 
-#    include <cstdio>
-#    include <memory>
-
-#    include "fs/fs.h"
-#    include "fs/win32_system.h"
+#include "fs/fs.h"
+#include "fs/win32/system.h"
 
 namespace Korvel::CANTORIS::PLX::fs {
 
@@ -89,5 +87,3 @@ bool copyFile(const String& from, const String& to)
 }
 
 } // namespace Korvel::CANTORIS::PLX::fs
-
-#endif

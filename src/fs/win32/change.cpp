@@ -1,8 +1,6 @@
-#ifdef _WIN32
-
-#    include "fs/ancestors.h"
-#    include "fs/fs.h"
-#    include "fs/win32_system.h"
+#include "fs/ancestors.h"
+#include "fs/fs.h"
+#include "fs/win32/system.h"
 
 namespace Korvel::CANTORIS::PLX::fs {
 
@@ -43,5 +41,3 @@ bool removeEmptyFolder(const String& path)
 }
 
 } // namespace Korvel::CANTORIS::PLX::fs
-
-#endif

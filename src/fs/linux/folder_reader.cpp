@@ -1,8 +1,6 @@
-#ifndef _WIN32
+#include "fs/linux/folder_reader.h"
 
-#    include "fs/posix_folder.h"
-
-#    include <string_view>
+#include <string_view>
 
 namespace Korvel::CANTORIS::PLX::fs {
 
@@ -52,5 +50,3 @@ bool FolderReader::readBlock()
 }
 
 } // namespace Korvel::CANTORIS::PLX::fs
-
-#endif

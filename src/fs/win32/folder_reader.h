@@ -1,9 +1,8 @@
 #pragma once
-#ifdef _WIN32
 
-#    include <windows.h>
+#include <windows.h>
 
-#    include "text.h"
+#include "text.h"
 
 namespace Korvel::CANTORIS::PLX::fs {
 
@@ -27,5 +26,3 @@ private:
 };
 
 } // namespace Korvel::CANTORIS::PLX::fs
-
-#endif

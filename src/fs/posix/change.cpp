@@ -1,10 +1,8 @@
-#ifndef _WIN32
+#include <string>
 
-#    include <string>
-
-#    include "fs/ancestors.h"
-#    include "fs/fs.h"
-#    include "fs/posix_system.h"
+#include "fs/ancestors.h"
+#include "fs/fs.h"
+#include "fs/posix/system.h"
 
 namespace Korvel::CANTORIS::PLX::fs {
 
@@ -46,5 +44,3 @@ bool removeEmptyFolder(const String& path)
 }
 
 } // namespace Korvel::CANTORIS::PLX::fs
-
-#endif

@@ -1,13 +1,12 @@
 // What the Windows side of the platform layer shares. A path goes to the system as it is.
 #pragma once
-#ifdef _WIN32
 
-#    include <cstdint>
-#    include <optional>
+#include <cstdint>
+#include <optional>
 
-#    include <windows.h>
+#include <windows.h>
 
-#    include "text.h"
+#include "text.h"
 
 namespace Korvel::CANTORIS::PLX::fs {
 
@@ -58,5 +57,3 @@ std::optional<Status> statusOf(const String& path);
 bool isPlain(const String& path, const Status& status);
 
 } // namespace Korvel::CANTORIS::PLX::fs
-
-#endif

@@ -1,12 +1,11 @@
 #pragma once
-#ifndef _WIN32
 
-#    include <array>
-#    include <cstddef>
+#include <array>
+#include <cstddef>
 
-#    include <dirent.h>
+#include <dirent.h>
 
-#    include "fs/posix_system.h"
+#include "fs/posix/system.h"
 
 namespace Korvel::CANTORIS::PLX::fs {
 
@@ -37,5 +36,3 @@ private:
 };
 
 } // namespace Korvel::CANTORIS::PLX::fs
-
-#endif

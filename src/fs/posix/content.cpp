@@ -1,10 +1,8 @@
-#ifndef _WIN32
+#include <cstdint>
+#include <memory>
 
-#    include <cstdint>
-#    include <memory>
-
-#    include "fs/fs.h"
-#    include "fs/posix_system.h"
+#include "fs/fs.h"
+#include "fs/posix/system.h"
 
 namespace Korvel::CANTORIS::PLX::fs {
 
@@ -134,5 +132,3 @@ bool copyFile(const String& from, const String& to)
 }
 
 } // namespace Korvel::CANTORIS::PLX::fs
-
-#endif

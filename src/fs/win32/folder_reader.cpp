@@ -1,9 +1,7 @@
-#ifdef _WIN32
+#include "fs/win32/folder_reader.h"
 
-#    include "fs/win32_folder.h"
-
-#    include "fs/fs.h"
-#    include "fs/win32_system.h"
+#include "fs/fs.h"
+#include "fs/win32/system.h"
 
 namespace Korvel::CANTORIS::PLX::fs {
 
@@ -51,5 +49,3 @@ bool FolderReader::advance()
 }
 
 } // namespace Korvel::CANTORIS::PLX::fs
-
-#endif
