@@ -27,7 +27,7 @@ enum class Result : std::uint32_t {
     badAiLanguage = 22,
 };
 
-// What reading a null manager's clips gives.
+// What reading a null manager's clips gives, and reading when memory runs out.
 inline constexpr std::uint32_t noManagerCode = 23;
 
 constexpr std::uint32_t code(Result result)

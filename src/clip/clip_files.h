@@ -16,15 +16,12 @@ inline String propertyPath(StringView clipPath)
     return fs::join(fs::parentPath(clipPath), propertyFileName);
 }
 
-// The sub-folder that holds the wave file of an audio part, and a wave file in it.
-inline String audioFolder(StringView clipDirectory)
-{
-    return fs::join(clipDirectory, "audio"_t);
-}
+// The sub-folder of a clip's folder that holds the wave file of an audio part.
+inline constexpr StringView audioFolderName = "audio"_t;
 
 inline String wavePath(StringView clipDirectory, StringView fileName)
 {
-    return fs::join(audioFolder(clipDirectory), fileName);
+    return fs::join(fs::join(clipDirectory, audioFolderName), fileName);
 }
 
 } // namespace Korvel::CANTORIS::PLX

@@ -103,6 +103,27 @@ std::optional<std::string> fromUtf32(std::string_view bytes)
     return utf8;
 }
 
+char32_t unitOf(const char* at, Encoding encoding)
+{
+    switch (encoding) {
+    case Encoding::utf16LittleEndian:
+        return unitAt<2, true>(at);
+    case Encoding::utf16BigEndian:
+        return unitAt<2, false>(at);
+    case Encoding::utf32LittleEndian:
+        return unitAt<4, true>(at);
+    case Encoding::utf32BigEndian:
+        return unitAt<4, false>(at);
+    default:
+        return unitAt<1, true>(at);
+    }
+}
+
+bool isJsonWhiteSpace(char32_t unit)
+{
+    return unit == U' ' || unit == U'\t' || unit == U'\n' || unit == U'\r';
+}
+
 std::optional<std::string> transcode(std::string_view bytes, Encoding encoding)
 {
     switch (encoding) {
@@ -129,6 +150,42 @@ DetectedEncoding detectEncoding(std::string_view bytes)
         }
     }
     return {bytes.size() < 4 ? Encoding::utf8 : encodingByZeros(bytes), 0};
+}
+
+std::size_t widthOf(Encoding encoding)
+{
+    switch (encoding) {
+    case Encoding::utf16LittleEndian:
+    case Encoding::utf16BigEndian:
+        return 2;
+    case Encoding::utf32LittleEndian:
+    case Encoding::utf32BigEndian:
+        return 4;
+    default:
+        return 1;
+    }
+}
+
+std::string blankIn(Encoding encoding)
+{
+    std::string blank(widthOf(encoding), '\0');
+    const bool isLittleEndian =
+        encoding != Encoding::utf16BigEndian && encoding != Encoding::utf32BigEndian;
+    (isLittleEndian ? blank.front() : blank.back()) = ' ';
+    return blank;
+}
+
+std::optional<char32_t> firstUnit(std::string_view bytes)
+{
+    const DetectedEncoding detected = detectEncoding(bytes);
+    const std::size_t width = widthOf(detected.encoding);
+    for (std::size_t place = detected.markLength; place + width <= bytes.size(); place += width) {
+        const char32_t unit = unitOf(bytes.data() + place, detected.encoding);
+        if (!isJsonWhiteSpace(unit)) {
+            return unit;
+        }
+    }
+    return std::nullopt;
 }
 
 bool makeUtf8(std::string& bytes)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -16,6 +17,15 @@ struct DetectedEncoding {
 
 // By the byte-order mark, or else by the places of the zero bytes among the first four.
 DetectedEncoding detectEncoding(std::string_view bytes);
+
+// How many bytes a unit has.
+std::size_t widthOf(Encoding encoding);
+
+// One blank in that encoding.
+std::string blankIn(Encoding encoding);
+
+// The first unit of a document, behind its mark, that is no white space; none as long as there is none.
+std::optional<char32_t> firstUnit(std::string_view bytes);
 
 // Turns the bytes into UTF-8 without a mark. False when they do not decode.
 bool makeUtf8(std::string& bytes);

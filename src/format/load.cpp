@@ -1,7 +1,11 @@
 #include "format/load.h"
 
+#include <optional>
+
 #include "format/document.h"
+#include "format/encoding.h"
 #include "format/filter_reader.h"
+#include "format/limits.h"
 #include "format/part_reader.h"
 #include "format/values.h"
 
@@ -52,21 +56,9 @@ bool readPartHeader(const Value* value, ClipProperties& properties)
     return properties.partType != part_type::none;
 }
 
-// Null when the file cannot be read and when it holds no document.
-const Value* parseFile(const String& path, std::string& bytes, Document& document,
-                       fs::Kind kind = fs::Kind::unknown)
+// False without a root, too.
+bool fill(ClipProperties& properties, const Value* root)
 {
-    return fs::readFile(path, bytes, kind) ? document.parse(bytes) : nullptr;
-}
-
-} // namespace
-
-Loader::Loader() : document_(std::make_unique<Document>()) {}
-Loader::~Loader() = default;
-
-bool Loader::loadProperties(const String& path, ClipProperties& properties, fs::Kind kind)
-{
-    const Value* const root = parseFile(path, bytes_, *document_, kind);
     if (root == nullptr) {
         return false;
     }
@@ -81,9 +73,48 @@ bool Loader::loadProperties(const String& path, ClipProperties& properties, fs::
     return true;
 }
 
+// Every document is an object. A file that begins with anything else is not worth its memory.
+fs::Verdict judge(std::string_view beginning)
+{
+    constexpr std::size_t enoughForTheEncoding = 4;
+    const auto unit = beginning.size() < enoughForTheEncoding ? std::nullopt : firstUnit(beginning);
+    if (!unit) {
+        return fs::Verdict::undecided;
+    }
+    return *unit == U'{' ? fs::Verdict::worthReading : fs::Verdict::hopeless;
+}
+
+} // namespace
+
+Loader::Loader() : document_(std::make_unique<Document>()) {}
+Loader::~Loader() = default;
+
+// Null when the file cannot be read and when it holds no document.
+const Value* Loader::parseFile(const String& path, std::uint64_t limit, fs::Kind kind)
+{
+    const fs::ReadOptions options{limit, judge, kind};
+    const bool isRead = fs::readFile(path, bytes_, options, patience_) == fs::ReadResult::read;
+    return isRead ? document_->parse(bytes_) : nullptr;
+}
+
+const Value* Loader::parseDataDocument(const String& path)
+{
+    return parseFile(path, dataDocumentLimit, fs::Kind::unknown);
+}
+
+bool Loader::loadProperties(const String& path, ClipProperties& properties, fs::Kind kind)
+{
+    return fill(properties, parseFile(path, propertyDocumentLimit, kind));
+}
+
+bool Loader::takeProperties(std::string& bytes, ClipProperties& properties)
+{
+    return fill(properties, document_->parse(bytes));
+}
+
 bool Loader::loadClip(const String& path, ClipBase* clip, LoadedClip& loaded)
 {
-    const Value* const root = parseFile(path, bytes_, *document_);
+    const Value* const root = parseDataDocument(path);
     if (root == nullptr) {
         return false;
     }
@@ -100,7 +131,7 @@ bool Loader::loadClip(const String& path, ClipBase* clip, LoadedClip& loaded)
 
 std::unique_ptr<PartBase> Loader::loadPart(const String& path, ClipBase* clip)
 {
-    const Value* const root = parseFile(path, bytes_, *document_);
+    const Value* const root = parseDataDocument(path);
     if (root == nullptr) {
         return nullptr;
     }

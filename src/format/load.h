@@ -6,6 +6,7 @@
 
 #include "clip/clip_base.h"
 #include "clip/clip_properties.h"
+#include "format/rapidjson.h"
 #include "fs/fs.h"
 #include "model/part.h"
 
@@ -31,6 +32,9 @@ public:
     bool loadProperties(const String& path, ClipProperties& properties,
                         fs::Kind kind = fs::Kind::unknown);
 
+    // The same, of a document that has been read already; its bytes are used up.
+    bool takeProperties(std::string& bytes, ClipProperties& properties);
+
     // The clip's data document, whole. Its part belongs to `clip`.
     bool loadClip(const String& path, ClipBase* clip, LoadedClip& loaded);
 
@@ -38,7 +42,11 @@ public:
     std::unique_ptr<PartBase> loadPart(const String& path, ClipBase* clip);
 
 private:
+    const Value* parseFile(const String& path, std::uint64_t limit, fs::Kind kind);
+    const Value* parseDataDocument(const String& path);
+
     std::string bytes_;
+    fs::Patience patience_;
     std::unique_ptr<Document> document_;
 };
 

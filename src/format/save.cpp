@@ -2,18 +2,20 @@
 
 #include "clip/clip_files.h"
 #include "format/clip_writer.h"
+#include "format/limits.h"
 #include "format/load.h"
-#include "fs/fs.h"
+#include "format/rewrite.h"
 
 namespace Korvel::CANTORIS::PLX::format {
 
 namespace {
 
-// A document that cannot be written opens its file all the same: a file that cannot be opened is the
+// A document that cannot be written makes its file all the same: a file that cannot be made is the
 // earlier failure of the two.
-Result writeDocument(const String& path, const std::optional<std::string_view>& document)
+Result writeDocument(const fs::Folder& folder, StringView name,
+                     const std::optional<std::string_view>& document)
 {
-    const auto written = fs::writeFile(path, document.value_or(std::string_view()));
+    const auto written = folder.create(name, document.value_or(std::string_view()));
     if (written == fs::WriteResult::notOpened) {
         return Result::documentNotOpened;
     }
@@ -27,6 +29,11 @@ bool isFileName(StringView name)
     return !name.empty() && name.find(static_cast<Char>('/')) == StringView::npos;
 }
 
+bool isTooLong(const std::optional<std::string_view>& document, std::uint64_t limit)
+{
+    return document && document->size() > limit;
+}
+
 } // namespace
 
 bool rewriteProperties(const String& path, const ClipBase& clip, const FilterTags& tags,
@@ -35,22 +42,55 @@ bool rewriteProperties(const String& path, const ClipBase& clip, const FilterTag
     Output output(false);
     writeProperties(output, clip, tags, id, name);
     const auto document = output.finish();
-    return document && fs::writeFile(path, *document) == fs::WriteResult::written;
+    return document && !isTooLong(document, propertyDocumentLimit) &&
+           rewriteDocument(path, *document);
 }
 
+// Both texts, before there is a file: one that is too long makes none.
+class NewClipFolder::Documents {
+public:
+    Documents(const MutableClipImpl& clip, StringView id, StringView name, bool formatted)
+        : properties_(formatted), data_(formatted)
+    {
+        writeProperties(properties_, clip, clip.tags(), id, name);
+        hasData_ = writeData(data_, *clip.part());
+    }
+
+    [[nodiscard]] std::optional<std::string_view> properties() const
+    {
+        return properties_.finish();
+    }
+
+    [[nodiscard]] std::optional<std::string_view> data() const
+    {
+        return hasData_ ? data_.finish() : std::nullopt;
+    }
+
+    [[nodiscard]] bool areTooLong() const
+    {
+        return isTooLong(properties(), propertyDocumentLimit) ||
+               isTooLong(data(), dataDocumentLimit);
+    }
+
+private:
+    Output properties_;
+    Output data_;
+    bool hasData_ = false;
+};
+
 NewClipFolder::NewClipFolder(const String& userClipDirectory, const IsTaken& isTaken)
+    : userClipDirectory_(userClipDirectory)
 {
     do {
         id_ = fs::newUuid();
-        directory_ = fs::join(userClipDirectory, id_);
-        dataPath_ = fs::join(directory_, id_ + String(clipExtension));
+        dataName_ = id_ + String(clipExtension);
+        dataPath_ = fs::join(fs::join(userClipDirectory, id_), dataName_);
     } while (!id_.empty() && (isTaken(id_) || fs::exists(dataPath_)));
-    propertyPath_ = propertyPath(dataPath_);
 }
 
 NewClipFolder::~NewClipFolder()
 {
-    if (!made_) {
+    if (!folder_.isOpen()) {
         return;
     }
     try {
@@ -60,39 +100,46 @@ NewClipFolder::~NewClipFolder()
     }
 }
 
+// By the names that were given, in the folders that are held open: that needs neither memory nor
+// another open file. What others have put there goes by a walk, if it can.
+void NewClipFolder::remove()
+{
+    if (audioFolder_.isOpen()) {
+        audioFolder_.remove(waveName_);
+        folder_.remove(audioFolderName);
+    }
+    folder_.remove(dataName_);
+    folder_.remove(propertyFileName);
+    // Some systems remove no folder that is open.
+    audioFolder_ = {};
+    folder_ = {};
+    if (!userFolder_.remove(id_) && !userFolder_.removeTree(id_)) {
+        emptyProperties();
+    }
+}
+
 // Where nothing may be deleted, an empty property document serves as well: a scan lists no clip
 // without it.
-void NewClipFolder::remove() const
+void NewClipFolder::emptyProperties() const
 {
-    if (!removeTree() && fs::exists(propertyPath_)) {
-        fs::writeFile(propertyPath_, {});
+    const fs::Folder folder = userFolder_.inner(id_);
+    if (!folder.isOpen()) {
+        return;
     }
-}
-
-// That steps through no link which another has put there meanwhile, but takes memory. Where the attempt
-// has ended for want of it, by name.
-bool NewClipFolder::removeTree() const
-{
-    try {
-        return fs::removeTree(directory_);
-    } catch (...) {
-        return removeByName();
+    fs::Patience patience;
+    fs::HeldFile file = folder.hold(propertyFileName, fs::Folder::Purpose::change, patience);
+    if (file.state() == fs::HeldFile::State::held) {
+        file.cut(0);
     }
-}
-
-bool NewClipFolder::removeByName() const
-{
-    fs::remove(dataPath_);
-    fs::remove(propertyPath_);
-    fs::remove(wavePath_);
-    fs::removeEmptyFolder(audioFolder_);
-    return fs::removeEmptyFolder(directory_);
 }
 
 Result NewClipFolder::write(const MutableClipImpl& clip, StringView name, bool formatted)
 {
-    made_ = !id_.empty() && fs::createDirectories(directory_);
-    if (!made_) {
+    const Documents documents(clip, id_, name, formatted);
+    if (documents.areTooLong()) {
+        return Result::documentNotWritten;
+    }
+    if (!make()) {
         return Result::directoryNotCreated;
     }
     if (clip.partType() == part_type::audio) {
@@ -101,7 +148,16 @@ Result NewClipFolder::write(const MutableClipImpl& clip, StringView name, bool f
             return copied;
         }
     }
-    return writeDocuments(clip, name, formatted);
+    return writeDocuments(documents);
+}
+
+bool NewClipFolder::make()
+{
+    userFolder_ = id_.empty() ? fs::Folder() : fs::Folder::open(userClipDirectory_);
+    if (userFolder_.isOpen()) {
+        folder_ = userFolder_.make(id_);
+    }
+    return folder_.isOpen();
 }
 
 Result NewClipFolder::copyWave(PartBase& part)
@@ -114,39 +170,40 @@ Result NewClipFolder::copyWave(PartBase& part)
     if (!fs::isPlainFile(wave)) {
         return Result::noWaveFile;
     }
-    audioFolder_ = audioFolder(directory_);
-    if (!fs::createDirectories(audioFolder_)) {
+    waveName_ = fs::fileName(wave);
+    audioFolder_ = folder_.make(audioFolderName);
+    if (!audioFolder_.isOpen()) {
         return Result::directoryNotCreated;
     }
-    const StringView fileName = fs::fileName(wave);
-    if (!isFileName(fileName)) {
-        return Result::waveFileNotCopied;
-    }
-    wavePath_ = wavePath(directory_, fileName);
-    return fs::copyFile(wave, wavePath_) ? Result::success : Result::waveFileNotCopied;
+    const bool isCopied = isFileName(waveName_) &&
+                          audioFolder_.copyInto(waveName_, wave) == fs::WriteResult::written &&
+                          audioFolder_.sync();
+    return isCopied ? Result::success : Result::waveFileNotCopied;
 }
 
-Result NewClipFolder::writeDocuments(const MutableClipImpl& clip, StringView name,
-                                     bool formatted) const
+// The disk has a file only when it also has the entries by which it is reached.
+Result NewClipFolder::writeDocuments(const Documents& documents) const
 {
-    Output properties(formatted);
-    writeProperties(properties, clip, clip.tags(), id_, name);
-    const Result written = writeDocument(propertyPath_, properties.finish());
+    Result written = writeDocument(folder_, propertyFileName, documents.properties());
+    if (written == Result::success) {
+        written = writeDocument(folder_, dataName_, documents.data());
+    }
     if (written != Result::success) {
         return written;
     }
-    Output data(formatted);
-    const bool hasData = writeData(data, *clip.part());
-    return writeDocument(dataPath_, hasData ? data.finish() : std::nullopt);
+    return folder_.sync() && userFolder_.sync() ? Result::success : Result::documentNotWritten;
 }
 
 Result NewClipFolder::readBack(ClipProperties& properties) const
 {
-    if (!fs::isPlainFile(propertyPath_)) {
+    std::string document;
+    const auto read = folder_.read(propertyFileName, document, propertyDocumentLimit);
+    if (read == fs::ReadResult::notOpened) {
         return Result::documentNotOpened;
     }
-    return Loader().loadProperties(propertyPath_, properties) ? Result::success
-                                                              : Result::documentNotWritten;
+    return read == fs::ReadResult::read && Loader().takeProperties(document, properties)
+               ? Result::success
+               : Result::documentNotWritten;
 }
 
 } // namespace Korvel::CANTORIS::PLX::format

@@ -6,12 +6,13 @@
 
 #include "clip/clip_properties.h"
 #include "clip/mutable_clip_impl.h"
+#include "fs/fs.h"
 #include "result.h"
 
 namespace Korvel::CANTORIS::PLX::format {
 
-// Replaces a user clip's property document. What cannot be written at all is found before the file is
-// opened, which empties it. False when the document was not written.
+// Replaces a user clip's property document, see rewriteDocument(). What cannot be written at all is
+// found before the file is opened. False when the document was not written.
 bool rewriteProperties(const String& path, const ClipBase& clip, const FilterTags& tags,
                        StringView id, StringView name);
 
@@ -28,28 +29,32 @@ public:
 
     const String& dataPath() const { return dataPath_; }
 
-    // Makes the folder, copies an audio part's wave file and writes both documents.
+    // Makes the folder, copies an audio part's wave file and writes both documents. Success when the
+    // disk has them.
     Result write(const MutableClipImpl& clip, StringView name, bool formatted);
 
     // What a scan would read of the clip that was written.
     Result readBack(ClipProperties& properties) const;
 
-    void keep() { made_ = false; }
+    void keep() { folder_ = {}; }
 
 private:
-    Result copyWave(PartBase& part);
-    Result writeDocuments(const MutableClipImpl& clip, StringView name, bool formatted) const;
-    void remove() const;
-    [[nodiscard]] bool removeTree() const;
-    [[nodiscard]] bool removeByName() const;
+    class Documents;
 
+    bool make();
+    Result copyWave(PartBase& part);
+    Result writeDocuments(const Documents& documents) const;
+    void remove();
+    void emptyProperties() const;
+
+    String userClipDirectory_;
     String id_;
-    String directory_;
+    String dataName_;
     String dataPath_;
-    String propertyPath_;
-    String audioFolder_; // this and the next are empty while there is none
-    String wavePath_;
-    bool made_ = false;
+    String waveName_;
+    fs::Folder userFolder_;
+    fs::Folder folder_; // open while there is something to undo
+    fs::Folder audioFolder_;
 };
 
 } // namespace Korvel::CANTORIS::PLX::format

@@ -8,8 +8,8 @@ namespace Korvel::CANTORIS::PLX::fs {
 enum class Made { yes, parentMissing, no };
 
 // Where the parent of the path's first `length` units ends; 0 when nothing is left to cut off.
-template <typename Text>
-std::size_t parentLength(const Text& path, std::size_t length, const Text& separators)
+template <typename Text, typename Separators>
+std::size_t parentLength(const Text& path, std::size_t length, const Separators& separators)
 {
     const std::size_t last = length == 0 ? Text::npos : path.find_last_of(separators, length - 1);
     const std::size_t end = last == Text::npos ? last : path.find_last_not_of(separators, last);
@@ -18,8 +18,8 @@ std::size_t parentLength(const Text& path, std::size_t length, const Text& separ
 
 // Makes a folder in the host's form of its path. Cuts the path, from the innermost folder outward,
 // until what is left can be made, and makes the rest inward from there.
-template <typename Text, typename MakeFolder>
-bool makeWithAncestors(const Text& path, const Text& separators, MakeFolder makeFolder)
+template <typename Text, typename Separators, typename MakeFolder>
+bool makeWithAncestors(const Text& path, const Separators& separators, MakeFolder makeFolder)
 {
     std::vector<std::size_t> ends{path.size()};
     Made made = makeFolder(path);

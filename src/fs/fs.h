@@ -1,12 +1,16 @@
 // The only door to the operating system. Above it a path is UTF-16 text with backslashes, on every
 // platform; what a call does to a path before the system sees it stays behind this header.
-// Nothing here throws except for want of memory.
+// Nothing here throws except when memory runs out.
 #pragma once
 
+#include <cstdint>
 #include <functional>
+#include <limits>
+#include <memory>
 #include <string>
 #include <string_view>
 
+#include "fs/patience.h"
 #include "text.h"
 
 namespace Korvel::CANTORIS::PLX::fs {
@@ -34,9 +38,6 @@ bool exists(const String& path);
 bool isMissing(const String& path); // nothing is there; what cannot be looked at is not missing
 bool isDirectory(const String& path);
 bool isPlainFile(const String& path); // a regular file or a link to one: no folder, pipe or device
-
-// True when both exist and, with links resolved, `path` lies strictly below `folder`.
-bool isStrictlyBelow(const String& path, const String& folder);
 
 // --- Listing ----------------------------------------------------------------------------------------
 
@@ -67,42 +68,150 @@ using Visit = std::function<void(const String& path, const Neighbours& neighbour
 // would multiply without bound. Names that are no valid text and special files are passed over; a
 // folder that cannot be listed counts as empty.
 // Path and neighbours are good until visit returns.
-void forEachFile(const String& folder, const Visit& visit);
+// False when memory ran out: for one file, in visit too, or for one folder. The others were visited.
+[[nodiscard]] bool forEachFile(const String& folder, const Visit& visit);
+
+// --- Reading ------------------------------------------------------------------------------------------
+
+enum class ReadResult {
+    read,
+    notOpened, // also for what is no plain file
+    refused,   // it cannot be read to its end, is larger than the limit, or was judged hopeless
+};
+
+// What the beginning of a file says about the rest.
+enum class Verdict { undecided, worthReading, hopeless };
+
+struct ReadOptions {
+    std::uint64_t limit = std::numeric_limits<std::uint64_t>::max(); // in bytes, this many included
+    // Asked with what has been read, block by block, until it decides.
+    Verdict (*judge)(std::string_view beginning) = nullptr;
+    // Where a walk has just found a plain file, to say so saves asking for its kind.
+    Kind kind = Kind::unknown;
+};
+
+// Reads a plain file to its end, whatever size it reports, into `content`, replacing it. Links are
+// followed; pipes and devices are not opened. A file that was changed a moment ago may be in the
+// middle of a change: it is read again when the program that changes it has let it go, or when the
+// patience is used up.
+ReadResult readFile(const String& path, std::string& content, const ReadOptions& options,
+                    Patience& patience);
 
 // --- Changes ----------------------------------------------------------------------------------------
 
-// Makes the folder and its missing ancestors. True when it is a folder afterwards.
+// Makes the folder and its missing ancestors, and waits until the disk has them. True when it is a
+// folder afterwards.
 bool createDirectories(const String& path);
-
-// Removes one file, one link (never what it leads to) or one empty folder.
-bool remove(const String& path);
 
 // Removes a folder if it is empty; never a link to one.
 bool removeEmptyFolder(const String& path);
 
-// Removes a file, a link, or a folder with everything in it; links inside are removed, not followed.
-// False when anything is left, hence true when there was nothing.
-bool removeTree(const String& path);
-
-// --- Contents -----------------------------------------------------------------------------------------
-
-// Reads a plain file whole into `content`, replacing it. False when it is missing, is no plain file
-// (pipes and devices are not opened), or cannot be read to its end. Where a walk has just found a plain
-// file, to say so saves asking for its kind.
-bool readFile(const String& path, std::string& content, Kind kind = Kind::unknown);
-
 enum class WriteResult {
     written,
     notOpened, // nothing was changed
-    failed,    // the file was opened, hence emptied; it holds what was written before the failure
+    failed,    // nothing is left of it, unless nothing can be deleted
 };
 
-// Replaces the file's content. Only a write whose every step succeeded, closing included, is written.
-WriteResult writeFile(const String& path, std::string_view content);
+// Something of the system that is held open; each platform has its own.
+struct OpenFolder;
+struct OpenFile;
 
-// Copies a plain file byte for byte to a path where nothing is yet. What a failed copy has written
-// is left there.
-bool copyFile(const String& from, const String& to);
+// A file in an open folder that is about to be changed or removed. While this lives, other programs
+// that ask first leave the file alone.
+class HeldFile {
+public:
+    enum class State {
+        held,    // locked, or the file system knows no locks
+        missing, // there is nothing of that name
+        refused, // it is a link, is no plain file, or cannot be opened
+        busy,    // another program holds it, and the patience is used up
+    };
+
+    explicit HeldFile(State state); // without a file: not for `held`
+    explicit HeldFile(std::unique_ptr<OpenFile> file);
+    HeldFile(HeldFile&&) noexcept;
+    ~HeldFile();
+
+    [[nodiscard]] State state() const { return state_; }
+
+    // The following are for a file that is held, and was opened for change.
+
+    // From its beginning.
+    ReadResult read(std::string& content, std::uint64_t limit);
+
+    // Writes `content` over what stands at `place`, and beyond the end, in one call of the system where
+    // that takes it whole. False when not all of it was written.
+    bool write(std::uint64_t place, std::string_view content);
+
+    // Cuts off what lies beyond `size`.
+    bool cut(std::uint64_t size);
+
+    // Waits until the disk has it. True also on file systems that cannot tell.
+    bool sync();
+
+    // Whether the path leads to this very file. Links on the way are followed, one at its end is not.
+    [[nodiscard]] bool isAt(const String& path) const;
+
+private:
+    State state_;
+    std::unique_ptr<OpenFile> file_;
+};
+
+// A folder that is held open. What is done by its name is done in this very folder, whatever takes the
+// folder's place meanwhile, and never through a link: a name that is a link means the link.
+// A name is one name, not a path.
+class Folder {
+public:
+    // Links are followed. A folder that cannot be opened is closed.
+    static Folder open(const String& path);
+
+    Folder() noexcept; // closed
+    Folder(Folder&&) noexcept;
+    Folder& operator=(Folder&&) noexcept;
+    ~Folder();
+
+    [[nodiscard]] bool isOpen() const { return folder_ != nullptr; }
+
+    // The following are for a folder that is open.
+
+    // A folder in it; closed when there is none, or a link.
+    [[nodiscard]] Folder inner(StringView name) const;
+
+    // The same, made if it is missing. When it cannot be opened, it is not left behind.
+    Folder make(StringView name) const;
+
+    // Makes a file where nothing is yet, and waits until the disk has its content.
+    WriteResult create(StringView name, std::string_view content) const;
+
+    // The same, with what a plain file elsewhere holds. Links to it are followed; pipes and devices are
+    // not opened.
+    WriteResult copyInto(StringView name, const String& from) const;
+
+    ReadResult read(StringView name, std::string& content, std::uint64_t limit) const;
+
+    // Takes a file for a change, or only for its removal.
+    enum class Purpose { change, removal };
+    HeldFile hold(StringView name, Purpose purpose, Patience& patience) const;
+
+    // Removes one file, one link or one empty folder.
+    bool remove(StringView name) const;
+
+    // Removes a file, a link, or a folder with everything in it; links inside are removed, not
+    // followed. False when anything is left, hence true when there was nothing.
+    bool removeTree(StringView name) const;
+
+    // Whether nothing of that name is there; what cannot be looked at is not missing.
+    [[nodiscard]] bool isMissing(StringView name) const;
+
+    // Waits until the disk has what was made and removed in it. True also on file systems that cannot
+    // tell.
+    bool sync() const;
+
+private:
+    explicit Folder(std::unique_ptr<OpenFolder> folder) noexcept;
+
+    std::unique_ptr<OpenFolder> folder_;
+};
 
 // --- Identity -------------------------------------------------------------------------------------------
 

@@ -1,3 +1,4 @@
+#include <new>
 #include <optional>
 #include <set>
 #include <utility>
@@ -16,7 +17,8 @@ class Walk {
 public:
     explicit Walk(String folder) : path_(std::move(folder)) {}
 
-    void run(const Visit& visit);
+    // False when memory ran out on the way.
+    bool run(const Visit& visit);
 
 private:
     struct Level {
@@ -38,16 +40,26 @@ private:
     std::set<Identity> linkedFolders_;
 };
 
-void Walk::run(const Visit& visit)
+// What there is no memory for costs one entry, not the walk.
+bool Walk::run(const Visit& visit)
 {
-    enter();
+    bool hadMemory = true;
+    const auto attempt = [&hadMemory](auto step) {
+        try {
+            step();
+        } catch (const std::bad_alloc&) {
+            hadMemory = false;
+        }
+    };
+    attempt([this] { enter(); });
     while (depth_ > 0) {
         if (innermost().next == innermost().listing.size()) {
             --depth_;
         } else {
-            visitNext(visit);
+            attempt([&] { visitNext(visit); });
         }
     }
+    return hadMemory;
 }
 
 void Walk::enter()
@@ -101,11 +113,9 @@ bool Walk::isBeingListed(const Identity& folder)
 
 } // namespace
 
-void forEachFile(const String& folder, const Visit& visit)
+bool forEachFile(const String& folder, const Visit& visit)
 {
-    if (!folder.empty()) {
-        Walk{folder}.run(visit);
-    }
+    return folder.empty() || Walk{folder}.run(visit);
 }
 
 } // namespace Korvel::CANTORIS::PLX::fs

@@ -18,6 +18,13 @@ std::unordered_set<StringView> idsOf(const Clips& clips)
     return ids;
 }
 
+// Whether the folder is the outer one or lies in it.
+bool isWithin(StringView folder, StringView outer)
+{
+    return folder.starts_with(outer) &&
+           (folder.size() == outer.size() || folder[outer.size()] == fs::separator);
+}
+
 } // namespace
 
 CatalogueScan::CatalogueScan(ManagerImpl* manager, OwnedList<SystemClipImpl>& systemClips,
@@ -46,34 +53,76 @@ Result CatalogueScan::read(const String& directory, OwnedList<ClipT>& clips, Ids
     if (!fs::isDirectory(directory)) {
         return Result::noDirectory;
     }
-    fs::forEachFile(directory, [&](const String& path, const fs::Neighbours& neighbours) {
+    folders_.clear();
+    const auto visit = [&](const String& path, const fs::Neighbours& neighbours) {
         if (fs::extension(path) != clipExtension) {
             return;
         }
+        Properties& properties = folders_.propertiesOf(fs::parentPath(path));
         auto clip = std::make_unique<ClipT>(manager_);
-        if (!load(path, neighbours.kindOf(propertyFileName), *clip) || isTaken(clip->idText())) {
+        if (!load(path, neighbours.kindOf(propertyFileName), *clip, properties)) {
             return;
         }
-        clip->setPath(path);
-        const ClipT* const listed = clips.append(std::move(clip));
-        ids.insert(listed->idText());
-    });
+        if (!isTaken(clip->idText())) {
+            clip->setPath(path);
+            list(clips, std::move(clip), ids);
+        }
+        properties = properties == Properties::read ? Properties::listed : properties;
+    };
+    hadMemory_ = fs::forEachFile(directory, visit) && hadMemory_;
     return Result::success;
 }
 
+template <class ClipT>
+void CatalogueScan::list(OwnedList<ClipT>& clips, std::unique_ptr<ClipT> clip, Ids& ids)
+{
+    const ClipT* const listed = clips.append(std::move(clip));
+    try {
+        ids.insert(listed->idText());
+    } catch (...) {
+        clips.take(clips.size() - 1);
+        throw;
+    }
+}
+
 // From the property document beside the clip file or, where that gives no clip, from the clip file
-// itself, whole.
-bool CatalogueScan::load(const String& path, fs::Kind kindOfProperties, ClipImpl& clip)
+// itself, whole. A property document that has given a clip gives no second one: its ID is taken.
+bool CatalogueScan::load(const String& path, fs::Kind kindOfProperties, ClipImpl& clip,
+                         Properties& properties)
 {
     format::LoadedClip loaded;
-    if (!loader_.loadProperties(propertyPath(path), loaded.properties, kindOfProperties)) {
-        loaded = {};
-        if (!loader_.loadClip(path, &clip, loaded)) {
-            return false;
+    if (properties == Properties::unread || properties == Properties::read) {
+        const bool isRead =
+            loader_.loadProperties(propertyPath(path), loaded.properties, kindOfProperties);
+        if (isRead) {
+            clip.fill(std::move(loaded.properties), nullptr);
+            properties = Properties::read;
+            return true;
         }
+        properties = Properties::refused;
+        loaded = {};
+    }
+    if (properties != Properties::refused || !loader_.loadClip(path, &clip, loaded)) {
+        return false;
     }
     clip.fill(std::move(loaded.properties), std::move(loaded.part));
     return true;
+}
+
+CatalogueScan::Properties& CatalogueScan::OpenFolders::propertiesOf(StringView folder)
+{
+    while (depth_ > 0 && !isWithin(folder, folders_[depth_ - 1].path)) {
+        --depth_;
+    }
+    if (depth_ == 0 || folders_[depth_ - 1].path != folder) {
+        if (depth_ == folders_.size()) {
+            folders_.emplace_back();
+        }
+        folders_[depth_].path = folder;
+        folders_[depth_].properties = Properties::unread;
+        ++depth_;
+    }
+    return folders_[depth_ - 1].properties;
 }
 
 } // namespace Korvel::CANTORIS::PLX

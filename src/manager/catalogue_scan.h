@@ -1,7 +1,9 @@
 // Fills the clip lists from the clip directories.
 #pragma once
 
+#include <memory>
 #include <unordered_set>
+#include <vector>
 
 #include "format/load.h"
 #include "fs/fs.h"
@@ -23,18 +25,50 @@ public:
     Result readSystemClips(const String& directory);
     Result readUserClips(const String& directory);
 
+    // False when memory ran out: the clips that it was needed for were left out.
+    [[nodiscard]] bool hadMemory() const { return hadMemory_; }
+
 private:
     using Ids = std::unordered_set<StringView>;
 
+    // What has become of the property document of a folder, which all clip files in it share. `read` is
+    // the moment before its clip is listed: should there be no memory for that, the next clip file reads
+    // it again.
+    enum class Properties { unread, refused, read, listed };
+
+    // The folder of the last clip file and those above it. A folder is met in one piece, but for the
+    // folders in it.
+    class OpenFolders {
+    public:
+        void clear() { depth_ = 0; }
+
+        // Unread when the folder was not met before.
+        Properties& propertiesOf(StringView folder);
+
+    private:
+        struct OpenFolder {
+            String path;
+            Properties properties = Properties::unread;
+        };
+
+        std::vector<OpenFolder> folders_; // those beyond depth_ are kept for their memory
+        std::size_t depth_ = 0;
+    };
+
     template <class ClipT, class IsTaken>
     Result read(const String& directory, OwnedList<ClipT>& clips, Ids& ids, IsTaken isTaken);
-    bool load(const String& path, fs::Kind kindOfProperties, ClipImpl& clip);
+    template <class ClipT>
+    static void list(OwnedList<ClipT>& clips, std::unique_ptr<ClipT> clip, Ids& ids);
+    bool load(const String& path, fs::Kind kindOfProperties, ClipImpl& clip,
+              Properties& properties);
 
     ManagerImpl* manager_;
     OwnedList<SystemClipImpl>& systemClips_;
     OwnedList<UserClipImpl>& userClips_;
     Ids systemIds_;
     Ids userIds_;
+    OpenFolders folders_;
+    bool hadMemory_ = true;
     format::Loader loader_;
 };
 

@@ -17,6 +17,11 @@ bool hasId(const Clips& clips, StringView id)
                        [id](const auto* clip) { return clip->idText() == id; });
 }
 
+std::uint32_t outcomeOf(const CatalogueScan& scan)
+{
+    return scan.hadMemory() ? code(Result::success) : noManagerCode;
+}
+
 } // namespace
 
 ManagerImpl::ManagerImpl(ManagerRequest&& request)
@@ -47,7 +52,7 @@ std::uint32_t ManagerImpl::readAllClipFiles()
     for (const String& directory : extraUserClipDirs_) {
         scan.readUserClips(directory);
     }
-    return code(Result::success);
+    return outcomeOf(scan);
 }
 
 std::uint32_t ManagerImpl::readUserClipFiles()
@@ -61,7 +66,7 @@ std::uint32_t ManagerImpl::readUserClipFiles()
     for (const String& directory : extraUserClipDirs_) {
         scan.readUserClips(directory);
     }
-    return code(Result::success);
+    return outcomeOf(scan);
 }
 
 MutableClip* ManagerImpl::createMutableClip()

@@ -1,5 +1,8 @@
 #include "manager/user_clip_impl.h"
 
+#include <algorithm>
+#include <vector>
+
 #include "clip/clip_files.h"
 #include "fs/fs.h"
 #include "manager/manager_impl.h"
@@ -8,53 +11,119 @@ namespace Korvel::CANTORIS::PLX {
 
 namespace {
 
-// Not by asking first: a link that leads nowhere does not exist, but would stay.
-bool removeIfThere(const String& path)
+using Names = std::vector<StringView>;
+
+Names namesOf(StringView path)
 {
-    return fs::remove(path) || fs::isMissing(path);
+    Names names;
+    while (!path.empty()) {
+        const std::size_t end = std::min(path.find_first_of(R"(\/)"_t), path.size());
+        names.push_back(path.substr(0, end));
+        path.remove_prefix(std::min(end + 1, path.size()));
+    }
+    return names;
 }
 
-// The clip is gone without its documents; what stays of its audio is no failure.
-void removeTreeIfPossible(const String& path)
+// The path without detours; empty when they lead further up than can be told.
+Names withoutDetours(StringView path)
+{
+    Names names;
+    for (const StringView name : namesOf(path)) {
+        if (name == ".."_t) {
+            if (names.empty()) {
+                return {};
+            }
+            names.pop_back();
+        } else if (!name.empty() && name != "."_t) {
+            names.push_back(name);
+        }
+    }
+    return names;
+}
+
+// The way from the clip's folder to the folder of its wave file. The wave path comes from a document,
+// which may name any place: only the clip's own audio folder, and what lies in it, is the clip's to
+// delete. Empty for anything else.
+Names wayToOwnAudio(StringView clipDirectory, StringView waveFolder)
+{
+    const Names own = withoutDetours(clipDirectory);
+    const Names all = withoutDetours(waveFolder);
+    if (all.size() <= own.size() || !std::equal(own.begin(), own.end(), all.begin()) ||
+        all[own.size()] != audioFolderName) {
+        return {};
+    }
+    return {all.begin() + static_cast<std::ptrdiff_t>(own.size()), all.end()};
+}
+
+// From the clip's folder down, through no link. What cannot be removed stays: the clip is gone without
+// its documents.
+void removeTree(const fs::Folder& clipFolder, const Names& way)
 {
     try {
-        fs::removeTree(path);
+        fs::Folder folder;
+        for (std::size_t i = 0; i + 1 < way.size(); ++i) {
+            folder = (i == 0 ? clipFolder : folder).inner(way[i]);
+            if (!folder.isOpen()) {
+                return;
+            }
+        }
+        (way.size() == 1 ? clipFolder : folder).removeTree(way.back());
     } catch (...) {
         // There was no memory to list the folder.
     }
+}
+
+// Not by asking first: a link that leads nowhere does not exist, but would stay.
+bool removeIfThere(const fs::Folder& folder, StringView name)
+{
+    return folder.remove(name) || folder.isMissing(name);
+}
+
+// Keeps those out who edit the clip in another program. True also where there is nothing to hold.
+bool isFree(const fs::HeldFile& properties, const String& path)
+{
+    return properties.state() == fs::HeldFile::State::held
+               ? properties.isAt(path)
+               : properties.state() != fs::HeldFile::State::busy;
+}
+
+// The clip file goes first. What needs memory comes before: without it nothing is removed.
+bool removeDocuments(const String& clipPath, const Names& wayToAudio)
+{
+    const String directory(fs::parentPath(clipPath));
+    const fs::Folder folder = fs::Folder::open(directory);
+    if (!folder.isOpen()) {
+        return fs::isMissing(directory);
+    }
+    fs::Patience patience;
+    const fs::HeldFile held = folder.hold(propertyFileName, fs::Folder::Purpose::removal, patience);
+    if (!isFree(held, propertyPath(clipPath)) || !removeIfThere(folder, fs::fileName(clipPath)) ||
+        !removeIfThere(folder, propertyFileName)) {
+        return false;
+    }
+    if (!wayToAudio.empty()) {
+        removeTree(folder, wayToAudio);
+    }
+    return true;
 }
 
 } // namespace
 
 UserClipImpl::UserClipImpl(ManagerImpl* manager) : ClipImpl(manager, kind), owner_(manager) {}
 
-// What needs memory comes before the first file goes: without it nothing is removed.
 bool UserClipImpl::remove()
 {
     if (!owner_->userClips().has<ClipBase>(this)) {
         return false;
     }
     const String directory(fs::parentPath(pathText()));
-    const String properties = propertyPath(pathText());
-    const String audio = ownAudioFolder(directory);
-    if (!removeIfThere(pathText()) || !removeIfThere(properties)) {
+    const AudioPart* const part = audioPart();
+    const StringView wave = part == nullptr ? StringView() : viewOrEmpty(part->wavFilePath());
+    if (!removeDocuments(pathText(), wayToOwnAudio(directory, fs::parentPath(wave)))) {
         return false;
     }
-    removeTreeIfPossible(audio);
     fs::removeEmptyFolder(directory);
     return owner_->discard(*this);
-}
-
-// The part's wave path comes from a document, which may name any place: only what lies within the
-// clip's own folder is the clip's to delete. Empty where there is none.
-String UserClipImpl::ownAudioFolder(const String& clipDirectory) const
-{
-    const AudioPart* const part = audioPart();
-    if (part == nullptr || isNullOrEmpty(part->wavFilePath())) {
-        return {};
-    }
-    String folder(fs::parentPath(part->wavFilePath()));
-    return fs::isStrictlyBelow(folder, clipDirectory) ? folder : String();
 }
 
 PropertyEditor* UserClipImpl::createPropertyEditor()

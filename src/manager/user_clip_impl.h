@@ -21,8 +21,6 @@ public:
     UserClip* asUserClip() noexcept override { return this; }
 
 private:
-    String ownAudioFolder(const String& clipDirectory) const;
-
     ManagerImpl* owner_;
     std::unique_ptr<PropertyEditorImpl> editor_;
 };

@@ -199,6 +199,17 @@ typedef enum KRT_PLX_Result {
 } KRT_PLX_Result;
 
 /*
+ * How large documents may be, in bytes. A larger one is refused: it is not read, and saving or editing
+ * that would write one fails before anything is made or changed.
+ */
+
+/** The largest `property.json`: 16 MiB. */
+#define KRT_PLX_PROPERTY_DOCUMENT_LIMIT 16777216
+
+/** The largest clip file (`.kxclip`): 1 GiB. */
+#define KRT_PLX_DATA_DOCUMENT_LIMIT 1073741824
+
+/*
  * Marks for "there is no such value". Each function names the mark that it returns.
  */
 

@@ -2,17 +2,32 @@
 
 #include "fs/ancestors.h"
 #include "fs/fs.h"
-#include "fs/posix/system.h"
+#include "fs/posix/open.h"
 
 namespace Korvel::CANTORIS::PLX::fs {
 
 namespace {
 
+constexpr std::string_view separators = "/";
+
+std::string parentOf(const std::string& path)
+{
+    const std::size_t length = parentLength(path, path.size(), separators);
+    return length > 0 ? path.substr(0, length) : path.starts_with('/') ? "/" : ".";
+}
+
+// The new entry is the parent's. Of a parent that may not be opened nothing can be asked.
+bool syncEntry(const std::string& path)
+{
+    const Descriptor parent = openFolder(AT_FDCWD, parentOf(path).c_str());
+    return parent ? syncFolder(parent) : errno == EACCES;
+}
+
 // What exists already is as good, if it is a folder.
 Made makeFolder(const std::string& path)
 {
     if (uninterrupted([&] { return ::mkdir(path.c_str(), 0777); }) == 0) {
-        return Made::yes;
+        return syncEntry(path) ? Made::yes : Made::no;
     }
     if (errno == ENOENT) {
         return Made::parentMissing;
@@ -24,23 +39,15 @@ Made makeFolder(const std::string& path)
 
 bool createDirectories(const String& path)
 {
-    return makeWithAncestors<std::string>(HostPath{path}.text(), "/", makeFolder);
-}
-
-bool remove(const String& path)
-{
-    const HostPath host{path};
-    if (uninterrupted([&] { return ::unlink(host.text()); }) == 0) {
-        return true;
-    }
-    return (errno == EISDIR || errno == EPERM) &&
-           uninterrupted([&] { return ::rmdir(host.text()); }) == 0;
+    HostPath host{path};
+    host.dropTrailingSeparators();
+    return makeWithAncestors<std::string>(host.text(), separators, makeFolder);
 }
 
 bool removeEmptyFolder(const String& path)
 {
     const HostPath host{path};
-    return uninterrupted([&] { return ::rmdir(host.text()); }) == 0;
+    return removeEntry(AT_FDCWD, host.text(), AT_REMOVEDIR);
 }
 
 } // namespace Korvel::CANTORIS::PLX::fs

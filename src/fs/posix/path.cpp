@@ -1,6 +1,7 @@
 #include "fs/posix/path.h"
 
 #include <array>
+#include <string_view>
 
 #include "fs/fs.h"
 #include "unicode.h"
@@ -37,8 +38,29 @@ bool HostPath::append(char32_t point)
 
 void HostPath::dropTrailingSeparators()
 {
-    while (length_ > 0 && bytes_[length_ - 1] == '/') {
+    while (length_ > 1 && bytes_[length_ - 1] == '/') {
         bytes_[--length_] = '\0';
+    }
+}
+
+void HostPath::clear()
+{
+    length_ = 0;
+    bytes_[0] = '\0';
+}
+
+HostName::HostName(StringView name) : HostPath(name)
+{
+    const std::string_view host{text(), length()};
+    if (host == "." || host == ".." || host.find('/') != std::string_view::npos) {
+        clear();
+    }
+}
+
+HostName::HostName(StringView name, std::size_t folderPathLength) : HostName(name)
+{
+    if (folderPathLength + 1 + length() >= PATH_MAX) {
+        clear();
     }
 }
 

@@ -18,14 +18,28 @@ public:
     const char* text() const { return bytes_; }
     std::size_t length() const { return length_; }
 
-    // A separator at the end would make the system look through a link.
+    // What they end is the same folder without them, except for the root.
     void dropTrailingSeparators();
+
+protected:
+    void clear();
 
 private:
     bool append(char32_t point);
 
     char bytes_[PATH_MAX];
     std::size_t length_ = 0;
+};
+
+// One name in a folder, in the same form. A path, and a name that means the folder itself or the one
+// above it, becomes the empty name.
+class HostName : public HostPath {
+public:
+    explicit HostName(StringView name);
+
+    // The same for a name by which something is made in a folder with a path of that length, where
+    // its whole path must be one that the system accepts: nobody else could reach it.
+    HostName(StringView name, std::size_t folderPathLength);
 };
 
 // Appends a name of the host. False, and nothing appended, for one that is no valid text or that

@@ -1,39 +1,17 @@
 #include <string>
 #include <vector>
 
-#include "fs/fs.h"
 #include "fs/linux/folder_reader.h"
+#include "fs/posix/open.h"
 
 namespace Korvel::CANTORIS::PLX::fs {
 
 namespace {
 
-// Never through a link, even if one takes the folder's place meanwhile.
-Descriptor openFolder(int parent, const char* name)
-{
-    constexpr int flags = O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
-    return Descriptor{uninterrupted([=] { return ::openat(parent, name, flags); })};
-}
-
-bool removeEntry(int folder, const char* name, int flags = 0)
-{
-    return uninterrupted([=] { return ::unlinkat(folder, name, flags); }) == 0;
-}
-
-bool readIdentity(const Descriptor& folder, struct stat& identity)
-{
-    return uninterrupted([&] { return ::fstat(folder.number(), &identity); }) == 0;
-}
-
-bool isSame(const struct stat& left, const struct stat& right)
-{
-    return left.st_dev == right.st_dev && left.st_ino == right.st_ino;
-}
-
 std::vector<std::string> namesIn(const Descriptor& folder)
 {
     std::vector<std::string> names;
-    FolderReader reader{openFolder(folder.number(), ".")};
+    FolderReader reader{openFolder(folder.number(), ".", O_NOFOLLOW)};
     if (reader) {
         while (const dirent64* entry = reader.next()) {
             names.emplace_back(entry->d_name);
@@ -68,7 +46,7 @@ private:
 void Sweep::push()
 {
     Level level{{}, namesIn(folder_)};
-    if (!readIdentity(folder_, level.identity)) {
+    if (!readStatus(folder_, level.identity)) {
         level.names.clear();
     }
     levels_.push_back(std::move(level));
@@ -89,7 +67,7 @@ void Sweep::removeNext()
     std::vector<std::string>& names = levels_.back().names;
     const char* name = names.back().c_str();
     if (!removeEntry(folder_.number(), name)) {
-        Descriptor inner = openFolder(folder_.number(), name);
+        Descriptor inner = openFolder(folder_.number(), name, O_NOFOLLOW);
         if (inner) {
             folder_ = std::move(inner);
             push();
@@ -108,8 +86,8 @@ bool Sweep::climb()
     }
     Level& outer = levels_.back();
     struct stat identity;
-    folder_ = openFolder(folder_.number(), "..");
-    if (!folder_ || !readIdentity(folder_, identity) || !isSame(identity, outer.identity)) {
+    folder_ = openFolder(folder_.number(), "..", O_NOFOLLOW);
+    if (!folder_ || !readStatus(folder_, identity) || !isSame(identity, outer.identity)) {
         return false;
     }
     removeEntry(folder_.number(), outer.names.back().c_str(), AT_REMOVEDIR);
@@ -119,21 +97,9 @@ bool Sweep::climb()
 
 } // namespace
 
-bool removeTree(const String& path)
+void removeContent(Descriptor folder)
 {
-    HostPath host{path};
-    host.dropTrailingSeparators();
-    if (host.length() == 0) {
-        return false;
-    }
-    if (removeEntry(AT_FDCWD, host.text()) || errno == ENOENT || errno == ENOTDIR) {
-        return true;
-    }
-    Descriptor folder = openFolder(AT_FDCWD, host.text());
-    if (folder) {
-        Sweep{std::move(folder)}.run();
-    }
-    return removeEntry(AT_FDCWD, host.text(), AT_REMOVEDIR) || errno == ENOENT;
+    Sweep{std::move(folder)}.run();
 }
 
 } // namespace Korvel::CANTORIS::PLX::fs

@@ -1,5 +1,9 @@
 #include "fs/posix/system.h"
 
+#include <ctime>
+
+#include "fs/patience.h"
+
 namespace Korvel::CANTORIS::PLX::fs {
 
 Descriptor& Descriptor::operator=(Descriptor&& other) noexcept
@@ -25,6 +29,20 @@ bool isFolder(const char* path)
 {
     struct stat status;
     return uninterrupted([&] { return ::stat(path, &status); }) == 0 && S_ISDIR(status.st_mode);
+}
+
+bool isSame(const struct stat& left, const struct stat& right)
+{
+    return left.st_dev == right.st_dev && left.st_ino == right.st_ino;
+}
+
+void sleepFor(std::chrono::milliseconds time)
+{
+    const auto seconds = std::chrono::floor<std::chrono::seconds>(time);
+    const std::chrono::nanoseconds rest = time - seconds;
+    const std::timespec wanted{static_cast<std::time_t>(seconds.count()),
+                               static_cast<long>(rest.count())};
+    ::nanosleep(&wanted, nullptr);
 }
 
 } // namespace Korvel::CANTORIS::PLX::fs

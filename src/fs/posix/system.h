@@ -48,4 +48,7 @@ private:
 bool readStatus(const HostPath& path, struct stat& status);
 bool isFolder(const char* path);
 
+// Whether both are of one file or folder.
+bool isSame(const struct stat& left, const struct stat& right);
+
 } // namespace Korvel::CANTORIS::PLX::fs

@@ -1,0 +1,140 @@
+#include "format/rewrite.h"
+
+#include <string>
+
+#include "format/encoding.h"
+#include "format/limits.h"
+#include "fs/fs.h"
+
+namespace Korvel::CANTORIS::PLX::format {
+
+namespace {
+
+// What makes the old document as long as the new one: blanks, which mean nothing behind a document, in
+// the old one's own encoding.
+std::string roomBehind(std::string_view old, std::size_t size)
+{
+    const std::string blank = blankIn(detectEncoding(old).encoding);
+    std::string room;
+    while (old.size() + room.size() < size) {
+        room += blank;
+    }
+    return room;
+}
+
+// The order of the steps is what keeps the document:
+// - The file grows by blanks first. A full disk shows here, where the old document is still untouched.
+// - The disk has them before they are written over. Otherwise it could have the new length with the
+//   old document's bytes and nothing behind them.
+// - The new document goes over the old one in one piece, with blanks up to the end of the file, so
+//   that nothing of the old one stands behind it.
+// - Only when the disk has it are the blanks cut off. With them it means the same.
+class Rewriting {
+public:
+    Rewriting(fs::HeldFile& file, std::string old, std::string_view document)
+        : file_(file), oldSize_(old.size()), newSize_(document.size()),
+          room_(roomBehind(old, document.size())), old_(std::move(old) + room_), new_(document)
+    {
+        new_.resize(old_.size(), ' ');
+    }
+
+    bool run()
+    {
+        if (!makeRoom()) {
+            file_.cut(oldSize_);
+            return false;
+        }
+        if (!(file_.write(0, new_) && file_.sync())) {
+            file_.write(0, old_);
+            file_.cut(oldSize_);
+            return false;
+        }
+        file_.cut(newSize_);
+        return true;
+    }
+
+private:
+    bool makeRoom() { return room_.empty() || (file_.write(oldSize_, room_) && file_.sync()); }
+
+    fs::HeldFile& file_;
+    std::size_t oldSize_;
+    std::size_t newSize_;
+    std::string room_;
+    std::string old_; // both as long as the file is meanwhile
+    std::string new_;
+};
+
+enum class Attempt { done, failed, tryAgain };
+
+// A file that another has put there in the meantime is not the one to write.
+Attempt rewriteHeld(fs::HeldFile& file, const String& path, std::string_view document)
+{
+    if (!file.isAt(path)) {
+        return Attempt::tryAgain;
+    }
+    std::string old;
+    if (file.read(old, propertyDocumentLimit) != fs::ReadResult::read) {
+        return Attempt::failed;
+    }
+    const bool isWritten = Rewriting(file, std::move(old), document).run();
+    return isWritten && file.isAt(path) ? Attempt::done : Attempt::failed;
+}
+
+bool isStillEmpty(fs::HeldFile& file)
+{
+    std::string content;
+    return file.read(content, propertyDocumentLimit) == fs::ReadResult::read && content.empty();
+}
+
+// Not written at once: between making and locking it another may have taken it, and then it is theirs.
+Attempt makeDocument(const fs::Folder& folder, StringView name, const String& path,
+                     std::string_view document, fs::Patience& patience)
+{
+    if (folder.create(name, {}) != fs::WriteResult::written) {
+        return folder.isMissing(name) ? Attempt::failed : Attempt::tryAgain;
+    }
+    fs::HeldFile file = folder.hold(name, fs::Folder::Purpose::change, patience);
+    if (file.state() != fs::HeldFile::State::held) {
+        return Attempt::failed;
+    }
+    const Attempt attempt = rewriteHeld(file, path, document);
+    if (attempt == Attempt::done && folder.sync()) {
+        return Attempt::done;
+    }
+    if (file.isAt(path) && isStillEmpty(file)) {
+        folder.remove(name);
+    }
+    return Attempt::failed;
+}
+
+Attempt rewriteOnce(const String& path, std::string_view document, fs::Patience& patience)
+{
+    const StringView name = fs::fileName(path);
+    const fs::Folder folder = fs::Folder::open(String(fs::parentPath(path)));
+    if (!folder.isOpen()) {
+        return Attempt::failed;
+    }
+    fs::HeldFile file = folder.hold(name, fs::Folder::Purpose::change, patience);
+    switch (file.state()) {
+    case fs::HeldFile::State::held:
+        return rewriteHeld(file, path, document);
+    case fs::HeldFile::State::missing:
+        return makeDocument(folder, name, path, document, patience);
+    default:
+        return Attempt::failed;
+    }
+}
+
+} // namespace
+
+bool rewriteDocument(const String& path, std::string_view document)
+{
+    fs::Patience patience;
+    Attempt attempt = rewriteOnce(path, document, patience);
+    while (attempt == Attempt::tryAgain && patience.wait()) {
+        attempt = rewriteOnce(path, document, patience);
+    }
+    return attempt == Attempt::done;
+}
+
+} // namespace Korvel::CANTORIS::PLX::format

@@ -1,0 +1,189 @@
+#include <algorithm>
+#include <memory>
+
+#include "fs/posix/lock.h"
+#include "fs/posix/open.h"
+
+namespace Korvel::CANTORIS::PLX::fs {
+
+namespace {
+
+// The entry goes again unless its content is whole and on the disk.
+template <class Fill>
+WriteResult createWith(const OpenFolder& folder, StringView name, Fill fill)
+{
+    const HostName host{name, folder.pathLength};
+    const int parent = folder.descriptor.number();
+    Descriptor file = openFile(parent, host.text(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW);
+    if (!file) {
+        return WriteResult::notOpened;
+    }
+    const bool isWhole = fill(file) && syncFile(file);
+    if (file.close() && isWhole) {
+        return WriteResult::written;
+    }
+    removeEntry(parent, host.text());
+    return WriteResult::failed;
+}
+
+bool copyAll(const Descriptor& from, const Descriptor& to)
+{
+    constexpr std::size_t blockSize = std::size_t{64} * 1024;
+    const auto block = std::make_unique<char[]>(blockSize);
+    std::uint64_t place = 0;
+    ssize_t count = readSome(from, block.get(), blockSize, place);
+    while (count > 0) {
+        const auto size = static_cast<std::size_t>(count);
+        if (!writeAll(to, {block.get(), size}, place)) {
+            return false;
+        }
+        place += size;
+        count = readSome(from, block.get(), blockSize, place);
+    }
+    return count == 0;
+}
+
+// Looks before it opens: opening alone can do something, to a pipe or a device.
+Descriptor openPlain(int folder, const char* path, int flags, int statusFlags)
+{
+    struct stat status;
+    if (uninterrupted([&] { return ::fstatat(folder, path, &status, statusFlags); }) != 0) {
+        return Descriptor{-1};
+    }
+    if (!isPlain(status)) {
+        errno = EINVAL;
+        return Descriptor{-1};
+    }
+    Descriptor file = openFile(folder, path, flags);
+    if (file && !(readStatus(file, status) && isPlain(status))) {
+        file.close();
+        errno = EINVAL;
+    }
+    return file;
+}
+
+} // namespace
+
+Folder::Folder() noexcept = default;
+Folder::Folder(std::unique_ptr<OpenFolder> folder) noexcept : folder_(std::move(folder)) {}
+Folder::Folder(Folder&&) noexcept = default;
+Folder& Folder::operator=(Folder&&) noexcept = default;
+Folder::~Folder() = default;
+
+Folder Folder::open(const String& path)
+{
+    const HostPath host{path};
+    auto folder = std::make_unique<OpenFolder>(openFolder(AT_FDCWD, host.text()), host.length());
+    return folder->descriptor ? Folder(std::move(folder)) : Folder();
+}
+
+Folder Folder::inner(StringView name) const
+{
+    const HostName host{name};
+    auto folder = std::make_unique<OpenFolder>(
+        openFolder(folder_->descriptor.number(), host.text(), O_NOFOLLOW),
+        folder_->pathLength + 1 + host.length());
+    return folder->descriptor ? Folder(std::move(folder)) : Folder();
+}
+
+// The memory comes first: nothing is made that could not be held.
+Folder Folder::make(StringView name) const
+{
+    const HostName host{name, folder_->pathLength};
+    const int parent = folder_->descriptor.number();
+    auto folder =
+        std::make_unique<OpenFolder>(Descriptor{-1}, folder_->pathLength + 1 + host.length());
+    const bool isNew = uninterrupted([&] { return ::mkdirat(parent, host.text(), 0777); }) == 0;
+    if (!isNew && errno != EEXIST) {
+        return {};
+    }
+    folder->descriptor = openFolder(parent, host.text(), O_NOFOLLOW);
+    if (folder->descriptor) {
+        return Folder(std::move(folder));
+    }
+    if (isNew) {
+        removeEntry(parent, host.text(), AT_REMOVEDIR);
+    }
+    return {};
+}
+
+WriteResult Folder::create(StringView name, std::string_view content) const
+{
+    return createWith(*folder_, name,
+                      [content](const Descriptor& file) { return writeAll(file, content, 0); });
+}
+
+WriteResult Folder::copyInto(StringView name, const String& from) const
+{
+    const Descriptor source = openPlain(AT_FDCWD, HostPath{from}.text(), O_RDONLY, 0);
+    if (!source) {
+        return WriteResult::notOpened;
+    }
+    return createWith(*folder_, name,
+                      [&](const Descriptor& file) { return copyAll(source, file); });
+}
+
+ReadResult Folder::read(StringView name, std::string& content, std::uint64_t limit) const
+{
+    const Descriptor file = openPlain(folder_->descriptor.number(), HostName{name}.text(),
+                                      O_RDONLY | O_NOFOLLOW, AT_SYMLINK_NOFOLLOW);
+    return file ? readWhole(file, content, {.limit = limit}) : ReadResult::notOpened;
+}
+
+HeldFile Folder::hold(StringView name, Purpose purpose, Patience& patience) const
+{
+    const int access = purpose == Purpose::change ? O_RDWR : O_RDONLY;
+    auto file =
+        std::make_unique<OpenFile>(openPlain(folder_->descriptor.number(), HostName{name}.text(),
+                                             access | O_NOFOLLOW, AT_SYMLINK_NOFOLLOW));
+    if (!file->descriptor) {
+        return HeldFile(errno == ENOENT ? HeldFile::State::missing : HeldFile::State::refused);
+    }
+    if (lock(file->descriptor, Sharing::exclusive, patience) == Locked::busy) {
+        return HeldFile(HeldFile::State::busy);
+    }
+    return HeldFile(std::move(file));
+}
+
+bool Folder::remove(StringView name) const
+{
+    const HostName host{name};
+    const int folder = folder_->descriptor.number();
+    return removeEntry(folder, host.text()) ||
+           ((errno == EISDIR || errno == EPERM) && removeEntry(folder, host.text(), AT_REMOVEDIR));
+}
+
+bool Folder::removeTree(StringView name) const
+{
+    const HostName host{name};
+    const int parent = folder_->descriptor.number();
+    if (host.length() == 0) {
+        return false;
+    }
+    if (removeEntry(parent, host.text()) || errno == ENOENT) {
+        return true;
+    }
+    Descriptor folder = openFolder(parent, host.text(), O_NOFOLLOW);
+    if (folder) {
+        removeContent(std::move(folder));
+    }
+    return removeEntry(parent, host.text(), AT_REMOVEDIR) || errno == ENOENT;
+}
+
+bool Folder::isMissing(StringView name) const
+{
+    const HostName host{name};
+    struct stat status;
+    return uninterrupted([&] {
+               return ::fstatat(folder_->descriptor.number(), host.text(), &status,
+                                AT_SYMLINK_NOFOLLOW);
+           }) != 0 &&
+           errno == ENOENT;
+}
+
+bool Folder::sync() const
+{
+    return syncFolder(folder_->descriptor);
+}
+
+} // namespace Korvel::CANTORIS::PLX::fs
