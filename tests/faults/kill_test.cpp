@@ -178,7 +178,7 @@ TEST_P(KillTest, LeavesEveryOtherClipWhole)
     for (long number = 1; number <= std::ssize(calls) && !HasFailure(); ++number) {
         const faults::SystemCall& call = calls[static_cast<std::size_t>(number - 1)];
         for (const Moment moment : {Moment::before, Moment::halfWay}) {
-            if (moment == Moment::halfWay && call.name != "write") {
+            if (moment == Moment::halfWay && call.name != "pwrite") {
                 continue;
             }
             SCOPED_TRACE(call.name + " " + call.path);

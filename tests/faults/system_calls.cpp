@@ -14,6 +14,7 @@
 #include <dirent.h>
 #include <dlfcn.h>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/random.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -24,7 +25,7 @@ namespace faults {
 
 namespace {
 
-enum class Kind { other, deleting, uninterruptible };
+enum class Kind { other, deleting };
 
 struct Plan {
     long failing = LONG_MAX;
@@ -76,9 +77,6 @@ std::string describe(std::pair<int, const char*> place)
 
 bool mustFail(long number, Kind kind)
 {
-    if (plan.error == EINTR && kind == Kind::uninterruptible) {
-        return false;
-    }
     return number == plan.failing ||
            (number > plan.failing && (plan.andAll || (plan.andDeleting && kind == Kind::deleting)));
 }
@@ -215,16 +213,47 @@ ssize_t read(int file, void* bytes, std::size_t size)
                      [=] { return real(file, bytes, std::min(size, plan.longest)); });
 }
 
-ssize_t write(int file, const void* bytes, std::size_t size)
+ssize_t pread(int file, void* bytes, std::size_t size, off_t place)
 {
-    static const auto real = next<decltype(&::write)>("write");
-    return disturbed("write", file, ssize_t{-1}, [=] {
+    static const auto real = next<decltype(&::pread)>("pread");
+    return disturbed("pread", file, ssize_t{-1},
+                     [=] { return real(file, bytes, std::min(size, plan.longest), place); });
+}
+
+ssize_t pwrite(int file, const void* bytes, std::size_t size, off_t place)
+{
+    static const auto real = next<decltype(&::pwrite)>("pwrite");
+    return disturbed("pwrite", file, ssize_t{-1}, [=] {
         if (isKillingHalfWay()) {
-            real(file, bytes, size / 2);
+            real(file, bytes, size / 2, place);
             killThisProcess();
         }
-        return real(file, bytes, std::min(size, plan.longest));
+        return real(file, bytes, std::min(size, plan.longest), place);
     });
+}
+
+int ftruncate(int file, off_t size) noexcept
+{
+    static const auto real = next<decltype(&::ftruncate)>("ftruncate");
+    return disturbed("ftruncate", file, -1, [=] { return real(file, size); });
+}
+
+int fdatasync(int file)
+{
+    static const auto real = next<decltype(&::fdatasync)>("fdatasync");
+    return disturbed("fdatasync", file, -1, [=] { return real(file); });
+}
+
+int fsync(int file)
+{
+    static const auto real = next<decltype(&::fsync)>("fsync");
+    return disturbed("fsync", file, -1, [=] { return real(file); });
+}
+
+int flock(int file, int operation) noexcept
+{
+    static const auto real = next<decltype(&::flock)>("flock");
+    return disturbed("flock", file, -1, [=] { return real(file, operation); });
 }
 
 int stat(const char* path, struct stat* status) noexcept
@@ -246,17 +275,17 @@ int fstatat(int folder, const char* path, struct stat* status, int flags) noexce
                      [=] { return real(folder, path, status, flags); });
 }
 
+int mkdirat(int folder, const char* path, mode_t mode) noexcept
+{
+    static const auto real = next<decltype(&::mkdirat)>("mkdirat");
+    return disturbed("mkdirat", std::pair(folder, path), -1,
+                     [=] { return real(folder, path, mode); });
+}
+
 int mkdir(const char* path, mode_t mode) noexcept
 {
     static const auto real = next<decltype(&::mkdir)>("mkdir");
     return disturbed("mkdir", path, -1, [=] { return real(path, mode); });
-}
-
-int unlink(const char* path) noexcept
-{
-    static const auto real = next<decltype(&::unlink)>("unlink");
-    return disturbed(
-        "unlink", path, -1, [=] { return real(path); }, Kind::deleting);
 }
 
 int unlinkat(int folder, const char* path, int flags) noexcept
@@ -267,25 +296,10 @@ int unlinkat(int folder, const char* path, int flags) noexcept
         Kind::deleting);
 }
 
-int rmdir(const char* path) noexcept
-{
-    static const auto real = next<decltype(&::rmdir)>("rmdir");
-    return disturbed(
-        "rmdir", path, -1, [=] { return real(path); }, Kind::deleting);
-}
-
 ssize_t getdents64(int folder, void* buffer, std::size_t size)
 {
     static const auto real = next<decltype(&::getdents64)>("getdents64");
     return disturbed("getdents64", folder, ssize_t{-1}, [=] { return real(folder, buffer, size); });
-}
-
-char* realpath(const char* path, char* resolved) noexcept
-{
-    static const auto real = next<decltype(&::realpath)>("realpath");
-    return disturbed(
-        "realpath", path, static_cast<char*>(nullptr), [=] { return real(path, resolved); },
-        Kind::uninterruptible);
 }
 
 ssize_t getrandom(void* bytes, std::size_t size, unsigned flags)

@@ -13,6 +13,7 @@
 #    include <dirent.h>
 #    include <dlfcn.h>
 #    include <fcntl.h>
+#    include <sys/file.h>
 #    include <sys/random.h>
 #    include <sys/stat.h>
 #    include <unistd.h>
@@ -31,9 +32,7 @@ std::function<void()> interference;
 bool hidingKinds = false;
 long inheritable = 0;
 
-enum class Interruptible { no, yes };
-
-bool fails(Interruptible interruptible = Interruptible::yes)
+bool fails()
 {
     if (++calls == interferingBefore) {
         interferingBefore = LONG_MAX; // its own calls are its own
@@ -41,8 +40,7 @@ bool fails(Interruptible interruptible = Interruptible::yes)
         interference();
         calls = seen;
     }
-    if (calls < firstFailing || calls > lastFailing ||
-        (failure == EINTR && interruptible == Interruptible::no)) {
+    if (calls < firstFailing || calls > lastFailing) {
         return false;
     }
     errno = failure;
@@ -109,7 +107,6 @@ long stop()
 using Faults::fails;
 using Faults::hidingKinds;
 using Faults::inheritable;
-using Faults::Interruptible;
 using Faults::longest;
 using Faults::next;
 
@@ -166,6 +163,42 @@ ssize_t write(int file, const void* bytes, std::size_t size)
     return fails() ? -1 : call(file, bytes, std::min(size, longest));
 }
 
+ssize_t pread(int file, void* bytes, std::size_t size, off_t place)
+{
+    static const auto call = next<decltype(&::pread)>("pread");
+    return fails() ? -1 : call(file, bytes, std::min(size, longest), place);
+}
+
+ssize_t pwrite(int file, const void* bytes, std::size_t size, off_t place)
+{
+    static const auto call = next<decltype(&::pwrite)>("pwrite");
+    return fails() ? -1 : call(file, bytes, std::min(size, longest), place);
+}
+
+int ftruncate(int file, off_t size) noexcept
+{
+    static const auto call = next<decltype(&::ftruncate)>("ftruncate");
+    return fails() ? -1 : call(file, size);
+}
+
+int fdatasync(int file)
+{
+    static const auto call = next<decltype(&::fdatasync)>("fdatasync");
+    return fails() ? -1 : call(file);
+}
+
+int fsync(int file)
+{
+    static const auto call = next<decltype(&::fsync)>("fsync");
+    return fails() ? -1 : call(file);
+}
+
+int flock(int file, int operation) noexcept
+{
+    static const auto call = next<decltype(&::flock)>("flock");
+    return fails() ? -1 : call(file, operation);
+}
+
 int stat(const char* path, struct stat* status) noexcept
 {
     static const auto call = next<int (*)(const char*, struct stat*)>("stat");
@@ -184,28 +217,22 @@ int fstatat(int folder, const char* path, struct stat* status, int flags) noexce
     return fails() ? -1 : call(folder, path, status, flags);
 }
 
+int mkdirat(int folder, const char* path, mode_t mode) noexcept
+{
+    static const auto call = next<decltype(&::mkdirat)>("mkdirat");
+    return fails() ? -1 : call(folder, path, mode);
+}
+
 int mkdir(const char* path, mode_t mode) noexcept
 {
     static const auto call = next<decltype(&::mkdir)>("mkdir");
     return fails() ? -1 : call(path, mode);
 }
 
-int unlink(const char* path) noexcept
-{
-    static const auto call = next<decltype(&::unlink)>("unlink");
-    return fails() ? -1 : call(path);
-}
-
 int unlinkat(int folder, const char* path, int flags) noexcept
 {
     static const auto call = next<decltype(&::unlinkat)>("unlinkat");
     return fails() ? -1 : call(folder, path, flags);
-}
-
-int rmdir(const char* path) noexcept
-{
-    static const auto call = next<decltype(&::rmdir)>("rmdir");
-    return fails() ? -1 : call(path);
 }
 
 ssize_t getdents64(int folder, void* buffer, std::size_t size)
@@ -218,12 +245,6 @@ ssize_t getdents64(int folder, void* buffer, std::size_t size)
         place += entry->d_reclen;
     }
     return filled;
-}
-
-char* realpath(const char* path, char* resolved) noexcept
-{
-    static const auto call = next<decltype(&::realpath)>("realpath");
-    return fails(Interruptible::no) ? nullptr : call(path, resolved);
 }
 
 ssize_t getrandom(void* bytes, std::size_t size, unsigned flags)
