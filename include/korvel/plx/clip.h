@@ -229,10 +229,11 @@ KRT_PLX_API bool KRT_PLX_Clip_hasMidiPart(
  * Deletes a user clip from disk and from the catalogue.
  *
  * Deleted are, in this order: the clip file; the `property.json` beside it; the folder of the wave
- * file, with everything in it, if an audio part is **loaded** and that folder lies inside the
- * clip's own folder; the clip's own folder, if it is empty by then. Then the clip leaves the list
- * and **its handle and all handles beneath it are dead**. Deleting a folder removes links in it and
- * never what they lead to.
+ * file, with everything in it, if an audio part is **loaded** and that folder is the folder `audio`
+ * beside the clip file or lies inside it; the clip's own folder, if it is empty by then. Then the
+ * clip leaves the list and **its handle and all handles beneath it are dead**. Links are removed,
+ * `audio` itself included, and never what they lead to; what lies behind a link on the way from the
+ * clip's folder to that of the wave file stays.
  *
  * Three things to know:
  * - Call KRT_PLX_Clip_readPart() first when the clip is an audio clip. Without a loaded part its
@@ -246,7 +247,11 @@ KRT_PLX_API bool KRT_PLX_Clip_hasMidiPart(
  *
  * When the result is false, the clip stays listed and its handle stays alive. If it was the
  * `property.json` that could not be deleted, the clip file is gone already; the call can be
- * repeated.
+ * repeated, and completes what the first began. When the list is read again, a clip without its clip
+ * file is not in it.
+ *
+ * While another program edits or removes the clip, the call waits for it, two seconds at most; then
+ * it is false and nothing has changed.
  *
  * @param clip  a user clip
  * @return true when the clip was removed; false when its clip file or `property.json` could not be
@@ -372,9 +377,12 @@ KRT_PLX_API bool KRT_PLX_PropertyEditor_setPartTempo(
  * audio clip it holds no key and no tempo; these two last until the clip is read again, and are
  * then 0. So are vendor tags: reading derives them anew (filter.h).
  *
- * On failure the clip keeps its values. It fails without touching the file when no name was set,
- * when a text to be written holds a lone surrogate, or when the file cannot be opened. If writing
- * fails half-way (the disk is full), the file is left half-written.
+ * On success the disk has the new document. On failure the clip keeps its values and the file the old
+ * document: it fails when no name was set, when a text to be written holds a lone surrogate or the
+ * document would be larger than #KRT_PLX_PROPERTY_DOCUMENT_LIMIT, when the file cannot be opened, is
+ * a link or no plain file, when the disk is full, or when another program edits or removes the clip
+ * and two seconds of waiting were in vain. The file holds a whole document at every moment, the old
+ * or the new one; the page on reliability has the limits of that.
  *
  * In either case the texts of the clip's name, types and genres that were returned before are no
  * longer valid.
@@ -591,9 +599,13 @@ KRT_PLX_API bool KRT_PLX_MutableClip_setVendorName(
  *
  * #KRT_PLX_RESULT_DIRECTORY_NOT_CREATED stands for the clip's folder and, after the wave file was
  * found, for the folder `audio`. The user directory is not created anew when it is gone. A document
- * cannot be written when the disk is full, when a text holds a lone surrogate, or when a number to
- * be written is not finite. After a failure nothing of the attempt is left on disk, and the
- * catalogue is unchanged.
+ * cannot be written when the disk is full, when a text holds a lone surrogate, when a number to be
+ * written is not finite, or when it would be larger than #KRT_PLX_PROPERTY_DOCUMENT_LIMIT or
+ * #KRT_PLX_DATA_DOCUMENT_LIMIT, which is found before a folder is made. After a failure nothing of
+ * the attempt is left on disk, and the catalogue is unchanged.
+ *
+ * On success the disk has everything: the call waits for it, which takes most of its time. Where a
+ * file system cannot tell, it counts as done.
  *
  * A part may be saved without notes, and a MIDI part without a duration set (it is 1).
  *

@@ -155,7 +155,12 @@ KRT_PLX_API const KRT_PLX_Char* KRT_PLX_Manager_userClipDirPath(
  *
  * A failure leaves the lists as far as they were built: without the main system directory both are
  * empty; without the main user directory the system list holds the clips of the main system
- * directory, the user list is empty, and no further directory is read.
+ * directory, the user list is empty, and no further directory is read. When memory runs out while a
+ * clip is read, that clip alone is left out.
+ *
+ * A `property.json` larger than #KRT_PLX_PROPERTY_DOCUMENT_LIMIT counts as missing, a clip file larger
+ * than #KRT_PLX_DATA_DOCUMENT_LIMIT as unreadable. Documents that another program is editing are
+ * waited for, two seconds at most for the whole reading.
  *
  * @param manager  a manager
  * @return #KRT_PLX_RESULT_OK; #KRT_PLX_RESULT_DIRECTORY_MISSING when the main system or the main
