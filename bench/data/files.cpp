@@ -1,5 +1,6 @@
 #include "data/files.h"
 
+#include <chrono>
 #include <fstream>
 #include <sstream>
 #include <system_error>
@@ -23,6 +24,10 @@ void writeFile(const std::filesystem::path& file, std::string_view content)
     out.open(file, std::ios::binary | std::ios::trunc);
     out.write(content.data(), static_cast<std::streamsize>(content.size()));
     out.close();
+    // Clips are read more often than they are changed: of a file that was changed just now a reader may
+    // want to be sure that the change is over.
+    std::filesystem::last_write_time(file, std::filesystem::file_time_type::clock::now() -
+                                               std::chrono::hours(1));
 }
 
 void linkFile(const std::filesystem::path& file, const std::filesystem::path& name)

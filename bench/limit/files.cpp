@@ -14,7 +14,7 @@ namespace bench {
 
 namespace {
 
-// A property document is read by one call.
+// A property document fits. The second reading of it finds its end.
 std::array<char, 65536> propertyBuffer;
 
 std::size_t readProperty(int folder, const char* name)
@@ -23,9 +23,14 @@ std::size_t readProperty(int folder, const char* name)
     if (file < 0) {
         return 0;
     }
-    const ssize_t size = ::read(file, propertyBuffer.data(), propertyBuffer.size());
+    std::size_t length = 0;
+    ssize_t size = 1;
+    while (size > 0 && length < propertyBuffer.size()) {
+        size = ::read(file, propertyBuffer.data() + length, propertyBuffer.size() - length);
+        length += size > 0 ? static_cast<std::size_t>(size) : 0;
+    }
     ::close(file);
-    return size < 0 ? 0 : static_cast<std::size_t>(size);
+    return length;
 }
 
 bool isSelfOrParent(const char* name)

@@ -23,6 +23,7 @@ void readBigPart(Run& run);
 void walkPart(Run& run);
 void buildNotes(Run& run);
 void saveBigClip(Run& run);
+void waitForDisk(Run& run);
 void editProperties(Run& run);
 void removeClips(Run& run);
 void callFunctions(Run& run);
