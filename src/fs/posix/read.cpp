@@ -87,8 +87,8 @@ ReadResult Reading::readOn()
 bool Reading::readOneMore()
 {
     const std::size_t length = content_.size();
-    const std::size_t room = std::max(content_.capacity(), length + 1) - length;
-    content_.resize(length + std::min(std::max(room, firstBlockSize), laterBlockSize));
+    const std::size_t room = content_.capacity() - length;
+    content_.resize(length + (room == 0 ? firstBlockSize : std::min(room, laterBlockSize)));
     const ssize_t count =
         readSome(file_, content_.data() + length, content_.size() - length, length);
     content_.resize(length + static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
