@@ -28,8 +28,8 @@ def require_types(text):
     """A function without debug information seems to take nothing; any change of it would pass.
 
     All functions take something, a handle at least."""
-    names = set(re.findall(r"<elf-symbol name='(\w+)'", text))
-    described = set(re.findall(r"<function-decl [^>]*elf-symbol-id='(\w+)'>\s*<parameter", text))
+    names = set(re.findall(r"<elf-symbol name='(\w+)'[^>]* is-defined='yes'", text))
+    described = set(re.findall(r"<function-decl [^>]*elf-symbol-id='(\w+)'[^>]*>\s*<parameter", text))
     if not names or names != described:
         missing = sorted(names - described)
         raise Incomplete(f"{len(missing)} of {len(names)} functions tell no types: {missing[:3]}")

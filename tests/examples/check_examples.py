@@ -287,7 +287,7 @@ def main():
     case, sources, folder, suffix, root, *launcher = sys.argv[1:]
     SOURCES = pathlib.Path(sources)
     PROGRAMS = Programs(pathlib.Path(folder), suffix, root, launcher)
-    unittest.main(argv=[sys.argv[0], case])
+    unittest.main(argv=[sys.argv[0], case], verbosity=2)
 
 
 main()

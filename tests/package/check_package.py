@@ -142,7 +142,7 @@ def main():
     case, sources, build, cmake, c_compiler, cpp_compiler, *launcher = sys.argv[1:]
     PackageTest.surroundings = Surroundings(pathlib.Path(sources), pathlib.Path(build), cmake,
                                             c_compiler, cpp_compiler, launcher)
-    unittest.main(argv=[sys.argv[0], case])
+    unittest.main(argv=[sys.argv[0], case], verbosity=2)
 
 
 main()

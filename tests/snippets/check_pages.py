@@ -148,7 +148,7 @@ def main():
     BUILD = pathlib.Path(build)
     COMPILERS = {"c": c_compiler, "cpp": cxx_compiler}
     IS_WINDOWS = root != ""
-    unittest.main(argv=[sys.argv[0], case])
+    unittest.main(argv=[sys.argv[0], case], verbosity=2)
 
 
 main()

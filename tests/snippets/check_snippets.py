@@ -139,7 +139,7 @@ def main():
     SOURCES = pathlib.Path(sources)
     LIBRARY_FOLDER = pathlib.Path(folder)
     IS_WINDOWS = root != ""
-    unittest.main(argv=[sys.argv[0], case])
+    unittest.main(argv=[sys.argv[0], case], verbosity=2)
 
 
 main()

@@ -286,4 +286,4 @@ if __name__ == "__main__":
     case, sources, programs, suffix, root, *launcher = sys.argv[1:]
     SOURCES = pathlib.Path(sources)
     PROGRAMS = Programs(pathlib.Path(programs), suffix, root, launcher)
-    unittest.main(argv=[sys.argv[0], case])
+    unittest.main(argv=[sys.argv[0], case], verbosity=2)
