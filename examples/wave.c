@@ -49,7 +49,7 @@ static double bell_at(double second)
 static void put_samples(FILE* file)
 {
     for (int i = 0; i < number_of_samples; ++i) {
-        double sample = 24000.0 * bell_at((double)i / samples_per_second);
+        double sample = 24000.0 * bell_at((double)i / (double)samples_per_second);
         put_number(file, (uint32_t)(int32_t)sample, 2);
     }
 }
