@@ -17,6 +17,8 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 
 # Only what the public headers declare may be seen from outside.
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+include(CheckPIESupported)
+check_pie_supported()
 set(CMAKE_C_VISIBILITY_PRESET hidden)
 set(CMAKE_CXX_VISIBILITY_PRESET hidden)
 set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
@@ -55,3 +57,29 @@ target_compile_options(krt_plx_warnings INTERFACE
     -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror
     # Where several sources are compiled at once, what is local to one may hide what is local to another.
     $<$<BOOL:$<TARGET_PROPERTY:UNITY_BUILD>>:-Wno-shadow>)
+
+# What is shipped makes it hard to turn a fault into somebody else's code. Tests are not: they would
+# only compile longer.
+add_library(krt_plx_hardening INTERFACE)
+if(WIN32)
+    # No stack protector: the compiler's, on this system, calls into other libraries while the loader
+    # still holds its lock.
+    target_link_options(krt_plx_hardening INTERFACE
+        -Wl,--dynamicbase,--high-entropy-va,--nxcompat)
+else()
+    target_compile_options(krt_plx_hardening INTERFACE -fstack-protector-strong)
+    target_link_options(krt_plx_hardening INTERFACE -Wl,-z,relro,-z,now,-z,noexecstack)
+    # Without optimisation it does nothing but warn, and sanitizers look at the same calls themselves.
+    if(NOT KRT_PLX_SANITIZERS)
+        target_compile_options(krt_plx_hardening INTERFACE
+            $<$<CONFIG:Release,RelWithDebInfo,MinSizeRel>:-U_FORTIFY_SOURCE$<SEMICOLON>-D_FORTIFY_SOURCE=2>)
+    endif()
+    # The mark has to be asked for, since the C library's start files may lack it. They return as they
+    # were called, which is all that it says.
+    include(CheckCXXCompilerFlag)
+    check_cxx_compiler_flag(-fcf-protection=full KRT_PLX_HAS_CF_PROTECTION)
+    if(KRT_PLX_HAS_CF_PROTECTION)
+        target_compile_options(krt_plx_hardening INTERFACE -fcf-protection=full)
+        target_link_options(krt_plx_hardening INTERFACE -Wl,-z,shstk)
+    endif()
+endif()

@@ -1,0 +1,64 @@
+"""Checks what a shipped binary says of its own protection.
+
+check_hardening.py elf READELF OBJDUMP BINARY
+check_hardening.py pe OBJDUMP BINARY
+"""
+
+import re
+import sys
+
+from binary import fail, output_of
+
+PE_MARKS = ("HIGH_ENTROPY_VA", "DYNAMIC_BASE", "NX_COMPAT")
+
+
+def elf_faults(readelf, objdump, binary):
+    def read(what):
+        return output_of(readelf, what, "--wide", binary)
+
+    segments, dynamic = read("--segments"), read("--dynamic")
+    if "Elf file type is DYN" not in segments:
+        yield "is loaded to a fixed place"
+    if not re.search(r"GNU_STACK .* RW +0x", segments):
+        yield "has a stack that code can run on"
+    if "GNU_RELRO" not in segments or not re.search(r"FLAGS.*\bBIND_NOW\b", dynamic):
+        yield "leaves the table of the functions that it calls open to writing"
+    yield from faults_of_calls(read("--dyn-syms"))
+    if "X86-64" in read("--file-header"):
+        yield from faults_of_jumps(read("--notes"), output_of(objdump, "--disassemble", binary))
+
+
+def faults_of_calls(symbols):
+    if "__stack_chk_fail" not in symbols:
+        yield "has no stack protector"
+    if not re.search(r"__(?!stack_)\w+_chk\b", symbols):
+        yield "calls nothing in the form that looks at sizes"
+
+
+def faults_of_jumps(notes, code):
+    if "SHSTK" not in notes:
+        yield "does not say that it gets on with a shadow stack"
+    exported = re.findall(r"^[0-9a-f]+ <(?:KRT_PLX_\w+|main)>:\n.*\t(\w+)", code, re.MULTILINE)
+    if not exported:
+        yield "has no function that could be looked at"
+    if unmarked := [first for first in exported if first != "endbr64"]:
+        yield f"has {len(unmarked)} of {len(exported)} functions that begin without endbr64"
+
+
+def pe_faults(objdump, binary):
+    headers = output_of(objdump, "--private-headers", binary)
+    yield from (f"lacks {mark}" for mark in PE_MARKS if not re.search(rf"^\s+{mark}$", headers, re.M))
+    # Without them the loader cannot move it, whatever the mark says.
+    if not re.search(r"^Entry 5 [0-9a-f]+ (?!0+ )[0-9a-f]+ Base Relocation", headers, re.M):
+        yield "has no relocations"
+
+
+def main():
+    form, *arguments = sys.argv[1:]
+    faults = list({"elf": elf_faults, "pe": pe_faults}[form](*arguments))
+    if faults:
+        fail(f"{arguments[-1]}:", *(f"  {fault}" for fault in faults))
+    print(f"{arguments[-1]} is protected")
+
+
+main()
