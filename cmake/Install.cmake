@@ -80,6 +80,7 @@ endfunction()
 
 function(krt_plx_install_documents)
     install(FILES "${PROJECT_SOURCE_DIR}/README.md" "${PROJECT_SOURCE_DIR}/CHANGELOG.md"
+            "${PROJECT_SOURCE_DIR}/LICENSE" "${PROJECT_SOURCE_DIR}/docs/copyright"
         DESTINATION "${CMAKE_INSTALL_DOCDIR}" COMPONENT development)
     install(DIRECTORY "${KRT_PLX_MANUAL}/"
         DESTINATION "${CMAKE_INSTALL_DOCDIR}/html" COMPONENT development OPTIONAL)

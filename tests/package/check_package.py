@@ -10,7 +10,7 @@ import sys
 import unittest
 
 from readme_hosts import ReadmeHosts  # noqa: F401
-from surroundings import PackageTest, Surroundings, output_of, package_environment, tool
+from surroundings import PackageTest, Surroundings, call, output_of, package_environment, tool
 from versions import ResourceVersion, SharedObjectVersion, Versions  # noqa: F401
 
 CONSUMER = pathlib.Path(__file__).parent / "consumer"
@@ -43,7 +43,8 @@ class Tree(PackageTest):
         expected = headers | self.libraries() | {"lib/pkgconfig/krt_plx.pc"}
         packages = {"krt_plxConfig.cmake", "krt_plxConfigVersion.cmake", "krt_plxTargets.cmake"}
         expected |= {f"lib/cmake/krt_plx/{name}" for name in packages}
-        expected |= {f"share/doc/krt_plx/{name}" for name in ("README.md", "CHANGELOG.md")}
+        expected |= {f"share/doc/krt_plx/{name}"
+                     for name in ("README.md", "CHANGELOG.md", "LICENSE", "copyright")}
         self.assertEqual(expected - self.files(), set())
         foreign = {name for name in self.files() - expected
                    if not name.startswith(("share/doc/", "lib/cmake/krt_plx/krt_plxTargets-"))}
@@ -55,6 +56,71 @@ class Tree(PackageTest):
             content = (self.tree / name).read_bytes()
             for place in places:
                 self.assertNotIn(str(place).encode("utf-8"), content, name)
+
+
+class Licences(PackageTest):
+    """Whoever gets the binaries also gets the terms of all that is in them."""
+
+    def stanzas(self):
+        text = (self.tree / "share/doc/krt_plx/copyright").read_text(encoding="utf-8")
+        return text.split("\n\n")
+
+    def stanza_of(self, field):
+        (stanza,) = (part for part in self.stanzas() if part.startswith(f"{field}\n"))
+        return stanza
+
+    def test_our_own(self):
+        licence = (self.tree / "share/doc/krt_plx/LICENSE").read_text(encoding="utf-8")
+        title, holder, terms = licence.split("\n\n", 2)
+        year = re.fullmatch(r"Copyright \(c\) (\d{4}) the krt_plx authors", holder)[1]
+        self.assertEqual(title, "MIT License")
+        self.assertIn(f"Copyright: {year} the krt_plx authors\nLicense: Expat",
+                      self.stanza_of("Files: *"))
+        self.assertEqual(" ".join(terms.split()),
+                         " ".join(self.stanza_of("License: Expat").partition("\n")[2]
+                                  .replace("\n .\n", "\n").split()))
+
+    def test_all_licences_are_there(self):
+        named = {name for stanza in self.stanzas() if stanza.startswith("Files:")
+                 for name in re.findall(r"^License: (.+)$", stanza, re.MULTILINE)}
+        self.assertGreaterEqual(len(named), 2)
+        for name in named:
+            self.assertGreater(len(self.stanza_of(f"License: {name}")), 1000, name)
+
+    def test_headers_of_others(self):
+        """Every library whose headers are compiled into a binary, as the build names their folders."""
+        build = self.surroundings.build
+        folders = {path.name for made in ("rapidjson-only", "headers-only")
+                   for path in (build / made).iterdir()}
+        self.assertIn("rapidjson", folders)
+        for folder in folders:
+            self.assertRegex(self.stanza_of(f"Files: {folder}/*"), r"(?s)\nCopyright: \d{4}.*\nLicense: \w")
+
+    def test_rapidjson_is_told_as_its_package_tells_it(self):
+        text = pathlib.Path("/usr/share/doc/rapidjson-dev/copyright").read_text(encoding="utf-8")
+        years, holder, licence = re.search(r"^Files: \*\nCopyright: (?:Copyright \(C\) )?([\d-]+),? (.+)\n"
+                                           r"License: (\S+)", text, re.MULTILINE).groups()
+        stanza = self.stanza_of("Files: rapidjson/*")
+        self.assertIn(f"{years} {holder}\n", stanza)
+        self.assertIn(f"\nLicense: {licence}\n", stanza)
+
+
+class DebianPackages(PackageTest):
+    """Each package has the copyright file, where Debian looks for it."""
+
+    def test_copyright(self):
+        made = call([tool("cpack"), "-G", "DEB", "-B", self.folder / "packages", "--config",
+                     self.surroundings.build / "CPackConfig.cmake"])
+        self.assertEqual(made.returncode, 0, made.stderr)
+        packages = sorted((self.folder / "packages").glob("*.deb"))
+        self.assertEqual(len(packages), 3)
+        expected = self.surroundings.sources / "docs/copyright"
+        for package in packages:
+            root = self.folder / package.stem
+            output_of([tool("dpkg-deb"), "--extract", package, root])
+            found = root / "usr/share/doc" / package.name.partition("_")[0] / "copyright"
+            self.assertEqual(found.read_bytes(), expected.read_bytes(), package.name)
+            self.assertEqual(list(root.rglob("LICENSE")), [])
 
 
 class RuntimePath(PackageTest):
