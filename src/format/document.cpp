@@ -28,12 +28,15 @@ const Value* Document::parse(std::string& bytes)
     if (!makeUtf8(bytes)) {
         return nullptr;
     }
+    // RapidJSON takes a NUL for the end of the text: whatever stands behind it was not looked at.
+    json::GenericInsituStringStream<CheckedUtf8> stream(bytes.data());
     try {
-        tree_.ParseInsitu<parseFlags>(bytes.data());
+        tree_.ParseStream<parseFlags>(stream);
     } catch (const DocumentDefect&) {
         return nullptr;
     }
-    return !tree_.HasParseError() && tree_.IsObject() ? &tree_ : nullptr;
+    const bool isWhole = !tree_.HasParseError() && stream.Tell() == bytes.size();
+    return isWhole && tree_.IsObject() ? &tree_ : nullptr;
 }
 
 } // namespace Korvel::CANTORIS::PLX::format

@@ -126,6 +126,29 @@ TEST_P(EncodingTest, TakesOneByteOrderMarkOnly)
     EXPECT_EQ(accepts(encoded(universalObject().text() + "\uFEFF")), refused);
 }
 
+// The parser takes a NUL for the end of the text, but a file ends where its bytes do.
+TEST_P(EncodingTest, IsRefusedWithANulBehindTheRoot)
+{
+    const std::string object = universalObject().text();
+    const std::string nul(1, '\0');
+    for (const std::string& rest : {nul, nul + nul, nul + "junk", nul + object, " " + nul,
+                                    nul + "\n", "\n" + nul + " ", nul + "}"}) {
+        EXPECT_EQ(accepts(encoded(object + rest, ByteOrderMark::without)), refused);
+        EXPECT_EQ(accepts(encoded(object + rest, ByteOrderMark::with)), refused);
+    }
+    EXPECT_EQ(accepts(encoded(object + " \n\t\r ")), accepted);
+}
+
+TEST_P(EncodingTest, IsRefusedWithANulAnywhereElse)
+{
+    const std::string object = universalObject().text();
+    for (std::size_t place = 0; place < object.size(); place += everyHowMany) {
+        std::string document = object;
+        document.insert(place, 1, '\0');
+        ASSERT_EQ(accepts(encoded(document, ByteOrderMark::with)), refused) << place;
+    }
+}
+
 TEST_P(EncodingTest, TakesAByteOrderMarkInsideATextForACharacter)
 {
     expectName("\uFEFFx\uFEFF", encoded(universalObject("\uFEFFx\uFEFF").text()));
