@@ -131,9 +131,16 @@ void filterTags(const Stage& stage)
     }
 }
 
+// As for the notes of the work "build", with the same numbers: each insertion looks for its place.
+constexpr Target growthTarget{20};
+
+// A tag is searched for among up to a thousand others, which by itself grows with the square.
+constexpr Target tagTarget{110};
+
 struct Kind {
     const char* name;
     void (*build)(const Stage&);
+    Target target = growthTarget;
 };
 
 constexpr std::array kinds{Kind{"effects with distinct IDs", effectsBehind},
@@ -146,10 +153,7 @@ constexpr std::array kinds{Kind{"effects with distinct IDs", effectsBehind},
                            Kind{"events in reverse order", eventsReversed},
                            Kind{"events at one position", eventsAtOnePosition},
                            Kind{"vibrato points", vibratoPoints},
-                           Kind{"filter tags", filterTags}};
-
-// As for the notes of the work "build", with the same numbers: each insertion looks for its place.
-constexpr Target growthTarget{20};
+                           Kind{"filter tags", filterTags, tagTarget}};
 
 // Builds into a new clip and destroys it, both counted: lists can be slow at either.
 Contestant contestant(const Run& run, const Kind& kind, std::size_t count)
@@ -166,6 +170,38 @@ Contestant contestant(const Run& run, const Kind& kind, std::size_t count)
     return {.name = "library, " + std::to_string(count), .run = build};
 }
 
+constexpr std::size_t longTag = 1'000'000;
+constexpr std::size_t tagsBehind = 1000;
+constexpr Target behindTarget{1.5};
+
+// Adds tags to a list that begins with one of that length; adding that one is not counted.
+Contestant behindTag(const Run& run, std::size_t length)
+{
+    const auto manager =
+        std::make_shared<Manager>(std::vector{run.data.emptyFolder()}, run.data.scratch());
+    const auto stage = std::make_shared<Stage>(makeStage(tagsBehind));
+    const auto begin = [=] {
+        stage->clip = KRT_PLX_Manager_createMutableClip(manager->handle());
+        KRT_PLX_MutableFilter_addType(KRT_PLX_MutableClip_filter(stage->clip),
+                                      Text(length, u'x').c_str());
+    };
+    const auto end = [=] { KRT_PLX_MutableClip_destroy(stage->clip); };
+    return {.name = "library, behind " + std::to_string(length) + " units",
+            .run = [=] { filterTags(*stage); },
+            .before = begin,
+            .after = end};
+}
+
+void buildBehindLongTag(Run& run)
+{
+    Contest contest("build filter tags behind a long one", run.rounds);
+    Contestant behindShort = behindTag(run, 1);
+    behindShort.target = behindTarget;
+    contest.add(behindTag(run, longTag));
+    contest.add(behindShort);
+    contest.run(run.clock, run.table);
+}
+
 } // namespace
 
 void growBuilding(Run& run)
@@ -175,11 +211,12 @@ void growBuilding(Run& run)
     for (const Kind& kind : kinds) {
         Contest contest(std::string("build ") + kind.name, run.rounds);
         Contestant small = contestant(run, kind, count);
-        small.target = growthTarget;
+        small.target = kind.target;
         contest.add(contestant(run, kind, count * 10));
         contest.add(small);
         contest.run(run.clock, run.table);
     }
+    buildBehindLongTag(run);
 }
 
 } // namespace bench

@@ -1,14 +1,16 @@
 #pragma once
 
+#include "clip/editable_tags.h"
 #include "clip/filter.h"
-#include "clip/filter_tags.h"
+#include "model/fields.h"
 
 namespace Korvel::CANTORIS::PLX {
 
+// Over either form of the tag lists.
+template <class Tags>
 class FilterImpl : public Filter {
 public:
-    const FilterTags& tags() const { return tags_; }
-    FilterTags& tags() { return tags_; }
+    Tags& tags() { return tags_; }
 
     std::uint64_t numSingerGroups() const noexcept override { return count(Tag::singerGroup); }
     const Char* singerGroup(std::uint64_t index) const noexcept override
@@ -21,7 +23,10 @@ public:
         return text(Tag::vendor, index);
     }
     std::uint64_t numLanguages() const noexcept override { return tags_.languages().size(); }
-    std::int32_t language(std::uint64_t index) const noexcept override;
+    std::int32_t language(std::uint64_t index) const noexcept override
+    {
+        return index < numLanguages() ? tags_.languages()[index] : unsetInt32;
+    }
     std::uint64_t numSingerIDs() const noexcept override { return count(Tag::singerID); }
     const Char* singerID(std::uint64_t index) const noexcept override
     {
@@ -37,12 +42,15 @@ public:
 
 private:
     std::uint64_t count(Tag tag) const { return tags_.texts(tag).size(); }
-    const Char* text(Tag tag, std::uint64_t index) const;
+    const Char* text(Tag tag, std::uint64_t index) const
+    {
+        return index < count(tag) ? tags_.texts(tag)[index].data() : nullptr;
+    }
 
-    FilterTags tags_;
+    Tags tags_;
 };
 
-class MutableFilterImpl final : public MutableFilter, public FilterImpl {
+class MutableFilterImpl final : public MutableFilter, public FilterImpl<EditableTags> {
 public:
     bool addSingerGroup(const Char* text) override { return tags().add(Tag::singerGroup, text); }
     bool removeSingerGroup(const Char* text) override

@@ -10,11 +10,6 @@ namespace Korvel::CANTORIS::PLX {
 
 namespace {
 
-bool takes(Tag tag, StringView text)
-{
-    return tag == Tag::vendor || !text.empty();
-}
-
 // Up to this many elements a scan of the list is quicker than sorting.
 constexpr std::size_t scanLimit = 16;
 
@@ -68,60 +63,18 @@ void appendDistinct(std::vector<Value>& list, const std::vector<Value>& items, A
 
 } // namespace
 
-bool FilterTags::add(Tag tag, const Char* text)
-{
-    if (text == nullptr || !takes(tag, text)) {
-        return false;
-    }
-    if (list(tag).find(text) == list(tag).size()) {
-        list(tag).append(text);
-    }
-    return true;
-}
-
-bool FilterTags::addLanguage(std::int32_t number)
-{
-    if (number < 0) {
-        return false;
-    }
-    if (std::find(languages_.begin(), languages_.end(), number) == languages_.end()) {
-        languages_.push_back(number);
-    }
-    return true;
-}
-
-bool FilterTags::remove(Tag tag, const Char* text)
-{
-    const std::size_t index = text == nullptr ? list(tag).size() : list(tag).find(text);
-    if (index == list(tag).size()) {
-        return false;
-    }
-    list(tag).erase(index);
-    return true;
-}
-
-bool FilterTags::removeLanguage(std::int32_t number)
-{
-    const auto found = std::find(languages_.begin(), languages_.end(), number);
-    if (found == languages_.end()) {
-        return false;
-    }
-    languages_.erase(found);
-    return true;
-}
-
 void FilterTags::addAll(Tag tag, const std::vector<StringView>& texts)
 {
     auto all = list(tag).views();
-    appendDistinct(all, texts, [tag](StringView text) { return takes(tag, text); });
+    appendDistinct(all, texts, [tag](StringView text) { return takesText(tag, text); });
     TextList(all).swap(list(tag));
 }
 
 void FilterTags::addAllLanguages(const Languages& numbers)
 {
-    Languages all = languages_;
-    appendDistinct(all, numbers, [](std::int32_t number) { return number >= 0; });
-    languages_.swap(all);
+    Languages all = languages();
+    appendDistinct(all, numbers, takesLanguage);
+    languageList().swap(all);
 }
 
 } // namespace Korvel::CANTORIS::PLX

@@ -29,7 +29,7 @@ class MutableClipImpl final : public MutableClip, public ClipBaseImpl {
 public:
     explicit MutableClipImpl(MutableClipOwner& owner);
 
-    const FilterTags& tags() const { return filter_.tags(); }
+    const Filter& tags() const { return filter_; }
     PartBase* part() const { return part_.get(); }
 
     std::uint32_t partType() const noexcept override;

@@ -68,15 +68,6 @@ StringView TextList::operator[](std::size_t index) const
     return {units() + starts[index], starts[index + 1] - starts[index] - 1};
 }
 
-std::size_t TextList::find(StringView text) const
-{
-    std::size_t index = 0;
-    while (index < size() && (*this)[index] != text) {
-        ++index;
-    }
-    return index;
-}
-
 std::vector<StringView> TextList::views() const
 {
     std::vector<StringView> views;
@@ -85,20 +76,6 @@ std::vector<StringView> TextList::views() const
         views.push_back((*this)[index]);
     }
     return views;
-}
-
-void TextList::append(StringView text)
-{
-    auto texts = views();
-    texts.push_back(text);
-    TextList(texts).swap(*this);
-}
-
-void TextList::erase(std::size_t index)
-{
-    auto texts = views();
-    texts.erase(texts.begin() + static_cast<std::ptrdiff_t>(index));
-    TextList(texts).swap(*this);
 }
 
 } // namespace Korvel::CANTORIS::PLX

@@ -1,5 +1,4 @@
-// A short list of texts in one block of memory: a catalogue holds hundreds of thousands of them, and
-// changes next to none.
+// A short list of texts in one block of memory: a catalogue holds hundreds of thousands of them.
 #pragma once
 
 #include <cstddef>
@@ -18,15 +17,10 @@ public:
 
     std::size_t size() const;
 
-    // NUL-terminated; good until the list is changed.
+    // NUL-terminated; good as long as the list.
     StringView operator[](std::size_t index) const;
 
-    // The index of the first equal text; size() when there is none.
-    std::size_t find(StringView text) const;
-
     std::vector<StringView> views() const;
-    void append(StringView text);
-    void erase(std::size_t index);
     void swap(TextList& other) noexcept { block_.swap(other.block_); }
 
 private:

@@ -1,6 +1,7 @@
 #include "format/clip_writer.h"
 
 #include <algorithm>
+#include <vector>
 
 #include "format/part_writer.h"
 #include "format/schema.h"
@@ -9,58 +10,72 @@ namespace Korvel::CANTORIS::PLX::format {
 
 namespace {
 
-bool hasText(const FilterTags& tags, Tag tag)
+// The texts that are written: empty ones are left out.
+std::vector<StringView> writtenTexts(const Filter& tags, const schema::filter::TextList& list)
 {
-    const auto texts = tags.texts(tag).views();
-    return std::any_of(texts.begin(), texts.end(), [](StringView text) { return !text.empty(); });
+    std::vector<StringView> texts;
+    const std::uint64_t count = (tags.*list.count)();
+    for (std::uint64_t index = 0; index < count; ++index) {
+        const Char* const text = (tags.*list.text)(index);
+        if (!isNullOrEmpty(text)) {
+            texts.emplace_back(text);
+        }
+    }
+    return texts;
 }
 
-bool hasLanguage(const FilterTags& tags)
+// The languages that are written: negative ones are left out.
+std::vector<std::int32_t> writtenLanguages(const Filter& tags)
 {
-    const auto& numbers = tags.languages();
-    return std::any_of(numbers.begin(), numbers.end(), [](std::int32_t n) { return n >= 0; });
+    std::vector<std::int32_t> numbers;
+    const std::uint64_t count = tags.numLanguages();
+    for (std::uint64_t index = 0; index < count; ++index) {
+        const std::int32_t number = tags.language(index);
+        if (number >= 0) {
+            numbers.push_back(number);
+        }
+    }
+    return numbers;
 }
 
 // Vendors are no key of the document: they follow from the clip's vendor name when it is read.
-bool hasWrittenTag(const FilterTags& tags)
+bool hasWrittenTag(const Filter& tags)
 {
     const auto& lists = schema::filter::textLists;
-    return hasLanguage(tags) || std::any_of(lists.begin(), lists.end(), [&tags](const auto& list) {
-               return hasText(tags, list.tag);
-           });
+    return !writtenLanguages(tags).empty() ||
+           std::any_of(lists.begin(), lists.end(),
+                       [&tags](const auto& list) { return !writtenTexts(tags, list).empty(); });
 }
 
-void writeTexts(Output& out, const FilterTags& tags, const schema::filter::TextList& list)
+void writeTexts(Output& out, const Filter& tags, const schema::filter::TextList& list)
 {
-    if (!hasText(tags, list.tag)) {
+    const auto texts = writtenTexts(tags, list);
+    if (texts.empty()) {
         return;
     }
     out.key(schema::filter::keys[list.key]);
     out.beginArray();
-    for (const StringView text : tags.texts(list.tag).views()) {
-        if (!text.empty()) {
-            out.text(text);
-        }
+    for (const StringView text : texts) {
+        out.text(text);
     }
     out.endArray();
 }
 
-void writeLanguages(Output& out, const FilterTags& tags)
+void writeLanguages(Output& out, const Filter& tags)
 {
-    if (!hasLanguage(tags)) {
+    const auto numbers = writtenLanguages(tags);
+    if (numbers.empty()) {
         return;
     }
     out.key(schema::filter::keys[schema::filter::languages]);
     out.beginArray();
-    for (const std::int32_t number : tags.languages()) {
-        if (number >= 0) {
-            out.integer(number);
-        }
+    for (const std::int32_t number : numbers) {
+        out.integer(number);
     }
     out.endArray();
 }
 
-void writeFilter(Output& out, const FilterTags& tags)
+void writeFilter(Output& out, const Filter& tags)
 {
     namespace keys = schema::filter;
     out.beginObject();
@@ -92,7 +107,7 @@ void writePartHeader(Output& out, const ClipBase& clip)
 
 } // namespace
 
-void writeProperties(Output& out, const ClipBase& clip, const FilterTags& tags, StringView id,
+void writeProperties(Output& out, const ClipBase& clip, const Filter& tags, StringView id,
                      StringView name)
 {
     namespace keys = schema::property;

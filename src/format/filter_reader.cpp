@@ -68,7 +68,7 @@ void readFilter(const Value& object, const String& vendorName, FilterTags& tags)
     if (const Value* const array = asArray(members[schema::filter::languages])) {
         tags.addAllLanguages(integersOf(*array));
     }
-    tags.add(Tag::vendor, vendorName.c_str());
+    tags.addAll(Tag::vendor, {vendorName});
 }
 
 } // namespace Korvel::CANTORIS::PLX::format

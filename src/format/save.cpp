@@ -36,8 +36,8 @@ bool isTooLong(const std::optional<std::string_view>& document, std::uint64_t li
 
 } // namespace
 
-bool rewriteProperties(const String& path, const ClipBase& clip, const FilterTags& tags,
-                       StringView id, StringView name)
+bool rewriteProperties(const String& path, const ClipBase& clip, const Filter& tags, StringView id,
+                       StringView name)
 {
     Output output(false);
     writeProperties(output, clip, tags, id, name);

@@ -8,7 +8,8 @@
 #include <string_view>
 #include <tuple>
 
-#include "clip/filter_tags.h"
+#include "clip/filter.h"
+#include "clip/tag_lists.h"
 #include "model/codes.h"
 #include "model/dvqm_impl.h"
 #include "model/note_impl.h"
@@ -88,11 +89,14 @@ inline constexpr Keys<5> keys = {"singerGroups", "languages", "singerIDs", "type
 struct TextList {
     Key key;
     Tag tag;
+    std::uint64_t (Filter::*count)() const;
+    const Char* (Filter::*text)(std::uint64_t) const;
 };
-inline constexpr std::array<TextList, 4> textLists = {{{singerGroups, Tag::singerGroup},
-                                                       {singerIDs, Tag::singerID},
-                                                       {types, Tag::type},
-                                                       {genres, Tag::genre}}};
+inline constexpr std::array<TextList, 4> textLists = {
+    {{singerGroups, Tag::singerGroup, &Filter::numSingerGroups, &Filter::singerGroup},
+     {singerIDs, Tag::singerID, &Filter::numSingerIDs, &Filter::singerID},
+     {types, Tag::type, &Filter::numTypes, &Filter::type},
+     {genres, Tag::genre, &Filter::numGenres, &Filter::genre}}};
 } // namespace filter
 
 // --- The data document --------------------------------------------------------------------------------

@@ -32,7 +32,7 @@ public:
     const String& idText() const { return id_; }
     const String& nameText() const { return name_; }
     const String& pathText() const { return path_; }
-    const FilterTags& tags() const { return filter_.tags(); }
+    const Filter& tags() const { return filter_; }
 
     const Char* id() const noexcept override { return id_.c_str(); }
     const Char* name() const noexcept override { return name_.c_str(); }
@@ -51,7 +51,7 @@ private:
     String id_;
     String name_;
     String path_;
-    FilterImpl filter_;
+    FilterImpl<FilterTags> filter_;
     std::unique_ptr<PartBase> part_;
     std::uint32_t partType_ = part_type::none; // as the property document has it
     ClipKind kind_;

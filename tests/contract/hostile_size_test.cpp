@@ -1,7 +1,6 @@
 // Documents as large as somebody may make them, in the orders that are worst for a reader: each is
 // read by the rules, and ten times as much costs about ten times the work.
 
-#include <algorithm>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -15,19 +14,10 @@ using hostile::arrayOf;
 using hostile::name;
 using hostile::Shape;
 using support::count;
+using support::expectNearLinear;
 using support::jsonString;
 using support::Object;
 using support::utf8;
-
-// Below this, the clock's steps and the machine's moods count for more than the work.
-constexpr double leastSeconds = 0.02;
-
-// Ten times as much may cost ten times the work, and what sorting and a full cache add to it; work
-// that grows with the square would be a hundred times.
-void expectNearLinear(double tenth, double whole)
-{
-    EXPECT_LE(whole, 40 * std::max(tenth, leastSeconds)) << tenth << " s for a tenth of it";
-}
 
 std::vector<Shape> allShapes()
 {

@@ -11,6 +11,7 @@
 #include "contract/clip_model.h"
 #include "figures.h"
 #include "operations.h"
+#include "support/editing.h"
 #include "support/host.h"
 
 namespace {
@@ -92,16 +93,62 @@ protected:
         EXPECT_EQ(faults::liveBlocks(), before);
     }
 
+    // An empty clip and its filter, with a manager that lives as long as the test.
+    Desk deskWithFilter()
+    {
+        manager_ = support::createManager(folders_);
+        Desk desk(wave_);
+        desk.manager = manager_.get();
+        desk.clip = faults::lib(KRT_PLX_Manager_createMutableClip, desk.manager);
+        desk.filter = faults::lib(KRT_PLX_MutableClip_filter, desk.clip);
+        return desk;
+    }
+
 private:
     support::ScratchFolder scratch_;
     support::Folders folders_{scratch_.path() / "system", scratch_.path() / "user", {}, {}};
     support::Path wave_ = scratch_.path() / "take.wav";
+    support::OwnedManager manager_;
 };
 
 TEST_P(BuildTest, AFailedOperationChangesNothingAndLeaksNothing)
 {
     for (const auto& sequence : sequences()) {
         failEverywhereIn(sequence);
+    }
+}
+
+std::uint64_t numTypes(const Desk& desk)
+{
+    return support::countOf(KRT_PLX_Filter_numTypes, desk.filter);
+}
+
+bool addType(const Desk& desk)
+{
+    const support::Text tag = support::text("tag " + std::to_string(numTypes(desk)));
+    return faults::lib(KRT_PLX_MutableFilter_addType, desk.filter, tag.c_str());
+}
+
+// Somewhere on its way a list of tags gets an index.
+TEST_P(BuildTest, AFailedTagLeavesALongListAsItWas)
+{
+    const Desk desk = deskWithFilter();
+    long failures = 0;
+    for (std::uint64_t size = 0; size < 1030; ++size) {
+        long failed = 1;
+        for (long number = 1; failed != 0; ++number) {
+            ASSERT_EQ(numTypes(desk), size);
+            GetParam()(number);
+            const bool done = addType(desk);
+            failed = faults::stopFailingAllocations().failed;
+            failures += failed;
+            ASSERT_EQ(done, failed == 0);
+        }
+    }
+    EXPECT_GT(failures, 2000); // of a text each, and then of the index
+    for (std::uint64_t index = 0; index < numTypes(desk); ++index) {
+        EXPECT_EQ(support::utf8(KRT_PLX_Filter_type(desk.filter, index)),
+                  "tag " + std::to_string(index));
     }
 }
 

@@ -1,5 +1,9 @@
 #include "support/cpu_time.h"
 
+#include <algorithm>
+
+#include <gtest/gtest.h>
+
 #ifdef _WIN32
 #    include <windows.h>
 #else
@@ -41,6 +45,17 @@ double cpuSeconds(const std::function<void()>& call)
     const double before = userSeconds();
     call();
     return userSeconds() - before;
+}
+
+void expectAtMost(double times, double part, double whole)
+{
+    constexpr double leastSeconds = 0.02;
+    EXPECT_LE(whole, times * std::max(part, leastSeconds)) << part << " s for a part of it";
+}
+
+void expectNearLinear(double tenth, double whole)
+{
+    expectAtMost(40, tenth, whole);
 }
 
 } // namespace support
