@@ -1,10 +1,12 @@
 #include "manager/registry.h"
 
 #include <algorithm>
-#include <new>
+#include <utility>
 
 #include "fs/fs.h"
 #include "manager/manager_impl.h"
+#include "process/lock.h"
+#include "process/unloading.h"
 #include "result.h"
 
 namespace Korvel::CANTORIS::PLX {
@@ -39,27 +41,32 @@ void report(Result result, std::uint32_t* resultCode)
 
 } // namespace
 
-// Emptied at unload, but not destroyed: a host's own late destructors may still ask it, and are to
-// find it empty rather than gone.
+constexpr Registry::Registry() = default;
+Registry::~Registry() = default;
+
+// Never destroyed: while the process ends, threads of the host may still be at work in it, and late
+// destructors of the host may still ask it.
 union RegistryStorage {
     Registry registry;
 
-    RegistryStorage() : registry() {}
-    ~RegistryStorage() { registry.clear(); }
+    constexpr RegistryStorage() : registry() {}
+    ~RegistryStorage() {}
 };
 
-Registry& Registry::instance()
+namespace {
+
+constinit RegistryStorage storage;
+
+} // namespace
+
+Registry& Registry::instance() noexcept
 {
-    static RegistryStorage storage;
     return storage.registry;
 }
 
-Registry::Registry() = default;
-Registry::~Registry() = default;
-
+// The directories are asked without the lock: a drive that takes its time holds up nobody else.
 Manager* Registry::create(ManagerRequest&& request, std::uint32_t* resultCode)
 {
-    const std::lock_guard guard(lock_);
     Result result = checkRequest(request);
     if (result == Result::success) {
         if (Manager* const standing = withAppID(request.appID)) {
@@ -71,7 +78,26 @@ Manager* Registry::create(ManagerRequest&& request, std::uint32_t* resultCode)
         report(result, resultCode);
         return nullptr;
     }
-    managers_.push_back(std::make_unique<ManagerImpl>(std::move(request)));
+    return add(std::make_unique<ManagerImpl>(std::move(request)), resultCode);
+}
+
+Manager* Registry::withAppID(StringView appID) const
+{
+    const process::Locked locked;
+    const auto place = find(appID);
+    return place == managers_.end() ? nullptr : place->get();
+}
+
+// Another thread may have made a manager of that application ID in the meantime.
+Manager* Registry::add(std::unique_ptr<ManagerImpl> manager, std::uint32_t* resultCode)
+{
+    const process::Locked locked;
+    const auto standing = find(manager->appIDText());
+    if (standing != managers_.end()) {
+        return standing->get();
+    }
+    managers_.push_back(std::move(manager));
+    process::atUnload([] { instance().clear(); });
     report(Result::success, resultCode);
     return managers_.back().get();
 }
@@ -86,7 +112,7 @@ bool Registry::destroy(const Manager* manager)
     if (manager == nullptr) {
         return false;
     }
-    const std::lock_guard guard(lock_);
+    const process::Locked locked;
     const auto place = find(manager);
     if (place != managers_.end()) {
         managers_.erase(place);
@@ -94,9 +120,9 @@ bool Registry::destroy(const Manager* manager)
     return true;
 }
 
+// Takes no lock: a host that unloads the library has no thread in it any more.
 void Registry::clear()
 {
-    const std::lock_guard guard(lock_);
     Managers().swap(managers_);
 }
 
@@ -106,11 +132,10 @@ Registry::Managers::const_iterator Registry::find(const Manager* manager) const
                         [manager](const auto& own) { return own.get() == manager; });
 }
 
-Manager* Registry::withAppID(StringView appID) const
+Registry::Managers::const_iterator Registry::find(StringView appID) const
 {
-    const auto found = std::find_if(managers_.begin(), managers_.end(),
-                                    [appID](const auto& own) { return own->appIDText() == appID; });
-    return found == managers_.end() ? nullptr : found->get();
+    return std::find_if(managers_.begin(), managers_.end(),
+                        [appID](const auto& own) { return own->appIDText() == appID; });
 }
 
 } // namespace Korvel::CANTORIS::PLX

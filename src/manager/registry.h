@@ -3,7 +3,6 @@
 
 #include <cstdint>
 #include <memory>
-#include <mutex>
 #include <vector>
 
 #include "text.h"
@@ -24,8 +23,8 @@ struct ManagerRequest {
 
 class Registry {
 public:
-    // Made on first use, destroyed with its managers when the library is unloaded.
-    static Registry& instance();
+    // Its managers are deleted when the host unloads the library, and left alone when the process ends.
+    static Registry& instance() noexcept;
 
     // The live manager of that application ID, with `resultCode` left alone, or a new one; null with
     // a code when there can be none.
@@ -42,14 +41,17 @@ private:
     using Managers = std::vector<std::unique_ptr<ManagerImpl>>;
     friend union RegistryStorage;
 
-    Registry();
+    constexpr Registry();
     ~Registry();
 
-    void clear();
-    Managers::const_iterator find(const Manager* manager) const;
     Manager* withAppID(StringView appID) const;
+    Manager* add(std::unique_ptr<ManagerImpl> manager, std::uint32_t* resultCode);
+    void clear();
 
-    std::mutex lock_;
+    // These take no lock.
+    Managers::const_iterator find(const Manager* manager) const;
+    Managers::const_iterator find(StringView appID) const;
+
     Managers managers_;
 };
 

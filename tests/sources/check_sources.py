@@ -14,7 +14,8 @@ import sys
 
 LANGUAGES = (".c", ".cpp")
 # Compiled by tests of their own, or for a fuzzer alone.
-OTHERS = ("src/fs/win32/", "tests/package/", "tests/face/codegen_", "fuzz/entry.cpp", "fuzz/json_")
+OTHERS = ("src/fs/win32/", "src/process/win32/", "tests/package/", "tests/face/codegen_",
+          "fuzz/entry.cpp", "fuzz/json_")
 
 
 def own_folders(project):

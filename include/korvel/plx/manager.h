@@ -312,8 +312,8 @@ KRT_PLX_API bool KRT_PLX_Manager_hasMutableClip(
  * Destroys a manager with everything that it owns.
  *
  * Every handle that came from it is dead afterwards. Files on disk stay. The application ID is free
- * again: creating a manager with it makes a new one. Managers that are still alive when the library
- * is unloaded are destroyed then.
+ * again: creating a manager with it makes a new one. Managers that are still alive when the host
+ * unloads the library are destroyed then; when the process ends, nothing is destroyed.
  *
  * The result does not tell whether anything was destroyed: a handle that is no living manager is
  * recognised by its address, nothing happens, and the result is true all the same. So destroying
