@@ -24,7 +24,9 @@
  *    (or the documented no-value mark).
  * 8. **Failures are results.** No function throws, prints, exits or aborts. If memory runs out inside
  *    a call, the call returns its documented default.
- * 9. **Threads.** The library starts none. One manager, and everything beneath it, is used from one
+ * 9. **`bool`** is one byte. Of what a host passes, 0 is false and every other byte is true; what it gets
+ *    back is 0 or 1.
+ * 10. **Threads.** The library starts none. One manager, and everything beneath it, is used from one
  *    thread at a time; different managers may be used from different threads at once. Managers may
  *    be created and destroyed from any thread.
  *

@@ -26,12 +26,21 @@ struct OperationTraits<Result_ (Interface_::*)(Parameter...) const noexcept>
     : OperationTraits<Result_ (Interface_::*)(Parameter...)> {
 };
 
-// Handles become roots, unlooked at; everything else passes as it is.
+// Hosts in some languages pass another byte than 1 for true. The compiler takes for granted that there is
+// none: the byte is looked at as what it is, before anything copies it as a bool.
+inline bool isTrue(const bool& fromHost)
+{
+    return reinterpret_cast<const volatile unsigned char&>(fromHost) != 0;
+}
+
+// Handles become roots, unlooked at, and every true becomes the same; everything else passes as it is.
 template <class Argument>
-auto fromHost(Argument argument)
+auto fromHost(const Argument& argument)
 {
     if constexpr (requires { Families::rootOf(argument); }) {
         return Families::rootOf(argument);
+    } else if constexpr (std::is_same_v<Argument, bool>) {
+        return isTrue(argument);
     } else {
         return argument;
     }
@@ -61,7 +70,7 @@ Result guarded(Result otherwise, Body body) noexcept
 }
 
 template <auto Operation, class Object, class... Argument>
-auto perform(Object& object, Argument... argument)
+auto perform(Object& object, const Argument&... argument)
 {
     using Result = typename OperationTraits<decltype(Operation)>::Result;
     if constexpr (std::is_void_v<Result>) {
@@ -75,11 +84,11 @@ auto perform(Object& object, Argument... argument)
 // Forwards to one operation of the interface behind the handle. `otherwise` is the result for a null
 // handle, for one of another kind, and when memory runs out.
 template <auto Operation, class Handle, class Otherwise, class... Argument>
-auto call(Handle* handle, Otherwise otherwise, Argument... argument) noexcept
+auto call(Handle* handle, Otherwise otherwise, const Argument&... argument) noexcept
 {
     using Interface = typename OperationTraits<decltype(Operation)>::Interface;
     using Result = decltype(perform<Operation>(std::declval<Interface&>(), argument...));
-    return guarded<Result>(static_cast<Result>(otherwise), [=]() -> Result {
+    return guarded<Result>(static_cast<Result>(otherwise), [&]() -> Result {
         Interface* const object = reach<Interface>(handle);
         return object == nullptr ? static_cast<Result>(otherwise)
                                  : perform<Operation>(*object, argument...);
