@@ -90,19 +90,19 @@ Loader::Loader() : document_(std::make_unique<Document>()) {}
 Loader::~Loader() = default;
 
 // Null when the file cannot be read and when it holds no document.
-const Value* Loader::parseFile(const String& path, std::uint64_t limit, fs::Kind kind)
+const Value* Loader::parseFile(const fs::Path& path, std::uint64_t limit, fs::Kind kind)
 {
     const fs::ReadOptions options{limit, judge, kind};
     const bool isRead = fs::readFile(path, bytes_, options, patience_) == fs::ReadResult::read;
     return isRead ? document_->parse(bytes_) : nullptr;
 }
 
-const Value* Loader::parseDataDocument(const String& path)
+const Value* Loader::parseDataDocument(const fs::Path& path)
 {
     return parseFile(path, dataDocumentLimit, fs::Kind::unknown);
 }
 
-bool Loader::loadProperties(const String& path, ClipProperties& properties, fs::Kind kind)
+bool Loader::loadProperties(const fs::Path& path, ClipProperties& properties, fs::Kind kind)
 {
     return fill(properties, parseFile(path, propertyDocumentLimit, kind));
 }
@@ -112,7 +112,7 @@ bool Loader::takeProperties(std::string& bytes, ClipProperties& properties)
     return fill(properties, document_->parse(bytes));
 }
 
-bool Loader::loadClip(const String& path, ClipBase* clip, LoadedClip& loaded)
+bool Loader::loadClip(const fs::Path& path, ClipBase* clip, LoadedClip& loaded)
 {
     const Value* const root = parseDataDocument(path);
     if (root == nullptr) {
@@ -125,17 +125,17 @@ bool Loader::loadClip(const String& path, ClipBase* clip, LoadedClip& loaded)
         return false;
     }
     readVendorAndFilter(members[keys::vendor], members[keys::filter], loaded.properties);
-    loaded.part = readPart(members, fs::parentPath(path), clip);
+    loaded.part = readPart(members, fs::folderOf(path), clip);
     return loaded.part != nullptr;
 }
 
-std::unique_ptr<PartBase> Loader::loadPart(const String& path, ClipBase* clip)
+std::unique_ptr<PartBase> Loader::loadPart(const fs::Path& path, ClipBase* clip)
 {
     const Value* const root = parseDataDocument(path);
     if (root == nullptr) {
         return nullptr;
     }
-    return readPart(DataMembers(*root, schema::data::keys), fs::parentPath(path), clip);
+    return readPart(DataMembers(*root, schema::data::keys), fs::folderOf(path), clip);
 }
 
 } // namespace Korvel::CANTORIS::PLX::format

@@ -29,21 +29,21 @@ public:
     ~Loader();
 
     // The catalogue's document. True when `properties`, fresh ones, were filled.
-    bool loadProperties(const String& path, ClipProperties& properties,
+    bool loadProperties(const fs::Path& path, ClipProperties& properties,
                         fs::Kind kind = fs::Kind::unknown);
 
     // The same, of a document that has been read already; its bytes are used up.
     bool takeProperties(std::string& bytes, ClipProperties& properties);
 
     // The clip's data document, whole. Its part belongs to `clip`.
-    bool loadClip(const String& path, ClipBase* clip, LoadedClip& loaded);
+    bool loadClip(const fs::Path& path, ClipBase* clip, LoadedClip& loaded);
 
     // The part of the data document and nothing else; null when there is none to be had.
-    std::unique_ptr<PartBase> loadPart(const String& path, ClipBase* clip);
+    std::unique_ptr<PartBase> loadPart(const fs::Path& path, ClipBase* clip);
 
 private:
-    const Value* parseFile(const String& path, std::uint64_t limit, fs::Kind kind);
-    const Value* parseDataDocument(const String& path);
+    const Value* parseFile(const fs::Path& path, std::uint64_t limit, fs::Kind kind);
+    const Value* parseDataDocument(const fs::Path& path);
 
     std::string bytes_;
     fs::Patience patience_;

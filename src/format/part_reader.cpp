@@ -4,7 +4,6 @@
 #include "format/controller_reader.h"
 #include "format/effect_reader.h"
 #include "format/note_reader.h"
-#include "fs/fs.h"
 #include "model/audio_part_impl.h"
 #include "model/midi_part_impl.h"
 
@@ -12,7 +11,7 @@ namespace Korvel::CANTORIS::PLX::format {
 
 namespace {
 
-std::unique_ptr<PartBase> readAudioPart(const Value& object, StringView clipDirectory,
+std::unique_ptr<PartBase> readAudioPart(const Value& object, const fs::Path& clipDirectory,
                                         ClipBase* clip)
 {
     namespace keys = schema::audio_part;
@@ -21,8 +20,8 @@ std::unique_ptr<PartBase> readAudioPart(const Value& object, StringView clipDire
     if (!fileName || fileName->empty()) {
         return nullptr;
     }
-    String path = wavePath(clipDirectory, *fileName);
-    if (!fs::isPlainFile(path)) {
+    String path = wavePath(clipDirectory.text, *fileName);
+    if (!fs::isPlainFile({path, clipDirectory.givenLength})) {
         return nullptr;
     }
     auto part = std::make_unique<AudioPartImpl>(clip, part_type::audio);
@@ -102,7 +101,7 @@ std::unique_ptr<PartBase> readMidiPart(const Value& object, std::uint32_t type, 
 
 } // namespace
 
-std::unique_ptr<PartBase> readPart(const DataMembers& members, StringView clipDirectory,
+std::unique_ptr<PartBase> readPart(const DataMembers& members, const fs::Path& clipDirectory,
                                    ClipBase* clip)
 {
     for (const auto& part : schema::data::parts) {

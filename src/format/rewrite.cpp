@@ -67,7 +67,7 @@ private:
 enum class Attempt { done, failed, tryAgain };
 
 // A file that another has put there in the meantime is not the one to write.
-Attempt rewriteHeld(fs::HeldFile& file, const String& path, std::string_view document)
+Attempt rewriteHeld(fs::HeldFile& file, const fs::Path& path, std::string_view document)
 {
     if (!file.isAt(path)) {
         return Attempt::tryAgain;
@@ -87,7 +87,7 @@ bool isStillEmpty(fs::HeldFile& file)
 }
 
 // Not written at once: between making and locking it another may have taken it, and then it is theirs.
-Attempt makeDocument(const fs::Folder& folder, StringView name, const String& path,
+Attempt makeDocument(const fs::Folder& folder, StringView name, const fs::Path& path,
                      std::string_view document, fs::Patience& patience)
 {
     if (folder.create(name, {}) != fs::WriteResult::written) {
@@ -107,10 +107,10 @@ Attempt makeDocument(const fs::Folder& folder, StringView name, const String& pa
     return Attempt::failed;
 }
 
-Attempt rewriteOnce(const String& path, std::string_view document, fs::Patience& patience)
+Attempt rewriteOnce(const fs::Path& path, std::string_view document, fs::Patience& patience)
 {
-    const StringView name = fs::fileName(path);
-    const fs::Folder folder = fs::Folder::open(String(fs::parentPath(path)));
+    const StringView name = fs::fileName(path.text);
+    const fs::Folder folder = fs::Folder::open(fs::folderOf(path));
     if (!folder.isOpen()) {
         return Attempt::failed;
     }
@@ -127,7 +127,7 @@ Attempt rewriteOnce(const String& path, std::string_view document, fs::Patience&
 
 } // namespace
 
-bool rewriteDocument(const String& path, std::string_view document)
+bool rewriteDocument(const fs::Path& path, std::string_view document)
 {
     fs::Patience patience;
     Attempt attempt = rewriteOnce(path, document, patience);

@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-#include "text.h"
+#include "fs/fs.h"
 
 namespace Korvel::CANTORIS::PLX::format {
 
@@ -12,6 +12,6 @@ namespace Korvel::CANTORIS::PLX::format {
 // disk is full or the power goes: within what fs::HeldFile::write can promise. False when the new one
 // does not stand there, on the disk: then it is the old one, unless the disk failed even to take that
 // back.
-bool rewriteDocument(const String& path, std::string_view document);
+bool rewriteDocument(const fs::Path& path, std::string_view document);
 
 } // namespace Korvel::CANTORIS::PLX::format

@@ -36,8 +36,8 @@ bool isTooLong(const std::optional<std::string_view>& document, std::uint64_t li
 
 } // namespace
 
-bool rewriteProperties(const String& path, const ClipBase& clip, const Filter& tags, StringView id,
-                       StringView name)
+bool rewriteProperties(const fs::Path& path, const ClipBase& clip, const Filter& tags,
+                       StringView id, StringView name)
 {
     Output output(false);
     writeProperties(output, clip, tags, id, name);
@@ -85,7 +85,7 @@ NewClipFolder::NewClipFolder(const String& userClipDirectory, const IsTaken& isT
         id_ = fs::newUuid();
         dataName_ = id_ + String(clipExtension);
         dataPath_ = fs::join(fs::join(userClipDirectory, id_), dataName_);
-    } while (!id_.empty() && (isTaken(id_) || fs::exists(dataPath_)));
+    } while (!id_.empty() && (isTaken(id_) || fs::exists(dataPath())));
 }
 
 NewClipFolder::~NewClipFolder()

@@ -13,8 +13,8 @@ namespace Korvel::CANTORIS::PLX::format {
 
 // Replaces a user clip's property document, see rewriteDocument(). What cannot be written at all is
 // found before the file is opened. False when the document was not written.
-bool rewriteProperties(const String& path, const ClipBase& clip, const Filter& tags, StringView id,
-                       StringView name);
+bool rewriteProperties(const fs::Path& path, const ClipBase& clip, const Filter& tags,
+                       StringView id, StringView name);
 
 // The folder of a clip that is being saved. Unless it is kept, it goes with everything in it: nothing
 // of a failed attempt is left.
@@ -27,7 +27,7 @@ public:
     NewClipFolder& operator=(const NewClipFolder&) = delete;
     ~NewClipFolder();
 
-    const String& dataPath() const { return dataPath_; }
+    fs::Path dataPath() const { return {dataPath_, userClipDirectory_.size()}; }
 
     // Makes the folder, copies an audio part's wave file and writes both documents. Success when the
     // disk has them.

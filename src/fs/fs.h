@@ -31,13 +31,32 @@ StringView extension(StringView path);
 // The two joined by one separator.
 String join(StringView folder, StringView name);
 
+// A path that begins with what a host has given. A system may take that part with some freedom, as it
+// takes all paths of its users: Windows drops blanks and dots at the end. The names behind it, from the
+// file system or from the library, mean just what they are. The text is not copied.
+struct Path {
+    Path(const String& given) : Path(StringView(given)) {} // NOLINT(google-explicit-constructor)
+    Path(const Char* given) : Path(StringView(given)) {}   // NOLINT(google-explicit-constructor)
+    Path(StringView given) : Path(given, given.size()) {}  // NOLINT(google-explicit-constructor)
+    Path(StringView whole, std::size_t given) : text(whole), givenLength(given) {}
+
+    StringView text;
+    std::size_t givenLength; // in units; all of the text if that is shorter
+};
+
+// The path of the folder, up to the last separator.
+inline Path folderOf(const Path& path)
+{
+    return {parentPath(path.text), path.givenLength};
+}
+
 // --- Questions ------------------------------------------------------------------------------------
 
 // Links are followed. A path that cannot be put into the host's form does not exist.
-bool exists(const String& path);
-bool isMissing(const String& path); // nothing is there; what cannot be looked at is not missing
-bool isDirectory(const String& path);
-bool isPlainFile(const String& path); // a regular file or a link to one: no folder, pipe or device
+bool exists(const Path& path);
+bool isMissing(const Path& path); // nothing is there; what cannot be looked at is not missing
+bool isDirectory(const Path& path);
+bool isPlainFile(const Path& path); // a regular file or a link to one: no folder, pipe or device
 
 // --- Listing ----------------------------------------------------------------------------------------
 
@@ -69,7 +88,7 @@ using Visit = std::function<void(const String& path, const Neighbours& neighbour
 // folder that cannot be listed counts as empty.
 // Path and neighbours are good until visit returns.
 // False when memory ran out: for one file, in visit too, or for one folder. The others were visited.
-[[nodiscard]] bool forEachFile(const String& folder, const Visit& visit);
+[[nodiscard]] bool forEachFile(const Path& folder, const Visit& visit);
 
 // --- Reading ------------------------------------------------------------------------------------------
 
@@ -94,17 +113,17 @@ struct ReadOptions {
 // followed; pipes and devices are not opened. A file that was changed a moment ago may be in the
 // middle of a change: it is read again when the program that changes it has let it go, or when the
 // patience is used up.
-ReadResult readFile(const String& path, std::string& content, const ReadOptions& options,
+ReadResult readFile(const Path& path, std::string& content, const ReadOptions& options,
                     Patience& patience);
 
 // --- Changes ----------------------------------------------------------------------------------------
 
 // Makes the folder and its missing ancestors, and waits until the disk has them. True when it is a
 // folder afterwards.
-bool createDirectories(const String& path);
+bool createDirectories(const Path& path);
 
 // Removes a folder if it is empty; never a link to one.
-bool removeEmptyFolder(const String& path);
+bool removeEmptyFolder(const Path& path);
 
 enum class WriteResult {
     written,
@@ -150,7 +169,7 @@ public:
     bool sync();
 
     // Whether the path leads to this very file. Links on the way are followed, one at its end is not.
-    [[nodiscard]] bool isAt(const String& path) const;
+    [[nodiscard]] bool isAt(const Path& path) const;
 
 private:
     State state_;
@@ -163,7 +182,7 @@ private:
 class Folder {
 public:
     // Links are followed. A folder that cannot be opened is closed.
-    static Folder open(const String& path);
+    static Folder open(const Path& path);
 
     Folder() noexcept; // closed
     Folder(Folder&&) noexcept;
@@ -185,7 +204,7 @@ public:
 
     // The same, with what a plain file elsewhere holds. Links to it are followed; pipes and devices are
     // not opened.
-    WriteResult copyInto(StringView name, const String& from) const;
+    WriteResult copyInto(StringView name, const Path& from) const;
 
     ReadResult read(StringView name, std::string& content, std::uint64_t limit) const;
 

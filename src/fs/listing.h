@@ -7,7 +7,7 @@
 #include <optional>
 #include <vector>
 
-#include "text.h"
+#include "fs/fs.h"
 
 namespace Korvel::CANTORIS::PLX::fs {
 
@@ -51,9 +51,9 @@ struct Identity {
 };
 
 // Replaces the listing by the folder's plain files and folders; empty when it cannot be listed.
-void list(const String& folder, Listing& listing);
+void list(const Path& folder, Listing& listing);
 
 // Links are followed. None when the path leads nowhere.
-std::optional<Identity> identify(const String& path);
+std::optional<Identity> identify(const Path& path);
 
 } // namespace Korvel::CANTORIS::PLX::fs

@@ -15,7 +15,7 @@ namespace {
 // deep. Each folder is read whole before anything in it is visited: no handle stays open.
 class Walk {
 public:
-    explicit Walk(String folder) : path_(std::move(folder)) {}
+    explicit Walk(const Path& folder) : path_(folder.text), givenLength_(folder.givenLength) {}
 
     // False when memory ran out on the way.
     bool run(const Visit& visit);
@@ -31,10 +31,15 @@ private:
     Level& innermost() { return levels_[depth_ - 1]; }
     void enter();
     void visitNext(const Visit& visit);
-    bool isWorthEntering(const String& link);
+    bool isWorthEntering(const Path& link);
     bool isBeingListed(const Identity& folder);
+    Path pathOf(std::size_t length) const
+    {
+        return {StringView(path_).substr(0, length), givenLength_};
+    }
 
     String path_;
+    std::size_t givenLength_;
     std::vector<Level> levels_; // those beyond depth_ are kept for their memory
     std::size_t depth_ = 0;
     std::set<Identity> linkedFolders_;
@@ -71,7 +76,7 @@ void Walk::enter()
     level.next = 0;
     level.pathLength = path_.size();
     level.identity.reset();
-    list(path_, level.listing);
+    list(pathOf(path_.size()), level.listing);
 }
 
 void Walk::visitNext(const Visit& visit)
@@ -84,14 +89,14 @@ void Walk::visitNext(const Visit& visit)
     const EntryKind kind = level.listing.kind(index);
     if (kind == EntryKind::file) {
         visit(path_, Neighbours{level.listing});
-    } else if (kind == EntryKind::folder || isWorthEntering(path_)) {
+    } else if (kind == EntryKind::folder || isWorthEntering(pathOf(path_.size()))) {
         enter();
     }
 }
 
 // Links that lead back up would never end. Links side by side that lead to one folder, which holds
 // such links again, would end, but only after two to the power of their number.
-bool Walk::isWorthEntering(const String& link)
+bool Walk::isWorthEntering(const Path& link)
 {
     const std::optional<Identity> folder = identify(link);
     return folder && !isBeingListed(*folder) && linkedFolders_.insert(*folder).second;
@@ -102,7 +107,7 @@ bool Walk::isBeingListed(const Identity& folder)
     for (std::size_t i = 0; i < depth_; ++i) {
         Level& level = levels_[i];
         if (!level.identity) {
-            level.identity = identify(path_.substr(0, level.pathLength));
+            level.identity = identify(pathOf(level.pathLength));
         }
         if (level.identity == folder) {
             return true;
@@ -113,9 +118,9 @@ bool Walk::isBeingListed(const Identity& folder)
 
 } // namespace
 
-bool forEachFile(const String& folder, const Visit& visit)
+bool forEachFile(const Path& folder, const Visit& visit)
 {
-    return folder.empty() || Walk{folder}.run(visit);
+    return folder.text.empty() || Walk{folder}.run(visit);
 }
 
 } // namespace Korvel::CANTORIS::PLX::fs

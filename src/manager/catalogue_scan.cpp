@@ -60,11 +60,12 @@ Result CatalogueScan::read(const String& directory, OwnedList<ClipT>& clips, Ids
         }
         Properties& properties = folders_.propertiesOf(fs::parentPath(path));
         auto clip = std::make_unique<ClipT>(manager_);
-        if (!load(path, neighbours.kindOf(propertyFileName), *clip, properties)) {
+        if (!load({path, directory.size()}, neighbours.kindOf(propertyFileName), *clip,
+                  properties)) {
             return;
         }
         if (!isTaken(clip->idText())) {
-            clip->setPath(path);
+            clip->setPath({path, directory.size()});
             list(clips, std::move(clip), ids);
         }
         properties = properties == Properties::read ? Properties::listed : properties;
@@ -87,13 +88,14 @@ void CatalogueScan::list(OwnedList<ClipT>& clips, std::unique_ptr<ClipT> clip, I
 
 // From the property document beside the clip file or, where that gives no clip, from the clip file
 // itself, whole. A property document that has given a clip gives no second one: its ID is taken.
-bool CatalogueScan::load(const String& path, fs::Kind kindOfProperties, ClipImpl& clip,
+bool CatalogueScan::load(const fs::Path& path, fs::Kind kindOfProperties, ClipImpl& clip,
                          Properties& properties)
 {
     format::LoadedClip loaded;
     if (properties == Properties::unread || properties == Properties::read) {
-        const bool isRead =
-            loader_.loadProperties(propertyPath(path), loaded.properties, kindOfProperties);
+        const String document = propertyPath(path.text);
+        const bool isRead = loader_.loadProperties({document, path.givenLength}, loaded.properties,
+                                                   kindOfProperties);
         if (isRead) {
             clip.fill(std::move(loaded.properties), nullptr);
             properties = Properties::read;

@@ -59,7 +59,7 @@ private:
     Result read(const String& directory, OwnedList<ClipT>& clips, Ids& ids, IsTaken isTaken);
     template <class ClipT>
     static void list(OwnedList<ClipT>& clips, std::unique_ptr<ClipT> clip, Ids& ids);
-    bool load(const String& path, fs::Kind kindOfProperties, ClipImpl& clip,
+    bool load(const fs::Path& path, fs::Kind kindOfProperties, ClipImpl& clip,
               Properties& properties);
 
     ManagerImpl* manager_;

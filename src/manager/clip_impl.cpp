@@ -33,7 +33,7 @@ std::uint32_t ClipImpl::partType() const noexcept
 // A part that cannot be read leaves the one that is loaded, and the host's handles into it, alone.
 bool ClipImpl::readPart()
 {
-    auto part = format::Loader().loadPart(path_, this);
+    auto part = format::Loader().loadPart(filePath(), this);
     if (part == nullptr) {
         return false;
     }

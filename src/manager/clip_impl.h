@@ -4,6 +4,7 @@
 
 #include "clip/clip_base_impl.h"
 #include "clip/filter_impl.h"
+#include "fs/fs.h"
 #include "manager/clip.h"
 #include "model/part.h"
 
@@ -24,14 +25,18 @@ public:
 
     // Fills a new clip. The part, which may be null, must have this clip as its parent.
     void fill(ClipProperties&& properties, std::unique_ptr<PartBase> part);
-    void setPath(const String& path) { path_ = path; }
+    void setPath(const fs::Path& path)
+    {
+        path_ = path.text;
+        directoryLength_ = path.givenLength;
+    }
 
     // Swaps the clip's own values with these.
     void exchange(EditableProperties& properties) noexcept;
 
     const String& idText() const { return id_; }
     const String& nameText() const { return name_; }
-    const String& pathText() const { return path_; }
+    fs::Path filePath() const { return {path_, directoryLength_}; }
     const Filter& tags() const { return filter_; }
 
     const Char* id() const noexcept override { return id_.c_str(); }
@@ -51,6 +56,7 @@ private:
     String id_;
     String name_;
     String path_;
+    std::size_t directoryLength_ = 0; // of the clip directory that the host has given
     FilterImpl<FilterTags> filter_;
     std::unique_ptr<PartBase> part_;
     std::uint32_t partType_ = part_type::none; // as the property document has it

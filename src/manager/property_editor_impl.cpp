@@ -58,7 +58,9 @@ bool PropertyEditorImpl::save()
     Attempt attempt(clip_, {clipName_, part_.partKey, part_.partTempo,
                             TextList({filterTypes_.begin(), filterTypes_.end()}),
                             TextList({filterGenres_.begin(), filterGenres_.end()})});
-    if (!format::rewriteProperties(propertyPath(clip_.pathText()), clip_, clip_.tags(),
+    const fs::Path clipFile = clip_.filePath();
+    const String document = propertyPath(clipFile.text);
+    if (!format::rewriteProperties({document, clipFile.givenLength}, clip_, clip_.tags(),
                                    clip_.idText(), clip_.nameText())) {
         return false;
     }

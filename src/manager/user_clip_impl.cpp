@@ -80,7 +80,7 @@ bool removeIfThere(const fs::Folder& folder, StringView name)
 }
 
 // Keeps those out who edit the clip in another program. True also where there is nothing to hold.
-bool isFree(const fs::HeldFile& properties, const String& path)
+bool isFree(const fs::HeldFile& properties, const fs::Path& path)
 {
     return properties.state() == fs::HeldFile::State::held
                ? properties.isAt(path)
@@ -88,16 +88,18 @@ bool isFree(const fs::HeldFile& properties, const String& path)
 }
 
 // The clip file goes first. What needs memory comes before: without it nothing is removed.
-bool removeDocuments(const String& clipPath, const Names& wayToAudio)
+bool removeDocuments(const fs::Path& clipPath, const Names& wayToAudio)
 {
-    const String directory(fs::parentPath(clipPath));
+    const fs::Path directory = fs::folderOf(clipPath);
+    const String document = propertyPath(clipPath.text);
     const fs::Folder folder = fs::Folder::open(directory);
     if (!folder.isOpen()) {
         return fs::isMissing(directory);
     }
     fs::Patience patience;
     const fs::HeldFile held = folder.hold(propertyFileName, fs::Folder::Purpose::removal, patience);
-    if (!isFree(held, propertyPath(clipPath)) || !removeIfThere(folder, fs::fileName(clipPath)) ||
+    if (!isFree(held, {document, clipPath.givenLength}) ||
+        !removeIfThere(folder, fs::fileName(clipPath.text)) ||
         !removeIfThere(folder, propertyFileName)) {
         return false;
     }
@@ -116,10 +118,10 @@ bool UserClipImpl::remove()
     if (!owner_->userClips().has<ClipBase>(this)) {
         return false;
     }
-    const String directory(fs::parentPath(pathText()));
+    const fs::Path directory = fs::folderOf(filePath());
     const AudioPart* const part = audioPart();
     const StringView wave = part == nullptr ? StringView() : viewOrEmpty(part->wavFilePath());
-    if (!removeDocuments(pathText(), wayToOwnAudio(directory, fs::parentPath(wave)))) {
+    if (!removeDocuments(filePath(), wayToOwnAudio(directory.text, fs::parentPath(wave)))) {
         return false;
     }
     fs::removeEmptyFolder(directory);

@@ -37,16 +37,16 @@ Made makeFolder(const std::string& path)
 
 } // namespace
 
-bool createDirectories(const String& path)
+bool createDirectories(const Path& path)
 {
-    HostPath host{path};
+    HostPath host{path.text};
     host.dropTrailingSeparators();
     return makeWithAncestors<std::string>(host.text(), separators, makeFolder);
 }
 
-bool removeEmptyFolder(const String& path)
+bool removeEmptyFolder(const Path& path)
 {
-    const HostPath host{path};
+    const HostPath host{path.text};
     return removeEntry(AT_FDCWD, host.text(), AT_REMOVEDIR);
 }
 

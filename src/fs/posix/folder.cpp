@@ -70,9 +70,9 @@ Folder::Folder(Folder&&) noexcept = default;
 Folder& Folder::operator=(Folder&&) noexcept = default;
 Folder::~Folder() = default;
 
-Folder Folder::open(const String& path)
+Folder Folder::open(const Path& path)
 {
-    const HostPath host{path};
+    const HostPath host{path.text};
     auto folder = std::make_unique<OpenFolder>(openFolder(AT_FDCWD, host.text()), host.length());
     return folder->descriptor ? Folder(std::move(folder)) : Folder();
 }
@@ -113,9 +113,9 @@ WriteResult Folder::create(StringView name, std::string_view content) const
                       [content](const Descriptor& file) { return writeAll(file, content, 0); });
 }
 
-WriteResult Folder::copyInto(StringView name, const String& from) const
+WriteResult Folder::copyInto(StringView name, const Path& from) const
 {
-    const Descriptor source = openPlain(AT_FDCWD, HostPath{from}.text(), O_RDONLY, 0);
+    const Descriptor source = openPlain(AT_FDCWD, HostPath{from.text}.text(), O_RDONLY, 0);
     if (!source) {
         return WriteResult::notOpened;
     }

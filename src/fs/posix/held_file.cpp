@@ -29,9 +29,9 @@ bool HeldFile::sync()
     return syncFile(file_->descriptor);
 }
 
-bool HeldFile::isAt(const String& path) const
+bool HeldFile::isAt(const Path& path) const
 {
-    const HostPath host{path};
+    const HostPath host{path.text};
     struct stat there;
     struct stat own;
     return uninterrupted([&] {

@@ -44,10 +44,10 @@ std::optional<EntryKind> kindOf(int folder, const dirent64& entry)
 
 } // namespace
 
-void list(const String& folder, Listing& listing)
+void list(const Path& folder, Listing& listing)
 {
     listing.clear();
-    FolderReader reader{HostPath{folder}};
+    FolderReader reader{HostPath{folder.text}};
     if (!reader) {
         return;
     }
@@ -59,10 +59,10 @@ void list(const String& folder, Listing& listing)
     }
 }
 
-std::optional<Identity> identify(const String& path)
+std::optional<Identity> identify(const Path& path)
 {
     struct stat status;
-    if (!readStatus(HostPath{path}, status)) {
+    if (!readStatus(HostPath{path.text}, status)) {
         return std::nullopt;
     }
     return Identity{status.st_dev, status.st_ino};

@@ -3,28 +3,28 @@
 
 namespace Korvel::CANTORIS::PLX::fs {
 
-bool exists(const String& path)
+bool exists(const Path& path)
 {
     struct stat status;
-    return readStatus(HostPath{path}, status);
+    return readStatus(HostPath{path.text}, status);
 }
 
-bool isMissing(const String& path)
+bool isMissing(const Path& path)
 {
     struct stat status;
-    return !readStatus(HostPath{path}, status) && (errno == ENOENT || errno == ENOTDIR);
+    return !readStatus(HostPath{path.text}, status) && (errno == ENOENT || errno == ENOTDIR);
 }
 
-bool isDirectory(const String& path)
+bool isDirectory(const Path& path)
 {
     struct stat status;
-    return readStatus(HostPath{path}, status) && S_ISDIR(status.st_mode);
+    return readStatus(HostPath{path.text}, status) && S_ISDIR(status.st_mode);
 }
 
-bool isPlainFile(const String& path)
+bool isPlainFile(const Path& path)
 {
     struct stat status;
-    return readStatus(HostPath{path}, status) && S_ISREG(status.st_mode);
+    return readStatus(HostPath{path.text}, status) && S_ISREG(status.st_mode);
 }
 
 } // namespace Korvel::CANTORIS::PLX::fs

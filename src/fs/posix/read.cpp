@@ -142,10 +142,10 @@ ReadResult readSettled(const Descriptor& file, std::string& content, const ReadO
     return readWhole(file, content, options);
 }
 
-ReadResult readFile(const String& path, std::string& content, const ReadOptions& options,
+ReadResult readFile(const Path& path, std::string& content, const ReadOptions& options,
                     Patience& patience)
 {
-    const HostPath host{path};
+    const HostPath host{path.text};
     struct stat status;
     if (options.kind == Kind::unknown && !(readStatus(host, status) && isPlain(status))) {
         return ReadResult::notOpened;
