@@ -43,6 +43,7 @@ class Tree(PackageTest):
         expected = headers | self.libraries() | {"lib/pkgconfig/krt_plx.pc"}
         packages = {"krt_plxConfig.cmake", "krt_plxConfigVersion.cmake", "krt_plxTargets.cmake"}
         expected |= {f"lib/cmake/krt_plx/{name}" for name in packages}
+        expected.add("share/krt_plx/krt_plx.api.json")
         expected |= {f"share/doc/krt_plx/{name}"
                      for name in ("README.md", "CHANGELOG.md", "LICENSE", "copyright")}
         self.assertEqual(expected - self.files(), set())
