@@ -6,12 +6,15 @@ option(KRT_PLX_INTERFACE "Make krt_plx.api.json, which takes clang and Python"
 
 set(KRT_PLX_INTERFACE_FILE "${PROJECT_BINARY_DIR}/generated/interface/krt_plx.api.json")
 
+if(KRT_PLX_INTERFACE)
+    find_package(Python3 REQUIRED COMPONENTS Interpreter)
+endif()
+
 # Makes the target krt_plx_interface. The file is the same for every system.
 function(krt_plx_add_interface)
     if(NOT KRT_PLX_INTERFACE)
         return()
     endif()
-    find_package(Python3 REQUIRED COMPONENTS Interpreter)
     find_program(KRT_PLX_CLANG REQUIRED
         NAMES clang clang-19 clang-18 clang-17 clang-16 clang-15 clang-14
         DOC "Reads the public headers for krt_plx.api.json")

@@ -15,6 +15,10 @@ if(TARGET plxclip)
     list(APPEND CPACK_COMPONENTS_ALL tools)
 endif()
 
+if(TARGET krt_plx_python)
+    list(APPEND CPACK_COMPONENTS_ALL python)
+endif()
+
 # The library's package is named after its SONAME, so that two that are not compatible can be
 # installed side by side.
 set(CPACK_DEB_COMPONENT_INSTALL ON)
@@ -53,5 +57,17 @@ set(CPACK_DEBIAN_TOOLS_PACKAGE_SECTION sound)
 set(CPACK_DEBIAN_TOOLS_PACKAGE_DEPENDS "${this_library}")
 string(CONCAT CPACK_DEBIAN_TOOLS_DESCRIPTION "${about}"
     "This package has plxclip, which lists, shows, checks and edits clips.")
+
+set(CPACK_DEBIAN_PYTHON_PACKAGE_NAME python3-korvel-plx)
+set(CPACK_DEBIAN_PYTHON_PACKAGE_SECTION python)
+set(CPACK_DEBIAN_PYTHON_PACKAGE_ARCHITECTURE all)
+set(CPACK_DEBIAN_PYTHON_PACKAGE_SHLIBDEPS OFF)
+set(CPACK_DEBIAN_PYTHON_PACKAGE_DEPENDS
+    "python3 (>= 3.11), ${library_package} (>= ${PROJECT_VERSION})")
+set(CPACK_DEBIAN_PYTHON_PACKAGE_RECOMMENDS python3-mido)
+set(CPACK_DEBIAN_PYTHON_PACKAGE_SUGGESTS espeak-ng)
+string(CONCAT CPACK_DEBIAN_PYTHON_DESCRIPTION "${about}"
+    "This package has the library for Python 3: its objects, and plxsong, which turns songs into clips "
+    "and clips into songs.")
 
 include(CPack)

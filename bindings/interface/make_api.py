@@ -20,6 +20,14 @@ ROOT = "Base"
 # What a clip is to its manager; every other object fills the slot that is named after its family.
 CLIP_SLOTS = {"systemClip": "systemClip", "userClip": "userClip", "createMutableClip": "mutableClip",
               "save": "userClip"}
+CLIP_CLASSES = {"systemClip": "Clip", "userClip": "UserClip", "mutableClip": "MutableClip"}
+EDITABLE = "Mutable"
+# Families whose objects are of an audio and of a MIDI kind.
+KINDS_OF = ("PartBase", "EffectBase")
+# The classes that have none of their own name with "Base" above them.
+BASES = {"UserClip": "Clip", "MidiPartBase": "PartBase", "AudioPartBase": "PartBase",
+         "AudioEffect": "Effect", "MidiEffect": "Effect", "MutableFilter": "Filter"}
+ROOTS = ("Manager", "PropertyEditor", "Filter")
 
 
 def c_type(text):
@@ -82,6 +90,7 @@ class Functions:
                 entry["accepts"] = text_rule(node["name"], text, comment["result"])
             else:
                 entry["accepts"] = self.meaning.range_of(written["kind"], text)
+                entry["enum"] = self.meaning.enum_of(text)
         return entry
 
     @staticmethod
@@ -109,6 +118,7 @@ class Functions:
         elif entry["kind"] in ("int32", "uint32", "uint64", "float"):
             head = text.partition("; ")[0]
             entry["range"] = self.result_range(entry["kind"], head, text)
+            entry["enum"] = self.meaning.enum_of(text)
             entry["marks"] = self.meaning.marks(text)
         return entry
 
@@ -151,18 +161,33 @@ def ends(other, entry):
 
 
 def ends_this(death, other, entry):
-    slot = entry["result"]["slot"]
+    slot, made = entry["result"]["slot"], entry["result"]["class"]
     if death["what"] == "children":
         return death["slot"] == slot and (slot != "part" or other["class"] == entry["class"])
-    return other["class"] == class_of_object(entry)
+    return other["class"] in (made, base_of(made))
 
 
 def class_of_object(entry):
-    """The class whose functions alone take the object."""
-    of_clips = {"systemClip": "Clip", "userClip": "UserClip", "mutableClip": "MutableClip"}
-    family = entry["result"]["family"].removesuffix(ROOT)
-    editable = "Mutable" if (entry["class"] or "").startswith("Mutable") else ""
-    return of_clips.get(entry["result"]["slot"], editable + family)
+    """The narrowest class that takes the object which a function returns; none for a parent, which
+    can be of several."""
+    result = entry["result"]
+    if result["slot"] is None:
+        return None
+    if result["slot"] in CLIP_CLASSES:
+        return CLIP_CLASSES[result["slot"]]
+    editable = "Mutable" if (entry["class"] or "").startswith(EDITABLE) else ""
+    kind = re.search(r"(?i)audio|midi", entry["operation"]) if result["family"] in KINDS_OF else None
+    return editable + (kind[0].capitalize() if kind else "") + result["family"].removesuffix(ROOT)
+
+
+def base_of(name):
+    """The class whose functions take the objects of a class too; none for the root of a family."""
+    if name in BASES:
+        return BASES[name]
+    plain = name.removeprefix(EDITABLE)
+    if plain != name and plain in ("AudioEffect", "MidiEffect"):
+        return f"{EDITABLE}Effect"
+    return None if plain.endswith(ROOT) or name in ROOTS else plain + ROOT
 
 
 def first_letter_small(name):
@@ -202,7 +227,7 @@ def classes_of(functions):
     found = {}
     for entry in functions:
         if entry["class"]:
-            made = {"name": entry["class"], "family": entry["family"], "header": entry["header"],
+            made = {"name": entry["class"], "base": base_of(entry["class"]), "family": entry["family"], "header": entry["header"],
                     "functions": []}
             found.setdefault(entry["class"], made)["functions"].append(entry["name"])
     return list(found.values())
@@ -221,7 +246,7 @@ def make(clang, include):
     families = families_of(reader)
     known = {entry["name"]: entry["value"] for entry in constants}
     known |= {value["name"]: value["value"] for enum in enums for value in enum["values"]}
-    members = {enum["name"]: [value["value"] for value in enum["values"]] for enum in enums}
+    members = {enum["name"]: {value["name"]: value["value"] for value in enum["values"]} for enum in enums}
     declared = list(reader.declarations("FunctionDecl"))
     main_header = (pathlib.Path(include) / "korvel/plx.h").read_text(encoding="utf-8")
     maker = Functions(Meaning(known, members),
@@ -229,6 +254,8 @@ def make(clang, include):
     functions = [maker.entry(header, node) for header, node in declared]
     for entry in functions:
         slot_of(entry, families)
+        if entry["result"]["kind"] == "handle":
+            entry["result"]["class"] = class_of_object(entry)
     ended_by(functions)
     return {
         "format": FORMAT, "library": "krt_plx", "version": version_of(constants),

@@ -55,7 +55,8 @@ class Meaning:
         if "between the bounds of the lane" in text:
             return {"minimum": low, "maximum": high, "bound": "the lane's type"}
         if re.search(r"\bany\b|possibly negative|the language number$|^the (?:value|number|bound)\b", text):
-            return {"minimum": low, "maximum": high}
+            found = {"minimum": low, "maximum": high}
+            return found | {"nan": True} if kind == "float" else found
         if text.startswith(("0", "receives")) or "place" in text or text.startswith("index of"):
             return {"minimum": 0, "maximum": 0 if text.startswith("0") else high}
         raise ValueError(f"no range in: {text}")
@@ -64,7 +65,7 @@ class Meaning:
         """The values of a list of constants such as "#A or #B", "#A to #B", "a value of #E"."""
         enum = re.match(rf"a value of {CONSTANT}", text)
         if enum:
-            return sorted(self.enums[enum[1]])
+            return sorted(self.enums[enum[1]].values())
         span = re.match(rf"{CONSTANT} to {CONSTANT}", text)
         if span:
             first, last = (self.constants[name] for name in span.groups())
@@ -73,6 +74,14 @@ class Meaning:
         if listed:
             return [self.constants[name] for name in re.findall(CONSTANT, listed[0])]
         return None
+
+    def enum_of(self, text):
+        """The enumeration whose values a comment names, if it does."""
+        for name in re.findall(CONSTANT, text):
+            for enum, members in self.enums.items():
+                if name in members or text.startswith(f"a value of #{enum}"):
+                    return enum
+        return "KRT_PLX_ControllerType" if "controller type (controller.h)" in text else None
 
     def rejected(self, kind, text):
         """What a function returns for a handle that is null or of the wrong kind."""

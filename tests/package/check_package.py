@@ -44,6 +44,10 @@ class Tree(PackageTest):
         packages = {"krt_plxConfig.cmake", "krt_plxConfigVersion.cmake", "krt_plxTargets.cmake"}
         expected |= {f"lib/cmake/krt_plx/{name}" for name in packages}
         expected.add("share/krt_plx/krt_plx.api.json")
+        if not self.surroundings.is_windows:
+            made = self.surroundings.build / "python"
+            expected |= {f"lib/python3/dist-packages/{path.relative_to(made)}"
+                         for path in made.rglob("*") if path.is_file()}
         expected |= {f"share/doc/krt_plx/{name}"
                      for name in ("README.md", "CHANGELOG.md", "LICENSE", "copyright")}
         self.assertEqual(expected - self.files(), set())

@@ -1,0 +1,205 @@
+"""One call of the library: arguments and results as Python has them, and what the call ends."""
+
+from __future__ import annotations
+
+import contextlib
+import ctypes
+import math
+import operator
+from typing import Any, ContextManager, Dict, List, Optional
+
+from . import _library, _text
+from ._handles import MANAGERS, Handle, adopt
+from ._table import FUNCTIONS
+
+_LIMITS = {"int32": (-(2**31), 2**31 - 1), "uint32": (0, 2**32 - 1), "uint64": (0, 2**64 - 1)}
+_LARGEST_FLOAT = float.fromhex("0x1.fffffep+127")
+# What stands in an out-parameter that the library leaves alone.
+_UNTOUCHED = {"uint32": 0xFFFFFFFF, "uint64": 2**64 - 1}
+
+
+def call(name: str, *arguments: Any) -> Any:
+    """Calls a function by its name without KRT_PLX_. Pointers for counts and codes are not passed:
+    their values come back. Nor are the sizes of arrays."""
+    entry = FUNCTIONS[name]
+    owner = _self_of(entry, name, arguments)
+    if _asks_for_a_dead_element(entry, arguments):
+        return False
+    with _alone(entry, owner):
+        return _locked_call(name, entry, owner, arguments)
+
+
+def _locked_call(name: str, entry: Dict[str, Any], owner: Optional[Handle], arguments: Any) -> Any:
+    function = _library.load()[name]
+    out: List[Any] = []
+    passed = _convert_all(name, entry, arguments, out)
+    ending = _siblings_at(entry, owner, arguments)
+    result = function(*passed)
+    _end(entry, owner, result, ending)
+    return _result(entry["result"], result, owner, out)
+
+
+def _self_of(entry: Dict[str, Any], name: str, arguments: Any) -> Optional[Handle]:
+    parameters = [p for p in entry["parameters"] if p["role"] not in ("result", "size")]
+    if len(arguments) != len(parameters):
+        raise TypeError(f"{name} takes {len(parameters)} arguments, not {len(arguments)}")
+    if not parameters or parameters[0]["role"] != "self":
+        return None
+    first = arguments[0]
+    _check_family(name, parameters[0], first)
+    return first if isinstance(first, Handle) else None
+
+
+def _alone(entry: Dict[str, Any], owner: Optional[Handle]) -> ContextManager[Any]:
+    """One thread at a time for each manager, and one for the list of managers."""
+    stack = contextlib.ExitStack()
+    if owner is None or (owner._owner is None and entry["destroys"]):
+        stack.enter_context(MANAGERS.lock)
+    if owner is not None:
+        stack.enter_context(owner._world.lock)
+    return stack
+
+
+def _asks_for_a_dead_element(entry: Dict[str, Any], arguments: Any) -> bool:
+    """A new object may stand at the address of a dead one, which then counts as found."""
+    if not entry["operation"].lower().startswith("has"):
+        return False
+    return any(isinstance(argument, Handle) and not argument._alive
+               for argument, parameter in zip(arguments, entry["parameters"])
+               if parameter["role"] == "element")
+
+
+def _check_family(name: str, parameter: Dict[str, Any], argument: Any) -> None:
+    family = parameter["family"]
+    if argument is not None and not (isinstance(argument, Handle) and argument.FAMILY == family):
+        raise TypeError(f"{name}: {parameter['name']} is a {family}, not {argument!r:.60}")
+
+
+def _convert_all(name: str, entry: Dict[str, Any], arguments: Any, out: List[Any]) -> List[Any]:
+    passed: List[Any] = []
+    left = iter(arguments)
+    array: Any = None
+    for parameter in entry["parameters"]:
+        if parameter["role"] == "result":
+            out.append((parameter["kind"], _new_out(parameter["kind"])))
+            passed.append(ctypes.byref(out[-1][1]))
+        elif parameter["role"] == "size":
+            passed.append(len(array or ()))
+        else:
+            array = next(left)
+            passed.append(_convert(name, parameter, array))
+    return passed
+
+
+def _new_out(kind: str) -> Any:
+    return {"uint32": ctypes.c_uint32, "uint64": ctypes.c_uint64}[kind](_UNTOUCHED[kind])
+
+
+def _convert(name: str, parameter: Dict[str, Any], argument: Any) -> Any:
+    kind = parameter["kind"]
+    if kind == "handle":
+        return _convert_handle(name, parameter, argument)
+    if kind == "text":
+        return _convert_text(name, parameter, argument)
+    if kind == "texts":
+        return _convert_texts(name, parameter, argument)
+    if kind == "bool":
+        if not isinstance(argument, bool):
+            raise TypeError(f"{name}: {parameter['name']} is True or False, not {argument!r:.60}")
+        return argument
+    return _convert_float(name, parameter, argument) if kind == "float" else (
+        _convert_integer(name, parameter, argument))
+
+
+def _convert_handle(name: str, parameter: Dict[str, Any], argument: Any) -> Optional[int]:
+    _check_family(name, parameter, argument)
+    if argument is None:
+        return None
+    if parameter["ignored"] and not argument._alive:
+        return None
+    address: int = argument._require_life()
+    return address
+
+
+def _convert_text(name: str, parameter: Dict[str, Any], argument: Any) -> Optional[bytes]:
+    if argument is None:
+        return None
+    if not isinstance(argument, str):
+        raise TypeError(f"{name}: {parameter['name']} is a text, not {argument!r:.60}")
+    return _text.encode(argument)
+
+
+def _convert_texts(name: str, parameter: Dict[str, Any], argument: Any) -> Any:
+    if argument is None:
+        return None
+    texts = [_convert_text(name, parameter, text) for text in argument]
+    array = (ctypes.c_char_p * len(texts))(*texts)
+    return ctypes.cast(array, ctypes.c_void_p) if texts else None
+
+
+def _convert_float(name: str, parameter: Dict[str, Any], argument: Any) -> float:
+    if isinstance(argument, (str, bytes)):
+        raise TypeError(f"{name}: {parameter['name']} is a number, not {argument!r:.60}")
+    number = float(argument)
+    if math.isfinite(number) and abs(number) > _LARGEST_FLOAT:
+        raise ValueError(f"{name}: {number} does not fit in 32 bits")
+    return number
+
+
+def _convert_integer(name: str, parameter: Dict[str, Any], argument: Any) -> int:
+    number = operator.index(argument)
+    low, high = _LIMITS[parameter["kind"]]
+    if not low <= number <= high:
+        raise ValueError(f"{name}: {parameter['name']} is {low} to {high}, not {number}")
+    return number
+
+
+def _siblings_at(entry: Dict[str, Any], owner: Optional[Handle], arguments: Any) -> List[Handle]:
+    """What another is about to be moved onto. Only what Python knows has to be told that it dies."""
+    if owner is None or owner._owner is None or not any(
+            death["what"].startswith("sibling") for death in entry["destroys"]):
+        return []
+    family, position = owner.FAMILY, operator.index(arguments[1])
+    siblings = [other for other in owner._owner._children
+                if other is not owner and other._alive and other.FAMILY == family]
+    return [other for other in siblings if call(f"{family}_pos", other) == position
+            and call(f"{family}_type", other) == call(f"{family}_type", owner)]
+
+
+def _end(entry: Dict[str, Any], owner: Optional[Handle], result: Any, ending: List[Handle]) -> None:
+    """A false or null result says that nothing was destroyed; a code does not."""
+    if owner is None or (entry["result"]["kind"] in ("bool", "handle") and not result):
+        return
+    for death in entry["destroys"]:
+        if death["what"] == "self":
+            owner._die()
+        elif death["what"] == "children":
+            for child in list(owner._children):
+                if child._slot == death["slot"]:
+                    child._die()
+    for sibling in ending:
+        sibling._die()
+
+
+def _result(entry: Dict[str, Any], result: Any, owner: Optional[Handle], out: List[Any]) -> Any:
+    kind = entry["kind"]
+    if kind == "text":
+        result = _text.decode(result)
+    elif kind == "handle":
+        result = adopt(result, entry["class"], entry["family"], entry["slot"],
+                       _owner_of(entry["owner"], owner))
+    if not out:
+        return result
+    (out_kind, value), = out
+    written = value.value if value.value != _UNTOUCHED[out_kind] or result is True else None
+    return written if kind == "bool" else (result, written)
+
+
+def _owner_of(which: str, owner: Optional[Handle]) -> Optional[Handle]:
+    if which == "library" or owner is None:
+        return None
+    if which == "manager":
+        return list(owner._owners())[-1]
+    if which == "owner of self":
+        return None if owner._owner is None or owner._owner._owner is None else owner._owner
+    return owner

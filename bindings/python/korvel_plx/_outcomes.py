@@ -1,0 +1,59 @@
+"""What the methods of objects make of the library's answers: results, or exceptions."""
+
+from __future__ import annotations
+
+from typing import Any, Optional
+
+from ._calls import call
+from ._table import FUNCTIONS
+from .errors import PlxError
+
+
+def none_if(value: Any, mark: Any) -> Any:
+    return None if value == mark else value
+
+
+def accept(name: str, *arguments: Any) -> None:
+    """For what the library can refuse by its value."""
+    if not call(name, *arguments):
+        raise refusal(name, arguments)
+
+
+def made(name: str, *arguments: Any) -> Any:
+    """For what returns a new object; without arguments only memory can be the reason for none."""
+    result = call(name, *arguments)
+    if result is None:
+        raise refusal(name, arguments) if len(arguments) > 1 else MemoryError(name)
+    return result
+
+
+def do(name: str, *arguments: Any) -> None:
+    """For what the library can fail to do."""
+    if not call(name, *arguments):
+        raise PlxError(f"{name} was not done")
+
+
+def read(name: str, *arguments: Any) -> None:
+    code = call(name, *arguments)
+    if code != 0:
+        raise PlxError(name, code)
+
+
+def saved(name: str, *arguments: Any) -> Any:
+    clip, code = call(name, *arguments)
+    if clip is None:
+        raise PlxError(name, code) if code is not None else MemoryError(name)
+    return clip
+
+
+def refusal(name: str, arguments: Any) -> ValueError:
+    parameters = [p for p in FUNCTIONS[name]["parameters"] if p["role"] == "value"]
+    values = arguments[len(arguments) - len(parameters):]
+    said = "; ".join(f"{p['name']} {shown(value)} ({p['comment']})"
+                     for p, value in zip(parameters, values))
+    return ValueError(f"{name} refuses {said}")
+
+
+def shown(value: Optional[Any]) -> str:
+    text = repr(value)
+    return text if len(text) < 80 else text[:77] + "..."
