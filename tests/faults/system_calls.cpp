@@ -25,23 +25,26 @@ namespace faults {
 
 namespace {
 
-enum class Kind { other, deleting };
+enum class Kind { other, deleting, opening };
 
 struct Plan {
     long failing = LONG_MAX;
     int error = 0;
     bool andDeleting = false;
     bool andAll = false;
+    long firstOpening = LONG_MAX;
     std::size_t longest = SIZE_MAX;
     long acting = LONG_MAX;
     std::function<void()> act = {};
     long killing = LONG_MAX;
     Moment moment = Moment::before;
     bool recording = false;
+    bool recordingChanges = false;
 };
 
 Plan plan;
 SystemCalls calls;
+Changes changes;
 
 template <typename Function>
 Function next(const char* name)
@@ -77,7 +80,7 @@ std::string describe(std::pair<int, const char*> place)
 
 bool mustFail(long number, Kind kind)
 {
-    return number == plan.failing ||
+    return number == plan.failing || (number >= plan.firstOpening && kind == Kind::opening) ||
            (number > plan.failing && (plan.andAll || (plan.andDeleting && kind == Kind::deleting)));
 }
 
@@ -108,6 +111,30 @@ Result disturbed(const char* name, Place place, Result failure, Call call, Kind 
     return call();
 }
 
+// Remembers what a call has changed, and passes its result on.
+template <class Result, class Place>
+Result noted(Result result, Change::Kind kind, Place what, off_t place = 0,
+             std::string_view bytes = {})
+{
+    const Inside outside(false);
+    if (outside.before() && plan.recordingChanges && result != -1) {
+        changes.push_back(
+            {kind, describe(what), static_cast<std::uint64_t>(place), std::string(bytes)});
+    }
+    return result;
+}
+
+int notedOpening(int file, int flags)
+{
+    if ((flags & O_CREAT) != 0) {
+        noted(file, Change::Kind::makeFile, file);
+    }
+    if ((flags & O_TRUNC) != 0) {
+        noted(file, Change::Kind::cut, file);
+    }
+    return file;
+}
+
 bool isKillingHalfWay()
 {
     return plan.moment == Moment::halfWay && static_cast<long>(calls.size()) == plan.killing;
@@ -122,6 +149,7 @@ void begin(const Plan& next)
 {
     plan = next;
     calls.clear();
+    changes.clear();
 }
 
 } // namespace
@@ -129,6 +157,16 @@ void begin(const Plan& next)
 void recordCalls()
 {
     begin({.recording = true});
+}
+
+void recordChanges()
+{
+    begin({.recordingChanges = true});
+}
+
+const Changes& changesSoFar()
+{
+    return changes;
 }
 
 void failCall(long number, int error)
@@ -144,6 +182,11 @@ void failCallAndDeleting(long number, int error)
 void failCallsFrom(long number, int error)
 {
     begin({.failing = number, .error = error, .andAll = true});
+}
+
+void failOpeningFrom(long number, int error)
+{
+    begin({.error = error, .firstOpening = number});
 }
 
 void limitTransfers(std::size_t bytes)
@@ -183,7 +226,10 @@ int open(const char* path, int flags, ...)
     va_start(arguments, flags);
     const mode_t mode = modeOf(flags, arguments);
     va_end(arguments);
-    return disturbed("open", path, -1, [=] { return real(path, flags, mode); });
+    return notedOpening(
+        disturbed(
+            "open", path, -1, [=] { return real(path, flags, mode); }, Kind::opening),
+        flags);
 }
 
 int openat(int folder, const char* path, int flags, ...)
@@ -193,8 +239,10 @@ int openat(int folder, const char* path, int flags, ...)
     va_start(arguments, flags);
     const mode_t mode = modeOf(flags, arguments);
     va_end(arguments);
-    return disturbed("openat", std::pair(folder, path), -1,
-                     [=] { return real(folder, path, flags, mode); });
+    return notedOpening(disturbed(
+                            "openat", std::pair(folder, path), -1,
+                            [=] { return real(folder, path, flags, mode); }, Kind::opening),
+                        flags);
 }
 
 // Whatever it answers, the descriptor is gone.
@@ -223,31 +271,37 @@ ssize_t pread(int file, void* bytes, std::size_t size, off_t place)
 ssize_t pwrite(int file, const void* bytes, std::size_t size, off_t place)
 {
     static const auto real = next<decltype(&::pwrite)>("pwrite");
-    return disturbed("pwrite", file, ssize_t{-1}, [=] {
+    const ssize_t count = disturbed("pwrite", file, ssize_t{-1}, [=] {
         if (isKillingHalfWay()) {
             real(file, bytes, size / 2, place);
             killThisProcess();
         }
         return real(file, bytes, std::min(size, plan.longest), place);
     });
+    const auto written = static_cast<std::size_t>(std::max<ssize_t>(count, 0));
+    return noted(count, Change::Kind::write, file, place,
+                 {static_cast<const char*>(bytes), written});
 }
 
 int ftruncate(int file, off_t size) noexcept
 {
     static const auto real = next<decltype(&::ftruncate)>("ftruncate");
-    return disturbed("ftruncate", file, -1, [=] { return real(file, size); });
+    return noted(disturbed("ftruncate", file, -1, [=] { return real(file, size); }),
+                 Change::Kind::cut, file, size);
 }
 
 int fdatasync(int file)
 {
     static const auto real = next<decltype(&::fdatasync)>("fdatasync");
-    return disturbed("fdatasync", file, -1, [=] { return real(file); });
+    return noted(disturbed("fdatasync", file, -1, [=] { return real(file); }), Change::Kind::sync,
+                 file);
 }
 
 int fsync(int file)
 {
     static const auto real = next<decltype(&::fsync)>("fsync");
-    return disturbed("fsync", file, -1, [=] { return real(file); });
+    return noted(disturbed("fsync", file, -1, [=] { return real(file); }), Change::Kind::sync,
+                 file);
 }
 
 int flock(int file, int operation) noexcept
@@ -278,22 +332,25 @@ int fstatat(int folder, const char* path, struct stat* status, int flags) noexce
 int mkdirat(int folder, const char* path, mode_t mode) noexcept
 {
     static const auto real = next<decltype(&::mkdirat)>("mkdirat");
-    return disturbed("mkdirat", std::pair(folder, path), -1,
-                     [=] { return real(folder, path, mode); });
+    return noted(
+        disturbed("mkdirat", std::pair(folder, path), -1, [=] { return real(folder, path, mode); }),
+        Change::Kind::makeFolder, std::pair(folder, path));
 }
 
 int mkdir(const char* path, mode_t mode) noexcept
 {
     static const auto real = next<decltype(&::mkdir)>("mkdir");
-    return disturbed("mkdir", path, -1, [=] { return real(path, mode); });
+    return noted(disturbed("mkdir", path, -1, [=] { return real(path, mode); }),
+                 Change::Kind::makeFolder, path);
 }
 
 int unlinkat(int folder, const char* path, int flags) noexcept
 {
     static const auto real = next<decltype(&::unlinkat)>("unlinkat");
-    return disturbed(
-        "unlinkat", std::pair(folder, path), -1, [=] { return real(folder, path, flags); },
-        Kind::deleting);
+    return noted(disturbed(
+                     "unlinkat", std::pair(folder, path), -1,
+                     [=] { return real(folder, path, flags); }, Kind::deleting),
+                 Change::Kind::remove, std::pair(folder, path));
 }
 
 ssize_t getdents64(int folder, void* buffer, std::size_t size)

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <vector>
@@ -15,10 +16,24 @@ struct SystemCall {
 };
 using SystemCalls = std::vector<SystemCall>;
 
+// What a call has done to the disk, or made the disk keep.
+struct Change {
+    enum class Kind { makeFile, makeFolder, write, cut, remove, sync };
+    Kind kind;
+    std::string path;
+    std::uint64_t place = 0; // where the bytes are written, or where the file ends now
+    std::string bytes = {};
+};
+using Changes = std::vector<Change>;
+
 // Each of these counts the library's system calls from 1, from now on.
 
 // Remembers the calls and disturbs none.
 void recordCalls();
+
+// Remembers what is changed as well, from now on.
+void recordChanges();
+const Changes& changesSoFar();
 
 // The call of that number fails. EINTR is only given to calls that know it.
 void failCall(long number, int error);
@@ -28,6 +43,9 @@ void failCallAndDeleting(long number, int error);
 
 // The same, and all calls after it fail too.
 void failCallsFrom(long number, int error);
+
+// From the call of that number on nothing can be opened; all else works.
+void failOpeningFrom(long number, int error);
 
 // Each call reads or writes this many bytes at most.
 void limitTransfers(std::size_t bytes);

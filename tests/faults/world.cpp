@@ -172,10 +172,11 @@ Sight World::look() const
             support::treeOf(disk_)};
 }
 
-std::map<std::string, std::string> World::whatAnotherHostSees(Parts parts) const
+std::map<std::string, std::string> World::whatAnotherHostSees(Parts parts,
+                                                              std::string_view userFolder) const
 {
     const support::OwnedManager other =
-        support::createManager({folder("system"), folder("user"), {}, {}});
+        support::createManager({folder("system"), folder(userFolder), {}, {}});
     EXPECT_EQ(KRT_PLX_Manager_readAllClipFiles(other.get()), KRT_PLX_RESULT_OK);
     if (parts == Parts::read) {
         readParts(other.get(), KRT_PLX_Manager_systemClip);

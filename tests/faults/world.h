@@ -48,7 +48,7 @@ public:
 
     // What another host lists in these folders.
     [[nodiscard]] std::map<std::string, std::string> whatAnotherHostSees(
-        Parts parts = Parts::read) const;
+        Parts parts = Parts::read, std::string_view userFolder = "user") const;
 
     // What the current work is about.
     KRT_PLX_Manager* manager = nullptr;
