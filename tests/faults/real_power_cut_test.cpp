@@ -1,0 +1,165 @@
+// The power of a real file system is cut while programs save, edit and remove. Only scripts/torture
+// does it, and only where it may.
+
+#include <algorithm>
+#include <fcntl.h>
+#include <optional>
+#include <unistd.h>
+
+#include <gtest/gtest.h>
+
+#include "figures.h"
+#include "loop_disk.h"
+#include "programs.h"
+
+namespace {
+
+using faults::LoopDisk;
+using faults::Program;
+using faults::Seen;
+using faults::Session;
+
+// The second without the care that ext4 takes of files that are cut short and written anew.
+constexpr const char* options[] = {"", ",noauto_da_alloc"};
+
+// Programs that save make new IDs each time.
+Seen withoutNewIDs(const Seen& seen, const Seen& first)
+{
+    Seen result;
+    for (const auto& [id, description] : seen) {
+        const std::string known = first.contains(id) ? id : "new";
+        result[known] = support::replaced(description, id, known);
+    }
+    return result;
+}
+
+class RealDiskTest : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        if (!faults::isExhaustive()) {
+            GTEST_SKIP() << "only scripts/torture cuts the power of a real file system";
+        }
+        startDisk("");
+        if (!disk_->missing().empty()) {
+            GTEST_SKIP() << disk_->missing();
+        }
+    }
+
+    void startDisk(const std::string& mountOptions)
+    {
+        world_.destroyManager();
+        disk_.reset();
+        world_.reset();
+        disk_.emplace(world_.folder("user"), world_.wave().replace_filename("image"), mountOptions);
+    }
+
+    // The journal reaches the disk, with what it knows of other files: their names and lengths, but not
+    // the content that still waits in memory. So it goes every few seconds.
+    void writeJournal() const
+    {
+        const int file =
+            ::open((world_.folder("user") / "other").c_str(), O_CREAT | O_WRONLY, 0600);
+        EXPECT_EQ(::fsync(file), 0);
+        ::close(file);
+    }
+
+    faults::World world_;
+    std::optional<LoopDisk> disk_;
+};
+
+class RealPowerCutTest : public RealDiskTest, public testing::WithParamInterface<Program> {
+protected:
+    Session run(std::function<void()> begin, bool looks)
+    {
+        Session session(world_, std::move(begin), looks);
+        GetParam().run(session);
+        faults::stopDisturbing();
+        world_.destroyManager();
+        return session;
+    }
+
+    // After as many successes, as the undisturbed program has left it, or as its next call would have.
+    void expectLeft(const Session& session) const
+    {
+        const Seen first = reports_.front().seen;
+        const std::size_t done = session.successes();
+        const auto seenAfter = [&](std::size_t successes) {
+            return withoutNewIDs(reports_[std::min(successes, reports_.size() - 1)].seen, first);
+        };
+        Seen removed;
+        for (std::size_t i = 1; i <= done; ++i) {
+            removed.merge(faults::removedBetween(seenAfter(i - 1), seenAfter(i)));
+        }
+        faults::expectBetween(seenAfter(done), seenAfter(done + 1), removed,
+                              withoutNewIDs(session.see(), first));
+    }
+
+    std::vector<Session::Report> reports_; // of the program when nothing disturbs it
+};
+
+TEST_P(RealPowerCutTest, AfterwardsLeavesWhatWasReported)
+{
+    for (const std::string mountOptions : options) {
+        for (const bool withJournal : {false, true}) {
+            SCOPED_TRACE(mountOptions + (withJournal ? " with the journal" : ""));
+            startDisk(mountOptions);
+            const Session session = run([] {}, true);
+            EXPECT_EQ(session.failures(), 0);
+            if (withJournal) {
+                writeJournal();
+            }
+            disk_->cutPower();
+            disk_->restart();
+            reports_ = session.reports();
+            expectLeft(session);
+            faults::count("power cuts of ext4 after a program");
+        }
+    }
+}
+
+TEST_P(RealPowerCutTest, AtEachCallLeavesTheOldOrTheNew)
+{
+    if (std::string_view(GetParam().name) == "save_three_clips") {
+        GTEST_SKIP() << "its new clips cannot be told from each other";
+    }
+    reports_ = run(faults::recordCalls, true).reports();
+    for (const std::string mountOptions : options) {
+        bool isCut = true;
+        for (long number = 1; isCut && !HasFailure(); ++number) {
+            SCOPED_TRACE(mountOptions + " at call " + std::to_string(number));
+            startDisk(mountOptions);
+            isCut = false;
+            const auto cut = [&] {
+                isCut = true;
+                disk_->cutPower();
+            };
+            const Session session = run([&] { faults::actBefore(number, cut); }, false);
+            disk_->restart();
+            expectLeft(session);
+            faults::count("power cuts of ext4 within a program");
+        }
+    }
+}
+
+// Without which the others would show nothing.
+TEST_F(RealDiskTest, LosesWhatIsNotWaitedFor)
+{
+    const support::Path file = world_.folder("user") / "file";
+    support::writeFile(file, "content");
+    disk_->cutPower();
+    disk_->restart();
+    EXPECT_FALSE(std::filesystem::exists(file));
+
+    startDisk(",noauto_da_alloc");
+    support::writeFile(file, "content");
+    writeJournal();
+    disk_->cutPower();
+    disk_->restart();
+    EXPECT_EQ(support::readFile(file), "");
+}
+
+INSTANTIATE_TEST_SUITE_P(Programs, RealPowerCutTest, testing::ValuesIn(faults::programs()),
+                         [](const auto& program) { return std::string(program.param.name); });
+
+} // namespace
