@@ -29,13 +29,13 @@ const Value* Document::parse(std::string& bytes)
         return nullptr;
     }
     // RapidJSON takes a NUL for the end of the text: whatever stands behind it was not looked at.
-    json::GenericInsituStringStream<CheckedUtf8> stream(bytes.data());
+    Text text(bytes.data());
     try {
-        tree_.ParseStream<parseFlags>(stream);
+        tree_.ParseStream<parseFlags>(text);
     } catch (const DocumentDefect&) {
         return nullptr;
     }
-    const bool isWhole = !tree_.HasParseError() && stream.Tell() == bytes.size();
+    const bool isWhole = !tree_.HasParseError() && text.Tell() == bytes.size();
     return isWhole && tree_.IsObject() ? &tree_ : nullptr;
 }
 

@@ -19,12 +19,6 @@ public:
     const Value* parse(std::string& bytes);
 
 private:
-    // In place and without recursion: a document may be large, and may nest without end.
-    static constexpr unsigned parseFlags =
-        json::kParseDefaultFlags | json::kParseInsituFlag | json::kParseIterativeFlag;
-
-    using Tree = json::GenericDocument<CheckedUtf8, Pool, ThrowingAllocator>;
-
     ThrowingAllocator memory_;
     std::string poolBuffer_;
     Pool pool_;

@@ -1,6 +1,8 @@
 #include "format/output.h"
 
+#include <cstddef>
 #include <cstring>
+#include <limits>
 
 #include "unicode.h"
 
@@ -21,6 +23,9 @@ namespace {
 
 constexpr char indentUnit = ' ';
 constexpr unsigned indentWidth = 4;
+
+// RapidJSON asks for six times the room and counts it in 32 bits.
+constexpr std::size_t longestText = (std::numeric_limits<json::SizeType>::max() - 2) / 6;
 
 json::SizeType sizeOf(std::string_view text)
 {
@@ -91,7 +96,9 @@ void Output::text(StringView value)
 
 void Output::ascii(std::string_view value)
 {
-    write([value](auto& writer) { return writer.String(value.data(), sizeOf(value)); });
+    write([value](auto& writer) {
+        return value.size() <= longestText && writer.String(value.data(), sizeOf(value));
+    });
 }
 
 std::optional<std::string_view> Output::finish() const

@@ -11,8 +11,8 @@
 
 namespace Korvel::CANTORIS::PLX::format {
 
-// Compact, or indented by four blanks a level. Text becomes UTF-8; what JSON cannot hold, a number
-// that is none or a surrogate that stands alone, spoils the document.
+// Compact, or indented by four blanks a level. Text becomes UTF-8. What a document cannot hold spoils
+// it: a number that is none, a surrogate that stands alone, a text of more than 715,827,882 bytes.
 class Output {
 public:
     explicit Output(bool formatted);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <cstdlib>
 #include <new>
 
@@ -67,5 +68,50 @@ struct CheckedUtf8 : json::UTF8<char> {
 
 using Pool = json::MemoryPoolAllocator<ThrowingAllocator>;
 using Value = json::GenericValue<CheckedUtf8, Pool>;
+using Tree = json::GenericDocument<CheckedUtf8, Pool, ThrowingAllocator>;
+using Text = json::GenericInsituStringStream<CheckedUtf8>;
+
+// In place and without recursion: a document may be large, and may nest without end.
+inline constexpr unsigned parseFlags =
+    json::kParseDefaultFlags | json::kParseInsituFlag | json::kParseIterativeFlag;
 
 } // namespace Korvel::CANTORIS::PLX::format
+
+// What RapidJSON 1.1.0 gets wrong, as its list of issues tells, and how each is kept from happening here.
+// Reading:
+// - Exponents and fractions overflow an int (#1261, #2391), tables of powers of ten are read beyond their
+//   ends (#313, #1251), and long fractions are compared with what was never written (#1255): all while a
+//   number is read, even one that is to be handed over as text. ParseNumber below is ours.
+// - Validating an encoding reads behind the text (#2327): the text is validated before it comes here.
+// - An escaped surrogate that stands alone is let through or ends the host (#1738): see CheckedUtf8.
+// - SIMD instructions read up to 15 bytes behind the text (#1227, #1723): they are not in use.
+// - Deep documents overflow the stack in the parser, in visiting and in destroying values (#1027, #2282):
+//   the parser is told not to recurse, no value is visited, and a pool destroys none.
+// - Where memory runs out, its absence is written to (#1735): see ThrowingAllocator.
+// Writing:
+// - A text of 700 MB makes the room for it wrap around at 32 bits (#2336, #2348): see Output::ascii.
+// - A float with few decimals takes more room than there is (#2185): all are written with all of them.
+// Both: an empty stack counts from a null pointer (#1724). Reserve below is ours.
+#ifdef RAPIDJSON_SIMD
+#    error "RapidJSON would read behind the end of documents"
+#endif
+
+namespace Korvel::CANTORIS::PLX::format::json {
+
+template <>
+template <class T>
+RAPIDJSON_FORCEINLINE void internal::Stack<ThrowingAllocator>::Reserve(std::size_t count)
+{
+    const auto top = reinterpret_cast<std::uintptr_t>(stackTop_);
+    if (RAPIDJSON_UNLIKELY(top + sizeof(T) * count > reinterpret_cast<std::uintptr_t>(stackEnd_))) {
+        Expand<T>(count);
+    }
+}
+
+// In number_reader.cpp.
+template <>
+template <>
+void GenericReader<CheckedUtf8, CheckedUtf8, ThrowingAllocator>::ParseNumber<parseFlags>(
+    Text& text, Tree& tree);
+
+} // namespace Korvel::CANTORIS::PLX::format::json

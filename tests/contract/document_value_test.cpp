@@ -95,7 +95,6 @@ TEST_F(DocumentNumberTest, RefusesTheDocumentWhenItIsTooLargeForADouble)
             << value;
         EXPECT_EQ(readMidiPartWith("notes", "[" + std::string(value) + "]"), nullptr) << value;
     }
-    EXPECT_EQ(accepts(universalObject().with("unknown", "1" + std::string(400, '0'))), refused);
     EXPECT_EQ(accepts(universalObject().with("unknown", jsonString("1e400"))), accepted);
 }
 
