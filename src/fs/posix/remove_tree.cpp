@@ -8,23 +8,11 @@ namespace Korvel::CANTORIS::PLX::fs {
 
 namespace {
 
-std::vector<std::string> namesIn(const Descriptor& folder)
-{
-    std::vector<std::string> names;
-    FolderReader reader{openFolder(folder.number(), ".", O_NOFOLLOW)};
-    if (reader) {
-        while (const dirent64* entry = reader.next()) {
-            names.emplace_back(entry->d_name);
-        }
-    }
-    return names;
-}
-
 // Empties a folder of any depth with two descriptors: down by name, and up again by "..", if that
 // still is the folder that it came from.
 class Sweep {
 public:
-    explicit Sweep(Descriptor folder) : folder_(std::move(folder)) { push(); }
+    explicit Sweep(Descriptor folder) : folder_(-1) { enter(std::move(folder)); }
 
     // What cannot be removed stays; a move of folders meanwhile ends it.
     void run();
@@ -35,7 +23,7 @@ private:
         std::vector<std::string> names;
     };
 
-    void push();
+    bool enter(Descriptor folder);
     void removeNext();
     bool climb();
 
@@ -43,22 +31,34 @@ private:
     std::vector<Level> levels_;
 };
 
-void Sweep::push()
+// Not where a folder cannot be listed: there may be no way up again either.
+bool Sweep::enter(Descriptor folder)
 {
-    Level level{{}, namesIn(folder_)};
-    if (!readStatus(folder_, level.identity)) {
-        level.names.clear();
+    if (!folder) {
+        return false;
+    }
+    FolderReader reader{openFolder(folder.number(), ".", O_NOFOLLOW)};
+    Level level{};
+    if (!reader || !readStatus(folder, level.identity)) {
+        return false;
+    }
+    while (const dirent64* entry = reader.next()) {
+        level.names.emplace_back(entry->d_name);
     }
     levels_.push_back(std::move(level));
+    folder_ = std::move(folder);
+    return true;
 }
 
 void Sweep::run()
 {
-    do {
+    bool goesOn = !levels_.empty();
+    while (goesOn) {
         while (!levels_.back().names.empty()) {
             removeNext();
         }
-    } while (climb());
+        goesOn = climb();
+    }
 }
 
 // The last name of a level stays in its list while its folder is being emptied.
@@ -67,10 +67,7 @@ void Sweep::removeNext()
     std::vector<std::string>& names = levels_.back().names;
     const char* name = names.back().c_str();
     if (!removeEntry(folder_.number(), name)) {
-        Descriptor inner = openFolder(folder_.number(), name, O_NOFOLLOW);
-        if (inner) {
-            folder_ = std::move(inner);
-            push();
+        if (enter(openFolder(folder_.number(), name, O_NOFOLLOW))) {
             return;
         }
         removeEntry(folder_.number(), name, AT_REMOVEDIR);
