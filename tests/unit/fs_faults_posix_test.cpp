@@ -1,310 +1,256 @@
-// Every system call of the layer fails once, is interrupted once, or moves only a few bytes.
+// Files and folders that are read, made, held and removed while system calls fail, are interrupted or
+// move only a few bytes, and while others change them.
 #ifndef _WIN32
 
 #    include <cerrno>
-#    include <climits>
-#    include <cstring>
+#    include <chrono>
 #    include <filesystem>
 #    include <functional>
 #    include <string>
-#    include <system_error>
+#    include <utility>
 #    include <vector>
 
 #    include <fcntl.h>
-#    include <gmock/gmock.h>
 #    include <gtest/gtest.h>
 #    include <unistd.h>
 
 #    include "fs/fs.h"
-#    include "open_descriptors.h"
+#    include "fs_faults.h"
 #    include "posix_faults.h"
+#    include "reading.h"
 #    include "support/temp_dir.h"
 
 namespace {
 
 using namespace Korvel::CANTORIS::PLX;
+using Faults::Work;
+using fs::HeldFile;
+using fs::ReadResult;
 using fs::WriteResult;
 using support::exists;
 using support::hostPath;
 using support::makeFolder;
-using support::makeLink;
 using support::makePipe;
 using support::readBytes;
-using support::TempDir;
 using support::text;
-using support::utf8;
 using support::writeBytes;
+using Purpose = fs::Folder::Purpose;
 
-constexpr int failures[] = {EIO,          EACCES, EPERM,   ENOSPC, EMFILE, ENOMEM,   EISDIR,
-                            ENAMETOOLONG, EEXIST, ENOTDIR, ENOENT, EROFS,  ENOTEMPTY};
-
-// These do not claim that nothing is there; each takes another way through the removal.
-constexpr int honestFailures[] = {EIO, EPERM, EMFILE};
-
-struct Work {
-    std::function<void()> prepare;
-    std::function<void()> run;
-    std::function<void()> check; // what may come of it, whatever fails
-};
-
-class FsFaults : public testing::Test {
+class FsFaults : public Faults::DisturbedTest {
 protected:
-    long countCalls(const Work& work)
+    // A file of several blocks that nobody has changed for a while, so that it is read once.
+    Work reading(const fs::ReadOptions& options = {})
     {
-        work.prepare();
-        Faults::failCall(LONG_MAX, 0);
-        work.run();
-        const long calls = Faults::stop();
-        work.check();
-        return calls;
+        const auto prepare = [this] {
+            removeAll("file");
+            writeBytes(dir / "file", before);
+            std::filesystem::last_write_time(hostPath(dir / "file"),
+                                             std::filesystem::file_time_type::clock::now() -
+                                                 std::chrono::hours(1));
+        };
+        const auto run = [this, options] {
+            result = readWith(options, dir / "file", content) == ReadResult::read;
+        };
+        return {prepare, run, [this] { EXPECT_TRUE(!result || content == before); }};
     }
 
-    template <typename Fail>
-    void runWith(Fail fail, long number, int error, const Work& work)
+    // The same, of a file that was changed just now: it is read twice, the second time under a lock.
+    Work readingTwice()
     {
-        SCOPED_TRACE(std::string(std::strerror(error)) + " at call " + std::to_string(number));
-        work.prepare();
-        const int descriptors = countOpenDescriptors();
-        fail(number, error);
-        work.run();
-        Faults::stop();
-        EXPECT_EQ(countOpenDescriptors(), descriptors);
-        work.check();
+        Work work = reading();
+        work.prepare = [this] { writeBytes(dir / "file", before); };
+        return work;
     }
 
-    // Runs the work once for each of its calls, with that call failing, and once more with all calls
-    // from there on failing.
-    template <typename Errors>
-    void failEachCall(const Errors& errors, const Work& work)
+    Work creating()
     {
-        const long calls = countCalls(work);
-        ASSERT_GT(calls, 0);
-        for (const int error : errors) {
-            for (long number = 1; number <= calls; ++number) {
-                runWith(Faults::failCall, number, error, work);
-                runWith(Faults::failFrom, number, error, work);
-            }
-        }
-    }
-
-    void interruptEachCall(const Work& work)
-    {
-        const long calls = countCalls(work);
-        ASSERT_GT(calls, 0);
-        for (long number = 1; number <= calls; ++number) {
-            runWith(Faults::failCall, number, EINTR, work);
-        }
-    }
-
-    Work reading(fs::Kind kind = fs::Kind::unknown)
-    {
-        return {[this] { writeBytes(dir / "file", before); },
-                [this, kind] { result = fs::readFile(dir / "file", content, kind); },
-                [this] { EXPECT_TRUE(!result || content == before); }};
-    }
-
-    Work writing()
-    {
-        return {[this] { writeBytes(dir / "file", before); },
-                [this] { outcome = fs::writeFile(dir / "file", after); },
-                [this] { checkWritten(readBytes(dir / "file")); }};
-    }
-
-    void checkWritten(const std::string& now)
-    {
-        switch (outcome) {
-        case WriteResult::written:
-            EXPECT_TRUE(now == after);
-            break;
-        case WriteResult::notOpened:
-            EXPECT_TRUE(now == before);
-            break;
-        case WriteResult::failed:
-            EXPECT_TRUE(after.starts_with(now));
-            break;
-        }
+        return {[this] { removeAll("new"); },
+                [this] { outcome = folder.create(text("new"), after); },
+                [this] { checkMade("new", after); }};
     }
 
     Work copying()
     {
         const auto prepare = [this] {
             writeBytes(dir / "file", before);
-            fs::remove(dir / "copy");
+            removeAll("new");
         };
         const auto check = [this] {
-            const std::string copy = exists(dir / "copy") ? readBytes(dir / "copy") : "";
-            EXPECT_TRUE(result ? copy == before : before.starts_with(copy));
+            checkMade("new", before);
             EXPECT_TRUE(readBytes(dir / "file") == before);
         };
-        return {prepare, [this] { result = fs::copyFile(dir / "file", dir / "copy"); }, check};
+        return {prepare, [this] { outcome = folder.copyInto(text("new"), dir / "file"); }, check};
     }
 
-    Work creating()
+    void checkMade(const char* name, const std::string& whole)
     {
-        return {[this] { ASSERT_TRUE(fs::removeTree(dir / "new")); },
+        const bool isThere = exists(dir / name);
+        const std::string now = isThere ? readBytes(dir / name) : "";
+        if (outcome == WriteResult::written) {
+            EXPECT_TRUE(now == whole);
+        } else if (outcome == WriteResult::notOpened || canCleanUp) {
+            EXPECT_FALSE(isThere);
+        } else {
+            EXPECT_TRUE(whole.starts_with(now));
+        }
+    }
+
+    Work holding()
+    {
+        const auto run = [this] {
+            fs::Patience none(std::chrono::milliseconds{0});
+            state = folder.hold(text("file"), Purpose::change, none).state();
+        };
+        return {[this] { writeBytes(dir / "file", before); }, run,
+                [this] { EXPECT_TRUE(readBytes(dir / "file") == before); }};
+    }
+
+    Work making()
+    {
+        const auto check = [this] {
+            EXPECT_TRUE(!result || fs::isDirectory(dir / "made"));
+            EXPECT_TRUE(result || !canCleanUp || !exists(dir / "made"));
+        };
+        return {[this] { removeAll("made"); },
+                [this] { result = folder.make(text("made")).isOpen(); }, check};
+    }
+
+    Work entering()
+    {
+        const auto run = [this] {
+            const fs::Folder outer = fs::Folder::open(dir.path());
+            result = outer.isOpen() && outer.inner(text("folder")).isOpen();
+        };
+        return {[this] { makeFolder(dir / "folder"); }, run, [] {}};
+    }
+
+    Work makingDeep()
+    {
+        return {[this] { removeAll("new"); },
                 [this] { result = fs::createDirectories(dir / "new\\one\\two"); },
                 [this] { EXPECT_TRUE(!result || fs::isDirectory(dir / "new\\one\\two")); }};
     }
 
-    Work removing(const String& path)
+    Work removing(const char* name)
     {
         const auto prepare = [this] {
             writeBytes(dir / "file", "x");
             makeFolder(dir / "folder");
         };
-        return {prepare, [this, path] { result = fs::remove(path); },
-                [this, path] { EXPECT_NE(result, exists(path)); }};
+        return {prepare, [this, name] { result = folder.remove(text(name)); },
+                [this, name] { EXPECT_NE(result, exists(dir / name)); }};
     }
 
-    Work removingTree()
+    // What is done with the whole work when each call reads or writes but a few bytes.
+    long runWithShortTransfers(const Work& work, std::size_t bytes)
     {
-        const auto prepare = [this] {
-            fs::removeTree(dir / "tree");
-            makeTree();
-        };
-        const auto check = [this] {
-            EXPECT_NE(result, exists(dir / "tree"));
-            EXPECT_TRUE(exists(dir / "outside\\e"));
-            EXPECT_TRUE(fs::removeTree(dir / "tree"));
-        };
-        return {prepare, [this] { result = fs::removeTree(dir / "tree"); }, check};
+        work.prepare();
+        Faults::limitTransfers(bytes);
+        work.run();
+        const long calls = Faults::stop();
+        work.check();
+        return calls;
     }
 
-    void makeTree()
-    {
-        for (const char* path : {"a", "one\\b", "one\\two\\c", "three\\d"}) {
-            writeBytes(dir / ("tree\\" + std::string(path)), "x");
-        }
-        writeBytes(dir / "outside\\e", "x");
-        ASSERT_TRUE(makeLink(dir / "tree\\link", text("..\\outside")));
-        ASSERT_TRUE(makeLink(dir / "tree\\one\\up", text("..")));
-        ASSERT_TRUE(makeLink(dir / "tree\\f", text("..\\outside\\e")));
-    }
-
-    // When a folder above cannot be recognised, the link to it counts as another folder.
-    Work walking()
-    {
-        const auto run = [this] {
-            found.clear();
-            fs::forEachFile(dir / "tree", [this](const String& path, const fs::Neighbours&) {
-                found.push_back(utf8(path.substr((dir / "tree\\").size())));
-            });
-        };
-        const auto check = [this] {
-            for (std::string path : found) {
-                if (path.starts_with("one\\up\\")) {
-                    path.erase(0, 7);
-                }
-                EXPECT_THAT(treeFiles, testing::Contains(path));
-            }
-        };
-        return {[] {}, run, check};
-    }
-
-    TempDir dir;
-    const std::vector<std::string> treeFiles = {"a",      "f",           "link\\e",
-                                                "one\\b", "one\\two\\c", "three\\d"};
     const std::string before = std::string(100000, 'b');
     const std::string after = std::string(150000, 'a');
     std::string content;
     bool result = false;
     WriteResult outcome = WriteResult::failed;
-    std::vector<std::string> found;
+    HeldFile::State state = HeldFile::State::refused;
+    int closings = 0;
 };
+
+// --- Reading --------------------------------------------------------------------------------------------
 
 TEST_F(FsFaults, ReadingEndsWellOrSaysThatItDidNot)
 {
-    failEachCall(failures, reading());
+    failEachCall(Faults::errors, reading());
+    failEachCall(Faults::errors, readingTwice());
 }
 
 TEST_F(FsFaults, ReadingNoticesEveryFailureButThatOfClosing)
 {
     const Work work = reading();
-    ASSERT_EQ(countCalls(work), 5); // status, open, status, read, close
-    for (long number = 1; number <= 5; ++number) {
+    const long calls = countCalls(work);
+    for (long number = 1; number <= calls; ++number) {
         runWith(Faults::failCall, number, EIO, work);
-        EXPECT_EQ(result, number == 5);
+        EXPECT_EQ(result, number == calls) << number;
     }
 }
 
-TEST_F(FsFaults, ReadingAFileThatAWalkHasFoundNoticesThemToo)
+TEST_F(FsFaults, ReadingASmallFileThatAWalkHasFoundTakesFiveCalls)
 {
-    const Work work = reading(fs::Kind::plain);
-    ASSERT_EQ(countCalls(work), 4); // open, status, read, close: a scan pays them for every clip
-    for (long number = 1; number <= 4; ++number) {
+    Work work = reading({.kind = fs::Kind::plain});
+    const auto prepare = work.prepare;
+    work.prepare = [=, this] {
+        prepare();
+        std::filesystem::resize_file(hostPath(dir / "file"), 1000);
+        std::filesystem::last_write_time(hostPath(dir / "file"),
+                                         std::filesystem::file_time_type::clock::now() -
+                                             std::chrono::hours(1));
+    };
+    work.check = [this] { EXPECT_TRUE(!result || content == before.substr(0, 1000)); };
+    ASSERT_EQ(countCalls(work), 5); // open, read, read the end, status, close: for every clip
+    for (long number = 1; number <= 5; ++number) {
         runWith(Faults::failCall, number, EIO, work);
-        EXPECT_EQ(result, number == 4);
+        EXPECT_EQ(result, number == 5) << number;
     }
 }
 
 TEST_F(FsFaults, ReadingAnInterruptedFileGoesOn)
 {
-    Work work = reading();
-    work.check = [this] { EXPECT_TRUE(result && content == before); };
-    interruptEachCall(work);
+    for (Work work : {reading(), readingTwice()}) {
+        work.check = [this] { EXPECT_TRUE(result && content == before); };
+        interruptEachCall(work);
+    }
 }
 
 TEST_F(FsFaults, ReadingGoesOnAfterShortReads)
 {
-    const Work work = reading();
-    work.prepare();
-    Faults::limitTransfers(777);
-    work.run();
-    EXPECT_GT(Faults::stop(), 100);
+    EXPECT_GT(runWithShortTransfers(reading(), 777), 100);
     EXPECT_TRUE(result && content == before);
 }
 
-TEST_F(FsFaults, WritingEndsWellOrSaysHowFarItCame)
+TEST_F(FsFaults, AFileThatShrinksIsReadAsFarAsItGoes)
 {
-    failEachCall(failures, writing());
-}
-
-TEST_F(FsFaults, WritingCountsOnlyWhenEveryStepFromOpeningOnSucceeded)
-{
-    const Work work = writing();
-    ASSERT_EQ(countCalls(work), 4);
-    const WriteResult expected[] = {WriteResult::written, WriteResult::notOpened,
-                                    WriteResult::failed, WriteResult::failed};
-    for (long number = 1; number <= 4; ++number) {
-        runWith(Faults::failCall, number, EIO, work);
-        EXPECT_EQ(outcome, expected[number - 1]) << number;
+    for (Work work : {reading(), readingTwice()}) {
+        work.check = [this] { EXPECT_TRUE(result && before.starts_with(content)); };
+        interfereWithEachCall(work, [this] { writeBytes(dir / "file", "b"); });
     }
 }
 
-TEST_F(FsFaults, WritingGoesOnAfterInterruptions)
+TEST_F(FsFaults, AFileThatVanishesIsReadWholeOrNotAtAll)
 {
-    Work work = writing();
-    work.check = [this] {
-        EXPECT_EQ(outcome, WriteResult::written);
-        EXPECT_TRUE(readBytes(dir / "file") == after);
-    };
-    interruptEachCall(work);
+    interfereWithEachCall(reading(), [this] { removeAll("file"); });
 }
 
-TEST_F(FsFaults, WritingGoesOnAfterShortWrites)
+TEST_F(FsFaults, APipeThatTakesTheFilesPlaceIsNotWaitedFor)
 {
-    const Work work = writing();
-    work.prepare();
-    Faults::limitTransfers(777);
-    work.run();
-    EXPECT_GT(Faults::stop(), 100);
-    EXPECT_EQ(outcome, WriteResult::written);
-    EXPECT_TRUE(readBytes(dir / "file") == after);
+    Work work = reading();
+    work.check = [this] { EXPECT_TRUE(!result || content == before); };
+    interfereWithEachCall(work, [this] {
+        removeAll("file");
+        makePipe(dir / "file");
+    });
 }
 
-TEST_F(FsFaults, AWriteThatMovesNothingHasFailed)
+// --- Making files ---------------------------------------------------------------------------------------
+
+TEST_F(FsFaults, AFileIsMadeWholeOrNotAtAll)
 {
-    const Work work = writing();
-    work.prepare();
-    Faults::limitTransfers(0);
-    work.run();
-    Faults::stop();
-    EXPECT_EQ(outcome, WriteResult::failed);
+    failEachCall(Faults::errors, creating());
+    failEachCall(Faults::errors, copying());
 }
 
-TEST_F(FsFaults, CopyingEndsWellOrSaysThatItDidNot)
+TEST_F(FsFaults, MakingAFileCountsOnlyWhenEveryStepSucceeded)
 {
-    failEachCall(failures, copying());
+    const Work work = creating();
+    ASSERT_EQ(countCalls(work), 4); // open, write, wait for the disk, close
+    for (long number = 1; number <= 4; ++number) {
+        runWith(Faults::failCall, number, EIO, work);
+        EXPECT_EQ(outcome, number == 1 ? WriteResult::notOpened : WriteResult::failed) << number;
+    }
 }
 
 TEST_F(FsFaults, CopyingCountsOnlyWhenEveryStepSucceeded)
@@ -313,43 +259,165 @@ TEST_F(FsFaults, CopyingCountsOnlyWhenEveryStepSucceeded)
     const long calls = countCalls(work);
     for (long number = 1; number <= calls; ++number) {
         runWith(Faults::failCall, number, EIO, work);
-        EXPECT_EQ(result, number == calls); // the last one closes the file that was read
+        // The last one closes the file that was read.
+        EXPECT_EQ(outcome == WriteResult::written, number == calls) << number;
     }
 }
 
-TEST_F(FsFaults, CopyingGoesOnAfterInterruptions)
+TEST_F(FsFaults, MakingAFileGoesOnAfterInterruptions)
 {
-    Work work = copying();
-    work.check = [this] { EXPECT_TRUE(result && readBytes(dir / "copy") == before); };
-    interruptEachCall(work);
+    for (Work work : {creating(), copying()}) {
+        const auto check = work.check;
+        work.check = [=, this] {
+            EXPECT_EQ(outcome, WriteResult::written);
+            check();
+        };
+        interruptEachCall(work);
+    }
 }
 
-TEST_F(FsFaults, CopyingGoesOnAfterShortTransfers)
+TEST_F(FsFaults, MakingAFileGoesOnAfterShortTransfers)
 {
-    const Work work = copying();
-    work.prepare();
+    EXPECT_GT(runWithShortTransfers(creating(), 777), 100);
+    EXPECT_EQ(outcome, WriteResult::written);
+    EXPECT_GT(runWithShortTransfers(copying(), 777), 200);
+    EXPECT_EQ(outcome, WriteResult::written);
+}
+
+TEST_F(FsFaults, AWriteThatMovesNothingHasFailed)
+{
+    runWithShortTransfers(creating(), 0);
+    EXPECT_EQ(outcome, WriteResult::failed);
+}
+
+// --- Holding files --------------------------------------------------------------------------------------
+
+TEST_F(FsFaults, HoldingAFileChangesNothing)
+{
+    failEachCall(Faults::errors, holding());
+}
+
+TEST_F(FsFaults, AFileIsHeldOnlyWhenItWasSeenToBePlain)
+{
+    const Work work = holding();
+    ASSERT_EQ(countCalls(work), 5); // status, open, status, lock, close
+    for (long number = 1; number <= 5; ++number) {
+        runWith(Faults::failCall, number, EIO, work);
+        EXPECT_EQ(state, number <= 3 ? HeldFile::State::refused : HeldFile::State::held) << number;
+        runWith(Faults::failCall, number, EINTR, work);
+        EXPECT_EQ(state, HeldFile::State::held) << number;
+    }
+}
+
+TEST_F(FsFaults, WhatIsDoneWithAHeldFileSaysWhetherItWas)
+{
+    using Step = std::function<bool(HeldFile & file)>;
+    const std::vector<std::pair<const char*, Step>> steps = {
+        {"write", [](HeldFile& file) { return file.write(0, "new"); }},
+        {"cut", [](HeldFile& file) { return file.cut(3); }},
+        {"sync", [](HeldFile& file) { return file.sync(); }},
+        {"isAt", [this](HeldFile& file) { return file.isAt(dir / "file"); }},
+        {"read",
+         [this](HeldFile& file) { return file.read(content, 1000000) == ReadResult::read; }},
+    };
+    for (const auto& [name, step] : steps) {
+        SCOPED_TRACE(name);
+        fs::Patience patience;
+        writeBytes(dir / "file", before);
+        HeldFile file = folder.hold(text("file"), Purpose::change, patience);
+        const Work work = {[] {}, [&, &call = step] { result = call(file); }, [] {}};
+        const long calls = countCalls(work);
+        EXPECT_TRUE(result);
+        for (long number = 1; number <= calls; ++number) {
+            runWith(Faults::failCall, number, EIO, work);
+            EXPECT_FALSE(result) << number;
+            runWith(Faults::failCall, number, EINTR, work);
+            EXPECT_TRUE(result) << number;
+        }
+    }
+}
+
+TEST_F(FsFaults, AHeldFileIsWrittenInOneCallWhereTheSystemTakesItWhole)
+{
+    fs::Patience patience;
+    writeBytes(dir / "file", before);
+    HeldFile file = folder.hold(text("file"), Purpose::change, patience);
+    EXPECT_EQ(countCalls({[] {}, [&] { result = file.write(7, after); }, [] {}}), 1);
+    EXPECT_TRUE(result);
     Faults::limitTransfers(777);
-    work.run();
-    EXPECT_GT(Faults::stop(), 200);
-    EXPECT_TRUE(result && readBytes(dir / "copy") == before);
+    EXPECT_TRUE(file.write(0, after));
+    EXPECT_GT(Faults::stop(), 100);
+    Faults::limitTransfers(0);
+    EXPECT_FALSE(file.write(0, "x"));
+    Faults::stop();
 }
 
-TEST_F(FsFaults, CreatingEndsWithAFolderOrSaysThatItDidNot)
+// --- Folders --------------------------------------------------------------------------------------------
+
+TEST_F(FsFaults, AFolderThatIsMadeIsOpenOrNotLeft)
 {
-    failEachCall(failures, creating());
+    failEachCall(Faults::errors, making());
+    failEachCall(Faults::errors, entering());
 }
 
-TEST_F(FsFaults, CreatingGoesOnAfterInterruptions)
+TEST_F(FsFaults, FoldersAreOpenedInSpiteOfInterruptions)
 {
-    Work work = creating();
+    for (Work work : {making(), entering()}) {
+        work.check = [this] { EXPECT_TRUE(result); };
+        interruptEachCall(work);
+    }
+}
+
+TEST_F(FsFaults, AFolderThatWasThereStaysWhenItCannotBeOpened)
+{
+    makeFolder(dir / "made");
+    Faults::failCall(2, EIO);
+    EXPECT_FALSE(folder.make(text("made")).isOpen());
+    Faults::stop();
+    EXPECT_TRUE(fs::isDirectory(dir / "made"));
+}
+
+TEST_F(FsFaults, MakingFoldersEndsWithThemOrSaysThatItDidNot)
+{
+    failEachCall(Faults::errors, makingDeep());
+}
+
+TEST_F(FsFaults, MakingFoldersGoesOnAfterInterruptions)
+{
+    Work work = makingDeep();
     work.check = [this] { EXPECT_TRUE(result && fs::isDirectory(dir / "new\\one\\two")); };
     interruptEachCall(work);
 }
 
+TEST_F(FsFaults, AFolderThatIsMadeByAnotherMeanwhileIsAsGood)
+{
+    Work work = makingDeep();
+    work.check = [this] { EXPECT_TRUE(result && fs::isDirectory(dir / "new\\one\\two")); };
+    interfereWithEachCall(work, [this] { makeFolder(dir / "new\\one\\two"); });
+    interfereWithEachCall(work, [this] { makeFolder(dir / "new"); });
+}
+
+// A folder that may be written but not read cannot be asked; nothing else is taken for that.
+TEST_F(FsFaults, EachFolderThatIsMadeIsOnTheDisk)
+{
+    Work work = makingDeep();
+    const long calls = countCalls(work);
+    for (long number = 1; number <= calls; ++number) {
+        runWith(Faults::failCall, number, EIO, work);
+        const bool isClosing = result;
+        runWith(Faults::failCall, number, EINTR, work);
+        EXPECT_TRUE(result);
+        closings += isClosing ? 1 : 0;
+    }
+    EXPECT_EQ(closings, 3); // of the folder above, for each of the three
+}
+
+// --- Removing -------------------------------------------------------------------------------------------
+
 TEST_F(FsFaults, RemovingSaysWhetherItDid)
 {
-    failEachCall(failures, removing(dir / "file"));
-    failEachCall(failures, removing(dir / "folder"));
+    failEachCall(Faults::errors, removing("file"));
+    failEachCall(Faults::errors, removing("folder"));
 }
 
 // Some systems say "not permitted" of a folder, others "is a folder".
@@ -358,216 +426,25 @@ TEST_F(FsFaults, RemovingAFolderUnderstandsBothRefusals)
     for (const int error : {EPERM, EISDIR}) {
         makeFolder(dir / "folder");
         Faults::failCall(1, error);
-        EXPECT_TRUE(fs::remove(dir / "folder"));
+        EXPECT_TRUE(folder.remove(text("folder")));
         Faults::stop();
     }
 }
 
 TEST_F(FsFaults, RemovingGoesOnAfterInterruptions)
 {
-    for (const String& path : {dir / "file", dir / "folder"}) {
-        Work work = removing(path);
-        work.check = [this, path] { EXPECT_TRUE(result && !exists(path)); };
+    for (const char* name : {"file", "folder"}) {
+        Work work = removing(name);
+        work.check = [this, name] { EXPECT_TRUE(result && !exists(dir / name)); };
         interruptEachCall(work);
     }
 }
 
-TEST_F(FsFaults, RemovingATreeSaysWhetherAnythingIsLeft)
-{
-    failEachCall(honestFailures, removingTree());
-}
-
-TEST_F(FsFaults, RemovingATreeGoesOnAfterInterruptions)
-{
-    Work work = removingTree();
-    work.check = [this] {
-        EXPECT_TRUE(result && !exists(dir / "tree"));
-        EXPECT_TRUE(exists(dir / "outside\\e"));
-    };
-    interruptEachCall(work);
-}
-
-TEST_F(FsFaults, AWalkAsksForKindsThatItIsNotTold)
-{
-    makeTree();
-    makePipe(dir / "tree\\pipe");
-    makeLink(dir / "tree\\dangling", text("missing"));
-    const Work work = walking();
-    Faults::hideKinds();
-    work.run();
-    Faults::stop();
-    EXPECT_THAT(found, testing::UnorderedElementsAreArray(treeFiles));
-}
-
-TEST_F(FsFaults, NoOpenFileIsInherited)
-{
-    for (const Work& work : {reading(), writing(), copying(), removingTree()}) {
-        work.prepare();
-        Faults::countInheritable();
-        work.run();
-        EXPECT_EQ(Faults::countInheritable(), 0);
-    }
-    Faults::failCall(1, ENOSYS);
-    fs::newUuid();
-    Faults::stop();
-    EXPECT_EQ(Faults::countInheritable(), 0);
-    ::close(::open("/dev/null", O_RDONLY));
-    EXPECT_EQ(Faults::countInheritable(), 1);
-}
-
-TEST_F(FsFaults, AWalkFindsNothingButFiles)
-{
-    makeTree();
-    failEachCall(failures, walking());
-}
-
-TEST_F(FsFaults, AWalkLosesOnlyTheFolderThatFails)
-{
-    makeTree();
-    const Work work = walking();
-    const long calls = countCalls(work);
-    std::size_t complete = 0;
-    std::size_t empty = 0;
-    for (long number = 1; number <= calls; ++number) {
-        runWith(Faults::failCall, number, EMFILE, work);
-        complete += found.size() >= treeFiles.size();
-        empty += found.empty();
-    }
-    EXPECT_GE(complete, 6u); // at least when a folder is closed, or its last entry has been read
-    EXPECT_LE(empty, 4u);    // the first calls list the tree's own folder
-}
-
-TEST_F(FsFaults, AWalkGoesOnAfterInterruptions)
-{
-    makeTree();
-    Work work = walking();
-    work.check = [this] { EXPECT_THAT(found, testing::UnorderedElementsAreArray(treeFiles)); };
-    interruptEachCall(work);
-}
-
-// Something else happens to the same files between two calls.
-class FsInterference : public FsFaults {
-protected:
-    // Runs the work once for each of its calls, with the same thing happening before that call.
-    void interfereWithEachCall(const Work& work, const std::function<void()>& happening)
-    {
-        const auto interfere = [&](long number, int) { Faults::interfere(number, happening); };
-        const long calls = countCalls(work);
-        ASSERT_GT(calls, 0);
-        for (long number = 1; number <= calls; ++number) {
-            runWith(interfere, number, 0, work);
-        }
-    }
-
-    void swapForLink(const char* folder)
-    {
-        std::error_code ignored;
-        std::filesystem::rename(hostPath(dir / folder), hostPath(dir / "moved away"), ignored);
-        makeLink(dir / folder, dir / "outside");
-    }
-};
-
-TEST_F(FsInterference, AFileThatShrinksIsReadAsFarAsItGoes)
-{
-    Work work = reading();
-    work.check = [this] { EXPECT_TRUE(result && before.starts_with(content)); };
-    interfereWithEachCall(work, [this] { writeBytes(dir / "file", "b"); });
-}
-
-TEST_F(FsInterference, AFileThatVanishesIsReadWholeOrNotAtAll)
-{
-    interfereWithEachCall(reading(), [this] { std::filesystem::remove(hostPath(dir / "file")); });
-}
-
-TEST_F(FsInterference, APipeThatTakesTheFilesPlaceIsNotWaitedFor)
-{
-    Work work = reading();
-    const auto swap = [this] {
-        std::filesystem::remove(hostPath(dir / "file"));
-        makePipe(dir / "file");
-    };
-    const auto prepare = work.prepare;
-    work.prepare = [=, this] {
-        std::filesystem::remove(hostPath(dir / "file"));
-        prepare();
-    };
-    work.check = [this] { EXPECT_TRUE(!result || content.empty() || content == before); };
-    interfereWithEachCall(work, swap);
-}
-
-TEST_F(FsInterference, AFolderThatIsMadeByAnotherMeanwhileIsAsGood)
-{
-    Work work = creating();
-    work.check = [this] { EXPECT_TRUE(result && fs::isDirectory(dir / "new\\one\\two")); };
-    interfereWithEachCall(work, [this] { makeFolder(dir / "new\\one\\two"); });
-    interfereWithEachCall(work, [this] { makeFolder(dir / "new"); });
-}
-
-TEST_F(FsInterference, ALinkThatTakesAFoldersPlaceIsNotFollowed)
-{
-    for (const char* folder : {"tree", "tree\\one", "tree\\one\\two"}) {
-        Work work = removingTree();
-        const auto prepare = work.prepare;
-        work.prepare = [=, this] {
-            std::filesystem::remove_all(hostPath(dir / "moved away"));
-            prepare();
-        };
-        work.check = [this] { EXPECT_TRUE(exists(dir / "outside\\e")); };
-        interfereWithEachCall(work, [this, folder] { swapForLink(folder); });
-    }
-}
-
-// What then lies above it is another folder, where things may have the same names.
-TEST_F(FsInterference, AFolderThatIsMovedAwayDoesNotLeadOutOfTheTree)
-{
-    // Some of them are listed on either side of the folder, whatever the order.
-    std::vector<std::string> names;
-    for (int i = 0; i < 20; ++i) {
-        names.push_back("b" + std::to_string(i));
-    }
-    Work work = removingTree();
-    work.prepare = [&] {
-        fs::removeTree(dir / "tree");
-        fs::removeTree(dir / "outside");
-        makeTree();
-        for (const std::string& name : names) {
-            writeBytes(dir / ("tree\\one\\" + name), "x");
-            writeBytes(dir / ("outside\\" + name), "x");
-        }
-    };
-    work.check = [&] {
-        for (const std::string& name : names) {
-            EXPECT_TRUE(exists(dir / ("outside\\" + name)));
-        }
-    };
-    interfereWithEachCall(work, [this] {
-        std::error_code ignored;
-        std::filesystem::rename(hostPath(dir / "tree\\one\\two"), hostPath(dir / "outside\\two"),
-                                ignored);
-    });
-}
-
-TEST_F(FsInterference, ATreeThatAnotherRemovesMeanwhileIsGone)
-{
-    interfereWithEachCall(removingTree(),
-                          [this] { std::filesystem::remove_all(hostPath(dir / "tree")); });
-}
-
-TEST_F(FsInterference, AWalkStandsFilesAndFoldersThatVanish)
-{
-    Work work = walking();
-    work.prepare = [this] {
-        fs::removeTree(dir / "tree");
-        makeTree();
-    };
-    interfereWithEachCall(work,
-                          [this] { std::filesystem::remove_all(hostPath(dir / "tree\\one")); });
-    interfereWithEachCall(work, [this] { std::filesystem::remove_all(hostPath(dir / "tree")); });
-}
+// --- Questions ------------------------------------------------------------------------------------------
 
 TEST_F(FsFaults, QuestionsAreAnsweredNoWhenTheSystemDoesNotAnswer)
 {
-    makeTree();
+    writeBytes(dir / "one\\file", "x");
     const auto ask = [this](auto question) {
         bool answer = false;
         const Work work = {[] {}, [&] { answer = question(); }, [] {}};
@@ -580,19 +457,39 @@ TEST_F(FsFaults, QuestionsAreAnsweredNoWhenTheSystemDoesNotAnswer)
             EXPECT_TRUE(answer);
         }
     };
-    ask([this] { return fs::exists(dir / "tree\\a"); });
-    ask([this] { return fs::isPlainFile(dir / "tree\\a"); });
-    ask([this] { return fs::isDirectory(dir / "tree\\one"); });
-    ask([this] { return fs::isStrictlyBelow(dir / "tree\\one", dir / "tree"); });
+    ask([this] { return fs::exists(dir / "one\\file"); });
+    ask([this] { return fs::isPlainFile(dir / "one\\file"); });
+    ask([this] { return fs::isDirectory(dir / "one"); });
+    ask([this] { return fs::isMissing(dir / "nothing"); });
+    ask([this] { return folder.isMissing(text("nothing")); });
 }
 
 TEST_F(FsFaults, WhatCannotBeLookedAtIsNotMissing)
 {
-    makeTree();
     Faults::failCall(1, EACCES);
-    EXPECT_FALSE(fs::isMissing(dir / "tree\\nothing"));
+    EXPECT_FALSE(fs::isMissing(dir / "nothing"));
+    Faults::failCall(1, EACCES);
+    EXPECT_FALSE(folder.isMissing(text("nothing")));
     Faults::stop();
-    EXPECT_TRUE(fs::isMissing(dir / "tree\\nothing"));
+    EXPECT_TRUE(fs::isMissing(dir / "nothing"));
+    EXPECT_TRUE(folder.isMissing(text("nothing")));
+}
+
+TEST_F(FsFaults, NoOpenFileIsInherited)
+{
+    for (const Work& work : {reading(), readingTwice(), creating(), copying(), holding(), making(),
+                             entering(), makingDeep()}) {
+        work.prepare();
+        Faults::countInheritable();
+        work.run();
+        EXPECT_EQ(Faults::countInheritable(), 0);
+    }
+    Faults::failCall(1, ENOSYS);
+    fs::newUuid();
+    Faults::stop();
+    EXPECT_EQ(Faults::countInheritable(), 0);
+    ::close(::open("/dev/null", O_RDONLY));
+    EXPECT_EQ(Faults::countInheritable(), 1);
 }
 
 TEST_F(FsFaults, AUuidComesFromTheDeviceWhenTheCallIsRefused)

@@ -10,7 +10,6 @@
 namespace {
 
 using namespace Korvel::CANTORIS::PLX;
-using support::makeFolder;
 using support::makeLink;
 using support::makePipe;
 using support::TempDir;
@@ -181,101 +180,5 @@ TEST_F(FsQuestions, BothSeparatorsLeadThroughFolders)
     expectFolder(dir / "a/b");
 }
 #endif
-
-class FsIsStrictlyBelow : public testing::Test {
-protected:
-    FsIsStrictlyBelow()
-    {
-        writeBytes(dir / "clip\\audio\\take.wav", "x");
-        writeBytes(dir / "clip2\\take.wav", "x");
-    }
-
-    bool isBelow(const char* path, const char* folder)
-    {
-        return fs::isStrictlyBelow(dir / path, dir / folder);
-    }
-
-    TempDir dir;
-};
-
-TEST_F(FsIsStrictlyBelow, HoldsAtAnyDepth)
-{
-    EXPECT_TRUE(isBelow("clip\\audio", "clip"));
-    EXPECT_TRUE(isBelow("clip\\audio\\take.wav", "clip"));
-    EXPECT_TRUE(fs::isStrictlyBelow(dir / "clip", dir.path()));
-}
-
-TEST_F(FsIsStrictlyBelow, DoesNotHoldForTheFolderItself)
-{
-    EXPECT_FALSE(isBelow("clip", "clip"));
-    EXPECT_FALSE(isBelow("clip\\", "clip"));
-    EXPECT_FALSE(isBelow("clip\\.", "clip"));
-    EXPECT_FALSE(isBelow("clip\\audio\\..", "clip"));
-}
-
-TEST_F(FsIsStrictlyBelow, DoesNotHoldUpwardsOrSideways)
-{
-    EXPECT_FALSE(isBelow("clip", "clip\\audio"));
-    EXPECT_FALSE(isBelow("clip\\..\\clip2", "clip"));
-    EXPECT_FALSE(isBelow("clip\\audio\\..\\..\\clip2\\take.wav", "clip"));
-}
-
-TEST_F(FsIsStrictlyBelow, ALongerNameThatBeginsAlikeIsAnotherFolder)
-{
-    EXPECT_FALSE(isBelow("clip2", "clip"));
-    EXPECT_FALSE(isBelow("clip2\\take.wav", "clip"));
-}
-
-TEST_F(FsIsStrictlyBelow, DetoursAreResolved)
-{
-    EXPECT_TRUE(isBelow("clip2\\..\\clip\\audio", "clip"));
-    EXPECT_TRUE(isBelow("clip\\audio", "clip\\audio\\.."));
-    EXPECT_TRUE(isBelow("clip\\\\audio", "clip\\"));
-}
-
-TEST_F(FsIsStrictlyBelow, DoesNotHoldForWhatIsMissing)
-{
-    EXPECT_FALSE(isBelow("clip\\missing", "clip"));
-    EXPECT_FALSE(isBelow("clip\\audio", "missing"));
-    EXPECT_FALSE(fs::isStrictlyBelow(String{}, dir.path()));
-    EXPECT_FALSE(fs::isStrictlyBelow(dir / "clip", String{}));
-    EXPECT_FALSE(fs::isStrictlyBelow(dir / "clip\\audio" + Char{}, dir / "clip"));
-    EXPECT_FALSE(fs::isStrictlyBelow(dir / "clip\\audio", dir / "clip" + Char{}));
-}
-
-TEST_F(FsIsStrictlyBelow, HoldsBelowTheRoot)
-{
-#ifdef _WIN32
-    const String root = text("C:\\");
-    const String inner = text("C:\\windows");
-#else
-    const String root = text("\\");
-    const String inner = text("\\dev");
-#endif
-    ASSERT_TRUE(fs::isDirectory(inner));
-    EXPECT_TRUE(fs::isStrictlyBelow(inner, root));
-    EXPECT_FALSE(fs::isStrictlyBelow(root, root));
-    EXPECT_FALSE(fs::isStrictlyBelow(root, inner));
-}
-
-TEST_F(FsIsStrictlyBelow, LinksCountAsWhatTheyLeadTo)
-{
-    if (!makeLink(dir / "clip\\out", text("..\\clip2")) ||
-        !makeLink(dir / "in", text("clip\\audio"))) {
-        GTEST_SKIP() << "this system makes no links";
-    }
-    EXPECT_FALSE(isBelow("clip\\out", "clip"));
-    EXPECT_FALSE(isBelow("clip\\out\\take.wav", "clip"));
-    EXPECT_TRUE(isBelow("in", "clip"));
-    EXPECT_TRUE(isBelow("in\\take.wav", "clip"));
-}
-
-TEST_F(FsIsStrictlyBelow, ANameThatDiffersByCaseIsAnotherFolderIfTheSystemSaysSo)
-{
-    makeFolder(dir / "CLIP\\AUDIO");
-    writeBytes(dir / "CLIP\\AUDIO\\only here", "x");
-    const bool isSame = support::exists(dir / "clip\\audio\\only here");
-    EXPECT_EQ(isBelow("CLIP\\AUDIO", "clip"), isSame);
-}
 
 } // namespace

@@ -40,9 +40,9 @@ protected:
     std::vector<std::string> files(const String& folder)
     {
         std::vector<std::string> names;
-        fs::forEachFile(folder, [&](const String& path, const fs::Neighbours&) {
+        EXPECT_TRUE(fs::forEachFile(folder, [&](const String& path, const fs::Neighbours&) {
             names.push_back(utf8(path.substr(folder.size() + 1)));
-        });
+        }));
         return names;
     }
 
@@ -85,9 +85,9 @@ TEST_F(FsWalkPosix, TakesNamesAtTheEdgesOfEachLength)
     }
     EXPECT_THAT(files(dir.path()), testing::UnorderedElementsAreArray(names));
     int readable = 0;
-    fs::forEachFile(dir.path(), [&](const String& path, const fs::Neighbours&) {
+    EXPECT_TRUE(fs::forEachFile(dir.path(), [&](const String& path, const fs::Neighbours&) {
         readable += fs::isPlainFile(path);
-    });
+    }));
     EXPECT_EQ(readable, 10);
 }
 
@@ -146,8 +146,9 @@ TEST_F(FsWalkPosix, HoldsNoDescriptorWhileItVisits)
     writeBytes(dir / "1\\2\\3\\4\\5\\file", "x");
     const int before = countOpenDescriptors();
     int during = 0;
-    fs::forEachFile(dir.path(),
-                    [&](const String&, const fs::Neighbours&) { during = countOpenDescriptors(); });
+    EXPECT_TRUE(fs::forEachFile(dir.path(), [&](const String&, const fs::Neighbours&) {
+        during = countOpenDescriptors();
+    }));
     EXPECT_EQ(during, before);
     EXPECT_EQ(countOpenDescriptors(), before);
 }
@@ -169,7 +170,11 @@ public:
         ::close(folder);
     }
 
-    ~DeepFolders() { EXPECT_TRUE(fs::removeTree(top_)); }
+    ~DeepFolders()
+    {
+        const fs::Folder parent = fs::Folder::open(String(fs::parentPath(top_)));
+        EXPECT_TRUE(parent.removeTree(fs::fileName(top_)));
+    }
 
 private:
     String top_;

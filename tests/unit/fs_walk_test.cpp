@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <chrono>
 #include <filesystem>
+#include <new>
 #include <string>
 #include <vector>
 
@@ -8,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include "fs/fs.h"
+#include "reading.h"
 #include "support/temp_dir.h"
 
 namespace {
@@ -30,11 +32,11 @@ using Paths = std::vector<std::string>;
 Paths filesIn(const String& folder)
 {
     Paths paths;
-    fs::forEachFile(folder, [&](const String& path, const fs::Neighbours&) {
+    EXPECT_TRUE(fs::forEachFile(folder, [&](const String& path, const fs::Neighbours&) {
         EXPECT_EQ(path.substr(0, folder.size()), folder);
         EXPECT_EQ(path.at(folder.size()), fs::separator);
         paths.push_back(utf8(path.substr(folder.size() + 1)));
-    });
+    }));
     return paths;
 }
 
@@ -75,7 +77,7 @@ protected:
         if (!makeLink(dir / "probe link", text("probe"))) {
             GTEST_SKIP() << "this system makes no links";
         }
-        ASSERT_TRUE(fs::remove(dir / "probe\\file"));
+        std::filesystem::remove(support::hostPath(dir / "probe\\file"));
     }
 
     void link(const char* path, const char* target)
@@ -149,9 +151,9 @@ TEST_F(FsWalk, APathIsGoodForOpeningTheFile)
 {
     writeBytes(dir / "さくら\\🎵\\song", "la la");
     std::string content;
-    fs::forEachFile(dir.path(), [&](const String& path, const fs::Neighbours&) {
-        fs::readFile(path, content);
-    });
+    EXPECT_TRUE(fs::forEachFile(dir.path(), [&](const String& path, const fs::Neighbours&) {
+        EXPECT_TRUE(readWhole(path, content));
+    }));
     EXPECT_EQ(content, "la la");
 }
 
@@ -172,14 +174,15 @@ TEST_F(FsWalk, FilesThatComeAndGoMeanwhileDoNoHarm)
         file(("folder" + std::to_string(i) + "\\file").c_str());
     }
     Paths paths;
-    fs::forEachFile(dir.path(), [&](const String& path, const fs::Neighbours&) {
+    const auto visit = [&](const String& path, const fs::Neighbours&) {
         if (paths.empty()) {
-            EXPECT_TRUE(fs::removeTree(dir / "folder25"));
-            EXPECT_TRUE(fs::removeTree(String{fs::parentPath(path)}));
+            std::filesystem::remove_all(support::hostPath(dir / "folder25"));
+            std::filesystem::remove_all(support::hostPath(fs::parentPath(path)));
             file("new\\file");
         }
         paths.push_back(utf8(path));
-    });
+    };
+    EXPECT_TRUE(fs::forEachFile(dir.path(), visit));
     EXPECT_GE(paths.size(), 49u); // folder25 may have been the first one
     EXPECT_LE(paths.size(), 50u);
 }
@@ -190,14 +193,15 @@ TEST_F(FsWalk, KnowsThePlainFilesBesideAFile)
     file("a\\document");
     file("a\\folder\\clip");
     int visits = 0;
-    fs::forEachFile(dir / "a", [&](const String& path, const fs::Neighbours& neighbours) {
+    const auto visit = [&](const String& path, const fs::Neighbours& neighbours) {
         const bool isOutside = path.find(String(text("folder"))) == String::npos;
         EXPECT_EQ(neighbours.kindOf(text("document")),
                   isOutside ? fs::Kind::plain : fs::Kind::unknown);
         EXPECT_EQ(neighbours.kindOf(text("folder")), fs::Kind::unknown);
         EXPECT_EQ(neighbours.kindOf(text("Document")), fs::Kind::unknown);
         ++visits;
-    });
+    };
+    EXPECT_TRUE(fs::forEachFile(dir / "a", visit));
     EXPECT_EQ(visits, 3);
 }
 
@@ -205,8 +209,25 @@ TEST_F(FsWalk, AnExceptionOfTheVisitorPassesThrough)
 {
     file("a\\b\\c");
     const auto refuse = [](const String&, const fs::Neighbours&) { throw 7; };
-    EXPECT_THROW(fs::forEachFile(dir.path(), refuse), int);
-    EXPECT_TRUE(fs::removeTree(dir / "a"));
+    EXPECT_THROW(static_cast<void>(fs::forEachFile(dir.path(), refuse)), int);
+    EXPECT_EQ(std::filesystem::remove_all(support::hostPath(dir / "a")), 3u);
+}
+
+TEST_F(FsWalk, AFileThatThereIsNoMemoryForCostsNoOther)
+{
+    for (const char* path : {"1\\a", "1\\b", "2\\c", "2\\3\\d"}) {
+        file(path);
+    }
+    for (int failing = 0; failing < 4; ++failing) {
+        int visits = 0;
+        const auto visit = [&](const String&, const fs::Neighbours&) {
+            if (visits++ == failing) {
+                throw std::bad_alloc();
+            }
+        };
+        EXPECT_FALSE(fs::forEachFile(dir.path(), visit));
+        EXPECT_EQ(visits, 4);
+    }
 }
 
 TEST_F(FsWalk, AWalkInsideAWalkDisturbsNothing)
@@ -214,9 +235,11 @@ TEST_F(FsWalk, AWalkInsideAWalkDisturbsNothing)
     file("a\\1");
     file("b\\2");
     int inner = 0;
-    fs::forEachFile(dir.path(), [&](const String&, const fs::Neighbours&) {
-        fs::forEachFile(dir.path(), [&](const String&, const fs::Neighbours&) { ++inner; });
-    });
+    const auto count = [&](const String&, const fs::Neighbours&) { ++inner; };
+    const auto walk = [&](const String&, const fs::Neighbours&) {
+        EXPECT_TRUE(fs::forEachFile(dir.path(), count));
+    };
+    EXPECT_TRUE(fs::forEachFile(dir.path(), walk));
     EXPECT_EQ(inner, 4);
 }
 

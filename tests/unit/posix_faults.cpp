@@ -3,6 +3,7 @@
 #    include "posix_faults.h"
 
 #    include <algorithm>
+#    include <array>
 #    include <cerrno>
 #    include <climits>
 #    include <cstdarg>
@@ -31,6 +32,8 @@ long interferingBefore = LONG_MAX;
 std::function<void()> interference;
 bool hidingKinds = false;
 long inheritable = 0;
+long syncs = 0;
+std::array<int, 2> errorsOfKinds{}; // 0 for a kind that works
 
 bool fails()
 {
@@ -45,6 +48,15 @@ bool fails()
     }
     errno = failure;
     return true;
+}
+
+bool fails(Kind kind)
+{
+    syncs += kind == Kind::sync ? 1 : 0;
+    const bool failed = fails();
+    const int error = errorsOfKinds[static_cast<std::size_t>(kind)];
+    errno = error != 0 ? error : errno;
+    return failed || error != 0;
 }
 
 template <typename Function>
@@ -88,6 +100,16 @@ void hideKinds()
     hidingKinds = true;
 }
 
+void failEach(Kind kind, int error)
+{
+    errorsOfKinds[static_cast<std::size_t>(kind)] = error;
+}
+
+long countSyncs()
+{
+    return syncs;
+}
+
 long countInheritable()
 {
     return std::exchange(inheritable, 0);
@@ -96,6 +118,7 @@ long countInheritable()
 long stop()
 {
     hidingKinds = false;
+    errorsOfKinds = {};
     firstFailing = LONG_MAX;
     interferingBefore = LONG_MAX;
     longest = SIZE_MAX;
@@ -115,6 +138,16 @@ namespace {
 mode_t modeOf(int flags, std::va_list& arguments)
 {
     return (flags & O_CREAT) != 0 ? va_arg(arguments, mode_t) : 0;
+}
+
+// No test can see what a disk has, but thousands of them would wait for it. What cannot be read or
+// written cannot be waited for either.
+int pretendToSync(int file)
+{
+    const int flags = ::fcntl(file, F_GETFL);
+    const bool canTell = flags >= 0 && (flags & O_PATH) == 0;
+    errno = canTell ? errno : EBADF;
+    return canTell ? 0 : -1;
 }
 
 } // namespace
@@ -183,20 +216,18 @@ int ftruncate(int file, off_t size) noexcept
 
 int fdatasync(int file)
 {
-    static const auto call = next<decltype(&::fdatasync)>("fdatasync");
-    return fails() ? -1 : call(file);
+    return fails(Faults::Kind::sync) ? -1 : pretendToSync(file);
 }
 
 int fsync(int file)
 {
-    static const auto call = next<decltype(&::fsync)>("fsync");
-    return fails() ? -1 : call(file);
+    return fails(Faults::Kind::sync) ? -1 : pretendToSync(file);
 }
 
 int flock(int file, int operation) noexcept
 {
     static const auto call = next<decltype(&::flock)>("flock");
-    return fails() ? -1 : call(file, operation);
+    return fails(Faults::Kind::lock) ? -1 : call(file, operation);
 }
 
 int stat(const char* path, struct stat* status) noexcept

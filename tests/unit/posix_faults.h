@@ -24,6 +24,13 @@ void interfere(long number, std::function<void()> happening);
 // From now on folders are listed without the kinds of their entries, as some file systems do.
 void hideKinds();
 
+// From now on every call of that kind fails, as on file systems that do not have it.
+enum class Kind { lock, sync };
+void failEach(Kind kind, int error);
+
+// How often the disk has been waited for, since the program began.
+long countSyncs();
+
 // Back to normal; tells how many calls there were.
 long stop();
 

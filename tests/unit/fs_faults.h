@@ -1,0 +1,136 @@
+// Work of the file layer that is disturbed at each of its system calls.
+#pragma once
+#ifndef _WIN32
+
+#    include <cerrno>
+#    include <climits>
+#    include <cstring>
+#    include <filesystem>
+#    include <functional>
+#    include <string>
+#    include <utility>
+
+#    include <gtest/gtest.h>
+
+#    include "fs/fs.h"
+#    include "open_descriptors.h"
+#    include "posix_faults.h"
+#    include "support/temp_dir.h"
+
+namespace Faults {
+
+// What system calls may say.
+constexpr int errors[] = {EIO,          EACCES, EPERM,   ENOSPC, EMFILE, ENOMEM,   EISDIR,
+                          ENAMETOOLONG, EEXIST, ENOTDIR, ENOENT, EROFS,  ENOTEMPTY};
+
+struct Work {
+    std::function<void()> prepare;
+    std::function<void()> run;
+    std::function<void()> check; // what may come of it, whatever fails
+};
+
+class DisturbedTest : public testing::Test {
+protected:
+    long countCalls(const Work& work)
+    {
+        work.prepare();
+        failCall(LONG_MAX, 0);
+        work.run();
+        const long calls = stop();
+        work.check();
+        return calls;
+    }
+
+    template <typename Disturb>
+    void runWith(Disturb disturb, long number, int error, const Work& work)
+    {
+        SCOPED_TRACE(std::string(std::strerror(error)) + " at call " + std::to_string(number));
+        work.prepare();
+        const int descriptors = countOpenDescriptors();
+        disturb(number, error);
+        work.run();
+        stop();
+        EXPECT_EQ(countOpenDescriptors(), descriptors);
+        work.check();
+    }
+
+    // Runs the work once for each of its calls, with that call failing, and once more with all calls
+    // from there on failing.
+    template <typename Errors>
+    void failEachCall(const Errors& errors, const Work& work)
+    {
+        const long calls = countCalls(work);
+        ASSERT_GT(calls, 0);
+        for (const int error : errors) {
+            for (long number = 1; number <= calls; ++number) {
+                runWith(failCall, number, error, work);
+                canCleanUp = false;
+                runWith(failFrom, number, error, work);
+                canCleanUp = true;
+            }
+        }
+    }
+
+    void interruptEachCall(const Work& work)
+    {
+        const long calls = countCalls(work);
+        ASSERT_GT(calls, 0);
+        for (long number = 1; number <= calls; ++number) {
+            runWith(failCall, number, EINTR, work);
+        }
+    }
+
+    // Runs the work once for each of its calls, with the same thing happening before that call.
+    void interfereWithEachCall(const Work& work, const std::function<void()>& happening)
+    {
+        const auto disturb = [&](long number, int) { interfere(number, happening); };
+        const long calls = countCalls(work);
+        ASSERT_GT(calls, 0);
+        for (long number = 1; number <= calls; ++number) {
+            runWith(disturb, number, 0, work);
+        }
+    }
+
+    void removeAll(const char* path) { std::filesystem::remove_all(support::hostPath(dir / path)); }
+
+    support::TempDir dir;
+    Korvel::CANTORIS::PLX::fs::Folder folder = Korvel::CANTORIS::PLX::fs::Folder::open(dir.path());
+    bool canCleanUp = true; // false while everything fails from some call on
+};
+
+// A tree with files, folders and links, which lead out of it and up in it.
+class DisturbedTreeTest : public DisturbedTest {
+protected:
+    void makeTree()
+    {
+        for (const char* path : {"a", "one\\b", "one\\two\\c", "three\\d"}) {
+            support::writeBytes(dir / ("tree\\" + std::string(path)), "x");
+        }
+        support::writeBytes(dir / "outside\\e", "x");
+        for (const auto& [link, target] : {std::pair{"tree\\link", "..\\outside"},
+                                           {"tree\\one\\up", ".."},
+                                           {"tree\\f", "..\\outside\\e"}}) {
+            ASSERT_TRUE(support::makeLink(dir / link, support::text(target)));
+        }
+    }
+
+    Work removingTree()
+    {
+        const auto prepare = [this] {
+            removeAll("tree");
+            makeTree();
+        };
+        const auto check = [this] {
+            EXPECT_NE(result, support::exists(dir / "tree"));
+            EXPECT_TRUE(support::exists(dir / "outside\\e"));
+            EXPECT_TRUE(folder.removeTree(support::text("tree")));
+        };
+        return {prepare, [this] { result = folder.removeTree(support::text("tree")); }, check};
+    }
+
+    bool result = false;
+};
+
+} // namespace Faults
+
+#endif

@@ -1,0 +1,258 @@
+// Files that change while they are read, files that others hold, and files without a size.
+#ifndef _WIN32
+
+#    include <cerrno>
+#    include <chrono>
+#    include <ctime>
+#    include <optional>
+#    include <string>
+#    include <thread>
+
+#    include <fcntl.h>
+#    include <gtest/gtest.h>
+#    include <sys/stat.h>
+
+#    include "fs/fs.h"
+#    include "fs/recent.h"
+#    include "other_holder.h"
+#    include "posix_faults.h"
+#    include "support/temp_dir.h"
+
+namespace {
+
+using namespace Korvel::CANTORIS::PLX;
+using namespace std::chrono_literals;
+using fs::ReadResult;
+using support::hostPath;
+using support::readBytes;
+using support::TempDir;
+using support::text;
+using support::writeBytes;
+
+fs::Verdict wantsBrace(std::string_view beginning)
+{
+    return beginning.starts_with('{') ? fs::Verdict::worthReading : fs::Verdict::hopeless;
+}
+
+void setAge(const String& path, std::chrono::seconds age)
+{
+    std::timespec then{};
+    ::clock_gettime(CLOCK_REALTIME, &then);
+    then.tv_sec -= age.count();
+    const std::timespec times[] = {then, then};
+    EXPECT_EQ(::utimensat(AT_FDCWD, hostPath(path).c_str(), times, 0), 0);
+}
+
+class FsReadPosix : public testing::Test {
+protected:
+    ReadResult read(const fs::ReadOptions& options = {})
+    {
+        return fs::readFile(dir / "file", content, options, patience);
+    }
+
+    // Reads while another program holds the file, which has written one half of it, and later writes
+    // the other one.
+    ReadResult readBetweenHalves(const std::string& first, const std::string& second,
+                                 const fs::ReadOptions& options = {})
+    {
+        writeBytes(dir / "file", first);
+        std::optional<OtherHolder> other(dir / "file");
+        std::thread writer([&] {
+            std::this_thread::sleep_for(50ms);
+            support::writeBytes(dir / "file", first + second);
+            other.reset();
+        });
+        const ReadResult result = read(options);
+        writer.join();
+        return result;
+    }
+
+    TempDir dir;
+    fs::Patience patience{60s};
+    std::string content;
+};
+
+// --- Others who change the file -----------------------------------------------------------------------
+
+TEST_F(FsReadPosix, AFileThatAnotherIsChangingIsReadWhenItIsWhole)
+{
+    EXPECT_EQ(readBetweenHalves("one half", ", the other half"), ReadResult::read);
+    EXPECT_EQ(content, "one half, the other half");
+}
+
+TEST_F(FsReadPosix, WhatIsRefusedMayBeInTheMiddleOfAChangeToo)
+{
+    EXPECT_EQ(readBetweenHalves("", "{}", {.judge = wantsBrace}), ReadResult::read);
+    EXPECT_EQ(content, "{}");
+}
+
+TEST_F(FsReadPosix, WhatIsRefusedAfterTheChangeIsRefused)
+{
+    EXPECT_EQ(readBetweenHalves("{", "}", {.limit = 1}), ReadResult::refused);
+}
+
+TEST_F(FsReadPosix, ManyReadAtOnce)
+{
+    writeBytes(dir / "file", "x");
+    const OtherHolder reader(dir / "file", LOCK_SH);
+    patience = fs::Patience(1ms);
+    EXPECT_EQ(read(), ReadResult::read);
+    EXPECT_TRUE(patience.wait()) << "it waited for another reader";
+}
+
+TEST_F(FsReadPosix, WhoeverHoldsAFileForEverIsWaitedForOnlySoLong)
+{
+    writeBytes(dir / "file", "x");
+    const OtherHolder other(dir / "file");
+    patience = fs::Patience(60ms);
+    const auto before = std::chrono::steady_clock::now();
+    EXPECT_EQ(read(), ReadResult::read);
+    EXPECT_GE(std::chrono::steady_clock::now() - before, 60ms);
+    EXPECT_EQ(content, "x");
+    EXPECT_FALSE(patience.wait());
+}
+
+TEST_F(FsReadPosix, AllFilesTogetherAreWaitedForOnlySoLong)
+{
+    writeBytes(dir / "file", "x");
+    const OtherHolder other(dir / "file");
+    patience = fs::Patience(20ms);
+    const auto before = std::chrono::steady_clock::now();
+    for (int round = 0; round < 1000; ++round) {
+        ASSERT_EQ(read(), ReadResult::read);
+    }
+    EXPECT_LT(std::chrono::steady_clock::now() - before, 10s); // each on its own would take 20
+}
+
+TEST_F(FsReadPosix, AFileThatHasBeenLeftAloneForAWhileIsNotWaitedFor)
+{
+    for (const std::chrono::seconds age : {fs::settledAfter + 1s, -(fs::settledAfter + 2s)}) {
+        writeBytes(dir / "file", "x");
+        setAge(dir / "file", age);
+        const OtherHolder other(dir / "file");
+        patience = fs::Patience(1ms);
+        EXPECT_EQ(read(), ReadResult::read);
+        EXPECT_TRUE(patience.wait()) << "it waited, although the age is " << age.count();
+    }
+}
+
+TEST_F(FsReadPosix, AFileOfTheLastSecondsIsWaitedFor)
+{
+    for (const std::chrono::seconds age : {0s, fs::settledAfter - 1s, -(fs::settledAfter - 1s)}) {
+        writeBytes(dir / "file", "x");
+        setAge(dir / "file", age);
+        const OtherHolder other(dir / "file");
+        patience = fs::Patience(1ms);
+        EXPECT_EQ(read(), ReadResult::read);
+        EXPECT_FALSE(patience.wait()) << "it did not wait, although the age is " << age.count();
+    }
+}
+
+TEST_F(FsReadPosix, WithoutLocksAFileIsReadAllTheSame)
+{
+    writeBytes(dir / "file", "x");
+    for (const int error : {ENOLCK, EOPNOTSUPP, ENOSYS, EINVAL, EBADF}) {
+        patience = fs::Patience(1ms);
+        Faults::failEach(Faults::Kind::lock, error);
+        EXPECT_EQ(read(), ReadResult::read);
+        Faults::stop();
+        EXPECT_EQ(content, "x");
+        EXPECT_TRUE(patience.wait()) << "nobody can be waited for, error " << error;
+    }
+}
+
+TEST_F(FsReadPosix, AReaderLetsTheFileGo)
+{
+    writeBytes(dir / "file", "x");
+    EXPECT_EQ(read(), ReadResult::read);
+    const OtherHolder next(dir / "file");
+}
+
+// --- Sizes that are not true ------------------------------------------------------------------------
+
+// What the kernel makes up says that it has no bytes.
+class FsReadUnsized : public FsReadPosix {
+protected:
+    ReadResult readUnsized(const fs::ReadOptions& options)
+    {
+        return fs::readFile(text(R"(\proc\self\smaps)"), content, options, patience);
+    }
+};
+
+TEST_F(FsReadUnsized, IsReadToItsEnd)
+{
+    struct stat status;
+    ASSERT_EQ(::stat("/proc/self/smaps", &status), 0);
+    ASSERT_EQ(status.st_size, 0);
+    ASSERT_EQ(readUnsized({}), ReadResult::read);
+    EXPECT_GT(content.size(), 16384u); // more than one block
+    EXPECT_NE(content.find("[stack]"), std::string::npos);
+    EXPECT_TRUE(content.ends_with('\n'));
+}
+
+TEST_F(FsReadUnsized, IsReadAsFarAsTheLimit)
+{
+    EXPECT_EQ(readUnsized({.limit = 100}), ReadResult::refused);
+    EXPECT_EQ(readUnsized({.limit = 17000}), ReadResult::refused);
+    EXPECT_EQ(readUnsized({.limit = 1'000'000}), ReadResult::read);
+}
+
+class FsReadGrowing : public FsReadPosix {
+protected:
+    // Reads once for each call of a reading, with the file growing before that call.
+    template <class Check>
+    void growBeforeEachCall(std::size_t size, const fs::ReadOptions& options, Check check)
+    {
+        const std::string before(size, 'b');
+        const std::string after = before + std::string(size, 'a');
+        writeBytes(dir / "file", before);
+        Faults::failCall(1000, 0);
+        EXPECT_EQ(read(), ReadResult::read);
+        const long calls = Faults::stop();
+        for (long number = 1; number <= calls; ++number) {
+            writeBytes(dir / "file", before);
+            Faults::interfere(number, [&] { writeBytes(dir / "file", after); });
+            const ReadResult result = read(options);
+            Faults::stop();
+            SCOPED_TRACE(std::to_string(size) + " bytes, before call " + std::to_string(number));
+            check(result, before, after);
+        }
+    }
+};
+
+TEST_F(FsReadGrowing, IsReadAsFarAsItIsThere)
+{
+    for (const std::size_t size : {100u, 16384u, 100000u}) {
+        growBeforeEachCall(size, {}, [this](ReadResult result, const auto&, const auto& after) {
+            EXPECT_EQ(result, ReadResult::read);
+            EXPECT_TRUE(after.starts_with(content));
+            EXPECT_GE(2 * content.size(), after.size());
+        });
+    }
+}
+
+TEST_F(FsReadGrowing, IsNotReadBeyondTheLimit)
+{
+    for (const std::size_t size : {100u, 16384u, 100000u}) {
+        growBeforeEachCall(size, {.limit = size},
+                           [this](ReadResult result, const auto& before, const auto&) {
+                               EXPECT_TRUE(result == ReadResult::refused || content == before);
+                           });
+    }
+}
+
+// --- Times --------------------------------------------------------------------------------------------
+
+TEST(FsRecent, EndsThreeSecondsOffInEitherDirection)
+{
+    EXPECT_TRUE(fs::isRecent(0s));
+    EXPECT_TRUE(fs::isRecent(fs::settledAfter - 1ns));
+    EXPECT_TRUE(fs::isRecent(1ns - fs::settledAfter));
+    EXPECT_FALSE(fs::isRecent(fs::settledAfter));
+    EXPECT_FALSE(fs::isRecent(-fs::settledAfter));
+    EXPECT_GT(fs::settledAfter, 2s); // file systems tell times in steps of two seconds
+}
+
+} // namespace
+
+#endif
