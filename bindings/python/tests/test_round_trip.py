@@ -10,7 +10,7 @@ import korvel_plx as plx
 from conftest import EFFORT, IDS, LIBRARY
 from living import VOICE
 
-CLIPS = 25 * EFFORT
+CLIPS = 10 * EFFORT
 FLOATS = ("pitch_fine", "pitch_drift_start", "pitch_drift_end", "pitch_scaling_center",
           "pitch_scaling_origin", "pitch_transition_start", "pitch_transition_end",
           "amplitude_whole", "amplitude_start", "amplitude_end", "formant_whole", "formant_start",

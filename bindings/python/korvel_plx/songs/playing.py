@@ -1,0 +1,105 @@
+"""The order in which the measures of a score are played: repeats, endings, and jumps."""
+
+from __future__ import annotations
+
+import dataclasses
+from typing import List, Set, Tuple
+
+from .model import Song
+
+MOST_MEASURES = 100_000
+
+
+@dataclasses.dataclass
+class Signs:
+    """What stands in a measure for the order of playing."""
+
+    opens: bool = False  # a repeat begins here
+    closes: int = 0  # how many times what was opened is played
+    ending: Tuple[int, ...] = ()  # the turns for which the measure is there
+    segno: bool = False
+    coda: bool = False
+    jump: str = ""  # "capo" or "segno", after the measure
+    to_coda: bool = False
+    fine: bool = False
+
+
+def order_of(measures: List[Signs], song: Song) -> List[Tuple[int, int]]:
+    """The places of the measures as they are played, each with its turn."""
+    player = Player(measures)
+    while player.at < len(measures) and len(player.played) < MOST_MEASURES:
+        player.step()
+    if len(player.played) >= MOST_MEASURES:
+        song.lose(f"measures after the first {MOST_MEASURES} as they are played")
+    return player.played
+
+
+class Player:
+    def __init__(self, measures: List[Signs]) -> None:
+        self.measures = measures
+        self.played: List[Tuple[int, int]] = []
+        self.at = self.opened = 0
+        self.turn = 1
+        self.jumped: Set[int] = set()
+        self.closed: Set[int] = set()
+        self.after_jump = False
+
+    def step(self) -> None:
+        signs = self.measures[self.at]
+        if signs.opens and self.opened != self.at:
+            self.opened, self.turn = self.at, 1
+        if signs.ending and self.turn not in signs.ending and not self.plays_last_ending(signs):
+            self.at += 1
+            return
+        self.played.append((self.at, self.turn))
+        self.go_on(signs)
+
+    def plays_last_ending(self, signs: Signs) -> bool:
+        """After a jump no repeat is played again: the last ending is the one that is taken."""
+        return self.after_jump and not any(later.ending and later.ending != signs.ending
+                                           for later in self.group_behind())
+
+    def group_behind(self) -> List[Signs]:
+        found = []
+        for signs in self.measures[self.at:]:
+            if not signs.ending:
+                break
+            found.append(signs)
+        return found
+
+    def go_on(self, signs: Signs) -> None:
+        here = self.at
+        if signs.closes and here not in self.closed and not self.after_jump:
+            if self.turn < signs.closes:
+                self.turn += 1
+                self.at = self.opened
+                return
+            self.closed.add(here)
+            self.leave(here)
+        if self.after_jump and signs.fine:
+            self.at = len(self.measures)
+        elif self.after_jump and signs.to_coda and self.coda_behind() is not None:
+            self.at = self.coda_behind() or 0
+        elif signs.jump and here not in self.jumped:
+            self.jumped.add(here)
+            self.jump(signs.jump)
+        else:
+            self.at = here + 1
+            if signs.ending and self.at < len(self.measures) and not self.measures[self.at].ending:
+                self.leave(here)
+
+    def leave(self, here: int) -> None:
+        """Behind a repeat the turns begin anew, but for the endings that still belong to it."""
+        behind = self.measures[here + 1] if here + 1 < len(self.measures) else Signs()
+        if not behind.ending:
+            self.opened, self.turn = here + 1, 1
+
+    def coda_behind(self) -> "int | None":
+        return next((place for place in range(self.at + 1, len(self.measures))
+                     if self.measures[place].coda), None)
+
+    def jump(self, target: str) -> None:
+        self.after_jump = True
+        places = [place for place, signs in enumerate(self.measures) if signs.segno]
+        self.at = places[0] if target == "segno" and places else 0
+        self.opened, self.turn = self.at, 1
