@@ -9,7 +9,7 @@ namespace {
 
 std::uint32_t readType(const Value* name)
 {
-    const auto text = asUtf8(name);
+    const auto text = asWholeUtf8(name);
     return text ? controller::fromName(*text) : controller::unknown;
 }
 

@@ -90,13 +90,15 @@ std::unique_ptr<EffectParameterImpl> readParameter(const Value& element, EffectB
         return nullptr;
     }
     const Members members(element, schema::parameter::keys);
-    const auto name = asText(members[schema::parameter::name]);
+    const Value* const nameValue = members[schema::parameter::name];
+    const auto name = asText(nameValue);
     const Value* const value = members[schema::parameter::value];
     if (!name || name->empty() || value == nullptr) {
         return nullptr;
     }
     auto parameter = std::make_unique<EffectParameterImpl>(effect, *name);
-    const bool keepsIntegers = effect.type() == midiEffectType || *name == schema::effect::bypass;
+    const bool keepsIntegers =
+        effect.type() == midiEffectType || asWholeUtf8(nameValue) == schema::effect::bypass;
     return readValue(*value, keepsIntegers, *parameter) ? std::move(parameter) : nullptr;
 }
 

@@ -40,7 +40,7 @@ bool readPartHeader(const Value* value, ClipProperties& properties)
     }
     namespace keys = schema::part_header;
     const Members members(*value, keys::keys);
-    const auto type = asUtf8(members[keys::type]);
+    const auto type = asWholeUtf8(members[keys::type]);
     if (!type) {
         return false;
     }

@@ -11,13 +11,21 @@ namespace Korvel::CANTORIS::PLX::format {
 
 namespace {
 
+// No file has a NUL in its name.
+std::optional<String> readFileName(const Value* value)
+{
+    const auto name = asWholeUtf8(value);
+    const bool canBe = name && !name->empty() && name->find('\0') == std::string_view::npos;
+    return canBe ? asText(value) : std::nullopt;
+}
+
 std::unique_ptr<PartBase> readAudioPart(const Value& object, const fs::Path& clipDirectory,
                                         ClipBase* clip)
 {
     namespace keys = schema::audio_part;
     const Members members(object, keys::keys);
-    const auto fileName = asText(members[keys::wavFileName]);
-    if (!fileName || fileName->empty()) {
+    const auto fileName = readFileName(members[keys::wavFileName]);
+    if (!fileName) {
         return nullptr;
     }
     String path = wavePath(clipDirectory.text, *fileName);

@@ -157,7 +157,7 @@ namespace effect {
 enum Key : std::size_t { id, parameters };
 inline constexpr Keys<2> keys = {"id", "parameters"};
 // The one parameter whose integers stay integers in an audio effect.
-inline constexpr StringView bypass = "Bypass"_t;
+inline constexpr std::string_view bypass = "Bypass";
 } // namespace effect
 
 namespace parameter {

@@ -28,11 +28,16 @@ std::optional<bool> asFlag(const Value* value)
 
 std::optional<std::string_view> asUtf8(const Value* value)
 {
+    const auto whole = asWholeUtf8(value);
+    return whole ? std::optional(whole->substr(0, whole->find('\0'))) : std::nullopt;
+}
+
+std::optional<std::string_view> asWholeUtf8(const Value* value)
+{
     if (value == nullptr || !value->IsString()) {
         return std::nullopt;
     }
-    const std::string_view text(value->GetString(), value->GetStringLength());
-    return text.substr(0, text.find('\0'));
+    return std::string_view(value->GetString(), value->GetStringLength());
 }
 
 std::optional<String> asText(const Value* value)

@@ -17,12 +17,13 @@ namespace Korvel::CANTORIS::PLX::format {
 inline constexpr double largestFloat = 3.4028234e38;
 
 // Each takes null, for an absent key, as it takes a value of another kind: there is no such value.
-// Every text of the model ends at its first NUL, and so it is read.
+// Every text of the model ends at its first NUL, and so it is read; what is only compared is taken whole.
 std::optional<std::int32_t> asInteger(const Value* value);
 std::optional<float> asFloat(const Value* value);
 std::optional<bool> asFlag(const Value* value);
 std::optional<String> asText(const Value* value);
-std::optional<std::string_view> asUtf8(const Value* value); // valid as long as the document
+std::optional<std::string_view> asUtf8(const Value* value);      // valid as long as the document
+std::optional<std::string_view> asWholeUtf8(const Value* value); // the same
 const Value* asObject(const Value* value);
 const Value* asArray(const Value* value);
 

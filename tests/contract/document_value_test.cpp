@@ -209,19 +209,81 @@ TEST_F(DocumentTextTest, EndsAtAnEscapedZero)
 
 TEST_F(DocumentTextTest, EndsAtAnEscapedZeroForEveryRule)
 {
-    const Object property = support::propertyObject();
-    EXPECT_NE(readProperties(property.with("part", R"({"type": "midi\u0000x"})")), nullptr);
-
-    const Object part =
-        support::midiPartObject()
-            .with("voice", R"({"compID": "ABCDEFGHIJKLMNOP\u0000x", "langID": 1})")
-            .with("midiEffects", R"([{"id": "E"}, {"id": "E\u0000x"}])")
-            .with("controllers", R"([{"name": "air\u0000x", "events": [{"pos": 0, "value": 0}]}])");
+    const Object part = support::midiPartObject()
+                            .with("voice", R"({"compID": "ABCDEFGHIJKLMNOP\u0000x", "langID": 1})")
+                            .with("midiEffects", R"([{"id": "E"}, {"id": "E\u0000x"}])");
     KRT_PLX_PartBase* read = readPart(support::dataObject("midi", part));
     ASSERT_NE(read, nullptr);
     EXPECT_EQ(utf8(KRT_PLX_MidiPartBase_voiceBankID(read)), "ABCDEFGHIJKLMNOP");
     EXPECT_EQ(KRT_PLX_MidiPart_midiEffect(read, 1), nullptr);
-    EXPECT_NE(KRT_PLX_MidiPart_midiController(read, 10), nullptr);
+    const Object filter = {{"types", R"(["Verse\u0000x", "Verse\u0000y", "\u0000"])"}};
+    KRT_PLX_ClipBase* clip = readProperties(support::propertyObject().with("filter", filter));
+    EXPECT_EQ(support::count(KRT_PLX_Filter_numTypes, KRT_PLX_Clip_filter(clip)), 1u);
+}
+
+TEST_F(DocumentTextTest, WithAnEscapedZeroIsNoTypeOfAPart)
+{
+    const Object property = support::propertyObject();
+    for (const std::string_view type :
+         {R"("midi\u0000x")", R"("midi\u0000")", R"("audio\u0000")", R"("midiAi\u0000x")",
+          R"("\u0000midi")", R"("midi\u0000Ai")"}) {
+        const Object header = {{"type", std::string(type)}};
+        EXPECT_EQ(readProperties(property.with("part", header)), nullptr) << type;
+    }
+}
+
+TEST_F(DocumentTextTest, WithAnEscapedZeroIsNoNameOfAController)
+{
+    KRT_PLX_PartBase* read = readMidiPartWith(
+        "controllers", R"([{"name": "air\u0000x", "events": [{"pos": 0, "value": 1}]},
+                           {"name": "air\u0000", "events": [{"pos": 0, "value": 2}]},
+                           {"name": "air", "events": [{"pos": 0, "value": 3}]}])");
+    ASSERT_NE(read, nullptr);
+    KRT_PLX_MidiControllerBase* lane = KRT_PLX_MidiPart_midiController(read, 10);
+    EXPECT_EQ(KRT_PLX_MidiEventBase_value(KRT_PLX_MidiController_event(lane, 0)), 3);
+}
+
+// Its integer becomes a float, as that of any other name; but it is stored up to the zero.
+TEST_F(DocumentTextTest, WithAnEscapedZeroIsNoBypass)
+{
+    for (const std::string_view name : {R"("Bypass\u0000x")", R"("Bypass\u0000")"}) {
+        const Object parameter = {{"name", std::string(name)}, {"value", "1"}};
+        const Object effect = {{"id", jsonString("E")},
+                               {"parameters", support::array({parameter})}};
+        KRT_PLX_PartBase* part = readMidiPartWith("audioEffects", support::array({effect}));
+        KRT_PLX_EffectParameterBase* read =
+            KRT_PLX_Effect_parameter(KRT_PLX_MidiPart_audioEffect(part, 0), 0);
+        ASSERT_NE(read, nullptr) << name;
+        EXPECT_EQ(KRT_PLX_EffectParameterBase_type(read), 2u) << name;
+        EXPECT_EQ(KRT_PLX_EffectParameterBase_valueFloat(read), 1.0F) << name;
+        EXPECT_EQ(utf8(KRT_PLX_EffectParameterBase_name(read)), "Bypass");
+    }
+}
+
+TEST_F(DocumentTextTest, WithAnEscapedZeroIsNoKey)
+{
+    const Object document = universalObject();
+    EXPECT_EQ(accepts(document.without("id").with(R"(id\u0000)", R"("ID")")),
+              (support::Acceptance{false, false, true}));
+    EXPECT_EQ(accepts(document.without("id").with(R"(id\u0000x)", R"("ID")")),
+              (support::Acceptance{false, false, true}));
+    const Object part = support::midiPartObject().without("duration");
+    EXPECT_EQ(readPart(support::dataObject("midi", part.with(R"(duration\u0000)", "480"))),
+              nullptr);
+    EXPECT_EQ(readPart(support::dataObject(R"(midi\u0000)", support::midiPartObject())), nullptr);
+}
+
+TEST_F(DocumentTextTest, WithAnEscapedZeroNamesNoWaveFile)
+{
+    addWaveFile();
+    const Object part = support::audioPartObject();
+    EXPECT_NE(readPart(support::dataObject("audio", part)), nullptr);
+    for (const std::string_view name :
+         {R"("take.wav\u0000")", R"("take.wav\u0000x")", R"("\u0000take.wav")", R"("\u0000")"}) {
+        const Object named = part.with("wavFileName", std::string(name));
+        EXPECT_EQ(readPart(support::dataObject("audio", named)), nullptr) << name;
+        EXPECT_EQ(readWhole(support::dataObject("audio", named)), nullptr) << name;
+    }
 }
 
 TEST_F(DocumentTextTest, IsKeptWhateverItsCharacters)
