@@ -97,6 +97,18 @@ void events(const Stage& stage)
     }
 }
 
+void eventsRemoved(const Stage& stage)
+{
+    auto* const lane = KRT_PLX_MutableMidiPart_addMidiController(stage.part, 0);
+    std::vector<KRT_PLX_MidiEventBase*> events;
+    for (const std::int32_t pos : stage.ascending) {
+        events.push_back(KRT_PLX_MutableMidiController_insertEvent(lane, pos, 64));
+    }
+    for (const std::int32_t pos : stage.shuffled) {
+        KRT_PLX_MutableMidiEvent_remove(events[static_cast<std::size_t>(pos) / 10]);
+    }
+}
+
 void eventsReversed(const Stage& stage)
 {
     auto* const lane = KRT_PLX_MutableMidiPart_addMidiController(stage.part, 0);
@@ -151,6 +163,7 @@ constexpr std::array kinds{Kind{"effects with distinct IDs", effectsBehind},
                            Kind{"notes at one position", notesAtOnePosition},
                            Kind{"events of one lane", events},
                            Kind{"events in reverse order", eventsReversed},
+                           Kind{"events and remove them again", eventsRemoved},
                            Kind{"events at one position", eventsAtOnePosition},
                            Kind{"vibrato points", vibratoPoints},
                            Kind{"filter tags", filterTags, tagTarget}};

@@ -15,7 +15,8 @@ namespace Korvel::CANTORIS::PLX {
 //
 // The pointers lie in blocks of bounded size. In one array, an insertion would move half of what is
 // there, so that building a long list out of order would cost the square of its length; here it moves
-// part of one block and counts the later ones up.
+// part of one block and counts the later ones up. Neighbours that a half-filled block could hold become
+// one: what was removed leaves no row of blocks with an element or two each.
 template <class Element>
 class BlockList {
 public:
@@ -99,9 +100,7 @@ public:
         for (std::size_t later = place.block + 1; later < blocks_.size(); ++later) {
             --blocks_[later].start;
         }
-        if (blocks_[place.block].items.empty()) {
-            blocks_.erase(blocks_.begin() + static_cast<std::ptrdiff_t>(place.block));
-        }
+        tidy(place.block);
         return element;
     }
 
@@ -210,6 +209,34 @@ private:
         Block tail{block.start + capacity / 2, {middle, block.items.end()}};
         blocks_.insert(blocks_.begin() + static_cast<std::ptrdiff_t>(index) + 1, std::move(tail));
         blocks_[index].items.resize(capacity / 2);
+    }
+
+    // After an item of that block has gone.
+    void tidy(std::size_t index)
+    {
+        if (blocks_[index].items.empty()) {
+            blocks_.erase(blocks_.begin() + static_cast<std::ptrdiff_t>(index));
+            return;
+        }
+        mergeWithNext(index);
+        if (index > 0) {
+            mergeWithNext(index - 1);
+        }
+    }
+
+    // Not up to a whole block: the next insertion would split it again. No memory is needed, as a block
+    // that another one follows has once held half of what it may.
+    void mergeWithNext(std::size_t index)
+    {
+        if (index + 1 == blocks_.size()) {
+            return;
+        }
+        auto& items = blocks_[index].items;
+        const auto& later = blocks_[index + 1].items;
+        if (items.size() + later.size() <= capacity / 2) {
+            items.insert(items.end(), later.begin(), later.end());
+            blocks_.erase(blocks_.begin() + static_cast<std::ptrdiff_t>(index) + 1);
+        }
     }
 
     std::vector<Block> blocks_;

@@ -62,23 +62,44 @@ void failEverywhere(const Operation& operation, Desk& desk, Fail fail)
     }
 }
 
-class BuildTest : public testing::TestWithParam<Fail> {
+class BuildingTest : public testing::Test {
 protected:
     void SetUp() override
     {
-        std::filesystem::create_directories(folders_.system);
-        support::writeFile(wave_, "RIFF");
-        support::createManager(folders_).destroy(); // what stays for the process has been allocated
+        std::filesystem::create_directories(folders.system);
+        support::writeFile(wave, "RIFF");
+        support::createManager(folders).destroy(); // what stays for the process has been allocated
     }
 
+    // An empty clip and its filter, with a manager that lives as long as the test.
+    Desk deskWithFilter()
+    {
+        manager_ = support::createManager(folders);
+        Desk desk(wave);
+        desk.manager = manager_.get();
+        desk.clip = faults::lib(KRT_PLX_Manager_createMutableClip, desk.manager);
+        desk.filter = faults::lib(KRT_PLX_MutableClip_filter, desk.clip);
+        return desk;
+    }
+
+    support::ScratchFolder scratch;
+    support::Folders folders{scratch.path() / "system", scratch.path() / "user", {}, {}};
+    support::Path wave = scratch.path() / "take.wav";
+
+private:
+    support::OwnedManager manager_;
+};
+
+class BuildTest : public BuildingTest, public testing::WithParamInterface<Fail> {
+protected:
     // The objects live as long as the manager; then no block of theirs is left.
     void failEverywhereIn(const std::vector<const Operations*>& sequence)
     {
         const long before = faults::liveBlocks();
-        Desk desk(wave_);
+        Desk desk(wave);
         const support::Text id = support::uniqueAppID();
-        const support::Text system = support::pathText(folders_.system);
-        const support::Text user = support::pathText(folders_.user);
+        const support::Text system = support::pathText(folders.system);
+        const support::Text user = support::pathText(folders.user);
         desk.manager = faults::lib(KRT_PLX_CreateManager, id.c_str(), system.c_str(), user.c_str(),
                                    nullptr, 0, nullptr, 0, nullptr);
         ASSERT_NE(desk.manager, nullptr);
@@ -92,23 +113,6 @@ protected:
         faults::lib(KRT_PLX_Manager_destroy, desk.manager);
         EXPECT_EQ(faults::liveBlocks(), before);
     }
-
-    // An empty clip and its filter, with a manager that lives as long as the test.
-    Desk deskWithFilter()
-    {
-        manager_ = support::createManager(folders_);
-        Desk desk(wave_);
-        desk.manager = manager_.get();
-        desk.clip = faults::lib(KRT_PLX_Manager_createMutableClip, desk.manager);
-        desk.filter = faults::lib(KRT_PLX_MutableClip_filter, desk.clip);
-        return desk;
-    }
-
-private:
-    support::ScratchFolder scratch_;
-    support::Folders folders_{scratch_.path() / "system", scratch_.path() / "user", {}, {}};
-    support::Path wave_ = scratch_.path() / "take.wav";
-    support::OwnedManager manager_;
 };
 
 TEST_P(BuildTest, AFailedOperationChangesNothingAndLeaksNothing)
@@ -149,6 +153,49 @@ TEST_P(BuildTest, AFailedTagLeavesALongListAsItWas)
     for (std::uint64_t index = 0; index < numTypes(desk); ++index) {
         EXPECT_EQ(support::utf8(KRT_PLX_Filter_type(desk.filter, index)),
                   "tag " + std::to_string(index));
+    }
+}
+
+class EditableListTest : public BuildingTest {
+protected:
+    static KRT_PLX_MidiControllerBase* laneOf(const Desk& desk)
+    {
+        KRT_PLX_PartBase* const part = faults::lib(KRT_PLX_MutableClip_createMidiPart, desk.clip);
+        return faults::lib(KRT_PLX_MutableMidiPart_addMidiController, part, 0U);
+    }
+
+    static std::vector<KRT_PLX_MidiEventBase*> fill(KRT_PLX_MidiControllerBase* lane, int count)
+    {
+        std::vector<KRT_PLX_MidiEventBase*> events;
+        for (int pos = 0; pos < count; ++pos) {
+            events.push_back(faults::lib(KRT_PLX_MutableMidiController_insertEvent, lane, pos, 1));
+        }
+        return events;
+    }
+};
+
+// What holds the events is one block for many of them, not for each that stayed.
+TEST_F(EditableListTest, GivesBackTheMemoryOfWhatWasRemoved)
+{
+    constexpr int sparse = 500;
+    const Desk desk = deskWithFilter();
+    KRT_PLX_MidiControllerBase* const lane = laneOf(desk);
+    const long before = faults::liveBlocks();
+    const auto events = fill(lane, 100 * sparse);
+    std::vector<KRT_PLX_MidiEventBase*> kept;
+    for (std::size_t index = 0; index < events.size(); ++index) {
+        if (index % sparse == 0) {
+            kept.push_back(events[index]);
+        } else {
+            EXPECT_TRUE(faults::lib(KRT_PLX_MutableMidiEvent_remove, events[index]));
+        }
+    }
+    const auto keptCount = static_cast<long>(kept.size());
+    EXPECT_LE(faults::liveBlocks() - before, keptCount + 3);
+    EXPECT_EQ(support::countOf(KRT_PLX_MidiControllerBase_numEvents, lane), kept.size());
+    for (std::size_t index = 0; index < kept.size(); ++index) {
+        EXPECT_EQ(KRT_PLX_MutableMidiController_event(lane, index), kept[index]);
+        EXPECT_EQ(KRT_PLX_MidiEventBase_pos(kept[index]), static_cast<int>(index) * sparse);
     }
 }
 

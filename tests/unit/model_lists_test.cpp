@@ -270,11 +270,37 @@ TEST_F(ModelLongBlockList, GrowsMovesAndShrinksAnywhere)
         take(place);
     }
     check();
+    while (expected.size() < 3000) {
+        insert(random.below(expected.size() + 1));
+    }
+    check();
     while (!expected.empty()) {
         take(somePlace());
     }
     check();
     insert(0);
+    check();
+}
+
+// What stays of each block comes together, and grows again from there.
+TEST_F(ModelLongBlockList, GrowsAgainWhereBlocksHaveMerged)
+{
+    while (expected.size() < 3000) {
+        insert(expected.size());
+    }
+    for (std::size_t index = expected.size(); index-- > 0;) {
+        if (index % 100 != 0) {
+            take(index);
+        }
+    }
+    check();
+    for (int round = 0; round < 300; ++round) {
+        shift(somePlace(), somePlace());
+    }
+    check();
+    while (expected.size() < 3000) {
+        insert(random.below(expected.size() + 1));
+    }
     check();
 }
 
