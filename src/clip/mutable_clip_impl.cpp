@@ -61,7 +61,8 @@ void MutableClipImpl::setVendorName(const Char* text)
 
 MutableAudioPart* MutableClipImpl::createAudioPart()
 {
-    auto part = std::make_unique<MutableAudioPartImpl>(this, part_type::audio);
+    auto part = std::make_unique<MutableAudioPartImpl>(this);
+    part->setType(part_type::audio);
     MutableAudioPart* const created = part.get();
     part_ = std::move(part);
     return created;
@@ -69,7 +70,8 @@ MutableAudioPart* MutableClipImpl::createAudioPart()
 
 MutableMidiPart* MutableClipImpl::createMidi(std::uint32_t type)
 {
-    auto part = std::make_unique<MutableMidiPartImpl>(this, type);
+    auto part = std::make_unique<MutableMidiPartImpl>(this);
+    part->setType(type);
     MutableMidiPart* const created = part.get();
     part_ = std::move(part);
     return created;

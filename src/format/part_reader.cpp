@@ -32,7 +32,8 @@ std::unique_ptr<PartBase> readAudioPart(const Value& object, const fs::Path& cli
     if (!fs::isPlainFile({path, clipDirectory.givenLength})) {
         return nullptr;
     }
-    auto part = std::make_unique<AudioPartImpl>(clip, part_type::audio);
+    auto part = std::make_unique<AudioPartImpl>(clip);
+    part->setType(part_type::audio);
     part->assignWavFilePath(std::move(path));
     readEffects(members[keys::audioEffects], *part, part->audioEffects());
     return part;
@@ -84,7 +85,8 @@ std::unique_ptr<PartBase> readMidiPart(const Value& object, std::uint32_t type, 
 {
     namespace keys = schema::midi_part;
     const Members members(object, keys::keys);
-    auto part = std::make_unique<MidiPartImpl>(clip, type);
+    auto part = std::make_unique<MidiPartImpl>(clip);
+    part->setType(type);
     const auto duration = asInteger(members[keys::duration]);
     if (!duration || !part->assignDuration(*duration)) {
         return nullptr;

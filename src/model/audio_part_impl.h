@@ -5,10 +5,11 @@
 #include "model/effect_impl.h"
 #include "model/mutable_part_impl.h"
 #include "model/part.h"
+#include "model/part_base_impl.h"
 
 namespace Korvel::CANTORIS::PLX {
 
-class AudioPartBaseImpl : public virtual AudioPartBase {
+class AudioPartBaseImpl : public virtual AudioPartBase, public PartBaseImpl {
 public:
     explicit AudioPartBaseImpl(ClipBase* clip) : clip_(clip) {}
 
@@ -29,13 +30,11 @@ private:
 
 class AudioPartImpl final : public AudioPart, public AudioPartBaseImpl {
 public:
-    AudioPartImpl(ClipBase* clip, std::uint32_t type) : AudioPartBaseImpl(clip), type_(type) {}
+    using AudioPartBaseImpl::AudioPartBaseImpl;
 
     // For the reader, which fills a part before anyone sees it.
     EffectList<AudioEffectImpl>& audioEffects() { return audioEffects_; }
 
-    std::uint32_t type() const noexcept override { return type_; }
-    void setType(std::uint32_t code) override { type_ = code; }
     bool isMutable() const noexcept override { return false; }
     std::uint64_t numAudioEffects() const noexcept override
     {
@@ -54,7 +53,6 @@ public:
     AudioPart* asAudioPart() noexcept override { return this; }
 
 private:
-    std::uint32_t type_;
     EffectList<AudioEffectImpl> audioEffects_;
 };
 
@@ -62,10 +60,7 @@ class MutableAudioPartImpl final : public MutableAudioPart,
                                    public AudioPartBaseImpl,
                                    public MutablePartImpl {
 public:
-    MutableAudioPartImpl(ClipBase* clip, std::uint32_t type)
-        : AudioPartBaseImpl(clip), MutablePartImpl(type)
-    {
-    }
+    using AudioPartBaseImpl::AudioPartBaseImpl;
 
     std::uint64_t numAudioEffects() const noexcept override { return audioEffects().size(); }
     ClipBase* parent() const noexcept override { return clip(); }

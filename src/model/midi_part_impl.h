@@ -9,10 +9,11 @@
 #include "model/mutable_part_impl.h"
 #include "model/note_impl.h"
 #include "model/part.h"
+#include "model/part_base_impl.h"
 
 namespace Korvel::CANTORIS::PLX {
 
-class MidiPartBaseImpl : public virtual MidiPartBase {
+class MidiPartBaseImpl : public virtual MidiPartBase, public PartBaseImpl {
 public:
     explicit MidiPartBaseImpl(ClipBase* clip) : clip_(clip) {}
 
@@ -71,7 +72,7 @@ Lane* insertLane(OwnedList<Lane>& lanes, std::unique_ptr<Lane> lane)
 
 class MidiPartImpl final : public MidiPart, public MidiPartBaseImpl {
 public:
-    MidiPartImpl(ClipBase* clip, std::uint32_t type) : MidiPartBaseImpl(clip), type_(type) {}
+    using MidiPartBaseImpl::MidiPartBaseImpl;
 
     // For the reader, which fills a part before anyone sees it.
     EffectList<AudioEffectImpl>& audioEffects() { return audioEffects_; }
@@ -79,8 +80,6 @@ public:
     OwnedList<NoteImpl>& notes() { return notes_; }
     OwnedList<MidiControllerImpl>& lanes() { return lanes_; }
 
-    std::uint32_t type() const noexcept override { return type_; }
-    void setType(std::uint32_t code) override { type_ = code; }
     bool isMutable() const noexcept override { return false; }
     std::uint64_t numAudioEffects() const noexcept override
     {
@@ -119,7 +118,6 @@ public:
     MidiPart* asMidiPart() noexcept override { return this; }
 
 private:
-    std::uint32_t type_;
     EffectList<AudioEffectImpl> audioEffects_;
     EffectList<MidiEffectImpl> midiEffects_;
     OwnedList<NoteImpl> notes_;
@@ -130,10 +128,7 @@ class MutableMidiPartImpl final : public MutableMidiPart,
                                   public MidiPartBaseImpl,
                                   public MutablePartImpl {
 public:
-    MutableMidiPartImpl(ClipBase* clip, std::uint32_t type)
-        : MidiPartBaseImpl(clip), MutablePartImpl(type)
-    {
-    }
+    using MidiPartBaseImpl::MidiPartBaseImpl;
 
     std::uint64_t numAudioEffects() const noexcept override { return audioEffects().size(); }
     std::uint64_t numMidiEffects() const noexcept override { return midiEffects_.effects().size(); }

@@ -25,10 +25,6 @@ EffectImpl* insertEffect(EffectList<EffectImpl>& list, PartBase& part, std::uint
 // What both editable parts share.
 class MutablePartImpl : public virtual PartBase {
 public:
-    explicit MutablePartImpl(std::uint32_t type) : type_(type) {}
-
-    std::uint32_t type() const noexcept override { return type_; }
-    void setType(std::uint32_t code) override { type_ = code; }
     bool isMutable() const noexcept override { return true; }
 
 protected:
@@ -42,7 +38,6 @@ protected:
     }
 
 private:
-    std::uint32_t type_;
     EffectList<MutableAudioEffectImpl> audioEffects_;
 };
 

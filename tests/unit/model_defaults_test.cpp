@@ -105,11 +105,20 @@ void expectNewParameter(const EffectParameterBase& parameter)
     EXPECT_EQ(lengthOf(parameter.valueString()), 0u);
 }
 
+void expectTypeAsSet(PartBase&& part)
+{
+    EXPECT_EQ(part.type(), 4u);
+    for (const std::uint32_t type : {3u, 1u, 2u}) {
+        part.setType(type);
+        EXPECT_EQ(part.type(), type);
+    }
+}
+
 // Both variants of everything, in a part of each.
 class ModelDefaults : public testing::Test {
 protected:
-    MidiPartImpl readOnlyPart{nullptr, part_type::midi};
-    MutableMidiPartImpl editablePart{nullptr, part_type::midi};
+    MidiPartImpl readOnlyPart{nullptr};
+    MutableMidiPartImpl editablePart{nullptr};
     BlockList<MutableNoteImpl> editableNotes;
     NoteImpl readOnlyNote{readOnlyPart};
     MutableNoteImpl editableNote{editablePart, editableNotes};
@@ -139,8 +148,16 @@ TEST_F(ModelDefaults, OfPartsAreThoseOfBothVariants)
 {
     expectNewMidiPart(readOnlyPart);
     expectNewMidiPart(editablePart);
-    expectNewAudioPart(AudioPartImpl(nullptr, part_type::audio));
-    expectNewAudioPart(MutableAudioPartImpl(nullptr, part_type::audio));
+    expectNewAudioPart(AudioPartImpl(nullptr));
+    expectNewAudioPart(MutableAudioPartImpl(nullptr));
+}
+
+TEST_F(ModelDefaults, AreNoTypeForAPartThatWasNotGivenOne)
+{
+    expectTypeAsSet(MidiPartImpl(nullptr));
+    expectTypeAsSet(MutableMidiPartImpl(nullptr));
+    expectTypeAsSet(AudioPartImpl(nullptr));
+    expectTypeAsSet(MutableAudioPartImpl(nullptr));
 }
 
 TEST_F(ModelDefaults, OfParametersAreThoseOfBothVariants)
@@ -174,8 +191,8 @@ TEST_F(ModelDefaults, EveryObjectKnowsItsVariant)
 {
     expectVariant(readOnlyPart, false);
     expectVariant(editablePart, true);
-    expectVariant(AudioPartImpl(nullptr, part_type::audio), false);
-    expectVariant(MutableAudioPartImpl(nullptr, part_type::audio), true);
+    expectVariant(AudioPartImpl(nullptr), false);
+    expectVariant(MutableAudioPartImpl(nullptr), true);
     expectVariant(readOnlyNote, false);
     expectVariant(editableNote, true);
     expectVariant(*readOnlyNote.vibrato(), false);

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <cstdint>
+
+#include "model/codes.h"
+#include "model/part.h"
+
+namespace Korvel::CANTORIS::PLX {
+
+// What all parts share. Whoever makes a part gives it its type.
+class PartBaseImpl : public virtual PartBase {
+public:
+    std::uint32_t type() const noexcept override { return type_; }
+    void setType(std::uint32_t code) override { type_ = code; }
+
+private:
+    std::uint32_t type_ = part_type::none;
+};
+
+} // namespace Korvel::CANTORIS::PLX
