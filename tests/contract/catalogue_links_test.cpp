@@ -88,7 +88,7 @@ TEST_F(CatalogueLinks, MayBeAMainDirectory)
     EXPECT_THAT(support::systemClipIDs(other.get()), ElementsAre("linked"));
 }
 
-TEST_F(CatalogueLinks, ToTheSameFolderAreAllEntered)
+TEST_F(CatalogueLinks, ToTheSameFolderShowItsClipsOnce)
 {
     addClip(outside(), propertyDocument("linked"), midiDocument());
     linkFolder(outside(), systemFolder() / "one");

@@ -25,6 +25,8 @@ def complaints(comment, result):
         yield "how long the text lives"
     if is_object and not re.search("own|valid|belongs|lives", text):
         yield "who owns the object and how long it lives"
+    if re.search("dead handle|alive or dead", text) and "at the address of a dead one" not in text:
+        yield "that a new object may have the address of a dead one"
 
 
 def main():

@@ -182,7 +182,8 @@ KRT_PLX_API KRT_PLX_PartBase* KRT_PLX_Clip_audioPart(KRT_PLX_ClipBase* clip) KRT
 /**
  * Tells whether a handle is the clip's loaded audio part.
  *
- * Compares addresses only and does not look into `element`: a dead handle may be passed.
+ * Compares addresses only and does not look into `element`: a dead handle may be passed. A new
+ * object may stand at the address of a dead one, which then counts as found.
  *
  * @param clip     a system or user clip
  * @param element  any part handle, alive or dead
@@ -205,7 +206,8 @@ KRT_PLX_API KRT_PLX_PartBase* KRT_PLX_Clip_midiPart(KRT_PLX_ClipBase* clip) KRT_
 /**
  * Tells whether a handle is the clip's loaded MIDI part.
  *
- * Compares addresses only and does not look into `element`: a dead handle may be passed.
+ * Compares addresses only and does not look into `element`: a dead handle may be passed. A new
+ * object may stand at the address of a dead one, which then counts as found.
  *
  * @param clip     a system or user clip
  * @param element  any part handle, alive or dead
@@ -375,7 +377,8 @@ KRT_PLX_API bool KRT_PLX_PropertyEditor_setPartTempo(
  *
  * `property.json` is written anew, in compact form: what other programs added to it is lost. For an
  * audio clip it holds no key and no tempo; these two last until the clip is read again, and are
- * then 0. So are vendor tags: reading derives them anew (filter.h).
+ * then 0. Vendor tags are not written either: they, too, last until the clip is read again, which
+ * derives them anew (filter.h).
  *
  * On success the disk has the new document. On failure the clip keeps its values and the file the old
  * document: it fails when no name was set, when a text to be written holds a lone surrogate or the
@@ -456,7 +459,8 @@ KRT_PLX_API KRT_PLX_PartBase* KRT_PLX_MutableClip_midiPart(KRT_PLX_ClipBase* cli
  *
  * That includes NULL: **a null `element` gives true when the clip has no audio part.** (The
  * functions of the same name for catalogue clips and for parts answer false for null.) Compares
- * addresses only and does not look into `element`: a dead handle may be passed.
+ * addresses only and does not look into `element`: a dead handle may be passed. A new object may
+ * stand at the address of a dead one, which then counts as found.
  *
  * @param clip     an editable clip
  * @param element  any part handle, alive or dead, or null
@@ -471,7 +475,8 @@ KRT_PLX_API bool KRT_PLX_MutableClip_hasAudioPart(
  *
  * That includes NULL: **a null `element` gives true when the clip has no MIDI part.** (The
  * functions of the same name for catalogue clips and for parts answer false for null.) Compares
- * addresses only and does not look into `element`: a dead handle may be passed.
+ * addresses only and does not look into `element`: a dead handle may be passed. A new object may
+ * stand at the address of a dead one, which then counts as found.
  *
  * @param clip     an editable clip
  * @param element  any part handle, alive or dead, or null

@@ -12,7 +12,8 @@
  *    one that fails the check, the function does nothing and returns its documented default.
  * 3. **Dead handles are not checked**, except where a function tests membership (`..._has...`,
  *    KRT_PLX_HasManager(), KRT_PLX_Manager_destroy()): those compare addresses and never look into
- *    the handle they were given. Each function that destroys objects says which handles it kills.
+ *    the handle they were given. A new object may stand at the address of a dead one. Each function
+ *    that destroys objects says which handles it kills.
  * 4. **Nothing is freed by the host.** Objects and texts belong to their parents: a manager owns its
  *    clips, a clip its part, a part its notes, lanes and effects, and so on down.
  * 5. **Text** is UTF-16, ended by a NUL unit (#KRT_PLX_Char). Text passed in is copied. Text returned

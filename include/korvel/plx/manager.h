@@ -16,7 +16,8 @@
  * directory. Its catalogue properties stand beside it in a file named `property.json`; where that
  * is missing or unusable, they are taken from the clip file. A file that cannot be used is left out
  * without a word, and the reading goes on. A link to a file or to a folder counts as what it leads
- * to, except that a link back to a folder that is being read is passed over.
+ * to, with two exceptions. A link back to a folder that is being read is passed over. Of several
+ * links below one directory that lead to one folder, only the first that is met is followed.
  *
  * ## Paths
  *
@@ -218,7 +219,7 @@ KRT_PLX_API KRT_PLX_ClipBase* KRT_PLX_Manager_systemClip(
  * Tells whether a handle is one of the manager's listed system clips.
  *
  * Compares addresses only, never IDs, and does not look into `element`: a dead handle may be
- * passed.
+ * passed. A new object may stand at the address of a dead one, which then counts as found.
  *
  * @param manager  a manager
  * @param element  any clip handle, alive or dead
@@ -265,7 +266,7 @@ KRT_PLX_API KRT_PLX_ClipBase* KRT_PLX_Manager_userClip(
  * Tells whether a handle is one of the manager's listed user clips.
  *
  * Compares addresses only, never IDs, and does not look into `element`: a dead handle may be
- * passed.
+ * passed. A new object may stand at the address of a dead one, which then counts as found.
  *
  * @param manager  a manager
  * @param element  any clip handle, alive or dead
@@ -297,7 +298,8 @@ KRT_PLX_API KRT_PLX_ClipBase* KRT_PLX_Manager_createMutableClip(
 /**
  * Tells whether a handle is one of the manager's living editable clips.
  *
- * Compares addresses only and does not look into `element`: a dead handle may be passed.
+ * Compares addresses only and does not look into `element`: a dead handle may be passed. A new
+ * object may stand at the address of a dead one, which then counts as found.
  *
  * @param manager  a manager
  * @param element  any clip handle, alive or dead

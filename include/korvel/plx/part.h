@@ -214,7 +214,8 @@ KRT_PLX_API KRT_PLX_NoteBase* KRT_PLX_MidiPart_note(
 /**
  * Tells whether a handle is one of the part's notes.
  *
- * Compares addresses only and does not look into `element`: a dead handle may be passed.
+ * Compares addresses only and does not look into `element`: a dead handle may be passed. A new
+ * object may stand at the address of a dead one, which then counts as found.
  *
  * @param part     a read-only MIDI part
  * @param element  any note handle, alive or dead
@@ -239,7 +240,8 @@ KRT_PLX_API KRT_PLX_MidiControllerBase* KRT_PLX_MidiPart_midiController(
 /**
  * Tells whether a handle is one of the part's controller lanes.
  *
- * Compares addresses only and does not look into `element`: a dead handle may be passed.
+ * Compares addresses only and does not look into `element`: a dead handle may be passed. A new
+ * object may stand at the address of a dead one, which then counts as found.
  *
  * @param part     a read-only MIDI part
  * @param element  any lane handle, alive or dead
@@ -263,7 +265,8 @@ KRT_PLX_API KRT_PLX_EffectBase* KRT_PLX_MidiPart_midiEffect(
 /**
  * Tells whether a handle is one of the part's MIDI effects.
  *
- * Compares addresses only and does not look into `element`: a dead handle may be passed.
+ * Compares addresses only and does not look into `element`: a dead handle may be passed. A new
+ * object may stand at the address of a dead one, which then counts as found.
  *
  * @param part     a read-only MIDI part
  * @param element  any effect handle, alive or dead
@@ -287,7 +290,8 @@ KRT_PLX_API KRT_PLX_EffectBase* KRT_PLX_MidiPart_audioEffect(
 /**
  * Tells whether a handle is one of the part's audio effects.
  *
- * Compares addresses only and does not look into `element`: a dead handle may be passed.
+ * Compares addresses only and does not look into `element`: a dead handle may be passed. A new
+ * object may stand at the address of a dead one, which then counts as found.
  *
  * @param part     a read-only MIDI part
  * @param element  any effect handle, alive or dead
@@ -344,7 +348,8 @@ KRT_PLX_API KRT_PLX_NoteBase* KRT_PLX_MutableMidiPart_note(
 /**
  * Tells whether a handle is one of the part's notes.
  *
- * Compares addresses only and does not look into `element`: a dead handle may be passed.
+ * Compares addresses only and does not look into `element`: a dead handle may be passed. A new
+ * object may stand at the address of a dead one, which then counts as found.
  *
  * @param part     an editable MIDI part
  * @param element  any note handle, alive or dead
@@ -403,7 +408,8 @@ KRT_PLX_API KRT_PLX_MidiControllerBase* KRT_PLX_MutableMidiPart_midiController(
 /**
  * Tells whether a handle is one of the part's controller lanes.
  *
- * Compares addresses only and does not look into `element`: a dead handle may be passed.
+ * Compares addresses only and does not look into `element`: a dead handle may be passed. A new
+ * object may stand at the address of a dead one, which then counts as found.
  *
  * @param part     an editable MIDI part
  * @param element  any lane handle, alive or dead
@@ -454,7 +460,8 @@ KRT_PLX_API KRT_PLX_EffectBase* KRT_PLX_MutableMidiPart_midiEffect(
 /**
  * Tells whether a handle is one of the part's MIDI effects.
  *
- * Compares addresses only and does not look into `element`: a dead handle may be passed.
+ * Compares addresses only and does not look into `element`: a dead handle may be passed. A new
+ * object may stand at the address of a dead one, which then counts as found.
  *
  * @param part     an editable MIDI part
  * @param element  any effect handle, alive or dead
@@ -496,7 +503,8 @@ KRT_PLX_API KRT_PLX_EffectBase* KRT_PLX_MutableMidiPart_audioEffect(
 /**
  * Tells whether a handle is one of the part's audio effects.
  *
- * Compares addresses only and does not look into `element`: a dead handle may be passed.
+ * Compares addresses only and does not look into `element`: a dead handle may be passed. A new
+ * object may stand at the address of a dead one, which then counts as found.
  *
  * @param part     an editable MIDI part
  * @param element  any effect handle, alive or dead
@@ -689,7 +697,8 @@ KRT_PLX_API KRT_PLX_EffectBase* KRT_PLX_AudioPart_audioEffect(
 /**
  * Tells whether a handle is one of the part's audio effects.
  *
- * Compares addresses only and does not look into `element`: a dead handle may be passed.
+ * Compares addresses only and does not look into `element`: a dead handle may be passed. A new
+ * object may stand at the address of a dead one, which then counts as found.
  *
  * @param part     a read-only audio part
  * @param element  any effect handle, alive or dead
@@ -734,7 +743,8 @@ KRT_PLX_API KRT_PLX_EffectBase* KRT_PLX_MutableAudioPart_audioEffect(
 /**
  * Tells whether a handle is one of the part's audio effects.
  *
- * Compares addresses only and does not look into `element`: a dead handle may be passed.
+ * Compares addresses only and does not look into `element`: a dead handle may be passed. A new
+ * object may stand at the address of a dead one, which then counts as found.
  *
  * @param part     an editable audio part
  * @param element  any effect handle, alive or dead
