@@ -1,5 +1,7 @@
 #include "manager/catalogue_scan.h"
 
+#include <new>
+
 #include "clip/clip_files.h"
 #include "fs/fs.h"
 #include "manager/manager_impl.h"
@@ -70,7 +72,11 @@ Result CatalogueScan::read(const String& directory, OwnedList<ClipT>& clips, Ids
         }
         properties = properties == Properties::read ? Properties::listed : properties;
     };
-    hadMemory_ = fs::forEachFile(directory, visit) && hadMemory_;
+    try {
+        hadMemory_ = fs::forEachFile(directory, visit) && hadMemory_;
+    } catch (const std::bad_alloc&) {
+        hadMemory_ = false; // not even for the first step into this directory; the others are read
+    }
     return Result::success;
 }
 
