@@ -156,7 +156,16 @@ TEST_F(RemoveLinks, TheAudioFolder)
     expectRemoved(readAudio());
     EXPECT_EQ(readFile(outside() / "take.wav"), "RIFF");
     EXPECT_EQ(readFile(outside() / "precious"), "mine");
-    EXPECT_FALSE(std::filesystem::exists(folder() / "clip.kxclip"));
+    EXPECT_TRUE(isGone(folder())); // the link was all that was left in it
+}
+
+TEST_F(RemoveLinks, TheAudioFolderOfAWaveFileInAFolderOfIt)
+{
+    writeFile(outside() / "inner" / "take.wav", "RIFF");
+    link(folder() / "audio", outside());
+    addAudioDocuments(R"(inner\\take.wav)");
+    expectRemoved(readAudio());
+    EXPECT_EQ(readFile(outside() / "inner" / "take.wav"), "RIFF");
 }
 
 TEST_F(RemoveLinks, TheAudioFolderToAFolderBesideIt)
@@ -211,6 +220,15 @@ TEST_F(RemoveLinks, OnTheWayToTheWaveFile)
     link(folder() / "audio" / "inner", outside());
     expectRemoved(readAudio());
     EXPECT_EQ(readFile(outside() / "take.wav"), "RIFF");
+}
+
+TEST_F(RemoveLinks, FurtherUpOnTheWayToTheWaveFile)
+{
+    writeFile(outside() / "deep" / "take.wav", "RIFF");
+    addAudioDocuments(R"(inner\\deep\\take.wav)");
+    link(folder() / "audio" / "inner", outside());
+    expectRemoved(readAudio());
+    EXPECT_EQ(readFile(outside() / "deep" / "take.wav"), "RIFF");
 }
 
 // What a failed saving has made is removed in the same way.

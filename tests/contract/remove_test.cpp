@@ -328,6 +328,44 @@ TEST_F(RemoveTest, LeavesAWaveFileInAnotherFolder)
     }
 }
 
+// The folder of such a clip is the user directory, where all other clips lie.
+TEST_F(RemoveTest, OfAClipInTheUserDirectoryLeavesTheFoldersOfOthers)
+{
+    for (const char* const name : {R"(..\\victim\\take.wav)", R"(..\\victim\\audio\\take.wav)",
+                                   R"(..\\audio\\..\\victim\\take.wav)", R"(..\\take.wav)"}) {
+        SCOPED_TRACE(name);
+        writeFile(userFolder() / "take.wav", "RIFF");
+        support::addAudioClip(userFolder() / "victim", "VICTIM");
+        writeFile(userFolder() / "victim" / "take.wav", "RIFF");
+        std::filesystem::create_directories(userFolder() / "audio");
+        const support::Tree others = treeOf(userFolder());
+        support::addClip(userFolder(), support::propertyDocument("ID", "audio"),
+                         support::audioDocument(name));
+        KRT_PLX_ClipBase* const clip = readClip();
+        ASSERT_TRUE(KRT_PLX_Clip_readPart(clip));
+        expectRemoved(clip);
+        EXPECT_EQ(treeOf(userFolder()), others);
+    }
+}
+
+TEST_F(RemoveTest, OfAClipInTheUserDirectoryDeletesItsOwnAudioFolder)
+{
+    support::addAudioClip(userFolder() / "other", "OTHER");
+    const support::Tree others = treeOf(userFolder());
+    support::addAudioClip(userFolder(), "ID");
+    KRT_PLX_ClipBase* const clip = readClip();
+    ASSERT_TRUE(KRT_PLX_Clip_readPart(clip));
+    expectRemoved(clip);
+    EXPECT_EQ(treeOf(userFolder()), others);
+}
+
+// A folder beside the audio folder is not it, even in the clip's own folder.
+TEST_F(RemoveTest, LeavesAWaveFileInItsFolderButOutsideTheAudioFolder)
+{
+    expectRemoved(addAudio("../takes/take.wav"));
+    EXPECT_EQ(support::readFile(folder() / "takes" / "take.wav"), "RIFF");
+}
+
 TEST_F(RemoveTest, LeavesAWaveFileOutsideTheUserDirectory)
 {
     writeFile(scratch() / "outside" / "precious", "mine");
