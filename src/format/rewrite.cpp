@@ -80,37 +80,18 @@ Attempt rewriteHeld(fs::HeldFile& file, const fs::Path& path, std::string_view d
     return isWritten && file.isAt(path) ? Attempt::done : Attempt::failed;
 }
 
-bool isEmpty(fs::ReadResult result, const std::string& content)
-{
-    return result == fs::ReadResult::read && content.empty();
-}
-
 bool isStillEmpty(fs::HeldFile& file)
 {
     std::string content;
-    return isEmpty(file.read(content, propertyDocumentLimit), content);
+    return file.read(content, propertyDocumentLimit) == fs::ReadResult::read && content.empty();
 }
 
-// What was made but could not be held. In the meantime another may have written into it.
-void removeIfEmpty(const fs::Folder& folder, StringView name)
-{
-    std::string content;
-    if (isEmpty(folder.read(name, content, propertyDocumentLimit), content)) {
-        folder.remove(name);
-    }
-}
-
-// Not written at once: between making and locking it another may have taken it, and then it is theirs.
 Attempt makeDocument(const fs::Folder& folder, StringView name, const fs::Path& path,
                      std::string_view document, fs::Patience& patience)
 {
-    if (folder.create(name, {}) != fs::WriteResult::written) {
-        return folder.isMissing(name) ? Attempt::failed : Attempt::tryAgain;
-    }
-    fs::HeldFile file = folder.hold(name, fs::Folder::Purpose::change, patience);
+    fs::HeldFile file = folder.hold(name, fs::Folder::Purpose::making, patience);
     if (file.state() != fs::HeldFile::State::held) {
-        removeIfEmpty(folder, name);
-        return Attempt::failed;
+        return folder.isMissing(name) ? Attempt::failed : Attempt::tryAgain;
     }
     const bool isOurs = isStillEmpty(file);
     const Attempt attempt = rewriteHeld(file, path, document);

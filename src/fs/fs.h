@@ -208,8 +208,10 @@ public:
 
     ReadResult read(StringView name, std::string& content, std::uint64_t limit) const;
 
-    // Takes a file for a change, or only for its removal.
-    enum class Purpose { change, removal };
+    // Takes a file for a change, or only for its removal. Or makes an empty one where nothing is yet,
+    // and takes it for a change: between its making and its holding another program may have taken it,
+    // and then it is theirs.
+    enum class Purpose { change, removal, making };
     HeldFile hold(StringView name, Purpose purpose, Patience& patience) const;
 
     // Removes one file, one link or one empty folder.

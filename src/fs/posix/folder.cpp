@@ -62,6 +62,20 @@ Descriptor openPlain(int folder, const char* path, int flags, int statusFlags)
     return file;
 }
 
+// By one opening: what is made is not left behind for want of a second one.
+Descriptor makeToHold(const OpenFolder& folder, StringView name)
+{
+    return openFile(folder.descriptor.number(), HostName{name, folder.pathLength}.text(),
+                    O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW);
+}
+
+Descriptor openToHold(const OpenFolder& folder, StringView name, Folder::Purpose purpose)
+{
+    const int access = purpose == Folder::Purpose::removal ? O_RDONLY : O_RDWR;
+    return openPlain(folder.descriptor.number(), HostName{name}.text(), access | O_NOFOLLOW,
+                     AT_SYMLINK_NOFOLLOW);
+}
+
 } // namespace
 
 Folder::Folder() noexcept = default;
@@ -132,10 +146,9 @@ ReadResult Folder::read(StringView name, std::string& content, std::uint64_t lim
 
 HeldFile Folder::hold(StringView name, Purpose purpose, Patience& patience) const
 {
-    const int access = purpose == Purpose::change ? O_RDWR : O_RDONLY;
-    auto file =
-        std::make_unique<OpenFile>(openPlain(folder_->descriptor.number(), HostName{name}.text(),
-                                             access | O_NOFOLLOW, AT_SYMLINK_NOFOLLOW));
+    auto file = std::make_unique<OpenFile>(Descriptor{-1});
+    file->descriptor = purpose == Purpose::making ? makeToHold(*folder_, name)
+                                                  : openToHold(*folder_, name, purpose);
     if (!file->descriptor) {
         return HeldFile(errno == ENOENT ? HeldFile::State::missing : HeldFile::State::refused);
     }
