@@ -28,7 +28,8 @@ std::string roomBehind(std::string_view old, std::size_t size)
 //   old document's bytes and nothing behind them.
 // - The new document goes over the old one in one piece, with blanks up to the end of the file, so
 //   that nothing of the old one stands behind it.
-// - Only when the disk has it are the blanks cut off. With them it means the same.
+// - Only when the disk has it, and the path still leads to it, are the blanks cut off. With them it means
+//   the same. Until then the old document can be put back.
 class Rewriting {
 public:
     Rewriting(fs::HeldFile& file, std::string old, std::string_view document)
@@ -38,13 +39,13 @@ public:
         new_.resize(old_.size(), ' ');
     }
 
-    bool run()
+    bool run(const String& path)
     {
         if (!makeRoom()) {
             file_.cut(oldSize_);
             return false;
         }
-        if (!(file_.write(0, new_) && file_.sync())) {
+        if (!(file_.write(0, new_) && file_.sync() && file_.isAt(path))) {
             file_.write(0, old_);
             file_.cut(oldSize_);
             return false;
@@ -76,8 +77,7 @@ Attempt rewriteHeld(fs::HeldFile& file, const fs::Path& path, std::string_view d
     if (file.read(old, propertyDocumentLimit) != fs::ReadResult::read) {
         return Attempt::failed;
     }
-    const bool isWritten = Rewriting(file, std::move(old), document).run();
-    return isWritten && file.isAt(path) ? Attempt::done : Attempt::failed;
+    return Rewriting(file, std::move(old), document).run(path) ? Attempt::done : Attempt::failed;
 }
 
 bool isStillEmpty(fs::HeldFile& file)
