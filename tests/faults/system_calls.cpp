@@ -174,6 +174,11 @@ void failCall(long number, int error)
     begin({.failing = number, .error = error});
 }
 
+void failCallAndShorten(long number, int error, std::size_t bytes)
+{
+    begin({.failing = number, .error = error, .longest = bytes});
+}
+
 void failCallAndDeleting(long number, int error)
 {
     begin({.failing = number, .error = error, .andDeleting = true});

@@ -38,10 +38,13 @@ const Changes& changesSoFar();
 // The call of that number fails. EINTR is only given to calls that know it.
 void failCall(long number, int error);
 
-// The same, and all calls after it that would delete something fail too.
+// The same, and each call reads or writes this many bytes at most: what it reads or writes breaks off.
+void failCallAndShorten(long number, int error, std::size_t bytes);
+
+// As failCall, and all calls after it that would delete something fail too.
 void failCallAndDeleting(long number, int error);
 
-// The same, and all calls after it fail too.
+// As failCall, and all calls after it fail too.
 void failCallsFrom(long number, int error);
 
 // From the call of that number on nothing can be opened; all else works.
