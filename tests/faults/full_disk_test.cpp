@@ -20,6 +20,35 @@ using support::Tree;
 
 constexpr std::size_t longName = 20000;
 
+// Takes up what room there is, and gives it back one block after the other.
+class Filler {
+public:
+    explicit Filler(const Path& file) : file_(file)
+    {
+        const std::string block(blockSize, 'f');
+        std::ofstream stream(file, std::ios::binary);
+        while (stream.write(block.data(), blockSize) && stream.flush()) {
+            size_ += blockSize;
+        }
+        stream.close();
+        std::filesystem::resize_file(file, size_);
+    }
+
+    [[nodiscard]] bool isEmpty() const { return size_ == 0; }
+
+    void giveBlockBack()
+    {
+        size_ -= std::min(size_, blockSize);
+        std::filesystem::resize_file(file_, size_);
+    }
+
+private:
+    static constexpr std::uintmax_t blockSize = 4096;
+
+    Path file_;
+    std::uintmax_t size_ = 0;
+};
+
 // A clip of a manager of its own, and an editor of it that makes its document longer.
 class FullDiskTest : public testing::Test {
 protected:
@@ -78,6 +107,22 @@ protected:
         return result.clip != nullptr;
     }
 
+    // With no block left, with one, and so on until both succeed.
+    void fillAndChange()
+    {
+        openEditor(longName);
+        Filler filler(world_.folder("user") / "filler");
+        bool isEdited = edit();
+        bool isSaved = save();
+        EXPECT_FALSE(isEdited || isSaved);
+        while (!(isEdited && isSaved) && !HasFailure()) {
+            ASSERT_FALSE(filler.isEmpty());
+            filler.giveBlockBack();
+            isEdited = isEdited || edit();
+            isSaved = isSaved || save();
+        }
+    }
+
     faults::World world_;
     Path document_;
 };
@@ -108,55 +153,7 @@ TEST_F(FullDiskTest, AMissingDocument)
     EXPECT_TRUE(edit());
 }
 
-// Takes up what room there is, and gives it back one block after the other.
-class Filler {
-public:
-    explicit Filler(const Path& file) : file_(file)
-    {
-        const std::string block(blockSize, 'f');
-        std::ofstream stream(file, std::ios::binary);
-        while (stream.write(block.data(), blockSize) && stream.flush()) {
-            size_ += blockSize;
-        }
-        stream.close();
-        std::filesystem::resize_file(file, size_);
-    }
-
-    [[nodiscard]] bool isEmpty() const { return size_ == 0; }
-
-    void giveBlockBack()
-    {
-        size_ -= std::min(size_, blockSize);
-        std::filesystem::resize_file(file_, size_);
-    }
-
-private:
-    static constexpr std::uintmax_t blockSize = 4096;
-
-    Path file_;
-    std::uintmax_t size_ = 0;
-};
-
-class FullFileSystemTest : public FullDiskTest {
-protected:
-    // With no block left, with one, and so on until both succeed.
-    void fillAndChange()
-    {
-        openEditor(longName);
-        Filler filler(world_.folder("user") / "filler");
-        bool isEdited = edit();
-        bool isSaved = save();
-        EXPECT_FALSE(isEdited || isSaved);
-        while (!(isEdited && isSaved) && !HasFailure()) {
-            ASSERT_FALSE(filler.isEmpty());
-            filler.giveBlockBack();
-            isEdited = isEdited || edit();
-            isSaved = isSaved || save();
-        }
-    }
-};
-
-TEST_F(FullFileSystemTest, InMemory)
+TEST_F(FullDiskTest, AFileSystemInMemory)
 {
     const Path aside = world_.folder("aside");
     std::filesystem::rename(world_.folder("user"), aside);
@@ -169,17 +166,25 @@ TEST_F(FullFileSystemTest, InMemory)
     world_.destroyManager();
 }
 
-TEST_F(FullFileSystemTest, OnADisk)
+// Of a disk with these mount options.
+class FullFileSystemTest : public FullDiskTest, public testing::WithParamInterface<const char*> {};
+
+TEST_P(FullFileSystemTest, OnADisk)
 {
-    if (!faults::isExhaustive()) {
-        GTEST_SKIP() << "only scripts/torture fills a real file system";
-    }
-    const faults::LoopDisk disk(world_.folder("user"), world_.wave().replace_filename("image"), "");
+    const faults::LoopDisk disk(world_.folder("user"), world_.wave().replace_filename("image"),
+                                GetParam());
     if (!disk.missing().empty()) {
         GTEST_SKIP() << disk.missing();
     }
     fillAndChange();
     world_.destroyManager();
 }
+
+// In the test command there is no such disk.
+GTEST_ALLOW_UNINSTANTIATED_PARAMETERIZED_TEST(FullFileSystemTest);
+INSTANTIATE_TEST_SUITE_P(Options, FullFileSystemTest,
+                         testing::ValuesIn(faults::isExhaustive()
+                                               ? std::vector<const char*>{"", ",noauto_da_alloc"}
+                                               : std::vector<const char*>()));
 
 } // namespace
