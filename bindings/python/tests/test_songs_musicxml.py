@@ -109,6 +109,13 @@ def test_the_first_part_with_lyrics_is_taken():
     assert planned(data, part="Part 2").lyrics == ["sung"]
 
 
+def jump(words, sound):
+    return (f"<direction><direction-type><words>{words}</words></direction-type><sound {sound}/></direction>")
+
+
+SEGNO = '<direction><direction-type><segno/></direction-type><sound segno="s"/></direction>'
+CODA = '<direction><direction-type><coda/></direction-type><sound coda="c"/></direction>'
+DA_CAPO = jump("D.C. al Fine", 'dacapo="yes"')
 PLAYED = {
     "a repeat": ([bar("a", barline(REPEAT)), bar("b")], "a a b"),
     "a repeat with a begin": ([bar("a"), FORWARD + bar("b"), bar("c", barline(REPEAT)), bar("d")],
@@ -127,12 +134,14 @@ PLAYED = {
                               "a b c a d e"),
     "two repeats": ([bar("a", barline(REPEAT)), FORWARD + bar("b", barline(REPEAT)), bar("c")],
                     "a a b b c"),
-    "da capo al fine": ([bar("a", '<sound fine="yes"/>'), bar("b", '<sound dacapo="yes"/>')], "a b a"),
-    "dal segno al coda": ([bar("a"), '<sound segno="s"/>' + bar("b", '<sound tocoda="c"/>'),
-                           bar("c", '<sound dalsegno="s"/>'), '<sound coda="c"/>' + bar("d")],
-                          "a b c b d"),
-    "a repeat is played once after a jump": ([bar("a", barline(REPEAT)), bar("b", '<sound dacapo="yes"/>')],
+    "da capo al fine": ([bar("a", jump("Fine", 'fine="yes"')), bar("b", DA_CAPO)], "a b a"),
+    "dal segno al coda": ([bar("a"), SEGNO + bar("b", jump("To Coda", 'tocoda="c"')),
+                           bar("c", jump("D.S. al Coda", 'dalsegno="s"')), CODA + bar("d")], "a b c b d"),
+    "a repeat is played once after a jump": ([bar("a", barline(REPEAT)), bar("b", jump("D.C.", 'dacapo="yes"'))],
                                              "a a b a b"),
+    "the last ending after a jump": ([bar("a"), barline(ending(1), "left") + bar(
+        "b", barline(ending(1, "stop") + REPEAT)), barline(ending(2), "left") + bar(
+            "c", barline(ending(2, "stop")), jump("D.C.", 'dacapo="yes"'))], "a b a c a c"),
 }
 
 

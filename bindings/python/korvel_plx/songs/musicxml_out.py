@@ -48,6 +48,8 @@ def write_musicxml(song: Song, meter: Tuple[int, int]) -> bytes:
     SubElement(SubElement(SubElement(root, "identification"), "encoding"), "software").text = "krt_plx"
     entry = SubElement(SubElement(root, "part-list"), "score-part", id="P1")
     SubElement(entry, "part-name").text = legal(line.name) or "Voice"
+    instrument = SubElement(entry, "score-instrument", id="P1-I1")
+    SubElement(instrument, "instrument-name").text = "Voice"
     part = SubElement(root, "part", id="P1")
     end = max([song.end, *(note.end for note in notes)])
     if end > LONGEST * bar:
@@ -105,6 +107,8 @@ def spread(bars: List[List[Piece]], bar: int, begin: int, end: int, note: Option
 def write_bars(part: Element, bars: List[List[Piece]], song: Song, meter: Tuple[int, int], bar: int) -> None:
     """The last bar is as long as the song: what it lacks would be silence that nobody wrote."""
     loudness = song.lines[0].lanes.get(ControllerType.DYNAMICS, [])
+    end = max([song.end, *(note.end for note in song.lines[0].notes)])
+    song.lose("events of the dynamics after the end", sum(at >= end for at, _ in loudness))
     for number, pieces in enumerate(bars, 1):
         measure = SubElement(part, "measure", number=str(number))
         begin = (number - 1) * bar

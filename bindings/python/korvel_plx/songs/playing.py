@@ -48,16 +48,17 @@ class Player:
         signs = self.measures[self.at]
         if signs.opens and self.opened != self.at:
             self.opened, self.turn = self.at, 1
-        if signs.ending and self.turn not in signs.ending and not self.plays_last_ending(signs):
+        if signs.ending and not self.takes_ending(signs):
             self.at += 1
             return
         self.played.append((self.at, self.turn))
         self.go_on(signs)
 
-    def plays_last_ending(self, signs: Signs) -> bool:
+    def takes_ending(self, signs: Signs) -> bool:
         """After a jump no repeat is played again: the last ending is the one that is taken."""
-        return self.after_jump and not any(later.ending and later.ending != signs.ending
-                                           for later in self.group_behind())
+        if self.after_jump:
+            return all(later.ending == signs.ending for later in self.group_behind())
+        return self.turn in signs.ending
 
     def group_behind(self) -> List[Signs]:
         found = []
