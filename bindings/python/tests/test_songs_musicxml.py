@@ -65,6 +65,15 @@ def test_tuplets_do_not_drift():
     assert any("rounded" in what for what in made.song.losses)
 
 
+def test_bars_of_rounded_tuplets_are_as_long_as_their_meter():
+    """Three times 160.33 is more than a quarter, as some programs write it."""
+    fine = ATTRIBUTES.replace("<divisions>1<", "<divisions>479<")
+    triplet = "".join(note("C", duration=160) for _ in range(3))
+    made = planned(score([fine + triplet * 4, bar("a").replace("<duration>4<", "<duration>1916<")]))
+    assert made.notes[-1].pos == 1920
+    assert planned(score([fine + triplet, bar("a")])).notes[-1].pos == 481
+
+
 def test_of_a_chord_the_top_is_sung_and_grace_notes_are_not():
     grace = "<note><grace/><pitch><step>B</step><octave>4</octave></pitch><voice>1</voice></note>"
     chord = note("C", duration=4, inside=sung("all")) + note("G", duration=4, before="<chord/>")

@@ -18,6 +18,7 @@ UNITS = {"whole": 4.0, "half": 2.0, "quarter": 1.0, "eighth": 0.5, "16th": 0.25}
 LOUDNESS = {"pppp": 8, "ppp": 16, "pp": 33, "p": 49, "mp": 64, "mf": 80, "f": 96, "ff": 112,
             "fff": 126, "ffff": 127, "sf": 112, "sfz": 112, "fp": 96, "sfp": 96, "fz": 112, "rf": 104,
             "rfz": 104}
+ROUNDED = 15  # ticks: less than the shortest value that is written
 PERCENT = 0.9  # loudness is written in hundredths of a velocity of 90
 
 
@@ -80,6 +81,7 @@ class PartReader:
         self.part = part.get("id", "")
         self.divisions = Fraction(1)
         self.transposition = 0
+        self.bar = 0
         self.ending: Tuple[int, ...] = ()
         self.endings_seen: Dict[int, int] = {}
         self.measures = [self.measure(element) for element in part.iterfind("measure")]
@@ -96,8 +98,12 @@ class PartReader:
                 self.longest = max(self.longest, self.at)
         except (ValueError, ZeroDivisionError, KeyError, OverflowError) as problem:
             raise SongError(f"part {self.part}, measure {self.into.number}: {problem}") from problem
-        self.into.length = self.ticks(self.longest)
+        self.into.length = self.length(self.ticks(self.longest))
         return self.into
+
+    def length(self, found: int) -> int:
+        """A bar whose tuplets were rounded when it was written is as long as its meter says."""
+        return self.bar if abs(found - self.bar) < ROUNDED else found
 
     def ticks(self, at: Fraction) -> int:
         """Rounded half up. The sum is what is rounded, so nothing drifts."""
@@ -126,7 +132,9 @@ class PartReader:
         for meter in element.iterfind("time"):
             if meter.findtext("beats") and meter.findtext("beat-type"):
                 beats = sum(int(part) for part in (meter.findtext("beats") or "4").split("+"))
-                self.into.meters.append((at, beats, int(meter.findtext("beat-type") or 4)))
+                unit = int(meter.findtext("beat-type") or 4)
+                self.into.meters.append((at, beats, unit))
+                self.bar = beats * 4 * TICKS // unit
         for transposition in element.iterfind("transpose"):
             self.transposition = int(transposition.findtext("chromatic") or 0) + 12 * int(
                 transposition.findtext("octave-change") or 0)

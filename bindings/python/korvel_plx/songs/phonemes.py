@@ -23,7 +23,6 @@ X_SAMPA = {
     "ʋ": "v\\", "ʌ": "V", "χ": "X", "ʏ": "Y", "ʐ": "z`", "ʑ": "z\\", "ʒ": "Z", "ʔ": "?", "ʍ": "W",
     "ᵻ": "I", "ᵊ": "@", "ɩ": "I", "ʲ": "'", "̃": "~", "̩": "=", "ː": ":",
 }
-LEFT_OUT = "ˈˌˑ‿|‖.-̯͡ʰ"  # stress, length in halves, joins
 PATTERN = re.compile("|".join(re.escape(sign) for sign in sorted(X_SAMPA, key=len, reverse=True)))
 
 Phonemes = Callable[[List[str]], Dict[str, str]]
