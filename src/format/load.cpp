@@ -86,35 +86,50 @@ fs::Verdict judge(std::string_view beginning)
 
 } // namespace
 
-Loader::Loader() : document_(std::make_unique<Document>()) {}
+// One document at a time. The roots are null when the file cannot be read and when it holds no document.
+class Loader::Source {
+public:
+    const Value* propertyRoot(const fs::Path& path, fs::Kind kind)
+    {
+        return root(path, propertyDocumentLimit, kind);
+    }
+
+    const Value* dataRoot(const fs::Path& path)
+    {
+        return root(path, dataDocumentLimit, fs::Kind::unknown);
+    }
+
+    const Value* rootOf(std::string& bytes) { return document_.parse(bytes); }
+
+private:
+    const Value* root(const fs::Path& path, std::uint64_t limit, fs::Kind kind)
+    {
+        const fs::ReadOptions options{limit, judge, kind};
+        const bool isRead = fs::readFile(path, bytes_, options, patience_) == fs::ReadResult::read;
+        return isRead ? document_.parse(bytes_) : nullptr;
+    }
+
+    std::string bytes_;
+    fs::Patience patience_;
+    Document document_;
+};
+
+Loader::Loader() : source_(std::make_unique<Source>()) {}
 Loader::~Loader() = default;
-
-// Null when the file cannot be read and when it holds no document.
-const Value* Loader::parseFile(const fs::Path& path, std::uint64_t limit, fs::Kind kind)
-{
-    const fs::ReadOptions options{limit, judge, kind};
-    const bool isRead = fs::readFile(path, bytes_, options, patience_) == fs::ReadResult::read;
-    return isRead ? document_->parse(bytes_) : nullptr;
-}
-
-const Value* Loader::parseDataDocument(const fs::Path& path)
-{
-    return parseFile(path, dataDocumentLimit, fs::Kind::unknown);
-}
 
 bool Loader::loadProperties(const fs::Path& path, ClipProperties& properties, fs::Kind kind)
 {
-    return fill(properties, parseFile(path, propertyDocumentLimit, kind));
+    return fill(properties, source_->propertyRoot(path, kind));
 }
 
 bool Loader::takeProperties(std::string& bytes, ClipProperties& properties)
 {
-    return fill(properties, document_->parse(bytes));
+    return fill(properties, source_->rootOf(bytes));
 }
 
 bool Loader::loadClip(const fs::Path& path, ClipBase* clip, LoadedClip& loaded)
 {
-    const Value* const root = parseDataDocument(path);
+    const Value* const root = source_->dataRoot(path);
     if (root == nullptr) {
         return false;
     }
@@ -131,7 +146,7 @@ bool Loader::loadClip(const fs::Path& path, ClipBase* clip, LoadedClip& loaded)
 
 std::unique_ptr<PartBase> Loader::loadPart(const fs::Path& path, ClipBase* clip)
 {
-    const Value* const root = parseDataDocument(path);
+    const Value* const root = source_->dataRoot(path);
     if (root == nullptr) {
         return nullptr;
     }

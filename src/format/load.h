@@ -6,13 +6,10 @@
 
 #include "clip/clip_base.h"
 #include "clip/clip_properties.h"
-#include "format/rapidjson.h"
 #include "fs/fs.h"
 #include "model/part.h"
 
 namespace Korvel::CANTORIS::PLX::format {
-
-class Document;
 
 // A data document read whole.
 struct LoadedClip {
@@ -42,12 +39,9 @@ public:
     std::unique_ptr<PartBase> loadPart(const fs::Path& path, ClipBase* clip);
 
 private:
-    const Value* parseFile(const fs::Path& path, std::uint64_t limit, fs::Kind kind);
-    const Value* parseDataDocument(const fs::Path& path);
+    class Source;
 
-    std::string bytes_;
-    fs::Patience patience_;
-    std::unique_ptr<Document> document_;
+    std::unique_ptr<Source> source_;
 };
 
 } // namespace Korvel::CANTORIS::PLX::format

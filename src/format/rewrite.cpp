@@ -39,7 +39,7 @@ public:
         new_.resize(old_.size(), ' ');
     }
 
-    bool run(const String& path)
+    bool run(const fs::Path& path)
     {
         if (!makeRoom()) {
             file_.cut(oldSize_);

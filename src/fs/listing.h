@@ -46,6 +46,8 @@ private:
 struct Identity {
     std::uint64_t device;
     std::uint64_t index;
+    std::uint64_t more = 0; // of those that number by more than 64 bits
+    String name = {};       // where there are no numbers
 
     auto operator<=>(const Identity&) const = default; // NOLINT(modernize-use-nullptr): no 0 here
 };

@@ -7,6 +7,7 @@
 
 #include "fs/fs.h"
 #include "fs/posix/system.h"
+#include "fs/reading.h"
 
 namespace Korvel::CANTORIS::PLX::fs {
 
@@ -35,6 +36,7 @@ void removeContent(Descriptor folder);
 
 bool readStatus(const Descriptor& file, struct stat& status);
 bool isPlain(const struct stat& status);
+std::optional<FileState> stateOf(const Descriptor& file);
 
 // How many bytes came: 0 at the end of the file, less than 0 for a failure.
 ssize_t readSome(const Descriptor& file, char* bytes, std::size_t size, std::uint64_t place);

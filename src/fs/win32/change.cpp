@@ -1,43 +1,50 @@
 #include "fs/ancestors.h"
-#include "fs/fs.h"
-#include "fs/win32/system.h"
+#include "fs/win32/open.h"
 
 namespace Korvel::CANTORIS::PLX::fs {
 
 namespace {
 
-// What exists already is as good, if it is a folder.
-Made makeFolder(const String& path)
+constexpr StringView separators = L"\\";
+
+// The new entry is the parent's. Of a parent that may not be opened nothing can be asked.
+bool syncEntry(const SystemPath& path, std::size_t length)
 {
-    if (CreateDirectoryW(path.c_str(), nullptr)) {
-        return Made::yes;
+    const String parent =
+        path.upTo(std::max(parentLength(path.upTo(length), length, separators), path.rootLength()));
+    const Handle folder = openPath(SystemPath{parent}, Access::look, Links::follow);
+    return !folder || syncFolder(folder);
+}
+
+// What exists already is as good, if it is a folder. A drive or a share cannot be made.
+Made makeFolder(const SystemPath& path, std::size_t length)
+{
+    const String folder = path.upTo(length);
+    if (length > path.rootLength() && CreateDirectoryW(folder.c_str(), nullptr)) {
+        return syncEntry(path, length) ? Made::yes : Made::no;
     }
-    if (GetLastError() == ERROR_PATH_NOT_FOUND) {
+    if (length > path.rootLength() && GetLastError() == ERROR_PATH_NOT_FOUND) {
         return Made::parentMissing;
     }
-    return isDirectory(path) ? Made::yes : Made::no;
+    return isDirectory(folder) ? Made::yes : Made::no;
 }
 
 } // namespace
 
-bool createDirectories(const String& path)
+bool createDirectories(const Path& path)
 {
-    return !holdsNul(path) && makeWithAncestors<String>(path, LR"(\/)", makeFolder);
+    const SystemPath system{path};
+    return !system.isEmpty() &&
+           makeWithAncestors<String>(system.text(), separators, [&](const String& folder) {
+               return makeFolder(system, folder.size());
+           });
 }
 
-bool remove(const String& path)
+bool removeEmptyFolder(const Path& path)
 {
-    const String entry = entryPath(path);
-    const auto attributes = attributesOf(entry);
-    return attributes && removeEntry(entry, *attributes);
-}
-
-bool removeEmptyFolder(const String& path)
-{
-    const String folder = entryPath(path);
-    const auto attributes = attributesOf(folder);
-    return attributes && isFolder(*attributes) && !isLink(*attributes) &&
-           removeEntry(folder, *attributes);
+    const Handle folder = openPath(SystemPath{path}, Access::remove, Links::dontFollow);
+    const auto status = statusOf(folder);
+    return status && status->sort == Sort::folder && removeOpen(folder, status->attributes);
 }
 
 } // namespace Korvel::CANTORIS::PLX::fs

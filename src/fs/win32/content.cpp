@@ -1,89 +1,107 @@
-#include <cstdio>
-#include <memory>
+#include <algorithm>
 
-#include "fs/fs.h"
-#include "fs/win32/system.h"
+#include "fs/win32/open.h"
 
 namespace Korvel::CANTORIS::PLX::fs {
 
 namespace {
 
-struct CloseFile {
-    void operator()(std::FILE* file) const { std::fclose(file); }
-};
-using File = std::unique_ptr<std::FILE, CloseFile>;
-
-File open(const String& path, const Char* mode)
+OVERLAPPED placeAt(std::uint64_t place)
 {
-    return File{holdsNul(path) ? nullptr : _wfopen(path.c_str(), mode)};
+    OVERLAPPED overlapped{};
+    overlapped.Offset = static_cast<DWORD>(place);
+    overlapped.OffsetHigh = static_cast<DWORD>(place >> 32);
+    return overlapped;
 }
 
-// What is still buffered is written by closing, hence closing can fail.
-bool close(File& file)
+DWORD atMost(std::size_t size)
 {
-    return std::fclose(file.release()) == 0;
+    constexpr std::size_t most = std::size_t{1} << 30;
+    return static_cast<DWORD>(std::min(size, most));
 }
 
-// Stops early at the end of the file: it may have shrunk since its size was asked.
-bool readAll(std::FILE* file, std::string& content)
+using Ticks = std::chrono::duration<std::int64_t, std::ratio<1, 10'000'000>>;
+
+Ticks now()
 {
-    const std::size_t length = std::fread(content.data(), 1, content.size(), file);
-    content.resize(length);
-    return std::ferror(file) == 0;
+    FILETIME time{};
+    GetSystemTimeAsFileTime(&time);
+    const std::uint64_t high = time.dwHighDateTime;
+    return Ticks(static_cast<std::int64_t>((high << 32) | time.dwLowDateTime));
 }
 
-bool writeAll(std::FILE* file, std::string_view content)
+// Some file systems know no such wait, and some folders may be written but not be waited for.
+bool cannotTell(DWORD error)
 {
-    return std::fwrite(content.data(), 1, content.size(), file) == content.size();
-}
-
-bool copyAll(std::FILE* from, std::FILE* to)
-{
-    constexpr std::size_t blockSize = 64 * 1024;
-    const auto block = std::make_unique<char[]>(blockSize);
-    std::size_t count = std::fread(block.get(), 1, blockSize, from);
-    while (count > 0 && writeAll(to, {block.get(), count})) {
-        count = std::fread(block.get(), 1, blockSize, from);
-    }
-    return count == 0 && std::ferror(from) == 0;
+    return error == ERROR_INVALID_FUNCTION || error == ERROR_ACCESS_DENIED ||
+           error == ERROR_WRITE_PROTECT || error == ERROR_NOT_SUPPORTED ||
+           error == ERROR_INVALID_PARAMETER || error == ERROR_CALL_NOT_IMPLEMENTED;
 }
 
 } // namespace
 
-// The size is asked for by the path, and the kind comes with it.
-bool readFile(const String& path, std::string& content, Kind)
+long long readSome(const Handle& file, char* bytes, std::size_t size, std::uint64_t place)
 {
-    const auto status = statusOf(path);
-    if (!status || !isPlain(path, *status) || status->size > content.max_size()) {
-        return false;
+    OVERLAPPED overlapped = placeAt(place);
+    DWORD count = 0;
+    if (ReadFile(file.get(), bytes, atMost(size), &count, &overlapped)) {
+        return count;
     }
-    const File file = open(path, L"rb");
-    if (!file) {
-        return false;
-    }
-    content.resize(static_cast<std::size_t>(status->size));
-    return readAll(file.get(), content);
+    return GetLastError() == ERROR_HANDLE_EOF ? 0 : -1;
 }
 
-WriteResult writeFile(const String& path, std::string_view content)
+// The time of the last write may stay as it was while the file is open for writing; that of the last
+// change of any kind is asked too.
+std::optional<FileState> stateOf(const Handle& file)
 {
-    const bool isFree = isPlainFile(path) || isMissing(path);
-    File file = isFree ? open(path, L"wb") : nullptr;
-    if (!file) {
-        return WriteResult::notOpened;
+    FILE_BASIC_INFO basic{};
+    FILE_STANDARD_INFO standard{};
+    if (!GetFileInformationByHandleEx(file.get(), FileBasicInfo, &basic, sizeof basic) ||
+        !GetFileInformationByHandleEx(file.get(), FileStandardInfo, &standard, sizeof standard)) {
+        return std::nullopt;
     }
-    const bool complete = writeAll(file.get(), content);
-    return close(file) && complete ? WriteResult::written : WriteResult::failed;
+    const bool isPlain = !standard.Directory && GetFileType(file.get()) == FILE_TYPE_DISK;
+    const Ticks changed(std::max(basic.LastWriteTime.QuadPart, basic.ChangeTime.QuadPart));
+    return FileState{isPlain, static_cast<std::uint64_t>(standard.EndOfFile.QuadPart),
+                     now() - changed};
 }
 
-bool copyFile(const String& from, const String& to)
+bool writeAll(const Handle& file, std::string_view content, std::uint64_t place)
 {
-    if (!isPlainFile(from) || !isMissing(to)) {
-        return false;
+    while (!content.empty()) {
+        OVERLAPPED overlapped = placeAt(place);
+        DWORD count = 0;
+        if (!WriteFile(file.get(), content.data(), atMost(content.size()), &count, &overlapped) ||
+            count == 0) {
+            return false;
+        }
+        content.remove_prefix(count);
+        place += count;
     }
-    const File input = open(from, L"rb");
-    File output = input ? open(to, L"wb") : nullptr;
-    return output && copyAll(input.get(), output.get()) && close(output);
+    return true;
+}
+
+// A program that shows or searches files may have mapped this one for a moment.
+bool cutTo(const Handle& file, std::uint64_t size)
+{
+    FILE_END_OF_FILE_INFO end{};
+    end.EndOfFile.QuadPart = static_cast<LONGLONG>(size);
+    Patience patience(aMoment);
+    return patiently(patience, [&] {
+        return SetFileInformationByHandle(file.get(), FileEndOfFileInfo, &end, sizeof end) != 0;
+    });
+}
+
+bool syncFile(const Handle& file)
+{
+    return FlushFileBuffers(file.get()) || cannotTell(GetLastError());
+}
+
+// The handle of a folder that one looks into is not allowed to wait for the disk.
+bool syncFolder(const Handle& folder)
+{
+    const Handle own = reopen(folder, Access::flush);
+    return own ? syncFile(own) : cannotTell(GetLastError());
 }
 
 } // namespace Korvel::CANTORIS::PLX::fs

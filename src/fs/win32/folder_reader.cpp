@@ -1,8 +1,5 @@
 #include "fs/win32/folder_reader.h"
 
-#include "fs/fs.h"
-#include "fs/win32/system.h"
-
 namespace Korvel::CANTORIS::PLX::fs {
 
 namespace {
@@ -14,11 +11,17 @@ bool isSelfOrParent(StringView name)
 
 } // namespace
 
-FolderReader::FolderReader(const String& folder)
-    : search_(holdsNul(folder) ? INVALID_HANDLE_VALUE
-                               : FindFirstFileW(join(folder, L"*").c_str(), &entry_)),
+FolderReader::FolderReader(const SystemPath& folder)
+    : search_(folder.isEmpty() ? INVALID_HANDLE_VALUE : begin(folder)),
       atFirst_(search_ != INVALID_HANDLE_VALUE)
 {
+}
+
+// Without the short names, which nobody asks for, and with many entries in each answer.
+HANDLE FolderReader::begin(const SystemPath& folder)
+{
+    return FindFirstFileExW(folder.of(L"*").c_str(), FindExInfoBasic, &entry_,
+                            FindExSearchNameMatch, nullptr, FIND_FIRST_EX_LARGE_FETCH);
 }
 
 FolderReader::~FolderReader()

@@ -2,14 +2,14 @@
 
 #include <windows.h>
 
-#include "text.h"
+#include "fs/win32/path.h"
 
 namespace Korvel::CANTORIS::PLX::fs {
 
 // A folder that is being read, in the order of the file system; without entries when it cannot be.
 class FolderReader {
 public:
-    explicit FolderReader(const String& folder);
+    explicit FolderReader(const SystemPath& folder);
     FolderReader(const FolderReader&) = delete;
     FolderReader& operator=(const FolderReader&) = delete;
     ~FolderReader();
@@ -18,6 +18,7 @@ public:
     const WIN32_FIND_DATAW* next();
 
 private:
+    HANDLE begin(const SystemPath& folder);
     bool advance();
 
     WIN32_FIND_DATAW entry_{};

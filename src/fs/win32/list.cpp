@@ -1,7 +1,7 @@
-#include "fs/fs.h"
 #include "fs/listing.h"
 #include "fs/win32/folder_reader.h"
-#include "fs/win32/system.h"
+#include "fs/win32/identity.h"
+#include "fs/win32/open.h"
 
 namespace Korvel::CANTORIS::PLX::fs {
 
@@ -36,48 +36,51 @@ bool canStandInPath(StringView name)
     return name.find(separator) == StringView::npos && isText(name);
 }
 
-EntryKind kindOfTarget(const Status& status)
+std::optional<EntryKind> kindOfTarget(const SystemPath& folder, StringView name)
 {
-    return isFolder(status.attributes) ? EntryKind::linkToFolder : EntryKind::file;
+    const auto sort = sortAt(SystemPath{folder.of(name)});
+    if (sort == Sort::folder) {
+        return EntryKind::linkToFolder;
+    }
+    return sort == Sort::file ? std::optional{EntryKind::file} : std::nullopt;
 }
 
-std::optional<EntryKind> kindOf(const String& folder, const WIN32_FIND_DATAW& entry)
+std::optional<EntryKind> kindOf(const SystemPath& folder, const WIN32_FIND_DATAW& entry)
 {
-    if (isLink(entry.dwFileAttributes)) {
-        const auto target = statusOf(join(folder, entry.cFileName));
-        return target ? std::optional{kindOfTarget(*target)} : std::nullopt;
-    }
-    if ((entry.dwFileAttributes & FILE_ATTRIBUTE_DEVICE) != 0) {
+    switch (sortOf(entry.dwFileAttributes, entry.dwReserved0)) {
+    case Sort::file:
+        return EntryKind::file;
+    case Sort::folder:
+        return EntryKind::folder;
+    case Sort::link:
+        return kindOfTarget(folder, entry.cFileName);
+    default:
         return std::nullopt;
     }
-    return isFolder(entry.dwFileAttributes) ? EntryKind::folder : EntryKind::file;
 }
 
 } // namespace
 
-void list(const String& folder, Listing& listing)
+void list(const Path& folder, Listing& listing)
 {
     listing.clear();
-    FolderReader reader{folder};
+    const SystemPath system{folder};
+    FolderReader reader{system};
     while (const WIN32_FIND_DATAW* entry = reader.next()) {
         if (!canStandInPath(entry->cFileName)) {
             continue;
         }
-        if (const auto kind = kindOf(folder, *entry)) {
+        if (const auto kind = kindOf(system, *entry)) {
             listing.names() += entry->cFileName;
             listing.add(*kind);
         }
     }
 }
 
-std::optional<Identity> identify(const String& path)
+std::optional<Identity> identify(const Path& path)
 {
-    const auto information = Handle{path}.information();
-    if (!information) {
-        return std::nullopt;
-    }
-    const std::uint64_t high = information->nFileIndexHigh;
-    return Identity{information->dwVolumeSerialNumber, (high << 32) | information->nFileIndexLow};
+    const Handle handle = openPath(SystemPath{path}, Access::look, Links::follow);
+    return handle ? identityOf(handle) : std::nullopt;
 }
 
 } // namespace Korvel::CANTORIS::PLX::fs

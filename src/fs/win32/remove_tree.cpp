@@ -1,73 +1,115 @@
-#include <vector>
+#include "fs/win32/remove_tree.h"
 
-#include "fs/fs.h"
-#include "fs/win32/folder_reader.h"
-#include "fs/win32/system.h"
+#include <cstddef>
+#include <vector>
 
 namespace Korvel::CANTORIS::PLX::fs {
 
 namespace {
 
-struct Entry {
-    String name;
-    DWORD attributes;
-};
+using Names = std::vector<String>;
 
-struct Level {
-    std::size_t pathLength;
-    std::vector<Entry> entries;
-};
-
-Level readLevel(const String& folder)
+bool isSelfOrParent(StringView name)
 {
-    Level level{folder.size(), {}};
-    FolderReader reader{folder};
-    while (const WIN32_FIND_DATAW* entry = reader.next()) {
-        level.entries.push_back({entry->cFileName, entry->dwFileAttributes});
-    }
-    return level;
+    return name == L"." || name == L"..";
 }
 
-// Removes what the folder holds, with a list of the open levels instead of recursion. What cannot be
-// removed stays.
-void sweep(String path)
+void append(Names& names, const std::byte* block)
 {
-    std::vector<Level> levels{readLevel(path)};
-    while (!levels.empty()) {
-        Level& level = levels.back();
-        path.resize(level.pathLength);
-        if (level.entries.empty()) {
-            levels.pop_back();
-            RemoveDirectoryW(path.c_str());
+    for (;;) {
+        const auto* const entry = reinterpret_cast<const FILE_ID_BOTH_DIR_INFO*>(block);
+        const StringView name(entry->FileName, entry->FileNameLength / sizeof(Char));
+        if (!isSelfOrParent(name)) {
+            names.emplace_back(name);
+        }
+        if (entry->NextEntryOffset == 0) {
+            return;
+        }
+        block += entry->NextEntryOffset;
+    }
+}
+
+Names namesIn(const Handle& folder)
+{
+    constexpr DWORD size = 32 * 1024;
+    const auto block = std::make_unique<std::byte[]>(size);
+    Names names;
+    auto information = FileIdBothDirectoryRestartInfo;
+    while (GetFileInformationByHandleEx(folder.get(), information, block.get(), size)) {
+        append(names, block.get());
+        information = FileIdBothDirectoryInfo;
+    }
+    return names;
+}
+
+// Goes down by open folders, however deep, and removes each by what was opened.
+class Sweep {
+public:
+    void run(const Handle& folder, StringView name);
+
+private:
+    struct Level {
+        Handle folder;
+        DWORD attributes;
+        Names names;
+    };
+
+    void take(const Handle& folder, StringView name);
+    void leave();
+
+    std::vector<Level> levels_;
+    Patience patience_{aMoment};
+};
+
+void Sweep::run(const Handle& folder, StringView name)
+{
+    take(folder, name);
+    while (!levels_.empty()) {
+        Level& level = levels_.back();
+        if (level.names.empty()) {
+            leave();
             continue;
         }
-        const Entry entry = std::move(level.entries.back());
-        level.entries.pop_back();
-        path += separator;
-        path += entry.name;
-        if (isFolder(entry.attributes) && !isLink(entry.attributes)) {
-            levels.push_back(readLevel(path));
-        } else {
-            removeEntry(path, entry.attributes);
-        }
+        const String next = std::move(level.names.back());
+        level.names.pop_back();
+        take(level.folder, next);
     }
+}
+
+void Sweep::take(const Handle& folder, StringView name)
+{
+    const Handle entry =
+        patiently(patience_, [&] { return openEntry(folder, name, Access::remove); });
+    const auto status = statusOf(entry);
+    if (!status) {
+        return;
+    }
+    if (status->sort != Sort::folder) {
+        patiently(patience_, [&] { return removeOpen(entry, status->attributes); });
+        return;
+    }
+    Handle inner = openSort(folder, name, Access::empty, Sort::folder);
+    if (inner) {
+        Names names = namesIn(inner);
+        levels_.push_back({std::move(inner), status->attributes, std::move(names)});
+    }
+}
+
+// What was in it may not be gone before others let it go.
+void Sweep::leave()
+{
+    const Level& level = levels_.back();
+    patience_.calm();
+    while (!removeOpen(level.folder, level.attributes) && GetLastError() == ERROR_DIR_NOT_EMPTY &&
+           patience_.wait()) {}
+    levels_.pop_back();
 }
 
 } // namespace
 
-bool removeTree(const String& path)
+void removeAll(const Handle& folder, StringView name)
 {
-    const String tree = entryPath(path);
-    if (tree.empty() || holdsNul(tree)) {
-        return false;
-    }
-    const auto attributes = attributesOf(tree);
-    if (attributes && isFolder(*attributes) && !isLink(*attributes)) {
-        sweep(tree);
-    } else if (attributes) {
-        removeEntry(tree, *attributes);
-    }
-    return isMissing(tree);
+    Sweep{}.run(folder, name);
 }
 
 } // namespace Korvel::CANTORIS::PLX::fs

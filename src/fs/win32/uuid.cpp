@@ -1,9 +1,10 @@
 #include <algorithm>
 
+#include <windows.h> // before its own parts
+
 #include <rpc.h>
 
 #include "fs/fs.h"
-#include "fs/win32/system.h"
 
 namespace Korvel::CANTORIS::PLX::fs {
 

@@ -1,0 +1,202 @@
+#include <memory>
+
+#include "fs/win32/lock.h"
+#include "fs/win32/open.h"
+#include "fs/win32/remove_tree.h"
+
+namespace Korvel::CANTORIS::PLX::fs {
+
+namespace {
+
+// The longest path that the system takes. What lies deeper nobody else could reach.
+constexpr std::size_t longestPath = 32766;
+
+bool fits(const OpenFolder& folder, StringView name)
+{
+    const bool fitting = folder.pathLength + 1 + name.size() <= longestPath;
+    if (!fitting) {
+        SetLastError(ERROR_FILENAME_EXCED_RANGE);
+    }
+    return fitting;
+}
+
+// The entry goes again unless its content is whole and on the disk.
+template <class Fill>
+WriteResult createWith(const OpenFolder& folder, StringView name, Fill fill)
+{
+    const Handle file = fits(folder, name) ? makeFile(folder.handle, name) : Handle();
+    if (!file) {
+        return WriteResult::notOpened;
+    }
+    if (fill(file) && syncFile(file)) {
+        return WriteResult::written;
+    }
+    removeOpen(file, 0);
+    return WriteResult::failed;
+}
+
+bool copyAll(const Handle& from, const Handle& to)
+{
+    constexpr std::size_t blockSize = std::size_t{64} * 1024;
+    const auto block = std::make_unique<char[]>(blockSize);
+    std::uint64_t place = 0;
+    long long count = readSome(from, block.get(), blockSize, place);
+    while (count > 0) {
+        const auto size = static_cast<std::size_t>(count);
+        if (!writeAll(to, {block.get(), size}, place)) {
+            return false;
+        }
+        place += size;
+        count = readSome(from, block.get(), blockSize, place);
+    }
+    return count == 0;
+}
+
+// Looks before it opens: opening alone can do something, to a pipe of an emulated system.
+Handle openPlain(const SystemPath& path)
+{
+    if (sortAt(path) != Sort::file) {
+        return Handle();
+    }
+    Patience patience(aMoment);
+    Handle file = patiently(patience, [&] { return openPath(path, Access::read, Links::follow); });
+    const auto status = statusOf(file);
+    return status && status->sort == Sort::file ? std::move(file) : Handle();
+}
+
+// A folder that may be written but not read can still be a place to make something in.
+Handle openFolder(const SystemPath& path)
+{
+    Handle folder = openPath(path, Access::list, Links::follow);
+    if (!folder && GetLastError() == ERROR_ACCESS_DENIED) {
+        folder = openPath(path, Access::look, Links::follow);
+    }
+    const auto status = statusOf(folder);
+    return status && status->sort == Sort::folder ? std::move(folder) : Handle();
+}
+
+Handle openFolder(const Handle& parent, StringView name)
+{
+    Handle folder = openSort(parent, name, Access::list, Sort::folder);
+    return folder || GetLastError() != ERROR_ACCESS_DENIED
+               ? std::move(folder)
+               : openSort(parent, name, Access::look, Sort::folder);
+}
+
+HeldFile::State stateWithout(DWORD error)
+{
+    if (saysMissing(error)) {
+        return HeldFile::State::missing;
+    }
+    return isInUse(error) ? HeldFile::State::busy : HeldFile::State::refused;
+}
+
+} // namespace
+
+Folder::Folder() noexcept = default;
+Folder::Folder(std::unique_ptr<OpenFolder> folder) noexcept : folder_(std::move(folder)) {}
+Folder::Folder(Folder&&) noexcept = default;
+Folder& Folder::operator=(Folder&&) noexcept = default;
+Folder::~Folder() = default;
+
+Folder Folder::open(const Path& path)
+{
+    const SystemPath system{path};
+    auto folder = std::make_unique<OpenFolder>(openFolder(system), system.length());
+    return folder->handle ? Folder(std::move(folder)) : Folder();
+}
+
+Folder Folder::inner(StringView name) const
+{
+    auto folder = std::make_unique<OpenFolder>(openFolder(folder_->handle, name),
+                                               folder_->pathLength + 1 + name.size());
+    return folder->handle ? Folder(std::move(folder)) : Folder();
+}
+
+// The memory comes first: nothing is made that could not be held. A new folder is open at once.
+Folder Folder::make(StringView name) const
+{
+    if (!fits(*folder_, name)) {
+        return {};
+    }
+    auto folder = std::make_unique<OpenFolder>(Handle(), folder_->pathLength + 1 + name.size());
+    folder->handle = fs::makeFolder(folder_->handle, name);
+    const DWORD error = GetLastError();
+    if (!folder->handle && (error == ERROR_ALREADY_EXISTS || error == ERROR_FILE_EXISTS)) {
+        folder->handle = openFolder(folder_->handle, name);
+    }
+    return folder->handle ? Folder(std::move(folder)) : Folder();
+}
+
+WriteResult Folder::create(StringView name, std::string_view content) const
+{
+    return createWith(*folder_, name,
+                      [content](const Handle& file) { return writeAll(file, content, 0); });
+}
+
+WriteResult Folder::copyInto(StringView name, const Path& from) const
+{
+    const Handle source = openPlain(SystemPath{from});
+    if (!source) {
+        return WriteResult::notOpened;
+    }
+    return createWith(*folder_, name, [&](const Handle& file) { return copyAll(source, file); });
+}
+
+ReadResult Folder::read(StringView name, std::string& content, std::uint64_t limit) const
+{
+    Patience patience(aMoment);
+    const Handle file = patiently(
+        patience, [&] { return openSort(folder_->handle, name, Access::read, Sort::file); });
+    return file ? readWhole(file, content, {.limit = limit}) : ReadResult::notOpened;
+}
+
+// For a removal, too, others must let the file go: it is known before anything is removed.
+HeldFile Folder::hold(StringView name, Purpose purpose, Patience& patience) const
+{
+    const Access access = purpose == Purpose::change ? Access::change : Access::hold;
+    auto file = std::make_unique<OpenFile>(
+        patiently(patience, [&] { return openSort(folder_->handle, name, access, Sort::file); }));
+    if (!file->handle) {
+        return HeldFile(stateWithout(GetLastError()));
+    }
+    if (lock(file->handle, Sharing::exclusive, patience) == Locked::busy) {
+        return HeldFile(HeldFile::State::busy);
+    }
+    return HeldFile(std::move(file));
+}
+
+bool Folder::remove(StringView name) const
+{
+    Patience patience(aMoment);
+    const Handle entry =
+        patiently(patience, [&] { return openEntry(folder_->handle, name, Access::remove); });
+    const auto status = statusOf(entry);
+    return status && patiently(patience, [&] { return removeOpen(entry, status->attributes); });
+}
+
+bool Folder::removeTree(StringView name) const
+{
+    removeAll(folder_->handle, name);
+    return isMissing(name);
+}
+
+// What is gone as soon as the last other program lets it go counts as gone.
+bool Folder::isMissing(StringView name) const
+{
+    const Handle entry = openEntry(folder_->handle, name, Access::look);
+    const DWORD error = GetLastError();
+    return !entry && (saysMissing(error) || error == ERROR_DELETE_PENDING);
+}
+
+bool Folder::sync() const
+{
+    return syncFolder(folder_->handle);
+}
+
+void sleepFor(std::chrono::milliseconds time)
+{
+    Sleep(static_cast<DWORD>(time.count()));
+}
+
+} // namespace Korvel::CANTORIS::PLX::fs

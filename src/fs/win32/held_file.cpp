@@ -1,0 +1,39 @@
+#include "fs/win32/identity.h"
+#include "fs/win32/open.h"
+
+namespace Korvel::CANTORIS::PLX::fs {
+
+HeldFile::HeldFile(State state) : state_(state) {}
+HeldFile::HeldFile(std::unique_ptr<OpenFile> file) : state_(State::held), file_(std::move(file)) {}
+HeldFile::HeldFile(HeldFile&&) noexcept = default;
+HeldFile::~HeldFile() = default;
+
+ReadResult HeldFile::read(std::string& content, std::uint64_t limit)
+{
+    return readWhole(file_->handle, content, {.limit = limit});
+}
+
+bool HeldFile::write(std::uint64_t place, std::string_view content)
+{
+    return writeAll(file_->handle, content, place);
+}
+
+bool HeldFile::cut(std::uint64_t size)
+{
+    return cutTo(file_->handle, size);
+}
+
+bool HeldFile::sync()
+{
+    return syncFile(file_->handle);
+}
+
+// Where the file system does not tell its files apart, it is enough that there is one.
+bool HeldFile::isAt(const Path& path) const
+{
+    const Handle there = openPath(SystemPath{path}, Access::look, Links::dontFollow);
+    const auto status = statusOf(there);
+    return status && status->sort == Sort::file && identityOf(there) == identityOf(file_->handle);
+}
+
+} // namespace Korvel::CANTORIS::PLX::fs

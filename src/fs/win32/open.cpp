@@ -1,0 +1,229 @@
+#include "fs/win32/open.h"
+
+#include <winternl.h>
+
+// The headers of the compiler do not have it.
+extern "C" NTSYSAPI NTSTATUS NTAPI
+NtQueryFullAttributesFile(OBJECT_ATTRIBUTES* place, FILE_NETWORK_OPEN_INFORMATION* information);
+
+namespace Korvel::CANTORIS::PLX::fs {
+
+namespace {
+
+constexpr ULONG fullSharing = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+
+constexpr NTSTATUS deletePending = static_cast<NTSTATUS>(0xC0000056);
+
+Handle closedWith(DWORD error)
+{
+    SetLastError(error);
+    return Handle();
+}
+
+// The general translation calls it a lack of rights.
+DWORD errorOf(NTSTATUS status)
+{
+    return status == deletePending ? DWORD{ERROR_DELETE_PENDING} : RtlNtStatusToDosError(status);
+}
+
+bool isName(StringView name)
+{
+    constexpr StringView notInNames(L"\\/:\0", 4);
+    constexpr std::size_t longest = 0x7FFE;
+    return !name.empty() && name != L"." && name != L".." && name.size() <= longest &&
+           name.find_first_of(notInNames) == StringView::npos;
+}
+
+// A name in an open folder, as the system's own calls take it.
+class Place {
+public:
+    Place(const Handle& folder, StringView name)
+    {
+        name_.Buffer = const_cast<Char*>(name.data());
+        name_.Length = static_cast<USHORT>(name.size() * sizeof(Char));
+        name_.MaximumLength = name_.Length;
+        InitializeObjectAttributes(&attributes_, &name_, OBJ_CASE_INSENSITIVE, folder.get(),
+                                   nullptr);
+    }
+    Place(const Place&) = delete;
+    Place& operator=(const Place&) = delete;
+
+    OBJECT_ATTRIBUTES* get() { return &attributes_; }
+
+private:
+    UNICODE_STRING name_;
+    OBJECT_ATTRIBUTES attributes_;
+};
+
+Handle openAt(const Handle& folder, StringView name, Access access, ULONG disposition,
+              ULONG options)
+{
+    if (!isName(name)) {
+        return closedWith(ERROR_INVALID_NAME);
+    }
+    Place place(folder, name);
+    IO_STATUS_BLOCK result{};
+    HANDLE handle = nullptr;
+    const NTSTATUS status =
+        NtCreateFile(&handle, static_cast<DWORD>(access) | SYNCHRONIZE, place.get(), &result,
+                     nullptr, FILE_ATTRIBUTE_NORMAL, fullSharing, disposition,
+                     options | FILE_OPEN_REPARSE_POINT | FILE_SYNCHRONOUS_IO_NONALERT, nullptr, 0);
+    return status < 0 ? closedWith(errorOf(status)) : Handle(handle);
+}
+
+bool isMarked(DWORD attributes)
+{
+    return (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
+}
+
+bool isMarked(const SystemPath& path)
+{
+    const DWORD attributes = GetFileAttributesW(path.text());
+    return attributes != INVALID_FILE_ATTRIBUTES && isMarked(attributes);
+}
+
+DWORD attributesOf(const Handle& handle)
+{
+    FILE_BASIC_INFO information{};
+    return GetFileInformationByHandleEx(handle.get(), FileBasicInfo, &information,
+                                        sizeof information)
+               ? information.FileAttributes
+               : 0;
+}
+
+DWORD tagOf(const Handle& handle)
+{
+    FILE_ATTRIBUTE_TAG_INFO information{};
+    GetFileInformationByHandleEx(handle.get(), FileAttributeTagInfo, &information,
+                                 sizeof information);
+    return information.ReparseTag;
+}
+
+// Only a folder may be named with a separator at the end.
+std::optional<Sort> fitting(const SystemPath& path, Sort sort)
+{
+    if (path.namesFolder() && sort != Sort::folder) {
+        SetLastError(ERROR_PATH_NOT_FOUND);
+        return std::nullopt;
+    }
+    return sort;
+}
+
+} // namespace
+
+Handle& Handle::operator=(Handle&& other) noexcept
+{
+    std::swap(handle_, other.handle_);
+    return *this;
+}
+
+void Handle::close()
+{
+    if (*this) {
+        CloseHandle(std::exchange(handle_, INVALID_HANDLE_VALUE));
+    }
+}
+
+// Emulated systems open what a link leads to, even if the link itself is wanted. What they say of the
+// name gives it away; then nothing is opened.
+Handle openPath(const SystemPath& path, Access access, Links links)
+{
+    if (path.isEmpty()) {
+        return closedWith(ERROR_PATH_NOT_FOUND);
+    }
+    const DWORD itself = links == Links::dontFollow ? FILE_FLAG_OPEN_REPARSE_POINT : 0;
+    Handle handle(CreateFileW(path.text(), static_cast<DWORD>(access), fullSharing, nullptr,
+                              OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS | itself, nullptr));
+    if (handle && itself != 0 && isMarked(path) && !isMarked(attributesOf(handle))) {
+        return closedWith(ERROR_CANT_ACCESS_FILE);
+    }
+    return handle;
+}
+
+Handle openEntry(const Handle& folder, StringView name, Access access)
+{
+    Handle handle = openAt(folder, name, access, FILE_OPEN, 0);
+    if (!handle || isMarked(attributesOf(handle))) {
+        return handle;
+    }
+    Place place(folder, name);
+    FILE_NETWORK_OPEN_INFORMATION information{};
+    const bool isKnown = NtQueryFullAttributesFile(place.get(), &information) >= 0;
+    return isKnown && isMarked(information.FileAttributes) ? closedWith(ERROR_CANT_ACCESS_FILE)
+                                                           : std::move(handle);
+}
+
+Handle reopen(const Handle& handle, Access access)
+{
+    return Handle(ReOpenFile(handle.get(), static_cast<DWORD>(access) | SYNCHRONIZE, fullSharing,
+                             FILE_FLAG_BACKUP_SEMANTICS));
+}
+
+Handle makeFile(const Handle& folder, StringView name)
+{
+    return openAt(folder, name, Access::make, FILE_CREATE, FILE_NON_DIRECTORY_FILE);
+}
+
+Handle makeFolder(const Handle& folder, StringView name)
+{
+    return openAt(folder, name, Access::list, FILE_CREATE, FILE_DIRECTORY_FILE);
+}
+
+std::optional<Status> statusOf(const Handle& handle)
+{
+    FILE_BASIC_INFO information{};
+    if (!handle || !GetFileInformationByHandleEx(handle.get(), FileBasicInfo, &information,
+                                                 sizeof information)) {
+        return std::nullopt;
+    }
+    const DWORD attributes = information.FileAttributes;
+    const bool isOnDisk = GetFileType(handle.get()) == FILE_TYPE_DISK;
+    const DWORD tag = isMarked(attributes) ? tagOf(handle) : 0;
+    return Status{attributes, isOnDisk ? sortOf(attributes, tag) : Sort::special};
+}
+
+// The name tells all but where a link leads; it is asked first, because opening alone can do something
+// to a pipe of an emulated system.
+std::optional<Sort> sortAt(const SystemPath& path)
+{
+    WIN32_FILE_ATTRIBUTE_DATA data{};
+    if (path.isEmpty()) {
+        SetLastError(ERROR_PATH_NOT_FOUND);
+        return std::nullopt;
+    }
+    if (!GetFileAttributesExW(path.text(), GetFileExInfoStandard, &data)) {
+        return std::nullopt;
+    }
+    if (isMarked(data.dwFileAttributes)) {
+        const auto status = statusOf(openPath(path, Access::look, Links::follow));
+        return status ? fitting(path, status->sort) : std::nullopt;
+    }
+    return fitting(path, sortOf(data.dwFileAttributes, 0));
+}
+
+// A file whose content is elsewhere or packed shows it to those who open it without asking for the mark.
+Handle openSort(const Handle& folder, StringView name, Access access, Sort sort)
+{
+    Handle handle = openEntry(folder, name, access);
+    const auto status = statusOf(handle);
+    if (!status) {
+        return Handle();
+    }
+    if (status->sort != sort) {
+        return closedWith(ERROR_CANT_ACCESS_FILE);
+    }
+    return isMarked(status->attributes) ? reopen(handle, access) : std::move(handle);
+}
+
+bool saysMissing(DWORD error)
+{
+    return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND;
+}
+
+bool isInUse(DWORD error)
+{
+    return error == ERROR_SHARING_VIOLATION || error == ERROR_LOCK_VIOLATION ||
+           error == ERROR_DELETE_PENDING || error == ERROR_USER_MAPPED_FILE;
+}
+
+} // namespace Korvel::CANTORIS::PLX::fs

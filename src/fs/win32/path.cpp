@@ -1,0 +1,132 @@
+#include "fs/win32/path.h"
+
+#include <algorithm>
+
+#include <windows.h>
+
+namespace Korvel::CANTORIS::PLX::fs {
+
+namespace {
+
+constexpr StringView prefix = LR"(\\?\)";
+constexpr StringView prefixOfShares = LR"(\\?\UNC\)";
+constexpr StringView prefixOfDevices = LR"(\\.\)";
+constexpr StringView separators = LR"(\/)";
+
+bool isLetter(Char unit)
+{
+    return (unit >= L'A' && unit <= L'Z') || (unit >= L'a' && unit <= L'z');
+}
+
+bool beginsWithDrive(StringView path)
+{
+    return path.size() >= 2 && isLetter(path[0]) && path[1] == L':';
+}
+
+String joinedTo(StringView first, StringView second)
+{
+    String text(first);
+    text += second;
+    return text;
+}
+
+// What the system makes of a path; the folder of a relative path may change between two calls.
+String complete(const String& given)
+{
+    String full;
+    DWORD length = GetFullPathNameW(given.c_str(), 0, nullptr, nullptr);
+    while (length > full.size()) {
+        full.resize(length);
+        length =
+            GetFullPathNameW(given.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr);
+    }
+    full.resize(length);
+    return full;
+}
+
+// A path with the prefix is one that the host wants to be taken as it is.
+String systemForm(StringView given)
+{
+    return given.starts_with(prefix) ? String(given) : withPrefix(complete(String(given)));
+}
+
+// Behind the drive, the volume or the share.
+std::size_t endOfRoot(StringView system)
+{
+    std::size_t end = prefix.size();
+    const int names = system.starts_with(prefixOfShares) ? 3 : 1;
+    for (int i = 0; i < names && end < system.size(); ++i) {
+        end = std::min(system.find(separator, end), system.size() - 1) + 1;
+    }
+    return end;
+}
+
+bool isUsable(StringView path, StringView given)
+{
+    return !given.empty() && path.find(Char{}) == StringView::npos;
+}
+
+} // namespace
+
+String withPrefix(StringView full)
+{
+    if (full.starts_with(prefix)) {
+        return String(full);
+    }
+    if (full.starts_with(prefixOfDevices)) {
+        const StringView name = full.substr(prefixOfDevices.size());
+        return beginsWithDrive(name) ? joinedTo(prefix, name) : String();
+    }
+    if (full.starts_with(LR"(\\)")) {
+        return joinedTo(prefixOfShares, full.substr(2));
+    }
+    return beginsWithDrive(full) ? joinedTo(prefix, full) : String();
+}
+
+SystemPath::SystemPath(const Path& path)
+{
+    const StringView given = path.text.substr(0, path.givenLength);
+    if (!isUsable(path.text, given)) {
+        return;
+    }
+    text_ = systemForm(given);
+    if (text_.size() <= prefix.size()) {
+        text_.clear();
+        return;
+    }
+    namesFolder_ = separators.find(path.text.back()) != StringView::npos;
+    if (endOfRoot(text_) == text_.size() && text_.back() != separator) {
+        text_ += separator;
+    }
+    rootLength_ = endOfRoot(text_);
+    while (text_.size() > rootLength_ && text_.back() == separator) {
+        text_.pop_back();
+    }
+    appendNames(path.text.substr(given.size()));
+}
+
+void SystemPath::appendNames(StringView names)
+{
+    while (!names.empty()) {
+        const std::size_t end = std::min(names.find_first_of(separators), names.size());
+        append(names.substr(0, end));
+        names.remove_prefix(std::min(end + 1, names.size()));
+    }
+}
+
+void SystemPath::append(StringView name)
+{
+    if (name == L"..") {
+        const std::size_t last = text_.rfind(separator);
+        text_.resize(std::max(last, rootLength_));
+    } else if (!name.empty() && name != L".") {
+        text_ = of(name);
+    }
+}
+
+String SystemPath::of(StringView name) const
+{
+    return text_.ends_with(separator) ? joinedTo(text_, name) : join(text_, name);
+}
+
+} // namespace Korvel::CANTORIS::PLX::fs
