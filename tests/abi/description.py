@@ -63,8 +63,9 @@ def enumerators(text):
 
 
 def marks(text):
-    """Yields each mark for "no such value"."""
-    for name, value in re.findall(r"^#define (KRT_PLX_NO_\w+)\s+(.+?)\s*$", text, re.MULTILINE):
+    """Yields each mark for "no such value", and each limit."""
+    mark = r"^#define (KRT_PLX_(?:NO_\w+|\w+_LIMIT))\s+(.+?)\s*$"
+    for name, value in re.findall(mark, text, re.MULTILINE):
         yield f"{name} = {value}"
 
 

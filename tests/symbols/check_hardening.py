@@ -1,9 +1,15 @@
 """Checks what a shipped binary says of its own protection.
 
-check_hardening.py elf READELF BINARY
+check_hardening.py elf READELF BINARY TARGET
 check_hardening.py pe OBJDUMP BINARY
+
+Whether calls look at sizes is not in a binary when there is no call for which the compiler knows one, so
+that is read from the commands by which the TARGET's sources were compiled, in the
+compile_commands.json of the folder above the binary's.
 """
 
+import json
+import pathlib
 import re
 import sys
 
@@ -12,7 +18,7 @@ from binary import fail, output_of
 PE_MARKS = ("HIGH_ENTROPY_VA", "DYNAMIC_BASE", "NX_COMPAT")
 
 
-def elf_faults(readelf, binary):
+def elf_faults(readelf, binary, target):
     def read(what):
         return output_of(readelf, what, "--wide", binary)
 
@@ -23,16 +29,23 @@ def elf_faults(readelf, binary):
         yield "has a stack that code can run on"
     if "GNU_RELRO" not in segments or not re.search(r"FLAGS.*\bBIND_NOW\b", dynamic):
         yield "leaves the table of the functions that it calls open to writing"
-    yield from faults_of_calls(read("--dyn-syms"))
+    if "__stack_chk_fail" not in read("--dyn-syms"):
+        yield "has no stack protector"
+    yield from faults_of_sizes(pathlib.Path(binary).parent.parent, target)
     if "X86-64" in read("--file-header") and "SHSTK" not in read("--notes"):
         yield "does not say that it gets on with a shadow stack"
 
 
-def faults_of_calls(symbols):
-    if "__stack_chk_fail" not in symbols:
-        yield "has no stack protector"
-    if not re.search(r"__(?!stack_)\w+_chk\b", symbols):
-        yield "calls nothing in the form that looks at sizes"
+def faults_of_sizes(build, target):
+    entries = json.loads((build / "compile_commands.json").read_text(encoding="utf-8"))
+    commands = {entry["file"]: entry["command"] for entry in entries
+                if f"/{target}.dir/" in entry["command"]}
+    if not commands:
+        yield "is made of no source that could be found"
+    for source, command in commands.items():
+        words = re.findall(r"(?<= )-[DU]_FORTIFY_SOURCE\S*|(?<= )-O\S*", command)
+        if not {"-O2", "-O3", "-Os"} & set(words) or "-D_FORTIFY_SOURCE=2" not in words[-1:]:
+            yield f"does not look at the sizes in {source}: {' '.join(words)}"
 
 
 def pe_faults(objdump, binary):
@@ -47,8 +60,8 @@ def main():
     form, *arguments = sys.argv[1:]
     faults = list({"elf": elf_faults, "pe": pe_faults}[form](*arguments))
     if faults:
-        fail(f"{arguments[-1]}:", *(f"  {fault}" for fault in faults))
-    print(f"{arguments[-1]} is protected")
+        fail(f"{arguments[1]}:", *(f"  {fault}" for fault in faults))
+    print(f"{arguments[1]} is protected")
 
 
 main()
