@@ -167,6 +167,8 @@ def add_property_documents(make):
     make.properties("type-missing", '{ "type": "midi", ', '⟦{ ', "missing-key", "/part/type")
     make.properties("type-unknown", '"type": "midi"', '"type": ⟦"Midi"', "wrong-value",
                     "/part/type")
+    make.properties("type-with-nul", '"type": "midi"', r'"type": ⟦"midi\u0000x"', "wrong-value",
+                    "/part/type")
     make.properties("root-array", PROPERTIES, "⟦[]", "wrong-type")
     ignored = {"effect": "ignored"}
     dropped = {"effect": "dropped"}
@@ -198,6 +200,14 @@ def add_texts(make):
                    codec=codec)
         make.properties(f"key-in-{codec}", '"key": 10', '"key": ⟦99', "out-of-range", "/part/key",
                         "ignored", codec)
+    for codec in ("utf-8", "utf-16-le", "utf-32-be"):
+        make.whole(f"nul-behind-in-{codec}", "}\n}\n", "}\n}\n⟦\0{}", "syntax", base=AUDIO, codec=codec)
+    make.whole("number-without-digits", '{\n    "id"', '{\n    "other": -⟦x, "id"', "syntax", base=AUDIO)
+    make.whole("number-without-fraction", '{\n    "id"', '{\n    "other": 1.⟦e5, "id"', "syntax",
+               base=AUDIO)
+    make.whole("number-without-exponent", '{\n    "id"', '{\n    "other": 1e+⟦, "id"', "syntax",
+               base=AUDIO)
+    make.whole("number-too-large", '{\n    "id"', '{\n    "other": ⟦1e400, "id"', "syntax", base=AUDIO)
     make.whole("bad-utf-8", "Größe", "Gr⟦\x00e", "encoding", base=AUDIO,
                after=lambda data: data.replace(b"\x00", b"\xff"))
     make.whole("odd-utf-16", "}\n}\n", "}\n}⟦", "encoding", base=AUDIO, codec="utf-16-le",
@@ -214,6 +224,8 @@ def add_parts(make):
               base=AUDIO)
     make.part("wave-missing", '"take.wav"', '⟦"take.wav"', "wave-file", "/audio/wavFileName",
               base=AUDIO)
+    make.part("wave-with-nul", '"take.wav"', r'⟦"take.wav\u0000x"', "wave-file",
+              "/audio/wavFileName", base=AUDIO)
     make.part("duration-0", '"duration": 1920', '"duration": ⟦0', "out-of-range",
               "/midi/duration")
     make.part("voice-missing", '"midi": {', '"midi": ⟦{', "missing-key", "/midi/voice",
@@ -252,6 +264,8 @@ def add_notes(make):
               f"{first}/exp/fallPort", **ignored)
     make.loss("pitch-integer", '"pitchFine": 0.25', '"pitchFine": ⟦1', "wrong-type",
               f"{first}/aiExp/pitchFine", **ignored)
+    make.loss("pitch-of-400-digits", '"pitchFine": 0.25', '"pitchFine": ⟦1' + 400 * "0",
+              "wrong-type", f"{first}/aiExp/pitchFine", **ignored)
     make.loss("pitch-1.5", '"pitchFine": 0.25', '"pitchFine": ⟦1.5', "out-of-range",
               f"{first}/aiExp/pitchFine", **ignored)
     make.loss("skill-longer", '"duration": 9', '"duration": ⟦481', "out-of-range",
@@ -276,6 +290,8 @@ def add_lists(make):
     """Lanes and effects."""
     lane = '{ "name": "dynamics", "events": [{ "pos": 0, "value": 80 }] }'
     make.loss("lane-unknown", '"dynamics"', '⟦"Dynamics"', "wrong-value", "/midi/controllers/0/name")
+    make.loss("lane-with-nul", '"dynamics"', r'⟦"dynamics\u0000"', "wrong-value",
+              "/midi/controllers/0/name")
     make.loss("lane-twice", lane, f"{lane}, " + lane.replace('"dynamics"', '⟦"dynamics"'),
               "repeated", "/midi/controllers/1/name")
     make.loss("lane-empty", '[{ "pos": 0, "value": 80 }]', "⟦[]", "wrong-value",
@@ -290,6 +306,8 @@ def add_lists(make):
     make.loss("effect-without-id", '[{ "id": "echo" }]', '[⟦{}]', "missing-key",
               "/midi/midiEffects/0/id")
     make.loss("parameter-flag", '"value": 0.5', '"value": ⟦true', "wrong-type",
+              "/midi/audioEffects/0/parameters/0/value")
+    make.loss("parameter-of-400-digits", '"value": 0.5', '"value": ⟦-' + 400 * "9", "out-of-range",
               "/midi/audioEffects/0/parameters/0/value")
     make.loss("parameter-huge", '"value": 0.5', '"value": ⟦-1e300', "out-of-range",
               "/midi/audioEffects/0/parameters/0/value", "ignored")

@@ -3,15 +3,26 @@
 import copy
 import json
 import random
+import re
 
 from damaged import AI, AUDIO, DATA, PROPERTIES
+
+RAW = "as it stands: "
+
+
+def raw(text):
+    """JSON that Python would not write."""
+    return RAW + text
+
 
 # Values that are wrong in one place or another, and some that are right.
 VALUES = (None, True, False, 0, 1, -1, 3, 16, 17, 127, 128, 480, 481, 1920, 2147483647, 2147483648,
           -2147483648, -2147483649, 10**12, 10**25, 0.0, 0.5, 1.0, 1.5, 2.0, 2.5, -0.0, 3.5e38, -1e300, "", "x",
           "midi", "audio", "midiAi", "dynamics", "pitchBend", "reverb", "ABCDEFGHIJKLMNOP",
           "ABCDEFGHIJKLMNO𝄞", "a\0b", "\0", "Größe", [], {}, [1], [{}], ["a", "a", ""],
-          {"pos": 0, "value": 1}, [{"pos": 1, "value": 2}, {"pos": 1, "value": 3}])
+          10**400, -(10**19), raw("0e400"), raw("-0.000e999999999999"), raw("1e-2147483648"),
+          raw("0.00000000001e-2147483639"), raw("1.8e308"), raw("1e00"), raw("-0"), "midi\0x", "audio\0",
+          "dynamics\0", "take.wav\0x", "Bypass\0", {"pos": 0, "value": 1}, [{"pos": 1, "value": 2}, {"pos": 1, "value": 3}])
 
 # About where ranges begin and end.
 BOUNDS = (-8193, -8192, -65, -64, -1, 0, 1, 16, 17, 24, 25, 30, 31, 63, 64, 100, 101, 127, 128, 240,
@@ -93,7 +104,7 @@ def damage_bytes(choice, data):
     start = choice.randrange(len(data))
     end = start + choice.randrange(1, 4)
     middle = choice.choice((b"", data[start:end] * 2, bytes([choice.randrange(256)]), b",", b"}",
-                            b"\\udc00", b"/**/", b"1e400"))
+                            b"\\udc00", b"/**/", b"1e400", b"\0"))
     return data[:start] + middle + data[end:]
 
 
@@ -105,6 +116,9 @@ def damaged_bytes(choice, text, clip_id, most):
         damage_tree(choice, document)
     text = json.dumps(document, indent=choice.choice((None, 1)),
                       ensure_ascii=choice.choice((True, False)))
+    text = re.sub(f'"{RAW}([^"]*)"', r"\1", text)
+    if choice.randrange(40) == 0:
+        text += choice.choice((" ", "\0", "\0junk"))
     data = text.encode(choice.choice(CODECS))
     return damage_bytes(choice, data) if choice.randrange(12) == 0 else data
 

@@ -1,6 +1,9 @@
 #include "check/document.h"
 
 #include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <cstdlib>
 
 #include <rapidjson/error/en.h>
 #include <rapidjson/reader.h>
@@ -44,6 +47,47 @@ private:
     std::string_view source;
     std::size_t place = 0;
 };
+
+bool takeDigits(Stream& stream)
+{
+    const std::size_t start = stream.Tell();
+    while ('0' <= stream.Peek() && stream.Peek() <= '9') {
+        stream.Take();
+    }
+    return stream.Tell() > start;
+}
+
+bool takeOneOf(Stream& stream, std::string_view letters)
+{
+    const bool found = letters.find(stream.Peek()) != std::string_view::npos;
+    if (found) {
+        stream.Take();
+    }
+    return found;
+}
+
+// Steps behind a number, or to where it is none.
+rapidjson::ParseErrorCode takeNumber(Stream& stream, bool& isReal)
+{
+    takeOneOf(stream, "-");
+    if (!takeOneOf(stream, "0") && !takeDigits(stream)) {
+        return rapidjson::kParseErrorValueInvalid;
+    }
+    if (takeOneOf(stream, ".")) {
+        isReal = true;
+        if (!takeDigits(stream)) {
+            return rapidjson::kParseErrorNumberMissFraction;
+        }
+    }
+    if (takeOneOf(stream, "eE")) {
+        isReal = true;
+        takeOneOf(stream, "+-");
+        if (!takeDigits(stream)) {
+            return rapidjson::kParseErrorNumberMissExponent;
+        }
+    }
+    return rapidjson::kParseErrorNone;
+}
 
 bool isBetweenTokens(char letter)
 {
@@ -91,33 +135,28 @@ public:
         return true;
     }
 
-    bool Int(int value)
+    void addInteger(std::size_t start)
     {
-        addScalar(Kind::integer).integer = value;
-        return true;
+        const std::string_view text = textFrom(start);
+        std::int32_t value = 0;
+        const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
+        addScalar(result.ec == std::errc() ? Kind::integer : Kind::wideInteger).integer = value;
     }
 
-    bool Uint(unsigned value)
+    // False when it is too large.
+    bool addReal(std::size_t start)
     {
-        return value <= 0x7FFFFFFFU ? Int(static_cast<int>(value)) : addPlain(Kind::wideInteger);
-    }
-
-    bool Int64(std::int64_t) { return addPlain(Kind::wideInteger); }
-    bool Uint64(std::uint64_t) { return addPlain(Kind::wideInteger); }
-
-    bool Double(double value)
-    {
+        const double value = std::strtod(std::string(textFrom(start)).c_str(), nullptr);
         addScalar(Kind::real).real = value;
-        return true;
+        return std::isfinite(value);
     }
-
-    static bool RawNumber(const char*, rapidjson::SizeType, bool) { return false; }
 
     bool String(const char* text, rapidjson::SizeType length, bool)
     {
         Node& node = addScalar(Kind::text);
         const std::string_view whole = keep({text, length}, node.start, node.end);
         node.text = whole.substr(0, whole.find('\0'));
+        node.whole = whole;
         return true;
     }
 
@@ -140,6 +179,11 @@ private:
         Node* last;
         std::size_t count;
     };
+
+    std::string_view textFrom(std::size_t start) const
+    {
+        return std::string_view(document.source).substr(start, input.Tell() - start);
+    }
 
     std::size_t nextToken() const
     {
@@ -220,6 +264,36 @@ private:
     std::vector<Level> levels;
 };
 
+} // namespace plxclip::check
+
+namespace rapidjson {
+
+using plxclip::check::CheckedUtf8;
+using plxclip::check::Stream;
+using plxclip::check::TreeBuilder;
+
+// RapidJSON's own does not know long integers for what they are, and does not bear long exponents.
+template <>
+template <>
+inline void GenericReader<CheckedUtf8, CheckedUtf8>::ParseNumber<kParseIterativeFlag>(
+    Stream& stream, TreeBuilder& builder)
+{
+    const std::size_t start = stream.Tell();
+    bool isReal = false;
+    const ParseErrorCode defect = plxclip::check::takeNumber(stream, isReal);
+    if (defect != kParseErrorNone) {
+        SetParseError(defect, stream.Tell());
+    } else if (!isReal) {
+        builder.addInteger(start);
+    } else if (!builder.addReal(start)) {
+        SetParseError(kParseErrorNumberTooBig, start);
+    }
+}
+
+} // namespace rapidjson
+
+namespace plxclip::check {
+
 Document::Document(std::string utf8) : source(std::move(utf8))
 {
     Stream stream(source);
@@ -227,7 +301,11 @@ Document::Document(std::string utf8) : source(std::move(utf8))
     rapidjson::GenericReader<CheckedUtf8, CheckedUtf8> reader;
     try {
         // Without recursion: a document may nest without end.
-        const auto result = reader.Parse<rapidjson::kParseIterativeFlag>(stream, builder);
+        auto result = reader.Parse<rapidjson::kParseIterativeFlag>(stream, builder);
+        if (!result.IsError() && stream.Tell() < source.size()) {
+            // A NUL, which the parser takes for the end.
+            result.Set(rapidjson::kParseErrorDocumentRootNotSingular, stream.Tell());
+        }
         if (result.IsError()) {
             defect = {describeError(source, result.Offset(), result.Code()), result.Offset()};
         }

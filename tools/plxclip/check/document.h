@@ -33,7 +33,8 @@ struct Node {
     std::size_t end = 0;
     std::size_t keyStart = 0;
     std::string_view key;
-    std::string_view text; // up to its first NUL, as the library takes every text
+    std::string_view text;  // up to its first NUL, as the library takes every text
+    std::string_view whole; // what the library compares with its own words
     const Node* parent = nullptr;
     const Node* next = nullptr;
     const Node* first = nullptr;

@@ -74,7 +74,8 @@ std::optional<Contents> examineAudioPart(Examiner& examiner, const Node& object,
         return std::nullopt;
     }
     const Node& name = *fields["wavFileName"];
-    if (!isPlainFile(wavePath(folder, name.text))) {
+    const bool canBe = name.whole.size() == name.text.size(); // no file has a NUL in its name
+    if (!canBe || !isPlainFile(wavePath(folder, name.text))) {
         examiner.report(name, Reason::waveFile, R"(is no file in the folder "audio")", partRefused);
         return std::nullopt;
     }

@@ -56,7 +56,7 @@ Identity identityOf(Examiner& examiner, const Fields& fields)
 
 bool isMidi(const Node* type)
 {
-    return type != nullptr && type->kind == Kind::text && type->text != keys::parts.front();
+    return type != nullptr && type->kind == Kind::text && type->whole != keys::parts.front();
 }
 
 bool examineHeader(Examiner& examiner, const Node& header)

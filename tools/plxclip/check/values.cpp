@@ -115,8 +115,9 @@ std::optional<Problem> partTypeProblem(std::string_view text)
     return Problem{Reason::wrongValue, R"(is none of "audio", "midiAi" and "midi")"};
 }
 
-std::optional<Problem> textProblem(std::string_view text, TextRule rule)
+std::optional<Problem> textProblem(const Node& value, TextRule rule)
 {
+    const std::string_view text = value.text;
     switch (rule) {
     case TextRule::notEmpty:
         return text.empty() ? std::optional(Problem{Reason::wrongValue, "is empty"}) : std::nullopt;
@@ -125,9 +126,9 @@ std::optional<Problem> textProblem(std::string_view text, TextRule rule)
     case TextRule::voiceBankOrEmpty:
         return text.empty() ? std::nullopt : lengthProblem(text);
     case TextRule::partType:
-        return partTypeProblem(text);
+        return partTypeProblem(value.whole);
     case TextRule::controllerName:
-        return controllerNamed(text) != nullptr
+        return controllerNamed(value.whole) != nullptr
                    ? std::nullopt
                    : std::optional(Problem{Reason::wrongValue, "names no controller"});
     default:
@@ -169,7 +170,7 @@ std::optional<Problem> problemOf(const Node& value, const Key& key)
     case Type::real:
         return realProblem(value, key);
     case Type::text:
-        return textProblem(value.text, key.rule);
+        return textProblem(value, key.rule);
     default:
         return std::nullopt;
     }
