@@ -23,4 +23,5 @@ function(krt_plx_add_python)
     install(DIRECTORY "${KRT_PLX_PYTHON_FOLDER}/korvel_plx"
         DESTINATION "lib/python3/dist-packages" COMPONENT python
         PATTERN "__pycache__" EXCLUDE)
+    install(PROGRAMS "${folder}/plxsong" DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT python)
 endfunction()

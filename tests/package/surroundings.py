@@ -71,13 +71,14 @@ class PackageTest(unittest.TestCase):
     """A test with the installed package in self.tree, where nothing is as it was when installed."""
 
     surroundings = None
+    components = ("runtime", "development")
 
     @classmethod
     def setUpClass(cls):
         cls.folder = pathlib.Path(tempfile.mkdtemp())
         cls.addClassCleanup(shutil.rmtree, cls.folder)
         cls.installed = cls.folder / "as installed"
-        for component in ("runtime", "development"):
+        for component in cls.components:
             output_of([cls.surroundings.cmake, "--install", cls.surroundings.build,
                        "--component", component, "--prefix", cls.installed])
         cls.tree = cls.folder / "moved tree"

@@ -36,7 +36,7 @@ COUNTS = pathlib.Path(__file__).parent / "counts.json"
 DRUMS = 9
 ROUNDED = 6  # ticks
 # MuseScore takes minutes for the others.
-SHORT_FILES = [file for file in FILES if file.stat().st_size < 20_000]
+SHORT_FILES = [file for file in FILES if file.stat().st_size < 19_000]
 
 
 def run(*words):

@@ -21,7 +21,7 @@ def run(*command, **environment):
     kept = {key: value for key, value in os.environ.items()
             if not key.startswith(("KRT_PLX", "PYTHONPATH"))}
     done = subprocess.run([str(part) for part in command], text=True, capture_output=True, check=False,
-                          env=kept | {"PYTHONDONTWRITEBYTECODE": "1"} | environment, timeout=300)
+                          env=kept | environment, timeout=300)
     return done.returncode, done.stdout, done.stderr
 
 

@@ -1,5 +1,7 @@
 """The command, as a user types it."""
 
+import contextlib
+import io
 import json
 import os
 import pathlib
@@ -11,6 +13,7 @@ import wave
 import pytest
 
 import korvel_plx as plx
+from korvel_plx.songs.__main__ import main
 from korvel_plx.songs.phonemes import x_sampa
 from conftest import IDS, LIBRARY, TREE
 from writing import ATTRIBUTES, lyric, midi, note, off, on, score, sung, tempo, track
@@ -20,12 +23,26 @@ SONG = midi(track((0, tempo(100)), (0, lyric(b"Hal")), (0, on(60)), (480, off(60
 
 
 def run(*words, cwd=None):
+    """As the command would, in this process: starting one takes longer than most of the tests."""
+    output, errors, before = io.StringIO(), io.StringIO(), os.getcwd()
+    os.chdir(cwd or before)
+    try:
+        with contextlib.redirect_stdout(output), contextlib.redirect_stderr(errors):
+            code = main([str(word) for word in words])
+    except SystemExit as end:
+        code = end.code
+    finally:
+        os.chdir(before)
+    return code, output.getvalue(), errors.getvalue()
+
+
+def test_the_command_is_a_module(song, tmp_path):
     environment = os.environ | {"KRT_PLX_LIBRARY": os.path.abspath(plx.library_path()),
-                                "PYTHONPATH": str(pathlib.Path(plx.__file__).parents[1]),
-                                "PYTHONDONTWRITEBYTECODE": "1"}
-    done = subprocess.run([sys.executable, "-m", "korvel_plx.songs", *map(str, words)], text=True, cwd=cwd,
-                          capture_output=True, check=False, env=environment, timeout=100)
-    return done.returncode, done.stdout, done.stderr
+                                "PYTHONPATH": str(pathlib.Path(plx.__file__).parents[1])}
+    for words, code in ((["parts", song], 0), (["parts", tmp_path], 1), (["sing"], 2)):
+        done = subprocess.run([sys.executable, "-m", "korvel_plx.songs", *map(str, words)],
+                              capture_output=True, check=False, env=environment, timeout=100)
+        assert done.returncode == code, done.stderr
 
 
 @pytest.fixture
