@@ -79,11 +79,12 @@ bool removeIfThere(const fs::Folder& folder, StringView name)
     return folder.remove(name) || folder.isMissing(name);
 }
 
-// Keeps those out who edit the clip in another program. True also where there is nothing to hold.
-bool isFree(const fs::HeldFile& properties, const fs::Path& path)
+// Keeps those out who edit the clip in another program. True also where there is nothing to hold, or
+// no longer: while this program waited, the other one may have removed the clip.
+bool isFree(const fs::HeldFile& properties, const fs::Folder& folder, const fs::Path& path)
 {
     return properties.state() == fs::HeldFile::State::held
-               ? properties.isAt(path)
+               ? properties.isAt(path) || folder.isMissing(propertyFileName)
                : properties.state() != fs::HeldFile::State::busy;
 }
 
@@ -98,7 +99,7 @@ bool removeDocuments(const fs::Path& clipPath, const Names& wayToAudio)
     }
     fs::Patience patience;
     const fs::HeldFile held = folder.hold(propertyFileName, fs::Folder::Purpose::removal, patience);
-    if (!isFree(held, {document, clipPath.givenLength}) ||
+    if (!isFree(held, folder, {document, clipPath.givenLength}) ||
         !removeIfThere(folder, fs::fileName(clipPath.text)) ||
         !removeIfThere(folder, propertyFileName)) {
         return false;
