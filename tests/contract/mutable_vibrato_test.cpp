@@ -14,7 +14,7 @@ namespace {
 
 using Point = KRT_PLX_VibratoParameterBase;
 using Points = std::vector<Point*>;
-using Values = std::vector<std::pair<std::int32_t, std::uint32_t>>;
+using PointValues = std::vector<std::pair<std::int32_t, std::uint32_t>>;
 
 class MutableVibrato : public NoteTest {
 protected:
@@ -70,9 +70,9 @@ protected:
         return KRT_PLX_MutableVibrato_insertParameter(vibrato, kind, pos, value);
     }
 
-    Values values()
+    PointValues values()
     {
-        Values all;
+        PointValues all;
         for (Point* const point : pointsOf(vibrato, kind)) {
             all.emplace_back(KRT_PLX_VibratoParameterBase_pos(point),
                              KRT_PLX_VibratoParameterBase_value(point));
@@ -122,7 +122,7 @@ TEST_P(MutableVibratoPoint, StandsWithinTheVibrato)
     for (const std::int32_t pos : {481, largest, -1, smallest}) {
         EXPECT_EQ(insert(pos, 64), nullptr) << pos;
     }
-    EXPECT_EQ(values(), (Values{{0, 64}, {480, 64}}));
+    EXPECT_EQ(values(), (PointValues{{0, 64}, {480, 64}}));
 }
 
 TEST_P(MutableVibratoPoint, OfAVibratoWithoutLengthStandsAtItsStart)
@@ -130,7 +130,7 @@ TEST_P(MutableVibratoPoint, OfAVibratoWithoutLengthStandsAtItsStart)
     KRT_PLX_MutableVibrato_setDuration(vibrato, 0);
     EXPECT_NE(insert(0, 64), nullptr);
     EXPECT_EQ(insert(1, 64), nullptr);
-    EXPECT_EQ(values(), (Values{{0, 64}}));
+    EXPECT_EQ(values(), (PointValues{{0, 64}}));
 }
 
 TEST_P(MutableVibratoPoint, TakesValuesUpTo127)
@@ -145,7 +145,7 @@ TEST_P(MutableVibratoPoint, TakesValuesUpTo127)
         EXPECT_FALSE(KRT_PLX_MutableVibratoParameter_setValue(point, value)) << value;
         EXPECT_EQ(insert(20, value), nullptr) << value;
     }
-    EXPECT_EQ(values(), (Values{{10, 127}}));
+    EXPECT_EQ(values(), (PointValues{{10, 127}}));
 }
 
 TEST_P(MutableVibratoPoint, IsUpdatedWhenInsertedAgain)
@@ -153,9 +153,9 @@ TEST_P(MutableVibratoPoint, IsUpdatedWhenInsertedAgain)
     Point* const point = insert(10, 50);
     insert(20, 1);
     EXPECT_EQ(insert(10, 60), point);
-    EXPECT_EQ(values(), (Values{{10, 60}, {20, 1}}));
+    EXPECT_EQ(values(), (PointValues{{10, 60}, {20, 1}}));
     EXPECT_EQ(insert(10, 200), nullptr);
-    EXPECT_EQ(values(), (Values{{10, 60}, {20, 1}}));
+    EXPECT_EQ(values(), (PointValues{{10, 60}, {20, 1}}));
 }
 
 TEST_P(MutableVibratoPoint, OutlivesAShorteningOfTheVibrato)
@@ -166,9 +166,9 @@ TEST_P(MutableVibratoPoint, OutlivesAShorteningOfTheVibrato)
     EXPECT_EQ(insert(400, 60), point);
     EXPECT_EQ(insert(401, 60), nullptr);
     EXPECT_FALSE(KRT_PLX_MutableVibratoParameter_move(point, 400));
-    EXPECT_EQ(values(), (Values{{400, 60}}));
+    EXPECT_EQ(values(), (PointValues{{400, 60}}));
     EXPECT_TRUE(KRT_PLX_MutableVibratoParameter_move(point, 100));
-    EXPECT_EQ(values(), (Values{{100, 60}}));
+    EXPECT_EQ(values(), (PointValues{{100, 60}}));
 }
 
 TEST_P(MutableVibratoPoint, MovesWithinTheVibrato)
@@ -186,7 +186,7 @@ TEST_P(MutableVibratoPoint, MovesWithinTheVibrato)
     for (const std::int32_t pos : {481, -1, smallest, largest}) {
         EXPECT_FALSE(KRT_PLX_MutableVibratoParameter_move(a, pos)) << pos;
     }
-    EXPECT_EQ(values(), (Values{{0, 3}, {250, 1}, {480, 2}}));
+    EXPECT_EQ(values(), (PointValues{{0, 3}, {250, 1}, {480, 2}}));
 }
 
 TEST_P(MutableVibratoPoint, DestroysTheOneItLandsOn)
@@ -197,11 +197,11 @@ TEST_P(MutableVibratoPoint, DestroysTheOneItLandsOn)
     EXPECT_TRUE(KRT_PLX_MutableVibratoParameter_move(last, 100));
     EXPECT_FALSE(has(middle));
     EXPECT_TRUE(has(last));
-    EXPECT_EQ(values(), (Values{{0, 1}, {100, 3}}));
+    EXPECT_EQ(values(), (PointValues{{0, 1}, {100, 3}}));
     EXPECT_TRUE(KRT_PLX_MutableVibratoParameter_move(first, 100));
     EXPECT_FALSE(has(last));
     EXPECT_EQ(pointsOf(vibrato, kind), Points{first});
-    EXPECT_EQ(values(), (Values{{100, 1}}));
+    EXPECT_EQ(values(), (PointValues{{100, 1}}));
 }
 
 TEST_P(MutableVibratoPoint, IsRemoved)
@@ -214,7 +214,7 @@ TEST_P(MutableVibratoPoint, IsRemoved)
     EXPECT_EQ(pointsOf(vibrato, kind), (Points{first, last}));
     EXPECT_TRUE(KRT_PLX_MutableVibratoParameter_remove(first));
     EXPECT_TRUE(KRT_PLX_MutableVibratoParameter_remove(last));
-    EXPECT_EQ(values(), Values{});
+    EXPECT_EQ(values(), PointValues{});
 }
 
 TEST_P(MutableVibratoPoint, BelongsToOneCurveOfOneVibrato)
@@ -230,7 +230,7 @@ TEST_P(MutableVibratoPoint, BelongsToOneCurveOfOneVibrato)
     KRT_PLX_VibratoBase* const other = KRT_PLX_MutableNote_vibrato(support::insertNote(part, 1000));
     EXPECT_FALSE(KRT_PLX_MutableVibrato_hasParameter(other, kind, point));
     KRT_PLX_MutableVibratoParameter_move(twin, 20);
-    EXPECT_EQ(values(), (Values{{10, 50}}));
+    EXPECT_EQ(values(), (PointValues{{10, 50}}));
 }
 
 TEST_P(MutableVibratoPoint, HasNoneBehindTheLast)
