@@ -45,16 +45,25 @@ public:
             file_.cut(oldSize_);
             return false;
         }
-        if (!(file_.write(0, new_) && file_.sync() && file_.isAt(path))) {
-            file_.write(0, old_);
-            file_.cut(oldSize_);
+        if (!(file_.write(0, new_) && file_.sync())) {
+            putBack();
             return false;
         }
         file_.cut(newSize_);
+        if (!file_.isAt(path)) {
+            putBack();
+            return false;
+        }
         return true;
     }
 
 private:
+    void putBack()
+    {
+        file_.write(0, old_);
+        file_.cut(oldSize_);
+    }
+
     bool makeRoom() { return room_.empty() || (file_.write(oldSize_, room_) && file_.sync()); }
 
     fs::HeldFile& file_;

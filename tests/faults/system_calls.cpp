@@ -250,6 +250,12 @@ int openat(int folder, const char* path, int flags, ...)
                         flags);
 }
 
+// What a call without a mode becomes when the compiler checks the arguments.
+int __openat_2(int folder, const char* path, int flags)
+{
+    return ::openat(folder, path, flags);
+}
+
 // Whatever it answers, the descriptor is gone.
 int close(int file)
 {

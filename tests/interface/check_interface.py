@@ -125,7 +125,7 @@ class Entries(unittest.TestCase):
         found = {value["name"]: value["value"] for enum in INTERFACE["enums"]
                  for value in enum["values"]}
         self.assertEqual(found, {name: int(value) for name, value in enumerators})
-        macros = re.findall(r"^#define (KRT_PLX_(?:NO|VALUE|VIBRATO)_\w+) ", text, re.MULTILINE)
+        macros = re.findall(r"^#define (KRT_PLX_(?:(?:NO|VALUE|VIBRATO)_\w+|\w+_LIMIT)) ", text, re.MULTILINE)
         self.assertEqual({entry["name"] for entry in INTERFACE["constants"]
                           if "VERSION" not in entry["name"]}, set(macros))
 

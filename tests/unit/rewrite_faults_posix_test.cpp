@@ -262,15 +262,6 @@ TEST_F(RewriteFaults, WhenNothingCanBeDoneAnyMoreNothingIsTorn)
 
 // --- Others ---------------------------------------------------------------------------------------------
 
-// For an editor that holds what it writes.
-bool isFree(const String& path)
-{
-    const int file = ::open(hostPath(path).c_str(), O_RDONLY | O_CLOEXEC);
-    const bool isFree = ::flock(file, LOCK_EX | LOCK_NB) == 0;
-    ::close(file);
-    return isFree;
-}
-
 class RewriteInterference : public RewriteFaults {
 protected:
     const std::string other = R"({"other": "somebody else's document, longer than both"})";
@@ -304,31 +295,6 @@ TEST_F(RewriteInterference, WhatAnotherHasWrittenIntoTheNewFileIsNotDeleted)
             writeBytes(dir / "document", other);
         }
     });
-}
-
-TEST_F(RewriteInterference, WhatCouldNotBeHeldIsNotDeletedOnceAnotherHasWrittenIntoIt)
-{
-    const Work work = making();
-    const long calls = countCalls(work);
-    int times = 0;
-    for (long number = 1; number <= calls; ++number) {
-        bool hasHappened = false;
-        work.prepare();
-        Faults::interfere(number, [&] {
-            hasHappened = exists(dir / "document") && isFree(dir / "document");
-            if (hasHappened) {
-                writeBytes(dir / "document", other);
-                Faults::failCall(number, EMFILE);
-            }
-        });
-        result = rewrite();
-        Faults::stop();
-        if (hasHappened && number > 5) { // the fifth closes what was made
-            ++times;
-            EXPECT_TRUE(document() == other || document() == after) << document();
-        }
-    }
-    EXPECT_GE(times, 4); // before status, open, status and lock
 }
 
 TEST_F(RewriteInterference, AFileThatTakesItsPlaceIsWrittenOrTheResultIsFalse)
