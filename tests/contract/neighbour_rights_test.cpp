@@ -155,27 +155,41 @@ TEST_F(NeighbourRights, APartThatMayNotBeReadLeavesTheClip)
 #else
 
 #    include "support/saving.h"
+#    include "support/temp_dir.h"
 
 using support::text;
 
 namespace {
 
-// Windows lets nobody delete or replace a file that is marked as read-only.
-TEST_F(HostTest, AClipOfReadOnlyFilesIsReadAndNotRemoved)
+// The mark keeps a file from being changed. Removing a clip changes none.
+TEST_F(HostTest, AClipOfReadOnlyFilesIsReadAndRemoved)
 {
-    support::addClip(userFolder() / "one", support::propertyDocument("ID"),
-                     support::midiDocument());
-    const auto file = userFolder() / "one" / "clip.kxclip";
-    std::filesystem::permissions(file, std::filesystem::perms::owner_read);
+    support::addAudioClip(userFolder() / "one", "ID");
+    for (const char* name : {"clip.kxclip", "property.json", "audio/take.wav"}) {
+        std::filesystem::permissions(userFolder() / "one" / name,
+                                     std::filesystem::perms::owner_read);
+    }
     ASSERT_EQ(read(), KRT_PLX_RESULT_OK);
     KRT_PLX_ClipBase* const clip = userClip(0);
     EXPECT_TRUE(KRT_PLX_Clip_readPart(clip));
-    const support::Tree before = support::treeOf(userFolder());
-    EXPECT_FALSE(KRT_PLX_UserClip_remove(clip));
-    EXPECT_TRUE(KRT_PLX_Manager_hasUserClip(manager(), clip));
-    EXPECT_EQ(support::treeOf(userFolder()), before);
-    std::filesystem::permissions(file, std::filesystem::perms::owner_all);
     EXPECT_TRUE(KRT_PLX_UserClip_remove(clip));
+    EXPECT_TRUE(std::filesystem::is_empty(userFolder()));
+}
+
+TEST_F(HostTest, AReadOnlyPropertyDocumentIsNotEdited)
+{
+    if (support::isEmulatedWindows()) {
+        GTEST_SKIP() << "an emulated Windows lets its superuser write to every file";
+    }
+    support::addAudioClip(userFolder() / "one", "ID");
+    std::filesystem::permissions(userFolder() / "one" / "property.json",
+                                 std::filesystem::perms::owner_read);
+    ASSERT_EQ(read(), KRT_PLX_RESULT_OK);
+    const support::Tree before = support::treeOf(userFolder());
+    KRT_PLX_PropertyEditor* const editor = KRT_PLX_UserClip_createPropertyEditor(userClip(0));
+    EXPECT_TRUE(KRT_PLX_PropertyEditor_setClipName(editor, text("new").c_str()));
+    EXPECT_FALSE(KRT_PLX_PropertyEditor_save(editor));
+    EXPECT_EQ(support::treeOf(userFolder()), before);
 }
 
 } // namespace

@@ -42,6 +42,10 @@ std::string readBytes(const Text& path);
 
 bool exists(const Text& path); // links are followed
 
+// An emulated Windows opens what a link leads to where a link itself is asked for, keeps a file until the
+// last who has it open closes it, and makes neither links nor pipes.
+bool isEmulatedWindows();
+
 // A link at `link` that leads to `target`, as seen from the link's own folder unless it is a whole
 // path. False when the system at hand makes no links.
 bool makeLink(const Text& link, const Text& target);

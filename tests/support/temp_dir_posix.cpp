@@ -11,6 +11,11 @@
 
 namespace support {
 
+bool isEmulatedWindows()
+{
+    return false;
+}
+
 std::filesystem::path hostPath(TextView path)
 {
     std::string bytes = utf8(Text{path});

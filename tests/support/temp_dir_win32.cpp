@@ -112,6 +112,13 @@ bool makeLinkOnHost(const std::wstring& link, const std::wstring& target)
 
 } // namespace
 
+bool isEmulatedWindows()
+{
+    static const bool isEmulated =
+        GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
+    return isEmulated;
+}
+
 std::filesystem::path hostPath(TextView path)
 {
     return path;

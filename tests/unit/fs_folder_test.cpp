@@ -40,8 +40,10 @@ protected:
 // What is one name for the host, and what is not.
 std::vector<String> noNames()
 {
-    std::vector<String> names = {String{}, text("a") + Char{}, text("folder") + Char{} + text("x"),
-                                 String(1, static_cast<Char>(0xD83C))};
+    std::vector<String> names = {String{}, text("a") + Char{}, text("folder") + Char{} + text("x")};
+#ifndef _WIN32
+    names.emplace_back(1, static_cast<Char>(0xD83C)); // its file systems keep any units
+#endif
     for (const char* name : {".", "..", "folder\\file", "folder/file", "..\\outside", "folder\\",
                              "folder/", "\\", "/", ".\\file"}) {
         names.push_back(text(name));
@@ -315,21 +317,28 @@ TEST_F(FsFolder, ALinkThatLeadsNowhereIsNotMissing)
     if (!makeLink(dir / "link", text("target"))) {
         GTEST_SKIP() << "this system makes no links";
     }
+    if (support::isEmulatedWindows()) {
+        GTEST_SKIP() << "an emulated Windows does not show such a link";
+    }
     std::filesystem::remove(hostPath(dir / "target"));
     EXPECT_FALSE(folder.isMissing(text("link")));
 }
 
-#ifdef _WIN32
-TEST_F(FsFolder, AReadOnlyFileIsNotRemoved)
+// The right to change a file and the right to remove it are two things.
+TEST_F(FsFolder, AReadOnlyFileIsRemoved)
 {
     writeBytes(dir / "file", "x");
-    std::filesystem::permissions(hostPath(dir / "file"), std::filesystem::perms::owner_read);
-    EXPECT_FALSE(folder.remove(text("file")));
-    EXPECT_TRUE(exists(dir / "file"));
-    std::filesystem::permissions(hostPath(dir / "file"), std::filesystem::perms::owner_all);
+    writeBytes(dir / "folder\\file", "x");
+    for (const char* name : {"file", "folder\\file"}) {
+        std::filesystem::permissions(hostPath(dir / name), std::filesystem::perms::owner_read);
+    }
     EXPECT_TRUE(folder.remove(text("file")));
+    EXPECT_FALSE(exists(dir / "file"));
+    EXPECT_TRUE(folder.removeTree(text("folder")));
+    EXPECT_FALSE(exists(dir / "folder"));
 }
 
+#ifdef _WIN32
 TEST_F(FsFolder, DevicesAreNeitherReadNorWritten)
 {
     writeBytes(dir / "file", "x");

@@ -8,7 +8,9 @@
 #include "support/ordinary_user.h"
 #include "support/temp_dir.h"
 
-#ifndef _WIN32
+#ifdef _WIN32
+#    include "support/keeper_win32.h"
+#else
 #    include <fcntl.h>
 #    include <sys/resource.h>
 #    include <sys/stat.h>
@@ -97,14 +99,14 @@ TEST_F(FsRemoveTree, GoesOnPastWhatItCannotRemove)
     for (const char* name : {"tree\\a", "tree\\b\\kept", "tree\\b\\c", "tree\\d\\e", "tree\\f"}) {
         writeBytes(dir / name, "x");
     }
-    const auto kept = hostPath(dir / "tree\\b\\kept");
-    std::filesystem::permissions(kept, std::filesystem::perms::owner_read);
-    EXPECT_FALSE(removeTree("tree"));
+    {
+        const support::Keeper keeper(dir / "tree\\b\\kept");
+        EXPECT_FALSE(removeTree("tree"));
+    }
     EXPECT_TRUE(exists(dir / "tree\\b\\kept"));
     for (const char* name : {"tree\\a", "tree\\b\\c", "tree\\d", "tree\\f"}) {
         EXPECT_FALSE(exists(dir / name)) << name;
     }
-    std::filesystem::permissions(kept, std::filesystem::perms::owner_all);
     EXPECT_TRUE(removeTree("tree"));
 }
 

@@ -8,23 +8,38 @@ namespace Korvel::CANTORIS::PLX::fs {
 
 namespace {
 
-// The longest path that the system takes. What lies deeper nobody else could reach.
-constexpr std::size_t longestPath = 32766;
-
-bool fits(const OpenFolder& folder, StringView name)
+// Whether a path leads to what was made by an open folder and a name: nobody else could reach it otherwise.
+// All systems take paths of the old length.
+bool isReachable(const OpenFolder& folder, StringView name)
 {
-    const bool fitting = folder.pathLength + 1 + name.size() <= longestPath;
-    if (!fitting) {
-        SetLastError(ERROR_FILENAME_EXCED_RANGE);
+    constexpr std::size_t oldLimit = 259;
+    return folder.path.size() + 1 + name.size() <= oldLimit ||
+           GetFileAttributesW(entryPath(folder.path, name).c_str()) != INVALID_FILE_ATTRIBUTES;
+}
+
+void removeEntry(const OpenFolder& folder, StringView name)
+{
+    const Handle entry = openEntry(folder.handle, {name, 0}, Access::remove);
+    if (entry) {
+        removeOpen(entry, 0);
     }
-    return fitting;
+}
+
+Handle makeReachable(const OpenFolder& folder, StringView name, Access access)
+{
+    Handle file = makeFile(folder.handle, name, access);
+    if (file && !isReachable(folder, name)) {
+        file.close();
+        removeEntry(folder, name);
+    }
+    return file;
 }
 
 // The entry goes again unless its content is whole and on the disk.
 template <class Fill>
 WriteResult createWith(const OpenFolder& folder, StringView name, Fill fill)
 {
-    const Handle file = fits(folder, name) ? makeFile(folder.handle, name) : Handle();
+    const Handle file = makeReachable(folder, name, Access::fill);
     if (!file) {
         return WriteResult::notOpened;
     }
@@ -75,12 +90,22 @@ Handle openFolder(const SystemPath& path)
     return status && status->sort == Sort::folder ? std::move(folder) : Handle();
 }
 
-Handle openFolder(const Handle& parent, StringView name)
+Handle openFolder(const OpenFolder& parent, StringView name)
 {
-    Handle folder = openSort(parent, name, Access::list, Sort::folder);
+    const Entry entry = entryOf(parent, name);
+    Handle folder = openSort(parent.handle, entry, Access::list, Sort::folder);
     return folder || GetLastError() != ERROR_ACCESS_DENIED
                ? std::move(folder)
-               : openSort(parent, name, Access::look, Sort::folder);
+               : openSort(parent.handle, entry, Access::look, Sort::folder);
+}
+
+// For a removal, too, others must let the file go: it is known before anything is removed.
+Handle openToHold(const OpenFolder& folder, StringView name, Folder::Purpose purpose,
+                  Patience& patience)
+{
+    const Access access = purpose == Folder::Purpose::change ? Access::change : Access::hold;
+    const Entry entry = entryOf(folder, name);
+    return patiently(patience, [&] { return openSort(folder.handle, entry, access, Sort::file); });
 }
 
 HeldFile::State stateWithout(DWORD error)
@@ -102,30 +127,31 @@ Folder::~Folder() = default;
 Folder Folder::open(const Path& path)
 {
     const SystemPath system{path};
-    auto folder = std::make_unique<OpenFolder>(openFolder(system), system.length());
+    auto folder = std::make_unique<OpenFolder>(openFolder(system), system.text());
     return folder->handle ? Folder(std::move(folder)) : Folder();
 }
 
 Folder Folder::inner(StringView name) const
 {
-    auto folder = std::make_unique<OpenFolder>(openFolder(folder_->handle, name),
-                                               folder_->pathLength + 1 + name.size());
+    auto folder =
+        std::make_unique<OpenFolder>(openFolder(*folder_, name), entryPath(folder_->path, name));
     return folder->handle ? Folder(std::move(folder)) : Folder();
 }
 
 // The memory comes first: nothing is made that could not be held. A new folder is open at once.
 Folder Folder::make(StringView name) const
 {
-    if (!fits(*folder_, name)) {
+    auto folder = std::make_unique<OpenFolder>(Handle(), entryPath(folder_->path, name));
+    folder->handle = fs::makeFolder(folder_->handle, name);
+    if (!folder->handle) {
+        return inner(name);
+    }
+    if (!isReachable(*folder_, name)) {
+        folder.reset();
+        removeEntry(*folder_, name);
         return {};
     }
-    auto folder = std::make_unique<OpenFolder>(Handle(), folder_->pathLength + 1 + name.size());
-    folder->handle = fs::makeFolder(folder_->handle, name);
-    const DWORD error = GetLastError();
-    if (!folder->handle && (error == ERROR_ALREADY_EXISTS || error == ERROR_FILE_EXISTS)) {
-        folder->handle = openFolder(folder_->handle, name);
-    }
-    return folder->handle ? Folder(std::move(folder)) : Folder();
+    return Folder(std::move(folder));
 }
 
 WriteResult Folder::create(StringView name, std::string_view content) const
@@ -146,17 +172,17 @@ WriteResult Folder::copyInto(StringView name, const Path& from) const
 ReadResult Folder::read(StringView name, std::string& content, std::uint64_t limit) const
 {
     Patience patience(aMoment);
+    const Entry entry = entryOf(*folder_, name);
     const Handle file = patiently(
-        patience, [&] { return openSort(folder_->handle, name, Access::read, Sort::file); });
+        patience, [&] { return openSort(folder_->handle, entry, Access::read, Sort::file); });
     return file ? readWhole(file, content, {.limit = limit}) : ReadResult::notOpened;
 }
 
-// For a removal, too, others must let the file go: it is known before anything is removed.
 HeldFile Folder::hold(StringView name, Purpose purpose, Patience& patience) const
 {
-    const Access access = purpose == Purpose::change ? Access::change : Access::hold;
-    auto file = std::make_unique<OpenFile>(
-        patiently(patience, [&] { return openSort(folder_->handle, name, access, Sort::file); }));
+    auto file = std::make_unique<OpenFile>(purpose == Purpose::making
+                                               ? makeReachable(*folder_, name, Access::change)
+                                               : openToHold(*folder_, name, purpose, patience));
     if (!file->handle) {
         return HeldFile(stateWithout(GetLastError()));
     }
@@ -169,22 +195,23 @@ HeldFile Folder::hold(StringView name, Purpose purpose, Patience& patience) cons
 bool Folder::remove(StringView name) const
 {
     Patience patience(aMoment);
-    const Handle entry =
-        patiently(patience, [&] { return openEntry(folder_->handle, name, Access::remove); });
-    const auto status = statusOf(entry);
-    return status && patiently(patience, [&] { return removeOpen(entry, status->attributes); });
+    const Entry entry = entryOf(*folder_, name);
+    const Handle open =
+        patiently(patience, [&] { return openEntry(folder_->handle, entry, Access::remove); });
+    const auto status = statusOf(open);
+    return status && patiently(patience, [&] { return removeOpen(open, status->attributes); });
 }
 
 bool Folder::removeTree(StringView name) const
 {
-    removeAll(folder_->handle, name);
+    removeAll(folder_->handle, entryOf(*folder_, name));
     return isMissing(name);
 }
 
 // What is gone as soon as the last other program lets it go counts as gone.
 bool Folder::isMissing(StringView name) const
 {
-    const Handle entry = openEntry(folder_->handle, name, Access::look);
+    const Handle entry = openEntry(folder_->handle, {name, 0}, Access::look);
     const DWORD error = GetLastError();
     return !entry && (saysMissing(error) || error == ERROR_DELETE_PENDING);
 }

@@ -2,10 +2,6 @@
 
 #include <winternl.h>
 
-// The headers of the compiler do not have it.
-extern "C" NTSYSAPI NTSTATUS NTAPI
-NtQueryFullAttributesFile(OBJECT_ATTRIBUTES* place, FILE_NETWORK_OPEN_INFORMATION* information);
-
 namespace Korvel::CANTORIS::PLX::fs {
 
 namespace {
@@ -76,10 +72,10 @@ bool isMarked(DWORD attributes)
     return (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
 }
 
-bool isMarked(const SystemPath& path)
+DWORD attributesOf(const Char* path)
 {
-    const DWORD attributes = GetFileAttributesW(path.text());
-    return attributes != INVALID_FILE_ATTRIBUTES && isMarked(attributes);
+    const DWORD attributes = GetFileAttributesW(path);
+    return attributes == INVALID_FILE_ATTRIBUTES ? 0 : attributes;
 }
 
 DWORD attributesOf(const Handle& handle)
@@ -97,6 +93,15 @@ DWORD tagOf(const Handle& handle)
     GetFileInformationByHandleEx(handle.get(), FileAttributeTagInfo, &information,
                                  sizeof information);
     return information.ReparseTag;
+}
+
+// Emulated systems open what a link leads to, even if the link itself is wanted. What they say of the
+// name gives it away; then nothing is open.
+Handle asNamed(Handle handle, DWORD attributes)
+{
+    const bool isWhatALinkLeadsTo =
+        handle && isMarked(attributes) && !isMarked(attributesOf(handle));
+    return isWhatALinkLeadsTo ? closedWith(ERROR_CANT_ACCESS_FILE) : std::move(handle);
 }
 
 // Only a folder may be named with a separator at the end.
@@ -124,8 +129,6 @@ void Handle::close()
     }
 }
 
-// Emulated systems open what a link leads to, even if the link itself is wanted. What they say of the
-// name gives it away; then nothing is opened.
 Handle openPath(const SystemPath& path, Access access, Links links)
 {
     if (path.isEmpty()) {
@@ -134,23 +137,17 @@ Handle openPath(const SystemPath& path, Access access, Links links)
     const DWORD itself = links == Links::dontFollow ? FILE_FLAG_OPEN_REPARSE_POINT : 0;
     Handle handle(CreateFileW(path.text(), static_cast<DWORD>(access), fullSharing, nullptr,
                               OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS | itself, nullptr));
-    if (handle && itself != 0 && isMarked(path) && !isMarked(attributesOf(handle))) {
-        return closedWith(ERROR_CANT_ACCESS_FILE);
-    }
-    return handle;
+    return itself == 0 ? std::move(handle) : asNamed(std::move(handle), attributesOf(path.text()));
 }
 
-Handle openEntry(const Handle& folder, StringView name, Access access)
+Entry entryOf(const OpenFolder& folder, StringView name)
 {
-    Handle handle = openAt(folder, name, access, FILE_OPEN, 0);
-    if (!handle || isMarked(attributesOf(handle))) {
-        return handle;
-    }
-    Place place(folder, name);
-    FILE_NETWORK_OPEN_INFORMATION information{};
-    const bool isKnown = NtQueryFullAttributesFile(place.get(), &information) >= 0;
-    return isKnown && isMarked(information.FileAttributes) ? closedWith(ERROR_CANT_ACCESS_FILE)
-                                                           : std::move(handle);
+    return {name, attributesOf(entryPath(folder.path, name).c_str())};
+}
+
+Handle openEntry(const Handle& folder, const Entry& entry, Access access)
+{
+    return asNamed(openAt(folder, entry.name, access, FILE_OPEN, 0), entry.attributes);
 }
 
 Handle reopen(const Handle& handle, Access access)
@@ -159,9 +156,9 @@ Handle reopen(const Handle& handle, Access access)
                              FILE_FLAG_BACKUP_SEMANTICS));
 }
 
-Handle makeFile(const Handle& folder, StringView name)
+Handle makeFile(const Handle& folder, StringView name, Access access)
 {
-    return openAt(folder, name, Access::make, FILE_CREATE, FILE_NON_DIRECTORY_FILE);
+    return openAt(folder, name, access, FILE_CREATE, FILE_NON_DIRECTORY_FILE);
 }
 
 Handle makeFolder(const Handle& folder, StringView name)
@@ -202,9 +199,9 @@ std::optional<Sort> sortAt(const SystemPath& path)
 }
 
 // A file whose content is elsewhere or packed shows it to those who open it without asking for the mark.
-Handle openSort(const Handle& folder, StringView name, Access access, Sort sort)
+Handle openSort(const Handle& folder, const Entry& entry, Access access, Sort sort)
 {
-    Handle handle = openEntry(folder, name, access);
+    Handle handle = openEntry(folder, entry, access);
     const auto status = statusOf(handle);
     if (!status) {
         return Handle();

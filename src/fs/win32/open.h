@@ -38,7 +38,7 @@ private:
 
 struct OpenFolder {
     Handle handle;
-    std::size_t pathLength; // as the system spells the path by which it was opened
+    String path; // by which it was opened, as the system takes it
 };
 
 struct OpenFile {
@@ -51,7 +51,7 @@ enum class Access : DWORD {
     list = FILE_READ_ATTRIBUTES | FILE_LIST_DIRECTORY | FILE_TRAVERSE,
     read = FILE_READ_ATTRIBUTES | FILE_READ_DATA,
     change = FILE_READ_ATTRIBUTES | FILE_READ_DATA | FILE_WRITE_DATA,
-    make = FILE_READ_ATTRIBUTES | FILE_WRITE_DATA | DELETE,
+    fill = FILE_READ_ATTRIBUTES | FILE_WRITE_DATA | DELETE,
     flush = FILE_READ_ATTRIBUTES | FILE_APPEND_DATA,
     remove = FILE_READ_ATTRIBUTES | DELETE,
     empty = FILE_READ_ATTRIBUTES | FILE_LIST_DIRECTORY | FILE_TRAVERSE | DELETE,
@@ -63,14 +63,21 @@ enum class Links { follow, dontFollow };
 
 Handle openPath(const SystemPath& path, Access access, Links links);
 
-// An entry of a folder, itself if it is a link. A name is one name: what would lead elsewhere is refused.
-Handle openEntry(const Handle& folder, StringView name, Access access);
+// What stands in a folder: one name, not a path.
+struct Entry {
+    StringView name;
+    DWORD attributes; // by the name, before anything is opened; 0 when they are not known
+};
+Entry entryOf(const OpenFolder& folder, StringView name);
+
+// An entry of a folder, itself if it is a link. A name that would lead elsewhere is refused.
+Handle openEntry(const Handle& folder, const Entry& entry, Access access);
 
 // What is open already, once more.
 Handle reopen(const Handle& handle, Access access);
 
 // A new one; what is there already is not opened.
-Handle makeFile(const Handle& folder, StringView name);
+Handle makeFile(const Handle& folder, StringView name, Access access);
 Handle makeFolder(const Handle& folder, StringView name);
 
 // What a handle is of.
@@ -85,7 +92,7 @@ std::optional<Sort> sortAt(const SystemPath& path);
 
 // The same for an entry of that sort, in particular for no link. What the system lets appear as a plain
 // file or folder is open as that.
-Handle openSort(const Handle& folder, StringView name, Access access, Sort sort);
+Handle openSort(const Handle& folder, const Entry& entry, Access access, Sort sort);
 
 // Removes what the handle is of, and nothing else: a file, an empty folder or a link. It may be marked as
 // read-only.

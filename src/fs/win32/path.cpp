@@ -83,6 +83,11 @@ String withPrefix(StringView full)
     return beginsWithDrive(full) ? joinedTo(prefix, full) : String();
 }
 
+String entryPath(StringView folder, StringView name)
+{
+    return folder.ends_with(separator) ? joinedTo(folder, name) : join(folder, name);
+}
+
 SystemPath::SystemPath(const Path& path)
 {
     const StringView given = path.text.substr(0, path.givenLength);
@@ -122,11 +127,6 @@ void SystemPath::append(StringView name)
     } else if (!name.empty() && name != L".") {
         text_ = of(name);
     }
-}
-
-String SystemPath::of(StringView name) const
-{
-    return text_.ends_with(separator) ? joinedTo(text_, name) : join(text_, name);
 }
 
 } // namespace Korvel::CANTORIS::PLX::fs

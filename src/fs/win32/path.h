@@ -5,6 +5,9 @@
 
 namespace Korvel::CANTORIS::PLX::fs {
 
+// The path of an entry of a folder, both with the prefix: there no separator may stand beside another.
+String entryPath(StringView folder, StringView name);
+
 // A path with the prefix by which the system takes it as it is: of any length up to 32,767 units, with
 // names that end in blanks and dots, and with names that would mean a device without the prefix.
 //
@@ -28,7 +31,7 @@ public:
     [[nodiscard]] bool namesFolder() const { return namesFolder_; }
 
     // The path of an entry of the folder, and the part of this path up to a length.
-    [[nodiscard]] String of(StringView name) const;
+    [[nodiscard]] String of(StringView name) const { return entryPath(text_, name); }
     [[nodiscard]] String upTo(std::size_t length) const { return text_.substr(0, length); }
 
 private:

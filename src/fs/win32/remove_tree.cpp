@@ -7,20 +7,25 @@ namespace Korvel::CANTORIS::PLX::fs {
 
 namespace {
 
-using Names = std::vector<String>;
+// What a folder says of an entry.
+struct Listed {
+    String name;
+    DWORD attributes;
+};
+using Entries = std::vector<Listed>;
 
 bool isSelfOrParent(StringView name)
 {
     return name == L"." || name == L"..";
 }
 
-void append(Names& names, const std::byte* block)
+void append(Entries& entries, const std::byte* block)
 {
     for (;;) {
         const auto* const entry = reinterpret_cast<const FILE_ID_BOTH_DIR_INFO*>(block);
         const StringView name(entry->FileName, entry->FileNameLength / sizeof(Char));
         if (!isSelfOrParent(name)) {
-            names.emplace_back(name);
+            entries.push_back({String(name), entry->FileAttributes});
         }
         if (entry->NextEntryOffset == 0) {
             return;
@@ -29,69 +34,69 @@ void append(Names& names, const std::byte* block)
     }
 }
 
-Names namesIn(const Handle& folder)
+Entries entriesIn(const Handle& folder)
 {
     constexpr DWORD size = 32 * 1024;
     const auto block = std::make_unique<std::byte[]>(size);
-    Names names;
+    Entries entries;
     auto information = FileIdBothDirectoryRestartInfo;
     while (GetFileInformationByHandleEx(folder.get(), information, block.get(), size)) {
-        append(names, block.get());
+        append(entries, block.get());
         information = FileIdBothDirectoryInfo;
     }
-    return names;
+    return entries;
 }
 
 // Goes down by open folders, however deep, and removes each by what was opened.
 class Sweep {
 public:
-    void run(const Handle& folder, StringView name);
+    void run(const Handle& folder, const Entry& entry);
 
 private:
     struct Level {
         Handle folder;
         DWORD attributes;
-        Names names;
+        Entries entries;
     };
 
-    void take(const Handle& folder, StringView name);
+    void take(const Handle& folder, const Entry& entry);
     void leave();
 
     std::vector<Level> levels_;
     Patience patience_{aMoment};
 };
 
-void Sweep::run(const Handle& folder, StringView name)
+void Sweep::run(const Handle& folder, const Entry& entry)
 {
-    take(folder, name);
+    take(folder, entry);
     while (!levels_.empty()) {
         Level& level = levels_.back();
-        if (level.names.empty()) {
+        if (level.entries.empty()) {
             leave();
             continue;
         }
-        const String next = std::move(level.names.back());
-        level.names.pop_back();
-        take(level.folder, next);
+        const Listed next = std::move(level.entries.back());
+        level.entries.pop_back();
+        take(level.folder, {next.name, next.attributes});
     }
 }
 
-void Sweep::take(const Handle& folder, StringView name)
+void Sweep::take(const Handle& folder, const Entry& entry)
 {
-    const Handle entry =
-        patiently(patience_, [&] { return openEntry(folder, name, Access::remove); });
-    const auto status = statusOf(entry);
+    const Handle open =
+        patiently(patience_, [&] { return openEntry(folder, entry, Access::remove); });
+    const auto status = statusOf(open);
     if (!status) {
         return;
     }
     if (status->sort != Sort::folder) {
-        patiently(patience_, [&] { return removeOpen(entry, status->attributes); });
+        patiently(patience_, [&] { return removeOpen(open, status->attributes); });
         return;
     }
-    Handle inner = openSort(folder, name, Access::empty, Sort::folder);
+    Handle inner = openSort(folder, entry, Access::empty, Sort::folder);
     if (inner) {
-        Names names = namesIn(inner);
-        levels_.push_back({std::move(inner), status->attributes, std::move(names)});
+        Entries entries = entriesIn(inner);
+        levels_.push_back({std::move(inner), status->attributes, std::move(entries)});
     }
 }
 
@@ -107,9 +112,9 @@ void Sweep::leave()
 
 } // namespace
 
-void removeAll(const Handle& folder, StringView name)
+void removeAll(const Handle& folder, const Entry& entry)
 {
-    Sweep{}.run(folder, name);
+    Sweep{}.run(folder, entry);
 }
 
 } // namespace Korvel::CANTORIS::PLX::fs

@@ -6,6 +6,6 @@ namespace Korvel::CANTORIS::PLX::fs {
 
 // Removes an entry of a folder, and everything in it if that is a folder; links are removed, not
 // followed. What cannot be removed stays.
-void removeAll(const Handle& folder, StringView name);
+void removeAll(const Handle& folder, const Entry& entry);
 
 } // namespace Korvel::CANTORIS::PLX::fs
