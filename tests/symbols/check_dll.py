@@ -8,7 +8,8 @@ from binary import allow_only, compare, names_in, output_of
 SYSTEM_LIBRARIES = {
     "advapi32.dll",
     "kernel32.dll",
-    "msvcrt.dll", "ntdll.dll",
+    "msvcrt.dll",
+    "ntdll.dll",
     "ole32.dll",
     "rpcrt4.dll",
     "shell32.dll",
