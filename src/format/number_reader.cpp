@@ -191,6 +191,7 @@ namespace json {
 
 template <>
 template <>
+// NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name): named for what they are here
 void GenericReader<CheckedUtf8, CheckedUtf8, ThrowingAllocator>::ParseNumber<parseFlags>(Text& text,
                                                                                          Tree& tree)
 {

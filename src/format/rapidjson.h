@@ -111,6 +111,7 @@ RAPIDJSON_FORCEINLINE void internal::Stack<ThrowingAllocator>::Reserve(std::size
 // In number_reader.cpp.
 template <>
 template <>
+// NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name): named for what they are here
 void GenericReader<CheckedUtf8, CheckedUtf8, ThrowingAllocator>::ParseNumber<parseFlags>(
     Text& text, Tree& tree);
 

@@ -50,6 +50,7 @@ union RegistryStorage {
     Registry registry;
 
     constexpr RegistryStorage() : registry() {}
+    // NOLINTNEXTLINE(modernize-use-equals-default): of a union with such a member there is no default
     ~RegistryStorage() {}
 };
 

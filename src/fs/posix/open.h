@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "fs/fs.h"
 #include "fs/posix/system.h"
@@ -12,11 +13,18 @@
 namespace Korvel::CANTORIS::PLX::fs {
 
 struct OpenFolder {
+    OpenFolder(Descriptor opened, std::size_t length)
+        : descriptor(std::move(opened)), pathLength(length)
+    {
+    }
+
     Descriptor descriptor;
     std::size_t pathLength; // as the host spells the path by which it was opened
 };
 
 struct OpenFile {
+    explicit OpenFile(Descriptor opened) : descriptor(std::move(opened)) {}
+
     Descriptor descriptor;
 };
 
