@@ -32,10 +32,17 @@ def test_running_status_and_switching_off_by_velocity_0():
     made = planned(midi(track((0, on(60)), (480, bytes([60, 0])), (0, bytes([64, 80])),
                               (480, bytes([64, 0])))))
     assert rows(made) == [(0, 480, 60, 90, "la"), (480, 480, 64, 80, "la")]
+    assert list(made.song.losses) == ['there are no lyrics: each note is given "la"']
+
+
+def test_of_two_notes_of_a_pitch_the_first_is_switched_off_first():
+    song = read_midi(midi(track((0, on(60)), (480, on(60, 50)), (240, off(60)), (480, off(60)))))
+    assert [(note.pos, note.end, note.velocity) for note in song.lines[0].notes] == [(0, 720, 90), (480, 1200, 50)]
 
 
 @pytest.mark.parametrize("unit, at, duration, is_exact", [(96, 0, 480, True), (480, 0, 96, True),
-                                                          (960, 0, 48, True), (1000, 0, 46, False)])
+                                                          (960, 0, 48, True), (1000, 0, 46, False),
+                                                          (990, 0, 47, False), (991, 0, 46, False)])
 def test_times_are_in_480_to_the_quarter(unit, at, duration, is_exact):
     made = planned(midi(track((0, on(60)), (96, off(60))), unit=unit))
     assert rows(made)[0][:2] == (at, duration)
@@ -90,13 +97,13 @@ def test_chords_and_overlaps():
 
 
 def test_controllers_and_the_range_of_the_pitch_bend():
-    made = planned(midi(track((0, control(101, 0)), (0, control(100, 0)), (0, control(6, 12)),
+    made = planned(midi(track((0, control(101, 0)), (0, control(100, 0)), (0, control(6, 12)), (0, control(38, 99)), (9, control(6, 48)),
                               (0, control(11, 100)), (0, bytes([0xE0, 0, 0x50])), (0, on(60)),
                               (240, control(11, 50)), (0, control(2, 9)), (240, off(60)))))
-    assert made.lanes == {plx.ControllerType.PITCH_BEND_SENS: [(0, 12)],
-                          plx.ControllerType.PITCH_BEND: [(0, 2048)],
-                          plx.ControllerType.DYNAMICS: [(0, 100), (240, 50)],
-                          plx.ControllerType.BREATHINESS: [(240, 9)]}
+    assert made.lanes == {plx.ControllerType.PITCH_BEND_SENS: [(0, 12), (9, 24)],
+                          plx.ControllerType.PITCH_BEND: [(9, 2048)],
+                          plx.ControllerType.DYNAMICS: [(9, 100), (249, 50)],
+                          plx.ControllerType.BREATHINESS: [(249, 9)]}
 
 
 def test_parts_are_chosen_by_number_name_and_voice():

@@ -107,6 +107,30 @@ def test_the_example_library(name, tmp_path):
     assert compared >= 20
 
 
+def test_what_midi_and_musicxml_do_not_have_is_told():
+    with manager() as library, library.create_mutable_clip() as clip:
+        part = clip.create_midi_part()
+        part.insert_note(-480, 480, "a", "b", 1)
+        note = part.insert_note(0, 480, "a", "b", 1)
+        note.vibrato.duration = note.singing_skill.duration = 100
+        note.attack.comp_id, note.accent = "x", 51
+        part.insert_midi_effect(0, "x")
+        for kind in (plx.ControllerType.GROWL, plx.ControllerType.PITCH_BEND):
+            part.add_midi_controller(kind).insert_event(0, 1)
+            part.midi_controller(kind).insert_event(-1, 1)
+        told = {"phonemes", "vibratos", "attacks and releases", "singing skills", "effects",
+                "expression of notes", "voice bank, language and style",
+                "notes before the begin of the part", "events before the begin of the part",
+                "events of the growl"}
+        for write, more in ((write_midi, "velocities of 0"), (write_musicxml, "events of the pitch_bend,")):
+            song = song_of(clip)
+            data = write(song, (4, 4))
+            for what in {*told, more}:
+                assert any(loss.startswith(what) for loss in song.losses), what
+        song = song_of(clip)
+        assert read_midi(write_midi(song, (4, 4))).lines[0].notes[0].velocity == 1 and data
+
+
 def test_the_table_of_the_page_names_all_lanes():
     page = (pathlib.Path(__file__).parents[3] / "docs/songs.md").read_text(encoding="utf-8")
     rows = {cells[1].strip(): [cell.strip() for cell in cells[2:4]] for cells in

@@ -84,7 +84,10 @@ class PartReader:
         self.bar = 0
         self.ending: Tuple[int, ...] = ()
         self.endings_seen: Dict[int, int] = {}
-        self.measures = [self.measure(element) for element in part.iterfind("measure")]
+        self.measures: List[Measure] = []
+        for element in part.iterfind("measure"):
+            self.keep_meter()
+            self.measures.append(self.measure(element))
 
     def measure(self, element: Element) -> Measure:
         self.into = Measure(element.get("number", "?"))
@@ -98,12 +101,14 @@ class PartReader:
                 self.longest = max(self.longest, self.at)
         except (ValueError, ZeroDivisionError, KeyError, OverflowError) as problem:
             raise SongError(f"part {self.part}, measure {self.into.number}: {problem}") from problem
-        self.into.length = self.length(self.ticks(self.longest))
+        self.into.length = self.ticks(self.longest)
         return self.into
 
-    def length(self, found: int) -> int:
-        """A bar whose tuplets were rounded when it was written is as long as its meter says."""
-        return self.bar if abs(found - self.bar) < ROUNDED else found
+    def keep_meter(self) -> None:
+        """A bar whose tuplets were rounded when it was written is as long as its meter says. The last
+        bar may end where it will."""
+        if self.measures and abs(self.measures[-1].length - self.bar) < ROUNDED:
+            self.measures[-1].length = self.bar
 
     def ticks(self, at: Fraction) -> int:
         """Rounded half up. The sum is what is rounded, so nothing drifts."""
