@@ -13,7 +13,7 @@ import unittest
 
 sys.path.append(str(pathlib.Path(__file__).parent.parent / "support"))
 from programs import Programs, listed_clips  # noqa: E402
-from readme import blocks, table_with  # noqa: E402
+from readme import blocks, documented_clips, example_clips, figures  # noqa: E402
 
 SOURCES = PROGRAMS = None
 
@@ -42,29 +42,6 @@ class ExampleTest(unittest.TestCase):
         return sorted(clip["Name"] for clip in clips)
 
 
-def listed_by_table(rows):
-    """Counts the clips that a page calls listed; two that share an ID are one clip."""
-    counts = collections.Counter()
-    for row in rows:
-        counts[tuple(row[key] for key in ("Name", "Vendor", "Type", "Key", "BPM"))] += {
-            "yes": 2,
-            "1 of 2": 1,
-            "no": 0,
-        }[row["Listed"]]
-    return {clip: count // 2 for clip, count in counts.items() if count > 0}
-
-
-def in_the_form_of_browse(row):
-    """A row of the library's own page, with the words that browse has for it."""
-    _, _, key = row["Key"].partition(" (")
-    tempo = int(row["Tempo"] or 0) / 100
-    return row | {
-        "Vendor": row["Vendor"] or "-",
-        "Key": key.rstrip(")") or "-",
-        "BPM": f"{tempo:g}" if tempo else "-",
-    }
-
-
 class Catalogue(ExampleTest):
     """The pages say what a catalogue of the example library shows."""
 
@@ -75,42 +52,32 @@ class Catalogue(ExampleTest):
             tuple(clip[key] for key in ("Name", "Vendor", "Type", "Key", "BPM")) for clip in clips
         )
 
-    def test_readme(self):
-        self.assertEqual(listed_by_table(table_with(SOURCES / "README.md", "Listed")), self.listed())
-
     def test_page_of_the_library(self):
-        rows = table_with(SOURCES / "examples/library/README.md", "Part reads")
-        rows = [in_the_form_of_browse(row) for row in rows]
-        self.assertEqual(listed_by_table(rows), self.listed())
+        self.assertEqual(documented_clips(SOURCES), self.listed())
 
-    def test_readme_has_every_clip_file(self):
+    def test_page_has_every_clip_file(self):
         library = SOURCES / "examples/library"
-        files = {
-            f"`{path.relative_to(library)}`"
+        files = sorted(
+            str(path.relative_to(library))
             for path in library.rglob("*")
             if path.suffix.lower() == ".kxclip"
-        }
-        rows = table_with(SOURCES / "README.md", "Clip file")
-        self.assertEqual({row["Clip file"] for row in rows}, files)
-        self.assertEqual(len(rows), len(files))
+        )
+        self.assertEqual(sorted(row["Clip file"] for row in example_clips(SOURCES)), files)
 
-    def test_readme_has_the_figures(self):
+    def test_figures(self):
         clips = sum(self.listed().values())
-        user_clips = len([clip for clip in self.user_rows() if clip["Listed"] == "yes"])
-        page = (SOURCES / "README.md").read_text(encoding="utf-8")
-        self.assertIn(f"**{clips - user_clips}** system clips and **{user_clips}** user", page)
-
-    def user_rows(self):
-        rows = table_with(SOURCES / "README.md", "Listed")
-        return [row for row in rows if row["Clip file"].startswith("`user/")]
+        users = [row for row in example_clips(SOURCES) if row["Clip file"].startswith("user/")]
+        user_clips = sum(row["Listed"] == "yes" for row in users)
+        self.assertEqual(figures(SOURCES), (clips - user_clips, user_clips))
+        page = (SOURCES / "examples/library/README.md").read_text(encoding="utf-8")
+        self.assertEqual(re.findall(r"\*\*(\d+)\*\*", page), list(map(str, figures(SOURCES))))
 
 
 class PartsRead(ExampleTest):
     """The pages say how many notes a clip has, and which parts do not read."""
 
     def rows(self):
-        rows = table_with(SOURCES / "examples/library/README.md", "Part reads")
-        return [row for row in rows if row["Listed"] != "no"]
+        return [row for row in example_clips(SOURCES) if row["Listed"] != "no"]
 
     def test_every_listed_clip(self):
         names = sorted({row["Name"] for row in self.rows()})

@@ -11,6 +11,7 @@ import unittest
 
 from readme_hosts import ReadmeHosts  # noqa: F401
 from surroundings import PackageTest, Surroundings, call, output_of, package_environment, tool
+from readme import figures  # noqa: E402, surroundings shows where it is
 from versions import ResourceVersion, SharedObjectVersion, Versions  # noqa: F401
 
 CONSUMER = pathlib.Path(__file__).parent / "consumer"
@@ -158,9 +159,7 @@ class Consumers(PackageTest):
     """Hosts in C and in C++ that list the example library."""
 
     def expected_clips(self):
-        readme = (self.surroundings.sources / "README.md").read_text(encoding="utf-8")
-        (row,) = re.findall(r"\*\*(\d+)\*\* system clips and \*\*(\d+)\*\* user", readme)
-        return tuple(map(int, row))
+        return figures(self.surroundings.sources)
 
     def expected_lines(self):
         system, user = self.expected_clips()

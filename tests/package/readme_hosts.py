@@ -1,11 +1,11 @@
-"""The README's way from the installed package to three hosts, as it is written there."""
+"""The manual's way from the installed package to three hosts, as it is written there."""
 
 import re
 import subprocess
 
 from surroundings import PackageTest
 
-from readme import blocks  # noqa: E402, surroundings shows where it is
+from readme import blocks, figures  # noqa: E402, surroundings shows where it is
 
 # What those who run this test have done already.
 BUILDING = r"scripts/install-packages\n|cmake --preset .*\n|cmake --build build/install\S*\n"
@@ -15,7 +15,8 @@ class ReadmeHosts(PackageTest):
     """A folder like the top folder of the sources, in which the library is built but not installed."""
 
     def setUp(self):
-        self.page = self.surroundings.sources / "README.md"
+        self.readme = self.surroundings.sources / "README.md"
+        self.page = self.surroundings.sources / "docs/installing.md"
         self.top = self.folder / "top"
         (self.top / "my-hosts").mkdir(parents=True)
         (self.top / "build").mkdir()
@@ -25,9 +26,10 @@ class ReadmeHosts(PackageTest):
             (self.top / "build/wine").symlink_to(self.surroundings.launcher[1])
 
     def write_hosts(self):
-        host, loading = blocks(self.page, "c")
+        host = blocks(self.readme, "c")[0]
+        (loading,) = blocks(self.page, "c")
         (cpp_host,) = blocks(self.page, "cpp")
-        (project,) = blocks(self.page, "cmake")
+        project = next(text for text in blocks(self.page, "cmake") if "project(" in text)
         if self.surroundings.is_windows:
             host, loading = (code.replace('u"', 'L"') for code in (host, loading))
         files = {"host.c": host, "loading.c": loading, "host.cpp": cpp_host,
@@ -39,7 +41,8 @@ class ReadmeHosts(PackageTest):
         """The commands of this system but for those that build the library."""
         system = "-windows" if self.surroundings.is_windows else ""
         text = "".join(text for text in blocks(self.page, "sh")
-                       if "my-hosts" in text and ("windows" in text) == bool(system))
+                       if "my-hosts" in text and "pkg-config" not in text
+                       and ("windows" in text) == bool(system))
         left = re.sub(BUILDING, "", text)
         self.assertRegex(left, rf"\Acmake --install build/install{system} --prefix ")
         (self.top / f"build/install{system}").symlink_to(self.surroundings.build)
@@ -49,8 +52,7 @@ class ReadmeHosts(PackageTest):
         """The same host in C by the manual's way, which is for Linux."""
         if self.surroundings.is_windows:
             return ""
-        (text,) = blocks(self.surroundings.sources / "docs/installing.md", "sh")
-        return f"{text}"
+        return next(text for text in blocks(self.page, "sh") if "pkg-config" in text)
 
     def run_commands(self):
         result = subprocess.run(["sh", "-ec", self.commands()], check=False, capture_output=True,
@@ -61,7 +63,7 @@ class ReadmeHosts(PackageTest):
     def test_three_hosts_list_the_example_library(self):
         self.write_hosts()
         lines = self.run_commands()
-        clips = int(re.search(r"\*\*(\d+)\*\* system clips", self.page.read_text("utf-8"))[1])
+        clips = figures(self.surroundings.sources)[0]
         from_c = [line for line in lines if re.fullmatch(r"clip \d+: \d+ notes", line)]
         from_cpp = [line for line in lines if re.fullmatch(r"\d+ notes: .+", line)]
         builds = 1 if self.surroundings.is_windows else 2

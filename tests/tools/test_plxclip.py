@@ -18,7 +18,7 @@ import xml.etree.ElementTree as ElementTree
 
 sys.path.append(str(pathlib.Path(__file__).parent.parent / "support"))
 from programs import Programs, column_at, columns_of  # noqa: E402
-from readme import blocks, table_with  # noqa: E402
+from readme import blocks, documented_clips  # noqa: E402
 
 SOURCES = PROGRAMS = None
 
@@ -91,19 +91,8 @@ def rows_of_table(lines):
         yield {heading: column_at(line, begin, end) for heading, begin, end in columns}
 
 
-def listed_by_readme():
-    """Counts the clips that the README calls listed; two that share an ID are one clip."""
-    halves = {"yes": 2, "1 of 2": 1, "no": 0}
-    counts = collections.Counter()
-    for row in table_with(SOURCES / "README.md", "Listed"):
-        counts[tuple(row[key] for key in ("Name", "Vendor", "Type", "Key", "BPM"))] += halves[
-            row["Listed"]
-        ]
-    return {clip: count // 2 for clip, count in counts.items() if count > 0}
-
-
 class List(ToolTest):
-    """The catalogue is the one that the README has."""
+    """The catalogue is the one that the page of the example library has."""
 
     def test_table(self):
         lines = self.run_tool("list", self.library, "--names").lines
@@ -111,12 +100,12 @@ class List(ToolTest):
         listed = collections.Counter(
             tuple(row[key] for key in ("Name", "Vendor", "Part", "Key", "BPM")) for row in rows
         )
-        self.assertEqual(listed, listed_by_readme())
+        self.assertEqual(listed, documented_clips(SOURCES))
         self.assertEqual(lines[-1], f"{len(rows)} clips")
 
     def test_json(self):
         listing = self.json("list", self.library)
-        self.assertEqual(listing["total"], sum(listed_by_readme().values()))
+        self.assertEqual(listing["total"], sum(documented_clips(SOURCES).values()))
         self.assertEqual(len(listing["clips"]), listing["total"])
         kinds = collections.Counter(clip["kind"] for clip in listing["clips"])
         self.assertEqual(kinds, {"system": 29, "user": 3})

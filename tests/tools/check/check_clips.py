@@ -17,7 +17,7 @@ sys.path.append(str(pathlib.Path(__file__).parents[2] / "support"))
 from damaged import DATA, PROPERTIES, damaged_clips  # noqa: E402
 from programs import Programs  # noqa: E402
 from random_damage import write_random_clips  # noqa: E402
-from readme import table_with  # noqa: E402
+from readme import example_clips  # noqa: E402
 
 SOURCES = PROGRAMS = None
 
@@ -200,7 +200,7 @@ class Library(CheckTest):
     def test_table(self):
         prefix = PROGRAMS.path(SOURCES / "examples/library") + "/"
         clips = {clip["path"].removeprefix(prefix): clip for clip in self.check_library()["clips"]}
-        rows = {row["Clip file"].strip("`"): row for row in table_with(SOURCES / "README.md", "Listed")}
+        rows = {row["Clip file"]: row for row in example_clips(SOURCES)}
         self.assertEqual(set(clips), set(rows))
         for path, row in rows.items():
             with self.subTest(path):
@@ -211,7 +211,7 @@ class Library(CheckTest):
 
     def test_twins(self):
         names = collections.Counter()
-        for row in table_with(SOURCES / "README.md", "Listed"):
+        for row in example_clips(SOURCES):
             if row["Listed"] == "1 of 2":
                 names[row["Name"]] += 1
         listed = collections.Counter(
