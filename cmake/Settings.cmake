@@ -2,6 +2,8 @@
 
 option(KRT_PLX_TESTS "Build the tests" ON)
 option(KRT_PLX_EXAMPLES "Build the example hosts" ON)
+set(KRT_PLX_FS linux CACHE STRING "Which system's calls the file layer uses, but on Windows: linux, or posix for those that any POSIX system has")
+set_property(CACHE KRT_PLX_FS PROPERTY STRINGS linux posix)
 option(KRT_PLX_BENCHMARKS "Build the benchmarks" OFF)
 option(KRT_PLX_COVERAGE "Count which lines run" OFF)
 set(KRT_PLX_SANITIZERS "" CACHE STRING "Arguments of -fsanitize=, for instance address,undefined")

@@ -1,5 +1,5 @@
-#include "fs/linux/folder_reader.h"
 #include "fs/listing.h"
+#include "fs/posix/entries.h"
 
 namespace Korvel::CANTORIS::PLX::fs {
 
@@ -27,19 +27,25 @@ std::optional<EntryKind> askKind(int folder, const char* name)
     return S_ISREG(status.st_mode) ? std::optional{EntryKind::file} : std::nullopt;
 }
 
-std::optional<EntryKind> kindOf(int folder, const dirent64& entry)
+std::optional<EntryKind> kindOf(const Entry& entry)
 {
-    switch (entry.d_type) {
-    case DT_REG:
+    switch (entry.kind) {
+    case Entry::Kind::file:
         return EntryKind::file;
-    case DT_DIR:
+    case Entry::Kind::folder:
         return EntryKind::folder;
-    case DT_LNK:
-    case DT_UNKNOWN:
-        return askKind(folder, entry.d_name);
-    default:
-        return std::nullopt;
+    case Entry::Kind::unknown:
+        return askKind(entry.folder, entry.name);
+    case Entry::Kind::other:
+        break;
     }
+    return std::nullopt;
+}
+
+Descriptor openToList(const HostPath& path)
+{
+    constexpr int flags = O_RDONLY | O_DIRECTORY | O_NONBLOCK | O_CLOEXEC;
+    return Descriptor{uninterrupted([&] { return ::open(path.text(), flags); })};
 }
 
 } // namespace
@@ -47,16 +53,16 @@ std::optional<EntryKind> kindOf(int folder, const dirent64& entry)
 void list(const Path& folder, Listing& listing)
 {
     listing.clear();
-    FolderReader reader{HostPath{folder.text}};
-    if (!reader) {
+    Descriptor opened = openToList(HostPath{folder.text});
+    if (!opened) {
         return;
     }
-    while (const dirent64* entry = reader.next()) {
-        const std::optional<EntryKind> kind = kindOf(reader.number(), *entry);
-        if (kind && appendName(entry->d_name, listing.names())) {
+    forEachEntry(std::move(opened), [&](const Entry& entry) {
+        const std::optional<EntryKind> kind = kindOf(entry);
+        if (kind && appendName(entry.name, listing.names())) {
             listing.add(*kind);
         }
-    }
+    });
 }
 
 std::optional<Identity> identify(const Path& path)

@@ -10,7 +10,7 @@ namespace Korvel::CANTORIS::PLX::fs {
 enum class Sharing { shared, exclusive };
 enum class Locked { yes, busy, unknownHere };
 
-// Without waiting; by each system.
+// Without waiting.
 Locked tryLock(const Descriptor& file, Sharing sharing);
 
 // Waits for others as long as there is patience.

@@ -1,7 +1,7 @@
 #include <string>
 #include <vector>
 
-#include "fs/linux/folder_reader.h"
+#include "fs/posix/entries.h"
 #include "fs/posix/open.h"
 
 namespace Korvel::CANTORIS::PLX::fs {
@@ -37,14 +37,13 @@ bool Sweep::enter(Descriptor folder)
     if (!folder) {
         return false;
     }
-    FolderReader reader{openFolder(folder.number(), ".", O_NOFOLLOW)};
+    Descriptor listed = openFolder(folder.number(), ".", O_NOFOLLOW);
     Level level{};
-    if (!reader || !readStatus(folder, level.identity)) {
+    if (!listed || !readStatus(folder, level.identity)) {
         return false;
     }
-    while (const dirent64* entry = reader.next()) {
-        level.names.emplace_back(entry->d_name);
-    }
+    forEachEntry(std::move(listed),
+                 [&](const Entry& entry) { level.names.emplace_back(entry.name); });
     levels_.push_back(std::move(level));
     folder_ = std::move(folder);
     return true;

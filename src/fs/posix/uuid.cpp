@@ -1,31 +1,14 @@
 #include <array>
 #include <cstddef>
 
-#include <sys/random.h>
-
 #include "fs/fs.h"
-#include "fs/posix/system.h"
+#include "fs/posix/random.h"
 
 namespace Korvel::CANTORIS::PLX::fs {
 
 namespace {
 
 using UuidBytes = std::array<unsigned char, 16>;
-
-bool readDevice(UuidBytes& bytes)
-{
-    const Descriptor device{
-        uninterrupted([] { return ::open("/dev/urandom", O_RDONLY | O_CLOEXEC); })};
-    const auto read = [&] { return ::read(device.number(), bytes.data(), bytes.size()); };
-    return device && uninterrupted(read) == std::ssize(bytes);
-}
-
-// Kernels older than the call, and sandboxes that forbid it, still have the device.
-bool fillRandomly(UuidBytes& bytes)
-{
-    const auto ask = [&] { return ::getrandom(bytes.data(), bytes.size(), 0); };
-    return uninterrupted(ask) == std::ssize(bytes) || readDevice(bytes);
-}
 
 // Version 4, the variant of today's UUIDs.
 void markAsRandom(UuidBytes& bytes)

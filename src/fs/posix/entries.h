@@ -1,0 +1,33 @@
+// What a folder holds, as the system lists it.
+#pragma once
+
+#include "fs/posix/system.h"
+
+namespace Korvel::CANTORIS::PLX::fs {
+
+struct Entry {
+    enum class Kind : unsigned char { file, folder, other, unknown }; // a link is unknown
+
+    int folder; // open as long as the visit lasts
+    const char* name;
+    Kind kind;
+};
+
+// Each entry in the order of the file system, without the folder itself and its parent. Ends early where
+// the folder cannot be read further.
+void visitEntries(Descriptor folder, void* visitor, void (*visit)(void* visitor, const Entry&));
+
+template <class Visit>
+void forEachEntry(Descriptor folder, Visit visit)
+{
+    visitEntries(std::move(folder), &visit, [](void* visitor, const Entry& entry) {
+        (*static_cast<Visit*>(visitor))(entry);
+    });
+}
+
+inline bool isSelfOrParent(const char* name)
+{
+    return name[0] == '.' && (name[1] == '\0' || (name[1] == '.' && name[2] == '\0'));
+}
+
+} // namespace Korvel::CANTORIS::PLX::fs
