@@ -199,7 +199,8 @@ public:
     // The same, made if it is missing. When it cannot be opened, it is not left behind.
     Folder make(StringView name) const;
 
-    // Makes a file where nothing is yet, and waits until the disk has its content.
+    // Makes a file where nothing is yet, and waits until the disk has its content. After a failure it
+    // goes again; what another program has put in its place meanwhile stays.
     WriteResult create(StringView name, std::string_view content) const;
 
     // The same, with what a plain file elsewhere holds. Links to it are followed; pipes and devices are

@@ -95,6 +95,22 @@ protected:
         }
     }
 
+    // Whether the file goes that another puts in the place of the new one before that call.
+    bool isReplacedAndRemoved(const Work& work, long failing, long before)
+    {
+        bool isReplaced = false;
+        work.prepare();
+        writeBytes(dir / "theirs", "theirs");
+        Faults::failCall(failing, EIO);
+        Faults::interfere(before, [&] {
+            std::filesystem::rename(hostPath(dir / "theirs"), hostPath(dir / "new"));
+            isReplaced = true;
+        });
+        work.run();
+        Faults::stop();
+        return isReplaced && !exists(dir / "new");
+    }
+
     Work holding()
     {
         const auto run = [this] {
@@ -246,10 +262,15 @@ TEST_F(FsFaults, AFileIsMadeWholeOrNotAtAll)
 TEST_F(FsFaults, MakingAFileCountsOnlyWhenEveryStepSucceeded)
 {
     const Work work = creating();
-    ASSERT_EQ(countCalls(work), 4); // open, write, wait for the disk, close
-    for (long number = 1; number <= 4; ++number) {
+    ASSERT_EQ(countCalls(work), 5); // open, write, wait for the disk, ask which file it is, close
+    const auto expected = [](long failing) {
+        return failing == 1   ? WriteResult::notOpened
+               : failing == 4 ? WriteResult::written
+                              : WriteResult::failed;
+    };
+    for (long number = 1; number <= 5; ++number) {
         runWith(Faults::failCall, number, EIO, work);
-        EXPECT_EQ(outcome, number == 1 ? WriteResult::notOpened : WriteResult::failed) << number;
+        EXPECT_EQ(outcome, expected(number)) << number;
     }
 }
 
@@ -259,8 +280,25 @@ TEST_F(FsFaults, CopyingCountsOnlyWhenEveryStepSucceeded)
     const long calls = countCalls(work);
     for (long number = 1; number <= calls; ++number) {
         runWith(Faults::failCall, number, EIO, work);
-        // The last one closes the file that was read.
-        EXPECT_EQ(outcome == WriteResult::written, number == calls) << number;
+        // The last one closes the file that was read, and the question is only for a failure.
+        const bool matters = number != calls && number != calls - 2;
+        EXPECT_EQ(outcome != WriteResult::written, matters) << number;
+    }
+}
+
+// The file of another goes only when it comes between the last look and the removal.
+TEST_F(FsFaults, AFileThatAnotherHasPutInTheNewOnesPlaceStays)
+{
+    constexpr long looks = 2;
+    for (const Work& work : {creating(), copying()}) {
+        const long calls = countCalls(work);
+        for (long failing = 2; failing <= calls; ++failing) {
+            long removals = 0;
+            for (long before = 1; before <= calls + looks; ++before) {
+                removals += isReplacedAndRemoved(work, failing, before) ? 1 : 0;
+            }
+            EXPECT_LE(removals, 1) << failing;
+        }
     }
 }
 

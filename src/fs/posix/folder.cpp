@@ -8,7 +8,18 @@ namespace Korvel::CANTORIS::PLX::fs {
 
 namespace {
 
-// The entry goes again unless its content is whole and on the disk.
+// Removes a file by its name, unless another has put something else there. Between the look and the
+// removal another still can: no system call removes the file that is open.
+void removeIfStill(const struct stat& own, int folder, const char* name)
+{
+    struct stat there;
+    if (readEntryStatus(folder, name, there, AT_SYMLINK_NOFOLLOW) && isSame(there, own)) {
+        removeEntry(folder, name);
+    }
+}
+
+// The entry goes again unless its content is whole and on the disk. What it is known by is asked while
+// it is open: closing can fail too.
 template <class Fill>
 WriteResult createWith(const OpenFolder& folder, StringView name, Fill fill)
 {
@@ -19,10 +30,14 @@ WriteResult createWith(const OpenFolder& folder, StringView name, Fill fill)
         return WriteResult::notOpened;
     }
     const bool isWhole = fill(file) && syncFile(file);
-    if (file.close() && isWhole) {
+    struct stat own;
+    const bool isKnown = readStatus(file, own);
+    if (isWhole && file.close()) {
         return WriteResult::written;
     }
-    removeEntry(parent, host.text());
+    if (isKnown) {
+        removeIfStill(own, parent, host.text());
+    }
     return WriteResult::failed;
 }
 
@@ -47,7 +62,7 @@ bool copyAll(const Descriptor& from, const Descriptor& to)
 Descriptor openPlain(int folder, const char* path, int flags, int statusFlags)
 {
     struct stat status;
-    if (uninterrupted([&] { return ::fstatat(folder, path, &status, statusFlags); }) != 0) {
+    if (!readEntryStatus(folder, path, status, statusFlags)) {
         return Descriptor{-1};
     }
     if (!isPlain(status)) {
@@ -187,10 +202,8 @@ bool Folder::isMissing(StringView name) const
 {
     const HostName host{name};
     struct stat status;
-    return uninterrupted([&] {
-               return ::fstatat(folder_->descriptor.number(), host.text(), &status,
-                                AT_SYMLINK_NOFOLLOW);
-           }) != 0 &&
+    return !readEntryStatus(folder_->descriptor.number(), host.text(), status,
+                            AT_SYMLINK_NOFOLLOW) &&
            errno == ENOENT;
 }
 

@@ -34,9 +34,7 @@ bool HeldFile::isAt(const Path& path) const
     const HostPath host{path.text};
     struct stat there;
     struct stat own;
-    return uninterrupted([&] {
-               return ::fstatat(AT_FDCWD, host.text(), &there, AT_SYMLINK_NOFOLLOW);
-           }) == 0 &&
+    return readEntryStatus(AT_FDCWD, host.text(), there, AT_SYMLINK_NOFOLLOW) &&
            readStatus(file_->descriptor, own) && isSame(there, own);
 }
 

@@ -1,14 +1,11 @@
 #include "fs/listing.h"
+#include "fs/listing.h"
 #include "fs/posix/entries.h"
+#include "fs/posix/open.h"
 
 namespace Korvel::CANTORIS::PLX::fs {
 
 namespace {
-
-bool readEntryStatus(int folder, const char* name, struct stat& status, int flags)
-{
-    return uninterrupted([&] { return ::fstatat(folder, name, &status, flags); }) == 0;
-}
 
 // For links, and for file systems that list names without their kinds.
 std::optional<EntryKind> askKind(int folder, const char* name)

@@ -50,6 +50,11 @@ bool readStatus(const Descriptor& file, struct stat& status)
     return uninterrupted([&] { return ::fstat(file.number(), &status); }) == 0;
 }
 
+bool readEntryStatus(int folder, const char* path, struct stat& status, int flags)
+{
+    return uninterrupted([&] { return ::fstatat(folder, path, &status, flags); }) == 0;
+}
+
 bool isPlain(const struct stat& status)
 {
     return S_ISREG(status.st_mode);

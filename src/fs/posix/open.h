@@ -43,6 +43,10 @@ bool removeEntry(int folder, const char* name, int flags = 0);
 void removeContent(Descriptor folder);
 
 bool readStatus(const Descriptor& file, struct stat& status);
+
+// In a folder, or AT_FDCWD with a whole path. With AT_SYMLINK_NOFOLLOW, of the link itself.
+bool readEntryStatus(int folder, const char* path, struct stat& status, int flags);
+
 bool isPlain(const struct stat& status);
 std::optional<FileState> stateOf(const Descriptor& file);
 
