@@ -15,11 +15,16 @@ import unittest
 sys.path.append(str(pathlib.Path(__file__).parent))
 sys.path.append(str(pathlib.Path(__file__).parents[2] / "support"))
 from damaged import DATA, PROPERTIES, damaged_clips  # noqa: E402
+from limits import in_words, limits_of  # noqa: E402
 from programs import Programs  # noqa: E402
 from random_damage import write_random_clips  # noqa: E402
 from readme import example_clips  # noqa: E402
 
 SOURCES = PROGRAMS = None
+
+
+def limits():
+    return limits_of(SOURCES)
 
 
 class CheckTest(unittest.TestCase):
@@ -133,6 +138,36 @@ class Files(CheckTest):
         (self.scratch / "a/property.json").mkdir()
         (finding,) = self.findings()["/a/clip.kxclip"]
         self.assertEqual((finding["reason"], finding["document"]), ("unreadable", "property.json"))
+
+    def too_large(self, document, limit):
+        """The words of the finding that this file of the clip in folder a is too large, if it is one."""
+        found = [finding for finding in self.findings()["/a/clip.kxclip"]
+                 if finding["reason"] == "too-large"]
+        self.assertEqual([finding["document"] for finding in found], [document])
+        self.assertIn(f" {limit}", found[0]["message"])
+
+    def test_property_document_beyond_its_limit(self):
+        limit = limits()["PROPERTY"]
+        self.write_good_clip("a")
+        path = self.scratch / "a/property.json"
+        path.write_bytes(path.read_bytes().ljust(limit))
+        self.assertEqual(self.findings(code=0), {"/a/clip.kxclip": []})
+        path.write_bytes(path.read_bytes() + b" ")
+        self.too_large("property.json", in_words(limit))
+
+    def test_clip_file_beyond_its_limit(self):
+        limit = limits()["DATA"]
+        self.write_good_clip("a")
+        os.truncate(self.scratch / "a/clip.kxclip", limit + 1)
+        self.too_large("clip", in_words(limit))
+
+    def test_file_of_a_tebibyte(self):
+        self.write_good_clip("a")
+        try:
+            os.truncate(self.scratch / "a/property.json", 1 << 40)
+        except OSError:
+            self.skipTest("no such file can be made here")
+        self.too_large("property.json", in_words(limits()["PROPERTY"]))
 
     def test_folder_named_like_a_clip(self):
         self.write_good_clip("a.kxclip")

@@ -2,6 +2,8 @@
 
 #include <memory>
 
+#include <korvel/plx/common.h>
+
 #include "check/decoding.h"
 #include "check/examination.h"
 #include "check/files.h"
@@ -11,6 +13,15 @@ namespace plxclip::check {
 namespace fs = std::filesystem;
 
 namespace {
+
+// The limits are whole numbers of one of these.
+std::string sizeInWords(std::uintmax_t bytes)
+{
+    constexpr std::uintmax_t mebibyte = std::uintmax_t{1} << 20;
+    constexpr std::uintmax_t gibibyte = std::uintmax_t{1} << 30;
+    return bytes % gibibyte == 0 ? std::to_string(bytes / gibibyte) + " GiB"
+                                 : std::to_string(bytes / mebibyte) + " MiB";
+}
 
 class Diagnostician {
 public:
@@ -23,7 +34,8 @@ private:
     void examineClipFile();
     void reportMissing();
     std::string similarName() const;
-    std::unique_ptr<Document> load(const fs::path& file, std::string_view name);
+    std::unique_ptr<Document> load(const fs::path& file, std::string_view name,
+                                   std::uintmax_t limit);
     void refuse(std::string_view document, Reason reason, Position position, std::string message);
     void take(const std::optional<Identity>& identity, const Document& document,
               std::string_view name);
@@ -60,10 +72,16 @@ void Diagnostician::take(const std::optional<Identity>& identity, const Document
     result.tags = identity->tags;
 }
 
-std::unique_ptr<Document> Diagnostician::load(const fs::path& file, std::string_view name)
+std::unique_ptr<Document> Diagnostician::load(const fs::path& file, std::string_view name,
+                                              std::uintmax_t limit)
 {
     std::string bytes;
-    if (!readFile(file, bytes)) {
+    const ReadResult read = readFile(file, limit, bytes);
+    if (read == ReadResult::tooLarge) {
+        refuse(name, Reason::tooLarge, {}, "is larger than " + sizeInWords(limit));
+        return nullptr;
+    }
+    if (read == ReadResult::unreadable) {
         refuse(name, Reason::unreadable, {}, "cannot be read, or is no plain file");
         return nullptr;
     }
@@ -113,7 +131,7 @@ bool Diagnostician::examinePropertyDocument()
         reportMissing();
         return false;
     }
-    const auto document = load(file, propertyDocument);
+    const auto document = load(file, propertyDocument, KRT_PLX_PROPERTY_DOCUMENT_LIMIT);
     if (document == nullptr) {
         return false;
     }
@@ -125,7 +143,7 @@ bool Diagnostician::examinePropertyDocument()
 
 void Diagnostician::examineClipFile()
 {
-    const auto document = load(clipFile, {});
+    const auto document = load(clipFile, {}, KRT_PLX_DATA_DOCUMENT_LIMIT);
     if (document == nullptr) {
         return;
     }

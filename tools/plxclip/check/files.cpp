@@ -178,18 +178,22 @@ std::string keyOf(std::string_view path)
     return key;
 }
 
-bool readFile(const fs::path& path, std::string& bytes)
+ReadResult readFile(const fs::path& path, std::uintmax_t limit, std::string& bytes)
 {
     std::error_code error;
     if (!fs::is_regular_file(path, error)) {
-        return false;
+        return ReadResult::unreadable;
+    }
+    const std::uintmax_t size = fs::file_size(path, error);
+    if (!error && size > limit) {
+        return ReadResult::tooLarge;
     }
     std::ifstream file(path, std::ios::binary);
     if (!file) {
-        return false;
+        return ReadResult::unreadable;
     }
     bytes.assign(std::istreambuf_iterator<char>(file), {});
-    return !file.bad();
+    return file.bad() ? ReadResult::unreadable : ReadResult::read;
 }
 
 } // namespace plxclip::check

@@ -34,7 +34,9 @@ std::string textOf(const std::filesystem::path& path);
 // The same for every spelling of a path that the library and this check may have for one file.
 std::string keyOf(std::string_view path);
 
-// The bytes of a plain file. False when it cannot be read.
-bool readFile(const std::filesystem::path& path, std::string& bytes);
+enum class ReadResult : std::uint8_t { read, unreadable, tooLarge };
+
+// The bytes of a plain file, if these are no more than the limit.
+ReadResult readFile(const std::filesystem::path& path, std::uintmax_t limit, std::string& bytes);
 
 } // namespace plxclip::check

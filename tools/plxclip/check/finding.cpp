@@ -10,10 +10,10 @@ namespace {
 constexpr std::array<std::string_view, 4> effectNames = {"refused", "dropped", "ignored",
                                                          "passed-over"};
 
-constexpr std::array<std::string_view, 16> reasonNames = {
-    "unreadable",   "missing-document", "encoding",  "syntax",        "missing-key", "wrong-type",
-    "out-of-range", "wrong-value",      "repeated",  "not-looked-at", "unknown-key", "wave-file",
-    "duplicate",    "extension",        "file-name", "unexplained"};
+constexpr std::array<std::string_view, 17> reasonNames = {
+    "unreadable",  "too-large",    "missing-document", "encoding",  "syntax",        "missing-key",
+    "wrong-type",  "out-of-range", "wrong-value",      "repeated",  "not-looked-at", "unknown-key",
+    "wave-file",   "duplicate",    "extension",        "file-name", "unexplained"};
 
 } // namespace
 

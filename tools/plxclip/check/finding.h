@@ -19,6 +19,7 @@ enum class Effect : std::uint8_t {
 
 enum class Reason : std::uint8_t {
     unreadable,
+    tooLarge,
     missingDocument,
     encoding,
     syntax,
