@@ -140,6 +140,25 @@ std::string nameOf(const testing::TestParamInfo<std::size_t>& parameter)
 INSTANTIATE_TEST_SUITE_P(Changes, DescriptorTest, testing::Range<std::size_t>(0, changes().size()),
                          nameOf);
 
+// --- Reading ----------------------------------------------------------------------------------------------
+
+TEST(Reading, NeedsOneDescriptorAtATime)
+{
+    World world;
+    for (const char* name : {"scan", "scan again", "read a MIDI part", "read an audio part"}) {
+        SCOPED_TRACE(name);
+        const Work& work = faults::workNamed(name);
+        world.reset();
+        work.prepare(world);
+        {
+            const DescriptorLimit limit(1);
+            EXPECT_TRUE(work.run(world));
+        }
+        work.expectDone(world);
+        faults::count("readings with one descriptor");
+    }
+}
+
 // --- Reading the property document back ---------------------------------------------------------------
 
 class ReadingBack : public testing::Test {

@@ -1,0 +1,34 @@
+"""Each test and each script that docs/reliability.md names is there.
+
+check_evidence.py PROJECT
+"""
+
+import pathlib
+import re
+import sys
+import unittest
+
+PROJECT = None
+
+
+class Evidence(unittest.TestCase):
+    def setUp(self):
+        self.page = (PROJECT / "docs/reliability.md").read_text(encoding="utf-8")
+
+    def test_each_test_that_is_named_is_there(self):
+        named = re.findall(r"`([\w*]+_test)`", self.page)
+        self.assertGreater(len(named), 8)
+        files = {path.stem for path in (PROJECT / "tests").glob("*/*_test.cpp")}
+        missing = [name for name in named
+                   if not any(re.fullmatch(name.replace("*", r"\w+"), file) for file in files)]
+        self.assertEqual(missing, [])
+
+    def test_each_path_that_is_named_is_there(self):
+        named = re.findall(r"`((?:tests|scripts|fuzz)/[\w/.]+)", self.page)
+        self.assertGreater(len(named), 8)
+        self.assertEqual([name for name in named if not (PROJECT / name).exists()], [])
+
+
+if __name__ == "__main__":
+    PROJECT = pathlib.Path(sys.argv[1])
+    unittest.main(argv=sys.argv[:1], verbosity=2)
