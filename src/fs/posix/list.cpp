@@ -1,5 +1,4 @@
 #include "fs/listing.h"
-#include "fs/listing.h"
 #include "fs/posix/entries.h"
 #include "fs/posix/open.h"
 
