@@ -23,9 +23,9 @@ def call(name: str, *arguments: Any) -> Any:
     their values come back. Nor are the sizes of arrays."""
     entry = FUNCTIONS[name]
     owner = _self_of(entry, name, arguments)
-    if _asks_for_a_dead_element(entry, arguments):
-        return False
-    with _alone(entry, owner):
+    with _list_of_managers(entry, owner), _manager_of(owner):
+        if _asks_for_a_dead_element(entry, arguments):
+            return False
         return _locked_call(name, entry, owner, arguments)
 
 
@@ -33,9 +33,12 @@ def _locked_call(name: str, entry: Dict[str, Any], owner: Optional[Handle], argu
     function = _library.load()[name]
     out: List[Any] = []
     passed = _convert_all(name, entry, arguments, out)
-    ending = _siblings_at(entry, owner, arguments)
+    ending = _ended_by(entry, owner, arguments)
+    _mark(ending, False)
     result = function(*passed)
-    _end(entry, owner, result, ending)
+    # Python may be interrupted here. Then the objects stay dead, and can be asked for again.
+    if _has_ended_nothing(entry, result):
+        _mark(ending, True)
     return _result(entry["result"], result, owner, out)
 
 
@@ -50,21 +53,22 @@ def _self_of(entry: Dict[str, Any], name: str, arguments: Any) -> Optional[Handl
     return first if isinstance(first, Handle) else None
 
 
-def _alone(entry: Dict[str, Any], owner: Optional[Handle]) -> ContextManager[Any]:
-    """One thread at a time for each manager, and one for the list of managers."""
-    stack = contextlib.ExitStack()
-    if owner is None or (owner._owner is None and entry["destroys"]):
-        stack.enter_context(MANAGERS.lock)
-    if owner is not None:
-        stack.enter_context(owner._world.lock)
-    return stack
+def _list_of_managers(entry: Dict[str, Any], owner: Optional[Handle]) -> ContextManager[Any]:
+    """One thread at a time makes managers and ends them."""
+    is_taken = owner is None or (owner._owner is None and entry["destroys"])
+    return MANAGERS.lock if is_taken else contextlib.nullcontext()
+
+
+def _manager_of(owner: Optional[Handle]) -> ContextManager[Any]:
+    """One thread at a time works in a manager."""
+    return contextlib.nullcontext() if owner is None else owner._world.lock
 
 
 def _asks_for_a_dead_element(entry: Dict[str, Any], arguments: Any) -> bool:
     """A new object may stand at the address of a dead one, which then counts as found."""
     if not entry["operation"].lower().startswith("has"):
         return False
-    return any(isinstance(argument, Handle) and not argument._alive
+    return any(isinstance(argument, Handle) and not argument._lives()
                for argument, parameter in zip(arguments, entry["parameters"])
                if parameter["role"] == "element")
 
@@ -115,7 +119,7 @@ def _convert_handle(name: str, parameter: Dict[str, Any], argument: Any) -> Opti
     _check_family(name, parameter, argument)
     if argument is None:
         return None
-    if parameter["ignored"] and not argument._alive:
+    if parameter["ignored"] and not argument._lives():
         return None
     address: int = argument._require_life()
     return address
@@ -154,31 +158,37 @@ def _convert_integer(name: str, parameter: Dict[str, Any], argument: Any) -> int
     return number
 
 
-def _siblings_at(entry: Dict[str, Any], owner: Optional[Handle], arguments: Any) -> List[Handle]:
-    """What another is about to be moved onto. Only what Python knows has to be told that it dies."""
-    if owner is None or owner._owner is None or not any(
-            death["what"].startswith("sibling") for death in entry["destroys"]):
-        return []
+def _ended_by(entry: Dict[str, Any], owner: Optional[Handle], arguments: Any) -> List[Handle]:
+    """What a call ends unless it fails. Only what Python knows has to be told."""
+    found: List[Handle] = []
+    for death in entry["destroys"] if owner is not None else ():
+        if death["what"] == "self":
+            found.append(owner)
+        elif death["what"] == "children":
+            found += [child for child in list(owner._children)
+                      if child._slot == death["slot"] and child._lives()]
+        else:
+            found += _siblings_at(owner, arguments)
+    return found
+
+
+def _siblings_at(owner: Handle, arguments: Any) -> List[Handle]:
+    """What another is about to be moved onto."""
     family, position = owner.FAMILY, operator.index(arguments[1])
-    siblings = [other for other in owner._owner._children
-                if other is not owner and other._alive and other.FAMILY == family]
+    siblings = [other for other in list(owner._owner._children) if other is not owner
+                and other.FAMILY == family and other._lives()] if owner._owner else []
     return [other for other in siblings if call(f"{family}_pos", other) == position
             and call(f"{family}_type", other) == call(f"{family}_type", owner)]
 
 
-def _end(entry: Dict[str, Any], owner: Optional[Handle], result: Any, ending: List[Handle]) -> None:
-    """A false or null result says that nothing was destroyed; a code does not."""
-    if owner is None or (entry["result"]["kind"] in ("bool", "handle") and not result):
-        return
-    for death in entry["destroys"]:
-        if death["what"] == "self":
-            owner._die()
-        elif death["what"] == "children":
-            for child in list(owner._children):
-                if child._slot == death["slot"]:
-                    child._die()
-    for sibling in ending:
-        sibling._die()
+def _mark(objects: List[Handle], alive: bool) -> None:
+    for one in objects:
+        one._alive = alive
+
+
+def _has_ended_nothing(entry: Dict[str, Any], result: Any) -> bool:
+    """A false or null result says so; a code does not."""
+    return entry["result"]["kind"] in ("bool", "handle") and not result
 
 
 def _result(entry: Dict[str, Any], result: Any, owner: Optional[Handle], out: List[Any]) -> Any:

@@ -1,15 +1,17 @@
 """Handles that know when they have died.
 
 The library does not recognise a dead handle. So this package keeps count: each object knows its
-owner and its children, and whatever a call ends, by the table of the interface, is marked. A marked
-object raises an exception before the library sees it.
+owner and its children, and what a call may end, by the table of the interface, is marked before the
+call. The mark is taken away when the call has ended nothing. So an object is never used that a call
+has ended, not even when a signal interrupts Python right after the call. What has a dead owner is
+dead too.
 """
 
 from __future__ import annotations
 
 import threading
 import weakref
-from typing import Any, ClassVar, Dict, Iterator, Optional, Tuple
+from typing import Any, ClassVar, Dict, Iterator, NoReturn, Optional, Tuple
 
 from .errors import DeadObjectError
 
@@ -36,19 +38,31 @@ class Handle:
 
     _address: int
     _slot: str
-    _owner: "Optional[Handle]"
-    _world: World
-    _alive: bool
+    _owner: "Optional[Handle]" = None
+    _world: World = MANAGERS
+    _alive: bool = False
     _children: "weakref.WeakSet[Handle]"
 
     def __init__(self, *_: Any, **__: Any) -> None:
         if not hasattr(self, "_address"):
             raise TypeError(f"{type(self).__name__} objects come from the library")
 
+    def __reduce_ex__(self, _: Any) -> NoReturn:
+        """Asked for copies and by pickle: nobody would tell a copy when the object dies."""
+        raise TypeError(f"a {type(self).__name__} cannot be copied: it stands for an object of the library")
+
     @property
     def is_alive(self) -> bool:
         """Whether the object is there still; any other use of a dead one raises DeadObjectError."""
-        return self._alive
+        with self._world.lock:
+            return self._lives()
+
+    def _lives(self) -> bool:
+        """An object that a finalizer brought back is not known any more, and nobody would tell it of
+        its end. So it counts as dead."""
+        world = MANAGERS if self._owner is None else self._world
+        return (self._alive and world.known.get((self.FAMILY, self._address)) is self
+                and all(owner._alive for owner in self._owners()))
 
     def _owners(self) -> "Iterator[Handle]":
         owner = self._owner
@@ -57,23 +71,13 @@ class Handle:
             owner = owner._owner
 
     def _require_life(self) -> int:
-        if not self._alive:
+        if not self._lives():
             raise DeadObjectError(f"this {type(self).__name__} is dead: a call has ended it")
         return self._address
 
-    def _die(self) -> None:
-        """Marks the object and all that it owns."""
-        self._alive = False
-        self._world_of_self().known.pop((self.FAMILY, self._address), None)
-        for child in list(self._children):
-            child._die()
-
-    def _world_of_self(self) -> World:
-        return MANAGERS if self._owner is None else self._world
-
     def __repr__(self) -> str:
         name = type(self).__name__
-        if not self._alive:
+        if not self.is_alive:
             return f"<{name}, dead>"
         shown = "".join(f" {key}={getattr(self, key)!r}" for key in self.SHOWN)
         return f"<{name}{shown}>"
@@ -94,7 +98,7 @@ def adopt(address: Optional[int], name: Optional[str], family: str, slot: Option
         return None
     world = MANAGERS if owner is None else owner._world
     known = world.known.get((family, address))
-    if known is not None:
+    if known is not None and known._lives():
         return known
     if name is None or slot is None:
         raise DeadObjectError(f"an unknown {family}")
@@ -110,7 +114,8 @@ def _make(address: int, kind: type, family: str, slot: str, owner: Optional[Hand
     made._world = World() if owner is None else world
     made._alive = True
     made._children = weakref.WeakSet()
-    world.known[(family, address)] = made
+    # In this order: what is known is always told of its end, even if this is interrupted in between.
     if owner is not None:
         owner._children.add(made)
+    world.known[(family, address)] = made
     return made

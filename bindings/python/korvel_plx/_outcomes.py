@@ -13,9 +13,17 @@ def none_if(value: Any, mark: Any) -> Any:
     return None if value == mark else value
 
 
+def expect_class(name: str, owner: Any) -> None:
+    """Asked when a call has failed: the methods of a class may have been given another object."""
+    needed = FUNCTIONS[name]["class"]
+    if needed not in (kind.__name__ for kind in type(owner).__mro__):
+        raise TypeError(f"{name} takes a {needed}, not {owner!r:.60}")
+
+
 def accept(name: str, *arguments: Any) -> None:
     """For what the library can refuse by its value."""
     if not call(name, *arguments):
+        expect_class(name, arguments[0])
         raise refusal(name, arguments)
 
 
@@ -23,6 +31,7 @@ def made(name: str, *arguments: Any) -> Any:
     """For what returns a new object; without arguments only memory can be the reason for none."""
     result = call(name, *arguments)
     if result is None:
+        expect_class(name, arguments[0])
         raise refusal(name, arguments) if len(arguments) > 1 else MemoryError(name)
     return result
 
@@ -30,18 +39,21 @@ def made(name: str, *arguments: Any) -> Any:
 def do(name: str, *arguments: Any) -> None:
     """For what the library can fail to do."""
     if not call(name, *arguments):
+        expect_class(name, arguments[0])
         raise PlxError(f"{name} was not done")
 
 
 def read(name: str, *arguments: Any) -> None:
     code = call(name, *arguments)
     if code != 0:
+        expect_class(name, arguments[0])
         raise PlxError(name, code)
 
 
 def saved(name: str, *arguments: Any) -> Any:
     clip, code = call(name, *arguments)
     if clip is None:
+        expect_class(name, arguments[0])
         raise PlxError(name, code) if code is not None else MemoryError(name)
     return clip
 

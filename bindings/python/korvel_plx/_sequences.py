@@ -2,6 +2,7 @@
 
 from __future__ import annotations
 
+import itertools
 import operator
 from typing import Any, Iterator, List, Optional, Sequence, TypeVar, Union, cast, overload
 
@@ -12,7 +13,8 @@ T = TypeVar("T")
 
 
 class PlxSequence(Sequence[T]):
-    """What an object has several of, by place. Changes show at once; it is no copy."""
+    """What an object has several of, by place. Changes show at once; it is no copy. No other thread
+    comes between the count and what stands at a place."""
 
     def __init__(self, owner: Handle, count: str, item: str, has: Optional[str] = None,
                  *which: Any) -> None:
@@ -32,22 +34,25 @@ class PlxSequence(Sequence[T]):
     def __getitem__(self, index: slice) -> "List[T]": ...
 
     def __getitem__(self, index: Union[int, slice]) -> "Union[T, List[T]]":
-        if isinstance(index, slice):
-            return [self._at(place) for place in range(*index.indices(len(self)))]
-        place = operator.index(index)
-        size = len(self)
-        if not -size <= place < size:
-            raise IndexError(f"{place} of {size}")
-        return self._at(place % size)
+        with self._owner._world.lock:
+            if isinstance(index, slice):
+                return [self._at(place) for place in range(*index.indices(len(self)))]
+            place = operator.index(index)
+            size = len(self)
+            if not -size <= place < size:
+                raise IndexError(f"{place} of {size}")
+            return self._at(place % size)
 
     def _at(self, place: int) -> T:
         return cast(T, call(self._item, self._owner, *self._which, place))
 
     def __iter__(self) -> "Iterator[T]":
-        place = 0
-        while place < len(self):
-            yield self._at(place)
-            place += 1
+        for place in itertools.count():
+            with self._owner._world.lock:
+                if place >= len(self):
+                    return
+                item = self._at(place)
+            yield item
 
     def __contains__(self, value: object) -> bool:
         if self._has is None:

@@ -1,7 +1,12 @@
 """What each call ends, and that nothing else dies."""
 
+import copy
 import gc
+import pickle
+import subprocess
+import sys
 import tempfile
+import textwrap
 import threading
 import time
 
@@ -11,8 +16,9 @@ from hypothesis.stateful import RuleBasedStateMachine, initialize, rule
 
 import korvel_plx as plx
 from korvel_plx import _library
+from korvel_plx._table import FUNCTIONS
 from conftest import IDS, LIBRARY
-from living import fill_part
+from living import Living, fill_part
 
 
 def dead(*objects):
@@ -188,6 +194,187 @@ def test_no_two_calls_of_a_manager_overlap(living, monkeypatch):
     for thread in threads:
         thread.join()
     assert len(most) == 20 and set(most) == {1}
+
+
+ENDING = {
+    "Clip_readPart": lambda living: living.user_clip.read_part(),
+    "UserClip_remove": lambda living: living.user_clip.remove(),
+    "UserClip_createPropertyEditor": lambda living: living.user_clip.create_property_editor(),
+    "UserClip_destroyPropertyEditor": lambda living: living.user_clip.destroy_property_editor(None),
+    "MutableClip_createAudioPart": lambda living: living.clip.create_audio_part(),
+    "MutableClip_createMidiPart": lambda living: living.clip.create_midi_part(),
+    "MutableClip_createMidiAiPart": lambda living: living.clip.create_midi_ai_part(),
+    "MutableClip_destroy": lambda living: living.clip.destroy(),
+    "MutableMidiController_remove": lambda living: living.objects["MutableMidiController"].remove(),
+    "MutableMidiEvent_move": lambda living: living.objects["MutableMidiEvent"].move(0),
+    "MutableMidiEvent_remove": lambda living: living.objects["MutableMidiEvent"].remove(),
+    "MutableEffect_remove": lambda living: living.objects["MutableMidiEffect"].remove(),
+    "MutableEffectParameter_remove": lambda living: living.objects["MutableEffectParameter"].remove(),
+    "MutableVibratoParameter_remove": lambda living: living.objects["MutableVibratoParameter"].remove(),
+    "MutableVibratoParameter_move": lambda living: living.clip.notes[0].vibrato.depths[1].move(0),
+    "Manager_readAllClipFiles": lambda living: living.library.read_all_clip_files(),
+    "Manager_readUserClipFiles": lambda living: living.library.read_user_clip_files(),
+    "Manager_destroy": lambda living: living.library.destroy(),
+    "MutableNote_remove": lambda living: living.objects["MutableNote"].remove(),
+}
+
+
+def test_these_are_all_functions_that_end_something():
+    assert set(ENDING) == {name for name, entry in FUNCTIONS.items() if entry["destroys"]}
+
+
+def all_of(living):
+    """Every object, and the siblings of those that are moved."""
+    return living.objects | {"first event": living.clip.midi_part.midi_controllers[0].events[0]}
+
+
+def ended(living, name):
+    objects = all_of(living)
+    ENDING[name](living)
+    return {key for key, one in objects.items() if not one.is_alive}
+
+
+@pytest.fixture
+def two_livings(tmp_path):
+    with plx.Manager(next(IDS), LIBRARY / "system", tmp_path / "one") as one:
+        with plx.Manager(next(IDS), LIBRARY / "system", tmp_path / "two") as two:
+            yield Living(one), Living(two)
+
+
+@pytest.mark.parametrize("name", ENDING)
+def test_what_a_call_ends_is_dead_even_if_a_signal_comes_right_after_it(name, two_livings, monkeypatch):
+    """Ctrl-C that is pressed while the library works raises when the call is back, before its result
+    has been looked at."""
+    usual, disturbed = two_livings
+    function = _library.load()[name]
+
+    def interrupted(*arguments):
+        function(*arguments)
+        raise KeyboardInterrupt
+
+    expected = ended(usual, name)
+    objects = all_of(disturbed)
+    monkeypatch.setitem(_library.load(), name, interrupted)
+    with pytest.raises(KeyboardInterrupt):
+        ENDING[name](disturbed)
+    assert expected and {key for key, one in objects.items() if not one.is_alive} == expected
+    monkeypatch.undo()
+    assert not disturbed.library.is_alive or len(disturbed.library.clips) >= 29
+
+
+def test_what_is_interrupted_before_it_is_done_can_be_asked_for_again(living, monkeypatch):
+    def interrupted(*_):
+        raise KeyboardInterrupt
+
+    clip, part, note = living.clip, living.clip.midi_part, living.clip.notes[0]
+    monkeypatch.setitem(_library.load(), "MutableClip_createMidiPart", interrupted)
+    with pytest.raises(KeyboardInterrupt):
+        clip.create_midi_part()
+    assert dead(part, note) and clip.notes[0].lyric == "la"
+    clip.midi_part.notes[0].remove()
+    assert dead(part, note) and len(clip.notes) == 0
+
+
+def test_objects_have_no_copies(living):
+    """Nobody would tell a copy of its end."""
+    note = living.clip.notes[0]
+    for copied in (copy.copy, copy.deepcopy, pickle.dumps, lambda one: copy.deepcopy([one])):
+        with pytest.raises(TypeError, match="a MutableNote cannot be copied"):
+            copied(note)
+
+
+def test_objects_that_were_never_given_out_are_dead():
+    for name in plx.objects.__all__:
+        made = object.__new__(getattr(plx, name))
+        assert dead(made) and repr(made) == f"<{name}, dead>"
+        with pytest.raises(TypeError if name == "Manager" else (TypeError, plx.DeadObjectError)):
+            getattr(plx, name)()
+
+
+def test_what_a_finalizer_brings_back_is_dead(living):
+    """The collector forgets it before the finalizer runs, so nothing would tell it of its end."""
+    kept = []
+
+    class Keeper:
+        def __init__(self, note):
+            self.note, self.itself = note, self
+
+        def __del__(self):
+            kept.append(self.note)
+
+    part = living.clip.midi_part
+    Keeper(part.insert_note(960, 1, "lo", "l o", 1))
+    gc.collect()
+    assert dead(kept[0]) and part.notes[1].lyric == "lo" and kept[0] is not part.notes[1]
+    part.notes[1].remove()
+    with pytest.raises(plx.DeadObjectError):
+        kept[0].lyric
+
+
+def test_iterators_outlive_what_they_go_through(living):
+    part = living.clip.midi_part
+    for place in range(5):
+        part.insert_note(place, 1, "a", "a", 1)
+    notes = iter(part.notes)
+    assert next(notes) is part.notes[0]
+    for note in list(part.notes):
+        note.remove()
+    assert list(notes) == []
+    notes = iter(part.notes)
+    living.clip.create_midi_part()
+    with pytest.raises(plx.DeadObjectError):
+        next(notes)
+
+
+def test_no_thread_comes_between_the_count_and_the_element(library):
+    """A sequence never shows a place where nothing stands any more."""
+    part = library.create_mutable_clip().create_midi_part()
+    is_done = threading.Event()
+
+    def work():
+        for _ in range(60):
+            for note in [part.insert_note(place, 1, "a", "a", 1) for place in range(10)]:
+                note.remove()
+        is_done.set()
+
+    thread = threading.Thread(target=work)
+    before = sys.getswitchinterval()
+    sys.setswitchinterval(1e-6)
+    thread.start()
+    found = []
+    while not is_done.is_set():
+        found += [*part.notes, *part.notes[:]]
+        try:
+            found.append(part.notes[-1])
+        except IndexError:
+            pass
+    sys.setswitchinterval(before)
+    thread.join()
+    assert None not in found
+
+
+def test_a_process_ends_well_with_open_managers_and_threads_at_work(tmp_path):
+    """And with objects that are asked for something by what runs last."""
+    script = f"""
+        import atexit, threading, time
+        import korvel_plx as plx
+
+        def read(folder):
+            with plx.Manager(folder, {str(LIBRARY / "system")!r}, folder) as library:
+                while True:
+                    library.read_all_clip_files()
+                    [note.lyric for note in library.clip("brindoll.hearth.greensleeves").notes]
+
+        last = plx.Manager("last", {str(LIBRARY / "system")!r}, {str(tmp_path / "last")!r})
+        atexit.register(lambda: print(len(last.clips)))
+        for number in range(2):
+            threading.Thread(target=read, args=(f"{tmp_path}/{{number}}",), daemon=True).start()
+        time.sleep(0.2)
+        print("at the end")
+    """
+    done = subprocess.run([sys.executable, "-c", textwrap.dedent(script)], capture_output=True, text=True,
+                          check=False, timeout=100)
+    assert (done.returncode, done.stdout, done.stderr) == (0, "at the end\n29\n", "")
 
 
 class Lanes(RuleBasedStateMachine):
