@@ -21,7 +21,10 @@ def expect_class(name: str, owner: Any) -> None:
 
 
 def accept(name: str, *arguments: Any) -> None:
-    """For what the library can refuse by its value."""
+    """For what the library can refuse by its value. A property that is a text is never None, though
+    the library takes a null text for an empty one."""
+    if None in arguments:
+        raise TypeError(f"{name}: a value is needed, not None")
     if not call(name, *arguments):
         expect_class(name, arguments[0])
         raise refusal(name, arguments)

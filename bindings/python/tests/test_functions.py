@@ -1,6 +1,7 @@
 """Every function, called with what it does not take. None of these calls may reach an object: the
 fixture `untouched` compares at the end what all of them say."""
 
+import inspect
 import pathlib
 import struct
 
@@ -101,6 +102,86 @@ def test_values_of_other_types_are_errors(name, untouched):
         if parameter["kind"] == "text":
             with pytest.raises(ValueError):
                 call(name, *good[:place], "cut\0off", *good[place + 1:])
+
+
+def members(one):
+    """The public properties and methods of an object, those of its bases included."""
+    for key in dir(type(one)):
+        if not key.startswith("_"):
+            yield key, inspect.getattr_static(type(one), key)
+
+
+def required(method):
+    parameters = list(inspect.signature(method).parameters.values())[1:]
+    return sum(parameter.default is parameter.empty for parameter in parameters)
+
+
+def of_another_family(living, one):
+    """One that no method takes."""
+    return living.objects["Filter" if one.FAMILY != "Filter" else "Manager"]
+
+
+def test_every_property_refuses_values_of_other_kinds(untouched):
+    refusals = read_only = 0
+    for one in untouched.objects.values():
+        other = of_another_family(untouched, one)
+        for key, member in members(one):
+            if not isinstance(member, property):
+                continue
+            for wrong in (object(), [1], b"x", 1j, None, other, getattr(one, key).__class__):
+                with pytest.raises(TypeError if member.fset else AttributeError):
+                    setattr(one, key, wrong)
+                refusals += member.fset is not None
+                read_only += member.fset is None
+    assert refusals > 350 and read_only > 1500
+
+
+def test_every_method_refuses_values_of_other_kinds(untouched):
+    """Those that take nothing are given something, and all the others nothing at all too."""
+    refusals = 0
+    for one in untouched.objects.values():
+        other = of_another_family(untouched, one)
+        for key, member in members(one):
+            # A clip is changed, and looked for, by what is written by hand; further below.
+            if not inspect.isfunction(member) or key in ("change", "clip"):
+                continue
+            count = required(member)
+            for wrong in (object(), [1], b"x", 1j, other):
+                with pytest.raises(TypeError):
+                    getattr(one, key)(*[wrong] * (count or 9))
+                refusals += 1
+            if count:
+                with pytest.raises(TypeError):
+                    getattr(one, key)()
+    assert refusals > 400
+    for wrong in (object(), b"x", 7, untouched.clip):
+        with pytest.raises(KeyError):
+            untouched.library.clip(wrong)
+
+
+def test_changing_a_clip_by_values_of_other_kinds_changes_nothing(living):
+    before = living.user_clip.name, living.user_clip.filter.genres[:], living.user_clip.part_tempo
+    for wrong in ({"name": 7}, {"genres": [7]}, {"types": 7}, {"part_key": "x"}, {"part_tempo": 1.5}):
+        with pytest.raises(TypeError):
+            living.user_clip.change(**wrong)
+    assert before == (living.user_clip.name, living.user_clip.filter.genres, living.user_clip.part_tempo)
+
+
+def test_methods_of_a_class_refuse_objects_of_other_classes(untouched):
+    """Even where the family is right, and the library would only say that nothing was done."""
+    refusals = 0
+    for name in plx.objects.__all__:
+        for key, member in vars(getattr(plx, name)).items():
+            if not inspect.isfunction(member) or key.startswith(("_", "has_", "parameter", "midi_controller")):
+                continue
+            if key in ("destroy_property_editor", "dvqm", "change", "clip", "protect") or required(member):
+                continue
+            for one in untouched.objects.values():
+                if not untouched.is_a(one, name):
+                    with pytest.raises(TypeError):
+                        member(one)
+                    refusals += 1
+    assert refusals > 200
 
 
 def test_wrong_numbers_of_arguments_are_type_errors(untouched):

@@ -50,8 +50,10 @@ def play(clip: Any, file: str) -> float:
     if seconds > LONGEST:
         raise SongError(f"{seconds:.0f} seconds are more than the {LONGEST} that are played")
     samples = array.array("h", bytes(2 * int(seconds * RATE + 1)))
+    lanes: Dict[ControllerType, Lane] = {lane.type: [(event.pos, event.value) for event in lane.events]
+                                         for lane in part.midi_controllers}
     for note in notes:
-        Tone(part, note, ticks_a_second).into(samples)
+        Tone(lanes, note, ticks_a_second).into(samples)
     write(samples, file)
     return len(samples) / RATE
 
@@ -59,9 +61,7 @@ def play(clip: Any, file: str) -> float:
 class Tone:
     """One note: a sine with two harmonics, which fades in and out."""
 
-    def __init__(self, part: Any, note: Any, ticks_a_second: float) -> None:
-        lanes: Dict[ControllerType, Lane] = {lane.type: [(event.pos, event.value) for event in lane.events]
-                 for lane in part.midi_controllers}
+    def __init__(self, lanes: Dict[ControllerType, Lane], note: Any, ticks_a_second: float) -> None:
         self.note, self.scale = note, ticks_a_second
         self.pos, self.duration, self.number = note.pos, note.duration, note.number
         self.bend = Curve(lanes.get(ControllerType.PITCH_BEND, []), 0)
