@@ -2,7 +2,9 @@
 
 import io
 import random
+import re
 import resource
+import struct
 import time
 import zipfile
 
@@ -14,11 +16,16 @@ from korvel_plx.songs.clips import Options, plan_of
 from korvel_plx.songs.midi import read_midi
 from korvel_plx.songs.musicxml import read_musicxml
 from test_songs_musicxml import PLAYED, archive
-from writing import ATTRIBUTES, control, lyric, meta, midi, note, off, on, rest, score, sung, tempo, track
+from writing import ATTRIBUTES, barline, control, lyric, meta, midi, note, off, on, rest, score, sung, tempo, track
 
 MUTATIONS = 40 * EFFORT
+PART = 8 if EFFORT == 1 else 1  # of the largest files
 SECONDS = 5
 MEGABYTES = 512
+# Where: a byte, a track, a line and column, a part and measure; or the file as a whole.
+PLACES = re.compile(r"at byte \d|before byte \d|the header says|line \d+, column \d|part [^,]*, measure .*: .|"
+                    r"the archive|no notes|reaches beyond tick|the score has no measures|the document is a|"
+                    r"more than \d+ notes|the file is larger|is timewise")
 
 
 def song_midi():
@@ -86,7 +93,7 @@ def read(reader, data):
         assert made.notes
         return True
     except SongError as problem:
-        assert str(problem)
+        assert PLACES.search(str(problem)), problem
         return False
     finally:
         assert time.process_time() - begin < SECONDS
@@ -118,26 +125,96 @@ def bomb(size, depth):
     return archive(target.getvalue()) if depth else target.getvalue()
 
 
+def track_of(content):
+    return b"MTrk" + struct.pack(">I", len(content) + 4) + content + b"\0\xff\x2f\0"
+
+
+def notes_of(count):
+    """With the status once: three bytes for each event."""
+    return midi(track_of(b"\0\x90\x3c\x40" + b"\1\x3c\0\1\x3c\x40" * count))
+
+
+def stacked_notes(count):
+    return midi(track_of(b"\0\x90\x3c\x40" + b"\0\x3c\x40" * count + b"\1\x3c\0" * count))
+
+
+def sung_tracks(count, notes):
+    return midi(*[track_of(b"\x01\x90\x3c\x40\0\xff\x05\x01a\x01\x80\x3c\0" * notes)] * count)
+
+
+def many_meters():
+    return midi(track_of(b"\x10\xff\x58\x04\x01\x02\x18\x08" * (50_000 // PART) + b"\0\x90\x3c\x40\x81\0\x3c\0"))
+
+
+def changing_divisions():
+    changes = (f"<attributes><divisions>{10**11 + 2 * at + 1}</divisions></attributes>"
+               "<forward><duration>1</duration></forward>" for at in range(20_000))
+    return score([ATTRIBUTES + "".join(changes) + SHORT])
+
+
+def repeated(inside, times=100):
+    return score([ATTRIBUTES + inside + barline(f'<repeat direction="backward" times="{times}"/>')])
+
+
+SHORT = "<note><pitch><step>C</step></pitch><duration>1</duration></note>"
+LYRICS = "".join(f'<lyric number="{at}"><text>a</text></lyric>' for at in range(1, 9000))
+ENDING = barline('<ending number="1" type="start"/><ending number="1" type="stop"/>')
+CAPO = SHORT + '<sound dacapo="yes"/>'
+# What is said of them, or nothing where they are taken.
 LARGE = {
-    "a million tracks": (read_midi, lambda: b"MThd" + bytes.fromhex("00000006000100000060")[:6] + b"\xff\xff\0\x60"
-                         + track() * 1_000_000),
-    "tracks without end": (read_midi, lambda: midi(*[track()] * 1024)),
-    "four megabytes of notes": (read_midi, lambda: midi(track(*[(0, on(60)), (1, off(60))] * 40_000))),
-    "notes that are never switched off": (read_midi, lambda: midi(track(*[(0, on(60))] * 50_000))),
-    "a message of megabytes": (read_midi, lambda: midi(track((0, meta(1, b"x" * 4_000_000))))),
-    "a system message of megabytes": (read_midi, lambda: midi(track((0, b"\xf0\xff\xff\x7f" + b"x" * 2_097_151)))),
-    "a zip bomb": (read_musicxml, lambda: bomb(200, 0)),
-    "a zip bomb in an archive": (read_musicxml, lambda: bomb(200, 1)),
-    "a million parts": (read_musicxml, lambda: b"<score-partwise>" + b"<part><measure/></part>" * 1_000_000),
-    "many parts and many measures": (read_musicxml, lambda: score(*[[""]] * 5000, [""] * 50_000)),
-    "an attribute of megabytes": (read_musicxml, lambda: b'<a b="' + b"x" * 20_000_000 + b'"/>'),
-    "a text of megabytes": (read_musicxml, lambda: score([ATTRIBUTES + note("C", inside=sung("x" * 5_000_000))])),
+    "a million tracks": (read_midi, lambda: b"MThd" + struct.pack(">IHHH", 6, 1, 65535, 96) + track() * 65_535,
+                         "the header says 65535 tracks; more than 256"),
+    "as many tracks as are read": (read_midi, lambda: midi(*[track()] * 256), "no notes"),
+    "as many notes as are read": (read_midi, lambda: notes_of(2**20 // 6 // PART - 9), ""),
+    "more bytes than are read": (read_midi, lambda: notes_of(2**20 // 6 + 9), "the file is larger than 1048576 bytes"),
+    "notes that begin together and end one by one": (read_midi, lambda: stacked_notes(2**20 // 6 // PART - 9), ""),
+    "notes that are never switched off": (read_midi, lambda: midi(track(*[(0, on(60))] * 50_000, (480, off(61)))), ""),
+    "syllables in many tracks": (read_midi, lambda: sung_tracks(250, 300 // PART), ""),
+    "meters in all places": (read_midi, many_meters, ""),
+    "a message of a megabyte": (read_midi, lambda: midi(track((0, meta(1, b"x" * 1_040_000)))),
+                                "track 1, at byte 14, is damaged before byte 28: Message length 1040000"),
+    "a system message that never ends": (read_midi, lambda: midi(track((0, b"\xf0\xff\xff\x7f" + b"x" * 9_000))),
+                                         "is damaged before byte 27: Message length 2097151"),
+    "a zip bomb": (read_musicxml, lambda: bomb(100, 0), "'song.xml' in the archive is larger"),
+    "a zip bomb in an archive": (read_musicxml, lambda: bomb(100, 1), "line 1, column 3: not well-formed"),
+    "a million parts": (read_musicxml, lambda: b"<score-partwise>" + b"<part><measure/></part>" * 700_000,
+                        "column [0-9]+: more elements than a song needs"),
+    "many parts and many measures": (read_musicxml, lambda: score(*[[""]] * 5000, [""] * (50_000 // PART)), "no notes"),
+    "an attribute of megabytes": (read_musicxml, lambda: b'<a b="' + b"x" * 15_000_000 + b'"/>',
+                                  "line 1, column 1: a tag of more than"),
+    "a million attributes": (read_musicxml, lambda: b"<a " + b" ".join(b'b%x=""' % at for at in range(1_000_000)) + b"/>",
+                             "line 1, column 1: a tag of more than"),
+    "a text of megabytes": (read_musicxml, lambda: score([ATTRIBUTES + note("C", inside=sung("x" * 5_000_000))]), ""),
+    "a number of many digits": (read_musicxml, lambda: score([ATTRIBUTES + note("C", duration="1e99999999")]),
+                                "part P1, measure 1: duration"),
+    "divisions that have nothing in common": (read_musicxml, changing_divisions,
+                                              "measure 1: its divisions change too often"),
+    "many notes, often repeated": (read_musicxml, lambda: repeated("<attributes><divisions>99</divisions></attributes>"
+                                                                   + SHORT * 20_000), "more than 500000 notes"),
+    "many tempos, often repeated": (read_musicxml, lambda: repeated(SHORT + '<sound tempo="99"/>' * 50_000),
+                                    "more than 500000 notes"),
+    "many lyrics, often repeated": (read_musicxml, lambda: repeated(note("C", inside=LYRICS)), "more than 500000 notes"),
+    "many endings behind a jump": (read_musicxml, lambda: score([ATTRIBUTES + SHORT] + [ENDING] * (20_000 // PART) + [CAPO]), ""),
+    "many ways to a coda that is not there": (read_musicxml, lambda: score(
+        [ATTRIBUTES + SHORT] + ['<sound tocoda="x"/>'] * (20_000 // PART) + [CAPO]), ""),
+    "a tempo of many digits": (read_musicxml, lambda: score([ATTRIBUTES + "<direction><direction-type><metronome>"
+        "<beat-unit>quarter</beat-unit><per-minute>" + "9" * 400 + "</per-minute></metronome></direction-type></direction>"
+        + SHORT]), ""),
     "entities": (read_musicxml, lambda: score([""], head="<!DOCTYPE x [" + "".join(
-        f'<!ENTITY e{at} "{f"&e{at - 1};" * 10}">' for at in range(1, 30)) + "]>")),
+        f'<!ENTITY e{at} "{f"&e{at - 1};" * 10}">' for at in range(1, 30)) + "]>"),
+        "line 1, column [0-9]+: the document declares entities"),
 }
 
 
 @pytest.mark.parametrize("name", LARGE)
 def test_large_files(name, little_memory):
-    reader, make = LARGE[name]
-    read(reader, make())
+    """All that is counted is bounded, and so are time and memory."""
+    reader, make, said = LARGE[name]
+    data = make()
+    begin = time.process_time()
+    try:
+        made = plan_of(reader(data), Options(), "x")
+        assert made.notes and made.song.bar_starts() and not said
+    except SongError as problem:
+        assert said and re.search(said, str(problem)), problem
+    assert time.process_time() - begin < SECONDS

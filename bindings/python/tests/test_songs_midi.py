@@ -133,14 +133,16 @@ def test_a_file_in_seconds_is_taken_at_120():
 
 
 @pytest.mark.parametrize("data, said", [
-    (b"", "does not begin with MThd"),
+    (b"", "there is no MThd at byte 0"),
     (b"MThd\0\0\0\6\0\1", "header is cut at byte 10"),
     (midi(track((0, on(60))), kind=2), "format 2"),
     (midi(track((0, on(60))), kind=9), "format 9"),
     (midi(track((0, on(60))), unit=0), "unit 0"),
     (midi(track((0, on(60)), (480, off(60))))[:-3], "track 1, at byte 14, is cut"),
     (midi(track((0, on(60)), (480, off(60))))[:14] + b"MT", "ends at byte 16, before track 1 of 1"),
-    (midi(track((0, b"\xff\x51\x7f"))), "track 1, at byte 14, is damaged"),
+    (midi(track((0, b"\xff\x51\x7f"))), "track 1, at byte 14, is damaged before byte 30: it ends within a message"),
+    (midi(track((0, b"\x40\x40"))), "track 1, at byte 14, is damaged before byte 24: running status without"),
+    (b"RIFF\0\0\0\0RMIDdata\0\0\0\0" + midi(track((0, b"\xf5"))), "track 1, at byte 34, is damaged before byte 44: undef"),
     (midi(track((0, meta(3, b"x")))), "no notes"),
     (midi(*[track()] * 2000), "2000 tracks"),
     (midi(track((2**28 - 1, on(60)), (2**28 - 1, off(60))), unit=1), "beyond tick"),

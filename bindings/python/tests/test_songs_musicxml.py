@@ -213,8 +213,11 @@ BOMB = ('<!DOCTYPE score-partwise [<!ENTITY a "ha"><!ENTITY b "&a;&a;&a;&a;&a;&a
     (b"<a>" * 100_000, "deeper than a song needs"),
     (score([ATTRIBUTES, note("H")]), "part P1, measure 2: no step 'H'"),
     (score([ATTRIBUTES + note("C", 99)]), "C99 is outside"),
-    (score([ATTRIBUTES + note("C", duration="1e9999")]), "part P1, measure 1"),
-    (score([ATTRIBUTES + note("C", duration="x" * 100)]), "a duration of 100 signs"),
+    (score([ATTRIBUTES + note("C", duration="1e9999999999")]), "part P1, measure 1: duration: '1e9999999999'"),
+    (score([ATTRIBUTES + '<sound tempo="1/3"/>' + bar("a")]), "tempo: '1/3' is no number"),
+    (score(["<attributes><key><fifths>1.5</fifths></key></attributes>"]), "fifths: '1.5' is no whole number"),
+    (score([ATTRIBUTES.replace("<beat-type>4", "<beat-type>0") + bar("a")]), "a meter of 4/0"),
+    (score([ATTRIBUTES + note("C", duration="x" * 100)]), "duration: 'x{30}' is no number"),
     (score([ATTRIBUTES.replace(">1<", ">0<", 1) + bar("a")]), "divisions of 0"),
     (score([ATTRIBUTES + "<backup><duration>1</duration></backup>"]), "backup"),
     (score([ATTRIBUTES + note("C", duration=2**31)]), "outside of what a clip can hold"),
@@ -222,6 +225,7 @@ BOMB = ('<!DOCTYPE score-partwise [<!ENTITY a "ha"><!ENTITY b "&a;&a;&a;&a;&a;&a
     (archive(b"x" * 40_000_000), "larger than"),
     (archive(b"x", "readme.txt", False), "holds no MusicXML"),
     (archive(b"x", "gone.xml").replace(b"gone.xml", b"away.xml", 1), "archive|no element|damaged"),
+    (archive(b"x").replace(b"song.xml", b"sonG.xml", 1), "'song.xml' in the archive, at byte [0-9]+, is damaged"),
 ])
 def test_what_is_wrong_is_said_with_its_place(data, said):
     with pytest.raises(SongError, match=said):

@@ -150,8 +150,8 @@ def attempt(file: pathlib.Path, options: Options, manager: Any, place: int,
         result = told(file, made, clip_id)
     except ERRORS as problem:
         result = {"file": str(file), "error": str(problem)}
-    except (MemoryError, RecursionError) as problem:
-        result = {"file": str(file), "error": f"too large: {type(problem).__name__}"}
+    except Exception as problem:  # pylint: disable=broad-except # what nobody thought of costs one file too
+        result = {"file": str(file), "error": f"cannot be imported: {type(problem).__name__} {problem}".rstrip()}
     if not arguments.json or count > 1:
         show(result, place, count, arguments.json)
     return result

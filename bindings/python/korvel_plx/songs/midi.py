@@ -3,19 +3,21 @@ consists of is looked at before, so that a damaged file is refused with the plac
 
 from __future__ import annotations
 
+import collections
 import io
 import struct
-from typing import Any, Dict, Iterator, List, Optional, Tuple
+from typing import Any, Deque, Dict, Iterator, List, Optional, Set, Tuple
 
 from ..constants import ControllerType
 from .model import LAST_TICK, TICKS, Lane, Line, Lyric, Note, Song, SongError, scaled
 
-LARGEST_FILE = 4 * 2**20
-MOST_TRACKS = 1024
+LARGEST_FILE = 2**20
+MOST_TRACKS = 256
 ENCODINGS = ("utf-8", "cp932", "cp1252", "latin-1")
 # The controllers that MIDI knows; the first that a track has counts.
 CONTROLLERS = {11: ControllerType.DYNAMICS, 7: ControllerType.DYNAMICS, 5: ControllerType.PORTAMENTO,
                2: ControllerType.BREATHINESS, 74: ControllerType.BRIGHTNESS}
+DAMAGES = {EOFError: "it ends within a message", IndexError: "a message is too short"}
 DATA_ENTRY, PARAMETER_LOW, PARAMETER_HIGH = 6, 100, 101
 MAJOR = {"Cb": -7, "Gb": -6, "Db": -5, "Ab": -4, "Eb": -3, "Bb": -2, "F": -1, "C": 0, "G": 1, "D": 2,
          "A": 3, "E": 4, "B": 5, "F#": 6, "C#": 7}
@@ -48,18 +50,17 @@ def read_midi(data: bytes) -> Song:
 
 def chunks_of(data: bytes) -> Tuple[int, int, List[Tuple[int, bytes]]]:
     """Format, time division, and the tracks, each with its place in the file."""
-    if data[:4] == b"RIFF" and data[8:12] == b"RMID":
-        data = data[20:]
-    if data[:4] != b"MThd":
-        raise SongError("no MIDI file: it does not begin with MThd")
-    if len(data) < 14:
-        raise SongError("the header is cut at byte " + str(len(data)))
-    length, kind, count, unit = struct.unpack(">IHHh", data[4:14])
+    begin = 20 if data[:4] == b"RIFF" and data[8:12] == b"RMID" else 0
+    if data[begin:begin + 4] != b"MThd":
+        raise SongError(f"no MIDI file: there is no MThd at byte {begin}")
+    if len(data) < begin + 14:
+        raise SongError(f"the header is cut at byte {len(data)}")
+    length, kind, count, unit = struct.unpack(">IHHh", data[begin + 4:begin + 14])
     if length < 6 or kind > 2 or unit == 0:
-        raise SongError(f"the header at byte 4 is damaged: length {length}, format {kind}, unit {unit}")
+        raise SongError(f"the header at byte {begin + 4} is damaged: length {length}, format {kind}, unit {unit}")
     if count > MOST_TRACKS:
         raise SongError(f"the header says {count} tracks; more than {MOST_TRACKS} are not read")
-    return kind, unit, list(tracks_of(data, 8 + length, count))
+    return kind, unit, list(tracks_of(data, begin + 8 + length, count))
 
 
 def tracks_of(data: bytes, at: int, count: int) -> Iterator[Tuple[int, bytes]]:
@@ -102,7 +103,7 @@ class Track:
         self.bends: Dict[int, Lane] = {}
         self.ranges: Dict[int, Lane] = {}
         self.end = 0
-        self.open: Dict[Tuple[int, int], List[Tuple[int, int]]] = {}
+        self.open: Dict[Tuple[int, int], Deque[Tuple[int, int]]] = collections.defaultdict(collections.deque)
         self.chosen: Dict[int, Tuple[int, int]] = {}
         self.rounded = 0
         self.read(content)
@@ -110,12 +111,13 @@ class Track:
     def messages(self, content: bytes) -> List[Any]:
         """mido takes whole files: the track becomes the only one of a file."""
         header = struct.pack(">4sIHHH4sI", b"MThd", 6, 0, 1, TICKS, b"MTrk", len(content))
-        reader = mido().MidiFile
+        reader, file = mido().MidiFile, io.BytesIO(header + content)
         try:
-            tracks = reader(file=io.BytesIO(header + content), charset="latin-1", clip=True).tracks
+            tracks = reader(file=file, charset="latin-1", clip=True).tracks
         except Exception as problem:  # whatever mido meets in a damaged track; it names no common kind
-            raise SongError(f"track {self.number}, at byte {self.place}, is damaged: "
-                            f"{type(problem).__name__} {problem}".rstrip()) from problem
+            damaged = self.place + 8 + file.tell() - len(header)
+            raise SongError(f"track {self.number}, at byte {self.place}, is damaged before byte {damaged}: "
+                            f"{DAMAGES.get(type(problem)) or problem}") from problem
         return list(tracks[0]) if tracks else []
 
     def read(self, content: bytes) -> None:
@@ -146,12 +148,12 @@ class Track:
         if message.velocity == 0:
             self.take_note_off(message, at)
         else:
-            self.open.setdefault((message.channel, message.note), []).append((at, message.velocity))
+            self.open[message.channel, message.note].append((at, message.velocity))
 
     def take_note_off(self, message: Any, at: int) -> None:
         begun = self.open.get((message.channel, message.note))
         if begun:
-            pos, velocity = begun.pop(0)
+            pos, velocity = begun.popleft()
             self.add_note(message.channel, message.note, pos, at, velocity)
 
     def add_note(self, channel: int, number: int, pos: int, end: int, velocity: int) -> None:
@@ -222,8 +224,9 @@ def gather(song: Song, tracks: List[Track]) -> None:
             song.lines.append(Line(str(track.number), name, str(channel + 1),
                                    sorted(track.notes[channel], key=lambda note: note.pos),
                                    track.lanes(channel)))
+    places = [(line, {note.pos for note in line.notes}) for line in song.lines]
     for track in tracks:
-        give_lyrics(song, track, syllables_of(track, song))
+        give_lyrics(song, track, syllables_of(track, song), places)
 
 
 def guess_encoding(tracks: List[Track]) -> str:
@@ -265,16 +268,18 @@ def clean(text: str) -> str:
     return text.rstrip("-").rstrip() if len(text) > 1 else text
 
 
-def give_lyrics(song: Song, track: Track, found: List[Tuple[int, str]]) -> None:
+def give_lyrics(song: Song, track: Track, found: List[Tuple[int, str]],
+                places: List[Tuple[Line, Set[int]]]) -> None:
     """To the line that has notes where the syllables stand; of several the track's own."""
     if not found:
         return
-    lines = sorted((line for line in song.lines if line.notes),
-                   key=lambda line: (-meetings(line, found), line.part != str(track.number)))
-    if not lines or meetings(lines[0], found) == 0:
+    wanted = {at for at, _ in found}
+    line, begins = max(places, key=lambda one: (len(one[1] & wanted), one[0].part == str(track.number)),
+                       default=(Line("", "", ""), set()))
+    if not begins & wanted:
         song.lose("syllables that stand at no note", len(found))
         return
-    notes = {note.pos: note for note in sorted(lines[0].notes, key=lambda note: note.number)}
+    notes = {note.pos: note for note in sorted(line.notes, key=lambda note: note.number)}
     left = 0
     for at, text in found:
         note: Optional[Note] = notes.get(at)
@@ -283,8 +288,3 @@ def give_lyrics(song: Song, track: Track, found: List[Tuple[int, str]]) -> None:
         else:
             note.lyrics[1] = Lyric(text)
     song.lose("syllables that stand at no note, or where another one is", left)
-
-
-def meetings(line: Line, found: List[Tuple[int, str]]) -> int:
-    places = {note.pos for note in line.notes}
-    return sum(at in places for at, _ in found)

@@ -92,10 +92,10 @@ class Song:
             return self.bars
         starts, at = [0], 0
         meters = sorted(self.meters) or [(0, 4, 4)]
+        places = [pos for pos, _, _ in meters]
         end = max(self.end, max((line.end for line in self.lines), default=0))
         while at < end and len(starts) < 100_000:
-            place = max(0, bisect.bisect_right([pos for pos, _, _ in meters], at) - 1)
-            _, count, unit = meters[place]
+            _, count, unit = meters[max(0, bisect.bisect_right(places, at) - 1)]
             at += max(1, count * 4 * TICKS // unit)
             starts.append(at)
         return starts

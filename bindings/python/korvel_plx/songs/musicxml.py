@@ -4,6 +4,7 @@ the order in which they are played."""
 from __future__ import annotations
 
 import dataclasses
+import re
 from fractions import Fraction
 from typing import Dict, List, Optional, Tuple
 from xml.etree.ElementTree import Element
@@ -18,6 +19,9 @@ UNITS = {"whole": 4.0, "half": 2.0, "quarter": 1.0, "eighth": 0.5, "16th": 0.25}
 LOUDNESS = {"pppp": 8, "ppp": 16, "pp": 33, "p": 49, "mp": 64, "mf": 80, "f": 96, "ff": 112,
             "fff": 126, "ffff": 127, "sf": 112, "sfz": 112, "fp": 96, "sfp": 96, "fz": 112, "rf": 104,
             "rfz": 104}
+DECIMAL = re.compile(r"[+-]?(\d{1,12}(\.\d{0,20})?|\.\d{1,20})", re.ASCII)
+FINEST = 10**40  # parts of a quarter note
+MOST_PLAYED = 500_000  # notes, lyrics and signs, each as often as it is played
 ROUNDED = 15  # ticks: less than the shortest value that is written
 PERCENT = 0.9  # loudness is written in hundredths of a velocity of 90
 
@@ -42,6 +46,11 @@ class Measure:
     meters: List[Tuple[int, int, int]] = dataclasses.field(default_factory=list)
     loudness: List[Tuple[int, int]] = dataclasses.field(default_factory=list)
     signs: Signs = dataclasses.field(default_factory=Signs)
+
+    def weight(self) -> int:
+        lyrics = sum(len(event.note.lyrics) for event in self.events)
+        signs = len(self.tempos) + len(self.keys) + len(self.meters) + len(self.loudness)
+        return len(self.events) + lyrics + signs
 
 
 def read_musicxml(data: bytes) -> Song:
@@ -99,6 +108,8 @@ class PartReader:
                 if reader:
                     reader(child)
                 self.longest = max(self.longest, self.at)
+                if self.at.denominator > FINEST:
+                    raise ValueError("its divisions change too often to be added up")
         except (ValueError, ZeroDivisionError, KeyError, OverflowError) as problem:
             raise SongError(f"part {self.part}, measure {self.into.number}: {problem}") from problem
         self.into.length = self.ticks(self.longest)
@@ -133,16 +144,18 @@ class PartReader:
         for key in element.iterfind("key"):
             if key.findtext("fifths"):
                 is_minor = (key.findtext("mode") or "").strip() == "minor"
-                self.into.keys.append((at, int(key.findtext("fifths") or 0), is_minor))
+                self.into.keys.append((at, whole(key.findtext("fifths"), "fifths"), is_minor))
         for meter in element.iterfind("time"):
             if meter.findtext("beats") and meter.findtext("beat-type"):
-                beats = sum(int(part) for part in (meter.findtext("beats") or "4").split("+"))
-                unit = int(meter.findtext("beat-type") or 4)
+                beats = sum(whole(part, "beats") for part in (meter.findtext("beats") or "").split("+"))
+                unit = whole(meter.findtext("beat-type"), "beat-type")
+                if beats <= 0 or unit <= 0:
+                    raise ValueError(f"a meter of {beats}/{unit}")
                 self.into.meters.append((at, beats, unit))
                 self.bar = beats * 4 * TICKS // unit
         for transposition in element.iterfind("transpose"):
-            self.transposition = int(transposition.findtext("chromatic") or 0) + 12 * int(
-                transposition.findtext("octave-change") or 0)
+            self.transposition = whole(transposition.findtext("chromatic") or "0", "chromatic") + 12 * whole(
+                transposition.findtext("octave-change") or "0", "octave-change")
 
     def read_backup(self, element: Element) -> None:
         self.at -= self.time(element)
@@ -193,7 +206,7 @@ class PartReader:
     def metronome(self, metronome: Element, at: Fraction) -> None:
         unit = UNITS.get((metronome.findtext("beat-unit") or "").strip())
         text = (metronome.findtext("per-minute") or "").strip()
-        if unit is None or not text.replace(".", "", 1).isdigit():
+        if unit is None or not DECIMAL.fullmatch(text):
             self.song.lose("metronome marks that tell no number")
             return
         dots = len(metronome.findall("beat-unit-dot"))
@@ -218,7 +231,7 @@ class PartReader:
                 if repeat.get("direction") == "forward":
                     self.into.signs.opens = True
                 else:
-                    self.into.signs.closes = min(int(repeat.get("times", "2")), 100)
+                    self.into.signs.closes = min(whole(repeat.get("times", "2"), "times"), 100)
             if any(ending.get("type") in ("stop", "discontinue") for ending in barline.iterfind("ending")):
                 self.ending = ()
 
@@ -259,7 +272,7 @@ class PartReader:
         step = (pitch.findtext("step") or "").strip()
         if step not in STEPS:
             raise ValueError(f"no step {step!r}")
-        octave = int(pitch.findtext("octave") or 4)
+        octave = whole(pitch.findtext("octave") or "4", "octave")
         number = 12 * (octave + 1) + STEPS[step] + int(round(alter)) + self.transposition
         if not 0 <= number <= 127:
             raise ValueError(f"a pitch of {step}{octave} is outside of what MIDI can say")
@@ -267,12 +280,17 @@ class PartReader:
 
 
 def number_of(text: str, what: str) -> Fraction:
-    if len(text) > 30:
-        raise ValueError(f"a {what} of {len(text)} signs")
-    try:
-        return Fraction(text.strip())
-    except (ValueError, ZeroDivisionError) as problem:
-        raise ValueError(f"a {what} of {text!r}") from problem
+    """A decimal, as MusicXML has them: an exponent would make large numbers of few signs."""
+    if not DECIMAL.fullmatch(text.strip()):
+        raise ValueError(f"{what}: {text[:30]!r} is no number that is read")
+    return Fraction(text.strip())
+
+
+def whole(text: Optional[str], what: str) -> int:
+    number = number_of(text or "", what)
+    if number.denominator != 1:
+        raise ValueError(f"{what}: {text!r} is no whole number")
+    return int(number)
 
 
 def velocity_of(element: Element) -> int:
@@ -309,6 +327,7 @@ def play(song: Song, parts: List[Tuple[str, List[Measure]]], names: Dict[str, st
         starts.append(starts[-1] + max(measure.length for measure in columns[place]))
     if starts[-1] > LAST_TICK:
         raise SongError(f"the song reaches beyond tick {LAST_TICK}")
+    refuse_too_much(columns, order)
     song.bars, song.end = starts, starts[-1]
     played: List[List[Tuple[int, int]]] = [[] for _ in columns]
     for (place, turn), start in zip(order, starts):
@@ -316,6 +335,13 @@ def play(song: Song, parts: List[Tuple[str, List[Measure]]], names: Dict[str, st
     for part, measures in parts:
         song.lines += lines_of(part, names.get(part, ""), measures, played)
     tell(song, columns, played, parts[0][1])
+
+
+def refuse_too_much(columns: List[List[Measure]], order: List[Tuple[int, int]]) -> None:
+    """A short file whose repeats repeat much may be endless."""
+    weights = [sum(measure.weight() for measure in column) for column in columns]
+    if sum(weights[place] for place, _ in order) > MOST_PLAYED:
+        raise SongError(f"more than {MOST_PLAYED} notes, lyrics and signs, as they are played with all repeats")
 
 
 def tell(song: Song, columns: List[List[Measure]], played: List[List[Tuple[int, int]]],

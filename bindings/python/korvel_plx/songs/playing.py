@@ -2,6 +2,7 @@
 
 from __future__ import annotations
 
+import bisect
 import dataclasses
 from typing import List, Set, Tuple
 
@@ -34,9 +35,20 @@ def order_of(measures: List[Signs], song: Song) -> List[Tuple[int, int]]:
     return player.played
 
 
+def last_endings(measures: List[Signs]) -> List[bool]:
+    """For each measure whether no other ending follows it at once."""
+    found = [True] * len(measures)
+    for place in range(len(measures) - 2, -1, -1):
+        behind = measures[place + 1].ending
+        found[place] = not behind or (behind == measures[place].ending and found[place + 1])
+    return found
+
+
 class Player:
     def __init__(self, measures: List[Signs]) -> None:
         self.measures = measures
+        self.is_last_ending = last_endings(measures)
+        self.codas = [place for place, signs in enumerate(measures) if signs.coda]
         self.played: List[Tuple[int, int]] = []
         self.at = self.opened = 0
         self.turn = 1
@@ -57,16 +69,8 @@ class Player:
     def takes_ending(self, signs: Signs) -> bool:
         """After a jump no repeat is played again: the last ending is the one that is taken."""
         if self.after_jump:
-            return all(later.ending == signs.ending for later in self.group_behind())
+            return self.is_last_ending[self.at]
         return self.turn in signs.ending
-
-    def group_behind(self) -> List[Signs]:
-        found = []
-        for signs in self.measures[self.at:]:
-            if not signs.ending:
-                break
-            found.append(signs)
-        return found
 
     def go_on(self, signs: Signs) -> None:
         here = self.at
@@ -96,8 +100,8 @@ class Player:
             self.opened, self.turn = here + 1, 1
 
     def coda_behind(self) -> "int | None":
-        return next((place for place in range(self.at + 1, len(self.measures))
-                     if self.measures[place].coda), None)
+        behind = bisect.bisect_right(self.codas, self.at)
+        return self.codas[behind] if behind < len(self.codas) else None
 
     def jump(self, target: str) -> None:
         self.after_jump = True

@@ -16,7 +16,10 @@ LARGEST_TEXT = 32 * 2**20
 LARGEST_FILE = 16 * 2**20
 MOST_ELEMENTS = 500_000
 DEEPEST = 64
+LARGEST_TAG = PIECE = 256 * 1024
 MOST_MEMBERS = 1000
+DAMAGES = (zipfile.BadZipFile, zlib.error, EOFError, OSError, NotImplementedError, RuntimeError,
+           ValueError, KeyError, IndexError)
 CONTAINER = "META-INF/container.xml"
 
 
@@ -54,7 +57,11 @@ class Reader:
 
     def read(self, text: bytes) -> Element:
         try:
-            self.parser.Parse(text, True)
+            for begin in range(0, len(text), PIECE):
+                self.parser.Parse(text[begin:begin + PIECE], False)
+                if begin - self.parser.CurrentByteIndex > LARGEST_TAG:
+                    raise SongError(f"{self.place()}: a tag of more than {LARGEST_TAG} bytes")
+            self.parser.Parse(b"", True)
         except expat.ExpatError as problem:
             message = expat.ErrorString(problem.code)
             raise SongError(f"line {problem.lineno}, column {problem.offset + 1}: {message}") from problem
@@ -78,8 +85,7 @@ def document_of(data: bytes) -> bytes:
     try:
         with zipfile.ZipFile(io.BytesIO(data)) as archive:
             return member(archive, root_file(archive))
-    except (zipfile.BadZipFile, zlib.error, EOFError, OSError, NotImplementedError, RuntimeError,
-            ValueError, KeyError, IndexError) as problem:
+    except DAMAGES as problem:
         raise SongError(f"the archive is damaged: {problem}") from problem
 
 
@@ -103,8 +109,12 @@ def member(archive: zipfile.ZipFile, name: str) -> bytes:
     """What the archive says of sizes is not believed: no more than the largest document is unpacked."""
     if name not in archive.namelist():
         raise SongError(f"the archive has no {name!r}, which it names")
-    with archive.open(name) as file:
-        content = file.read(LARGEST_TEXT + 1)
+    try:
+        with archive.open(name) as file:
+            content = file.read(LARGEST_TEXT + 1)
+    except DAMAGES as problem:
+        raise SongError(f"{name!r} in the archive, at byte {archive.getinfo(name).header_offset}, is damaged: "
+                        f"{problem}") from problem
     if len(content) > LARGEST_TEXT:
         raise SongError(f"{name!r} in the archive is larger than {LARGEST_TEXT} bytes")
     return content
