@@ -7,6 +7,7 @@
 #    include <filesystem>
 #    include <functional>
 #    include <string>
+#    include <string_view>
 #    include <system_error>
 #    include <vector>
 
@@ -114,7 +115,9 @@ TEST_F(FsTreeFaults, AWalkLosesOnlyTheFolderThatFails)
         complete += found.size() >= treeFiles.size();
         empty += found.empty();
     }
-    EXPECT_GE(complete, 6u); // at least when a folder is closed, or its last entry has been read
+    // At least when the last entry of a folder has been read, and when one is closed, unless the C library
+    // does so.
+    EXPECT_GE(complete, std::string_view(KRT_PLX_TEST_FS) == "posix" ? 4u : 6u);
     EXPECT_LE(empty, 4u);    // the first calls list the tree's own folder
 }
 
