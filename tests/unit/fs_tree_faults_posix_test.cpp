@@ -118,7 +118,7 @@ TEST_F(FsTreeFaults, AWalkLosesOnlyTheFolderThatFails)
     // At least when the last entry of a folder has been read, and when one is closed, unless the C library
     // does so.
     EXPECT_GE(complete, std::string_view(KRT_PLX_TEST_FS) == "posix" ? 4u : 6u);
-    EXPECT_LE(empty, 4u);    // the first calls list the tree's own folder
+    EXPECT_LE(empty, 4u); // the first calls list the tree's own folder
 }
 
 TEST_F(FsTreeFaults, AWalkGoesOnAfterInterruptions)

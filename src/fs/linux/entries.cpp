@@ -18,8 +18,8 @@ struct Block {
 
 bool readBlock(int folder, Block& block)
 {
-    const ssize_t size = uninterrupted(
-        [&] { return ::getdents64(folder, block.bytes.data(), block.bytes.size()); });
+    const ssize_t size =
+        uninterrupted([&] { return ::getdents64(folder, block.bytes.data(), block.bytes.size()); });
     block.size = size > 0 ? static_cast<std::size_t>(size) : 0;
     return block.size > 0;
 }

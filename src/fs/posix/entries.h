@@ -20,9 +20,8 @@ void visitEntries(Descriptor folder, void* visitor, void (*visit)(void* visitor,
 template <class Visit>
 void forEachEntry(Descriptor folder, Visit visit)
 {
-    visitEntries(std::move(folder), &visit, [](void* visitor, const Entry& entry) {
-        (*static_cast<Visit*>(visitor))(entry);
-    });
+    visitEntries(std::move(folder), &visit,
+                 [](void* visitor, const Entry& entry) { (*static_cast<Visit*>(visitor))(entry); });
 }
 
 inline bool isSelfOrParent(const char* name)
