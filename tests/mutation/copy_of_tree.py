@@ -150,12 +150,10 @@ class CopyOfTree:
         return None if done.returncode == 0 else done.stdout + done.stderr
 
     def build_change(self, site):
-        """Builds the library with this one change and without switches in its file."""
+        """Builds the library, and the tests that link it, with this one change and without switches in
+        its file."""
         self.write_source(site.file, site)
-        return self.build('krt_plx')
-
-    def build_unit_tests(self):
-        return self.build('unit_tests')
+        return self.build('krt_plx', 'unit_tests')
 
     def restore(self, site):
         self.write_source(site.file)

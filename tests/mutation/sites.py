@@ -3,6 +3,8 @@
 import dataclasses
 import re
 
+import steps
+
 # Strings and comments, which hide what looks like code, and what is changed in code.
 HIDDEN = re.compile(r'//[^\n]*|^[ \t]*#[^\n]*', re.MULTILINE)
 STRING = re.compile(r'"(?:[^"\\\n]|\\.)*"(?:_t)?')
@@ -33,15 +35,21 @@ class Site:
     line: int = 0
     text: str = ''
     number: int = 0  # among the same changes of one line
+    is_of_steps: bool = False  # lies where steps are left out
 
     @property
     def is_comparison(self):
         return self.original in ('<', '<=', '>', '>=', '==', '!=')
 
     @property
+    def end(self):
+        return self.start + len(self.original)
+
+    @property
     def change(self):
         which = f' #{self.number + 1}' if self.number else ''
-        return f'{self.original} -> {self.changed}{which}'
+        original = ' '.join(self.original.replace(' | ', '|').split())
+        return f'{original} -> {self.changed}{which}'
 
     @property
     def key(self):
@@ -118,52 +126,60 @@ def places(source):
         code = blanked(pattern, code)
 
 
-def find(file, source):
+def places_of_steps(source):
+    code = hide_comments(source)
+    return steps.find(blanked(UNTOUCHED, blanked(CHARACTER, code)))
+
+
+def find(file, source, has_steps=False):
     lines = source.split('\n')
     found = []
     seen = {}
-    for start, original, changes in sorted(places(source)):
+    every = list(places(source)) + (list(places_of_steps(source)) if has_steps else [])
+    for start, shown, changes in sorted(every):
+        original = source[start:start + len(shown)]
         line = source.count('\n', 0, start) + 1
         for changed in changes:
-            site = Site(file, start, original, changed, line, lines[line - 1].strip())
+            site = Site(file, start, original, changed, line, lines[line - 1].strip(),
+                        is_of_steps=has_steps)
             site.number = seen.get(site.key, 0)
             seen[site.key] = site.number + 1
             found.append(site)
     return found
 
 
-def switched(site, identity):
+def around(site, identity):
+    """What stands before and behind the site's code to make it a switch."""
     if site.is_comparison:
-        return f'{site.original} ::mutation::On{{{identity}}} {site.original}'
-    return f'::mutation::chosen({identity}, {site.original}, {site.changed})'
-
-
-def nested(sites):
-    """One place's switches, one within the other: sites is [(identity, site)]."""
-    text = sites[0][1].original
-    for identity, site in sites:
-        if site.is_comparison:
-            return switched(site, identity)
-        text = f'::mutation::chosen({identity}, {text}, {site.changed})'
-    return text
+        return f'{site.original} ::mutation::On{{{identity}}} ', ''
+    if site.changed == ';':
+        return f'if (!::mutation::isOn({identity})) {{ ', ' }'
+    if site.changed == 'true' and site.original != 'false':
+        return f'(::mutation::isOn({identity}) || (', '))'
+    if site.changed == 'false' and site.original != 'true':
+        return f'(!::mutation::isOn({identity}) && (', '))'
+    return f'::mutation::chosen({identity}, ', f', {site.changed})'
 
 
 def with_switches(source, sites):
-    """The source with a switch for each of its (identity, site), all off."""
-    by_start = {}
-    for identity, site in sites:
-        by_start.setdefault(site.start, []).append((identity, site))
-    for start in sorted(by_start, reverse=True):
-        group = by_start[start]
-        end = start + len(group[0][1].original)
-        source = source[:start] + nested(group) + source[end:]
-    return source
+    """The source with a switch for each of its (identity, site), all off. Where several begin or end
+    at one place, the longest stands outside."""
+    inserted = []
+    for rank, (identity, site) in enumerate(sites):
+        before, behind = around(site, identity)
+        inserted.append((site.start, 1, -site.end, rank, before))
+        inserted.append((site.end, 0, -site.start, -rank, behind))
+    parts = []
+    done = 0
+    for place, _, _, _, text in sorted(inserted):
+        parts += [source[done:place], text]
+        done = place
+    return ''.join(parts) + source[done:]
 
 
 def with_change(source, site):
     """The source with this one change."""
-    end = site.start + len(site.original)
-    return source[:site.start] + site.changed + source[end:]
+    return source[:site.start] + site.changed + source[site.end:]
 
 
 def without_constants(source, kept_lines):

@@ -2,7 +2,10 @@
 // the environment says which one is on.
 #pragma once
 
-#include <cstdlib>
+// CMake tries the compiler by sources of an older language.
+#if __cplusplus >= 202002L
+
+#    include <cstdlib>
 
 namespace mutation {
 
@@ -13,6 +16,11 @@ inline int active()
         return text == nullptr ? -1 : std::atoi(text);
     }();
     return id;
+}
+
+constexpr bool isOn(int id)
+{
+    return active() == id;
 }
 
 template <class Value, class Changed>
@@ -115,3 +123,5 @@ constexpr bool operator!=(const Compared<Left>& pair, const Right& right)
 }
 
 } // namespace mutation
+
+#endif
