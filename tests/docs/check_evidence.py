@@ -23,6 +23,12 @@ class Evidence(unittest.TestCase):
                    if not any(re.fullmatch(name.replace("*", r"\w+"), file) for file in files)]
         self.assertEqual(missing, [])
 
+    def test_the_documents_of_the_example_library_are_as_long_as_it_says(self):
+        sizes = [path.stat().st_size
+                 for path in (PROJECT / "examples/library").glob("**/property.json")]
+        said = re.findall(r"have ([\d,]+) to ([\d,]+) bytes", self.page)
+        self.assertEqual(said, [(f"{min(sizes):,}", f"{max(sizes):,}")])
+
     def test_each_path_that_is_named_is_there(self):
         named = re.findall(r"`((?:tests|scripts|fuzz)/[\w/.]+)", self.page)
         self.assertGreater(len(named), 8)
