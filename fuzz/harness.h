@@ -14,15 +14,17 @@ using Bytes = std::span<const std::uint8_t>;
 void runPropertyDocument(Bytes input);
 void runDataDocument(Bytes input);
 void runExportedCalls(Bytes input);
+void runClipFolders(Bytes input);
 
 struct Harness {
     std::string_view name; // also of its folder of inputs
     void (*run)(Bytes input);
 };
 
-inline constexpr std::array<Harness, 3> harnesses = {{{"property_document", runPropertyDocument},
+inline constexpr std::array<Harness, 4> harnesses = {{{"property_document", runPropertyDocument},
                                                       {"data_document", runDataDocument},
-                                                      {"exported_calls", runExportedCalls}}};
+                                                      {"exported_calls", runExportedCalls},
+                                                      {"clip_folders", runClipFolders}}};
 
 // Throws std::logic_error unless the condition holds.
 void require(bool condition, const char* promise);

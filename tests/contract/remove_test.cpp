@@ -303,6 +303,12 @@ TEST_F(RemoveTest, DeletesTheInnermostFolderOfTheWaveFileAlone)
 
 // --- Wave files that lie elsewhere ------------------------------------------------------------------------
 
+TEST_F(RemoveTest, DeletesTheAudioFolderThatIsNamedByADetour)
+{
+    expectRemoved(addAudio("deep/../take.wav"));
+    EXPECT_FALSE(std::filesystem::exists(folder()));
+}
+
 TEST_F(RemoveTest, LeavesAWaveFileInTheClipsFolder)
 {
     expectRemoved(addAudio("../take.wav"));

@@ -96,20 +96,38 @@ protected:
         }
     }
 
-    // Whether the file goes that another puts in the place of the new one before that call.
-    bool isReplacedAndRemoved(const Work& work, long failing, long before)
+    // Whether what another puts in the place of the new file before that call goes.
+    bool isReplacedAndRemoved(const Work& work, const std::function<void()>& replace, long failing,
+                              long before)
     {
         bool isReplaced = false;
         work.prepare();
+        removeAll("moved");
         writeBytes(dir / "theirs", "theirs");
         Faults::failCall(failing, EIO);
         Faults::interfere(before, [&] {
-            std::filesystem::rename(hostPath(dir / "theirs"), hostPath(dir / "new"));
+            replace();
             isReplaced = true;
         });
         work.run();
         Faults::stop();
-        return isReplaced && !exists(dir / "new");
+        return isReplaced && !std::filesystem::exists(
+                                 std::filesystem::symlink_status(hostPath(dir / "new")));
+    }
+
+    // A failure at each call, and another program before each: it comes once between the last look and
+    // the removal.
+    void expectKept(const Work& work, const std::function<void()>& replace)
+    {
+        constexpr long looks = 2;
+        const long calls = countCalls(work);
+        for (long failing = 2; failing <= calls; ++failing) {
+            long removals = 0;
+            for (long before = 1; before <= calls + looks; ++before) {
+                removals += isReplacedAndRemoved(work, replace, failing, before) ? 1 : 0;
+            }
+            EXPECT_LE(removals, 1) << failing;
+        }
     }
 
     Work holding()
@@ -287,20 +305,22 @@ TEST_F(FsFaults, CopyingCountsOnlyWhenEveryStepSucceeded)
     }
 }
 
-// The file of another goes only when it comes between the last look and the removal.
 TEST_F(FsFaults, AFileThatAnotherHasPutInTheNewOnesPlaceStays)
 {
-    constexpr long looks = 2;
-    for (const Work& work : {creating(), copying()}) {
-        const long calls = countCalls(work);
-        for (long failing = 2; failing <= calls; ++failing) {
-            long removals = 0;
-            for (long before = 1; before <= calls + looks; ++before) {
-                removals += isReplacedAndRemoved(work, failing, before) ? 1 : 0;
-            }
-            EXPECT_LE(removals, 1) << failing;
-        }
-    }
+    const auto replace = [this] {
+        std::filesystem::rename(hostPath(dir / "theirs"), hostPath(dir / "new"));
+    };
+    expectKept(creating(), replace);
+    expectKept(copying(), replace);
+}
+
+TEST_F(FsFaults, ALinkToTheNewFileThatAnotherHasPutInItsPlaceStays)
+{
+    expectKept(creating(), [this] {
+        std::error_code notMadeYet;
+        std::filesystem::rename(hostPath(dir / "new"), hostPath(dir / "moved"), notMadeYet);
+        std::filesystem::create_symlink("moved", hostPath(dir / "new"));
+    });
 }
 
 TEST_F(FsFaults, MakingAFileGoesOnAfterInterruptions)

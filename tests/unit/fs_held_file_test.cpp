@@ -83,6 +83,12 @@ TEST_F(FsHeldFile, IsRefusedWhereNoPlainFileIs)
     }
 }
 
+TEST_F(FsHeldFile, IsNotMadeWhereOneIs)
+{
+    EXPECT_NE(hold("file", Purpose::making).state(), HeldFile::State::held);
+    EXPECT_EQ(readBytes(dir / "file"), "old");
+}
+
 TEST_F(FsHeldFile, IsNeverWhatALinkLeadsTo)
 {
     if (!makeLink(dir / "link", text("file"))) {
