@@ -111,8 +111,8 @@ protected:
         });
         work.run();
         Faults::stop();
-        return isReplaced && !std::filesystem::exists(
-                                 std::filesystem::symlink_status(hostPath(dir / "new")));
+        return isReplaced &&
+               !std::filesystem::exists(std::filesystem::symlink_status(hostPath(dir / "new")));
     }
 
     // A failure at each call, and another program before each: it comes once between the last look and
