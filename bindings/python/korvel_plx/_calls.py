@@ -55,13 +55,16 @@ def _self_of(entry: Dict[str, Any], name: str, arguments: Any) -> Optional[Handl
 
 def _list_of_managers(entry: Dict[str, Any], owner: Optional[Handle]) -> ContextManager[Any]:
     """One thread at a time makes managers and ends them."""
-    is_taken = owner is None or (owner._owner is None and entry["destroys"])
-    return MANAGERS.lock if is_taken else contextlib.nullcontext()
+    if owner is None or (owner._owner is None and entry["destroys"]):
+        return MANAGERS.lock
+    return contextlib.nullcontext()
 
 
 def _manager_of(owner: Optional[Handle]) -> ContextManager[Any]:
     """One thread at a time works in a manager."""
-    return contextlib.nullcontext() if owner is None else owner._world.lock
+    if owner is None:
+        return contextlib.nullcontext()
+    return owner._world.lock
 
 
 def _asks_for_a_dead_element(entry: Dict[str, Any], arguments: Any) -> bool:
@@ -161,7 +164,9 @@ def _convert_integer(name: str, parameter: Dict[str, Any], argument: Any) -> int
 def _ended_by(entry: Dict[str, Any], owner: Optional[Handle], arguments: Any) -> List[Handle]:
     """What a call ends unless it fails. Only what Python knows has to be told."""
     found: List[Handle] = []
-    for death in entry["destroys"] if owner is not None else ():
+    if owner is None:
+        return found
+    for death in entry["destroys"]:
         if death["what"] == "self":
             found.append(owner)
         elif death["what"] == "children":

@@ -91,45 +91,36 @@ def test_a_library_without_the_functions_is_refused(environment, tmp_path):
     assert code == 1 and "LibraryNotFoundError" in errors and "KRT_PLX_ClipBase_parent" in errors
 
 
-@pytest.fixture(scope="module")
-def mypy(tmp_path_factory):
-    """Checks the package with a script; what is known of the package is kept from script to script."""
-    folder = tmp_path_factory.mktemp("mypy")
+GOOD = """
+    import korvel_plx as plx
+    from korvel_plx import functions
 
-    def check(code):
-        script = folder / "script.py"
-        script.write_text(textwrap.dedent(code), encoding="utf-8")
-        return run("/usr/bin/python3", "-m", "mypy", "--strict", "--cache-dir", folder / "cache",
-                   SOURCE, script)[:2]
-
-    return check
-
-
-def test_mypy_accepts_the_package_and_what_uses_it_well(mypy):
-    assert mypy("""
-        import korvel_plx as plx
-        from korvel_plx import functions
-
-        def lyrics(folder: str) -> "list[str]":
-            with plx.Manager("types", folder, folder) as library:
-                clip = library.create_mutable_clip()
-                note = clip.create_midi_part().insert_note(0, 480, "la", "l a", 1)
-                note.accent = 50
-                note.vibrato.insert_depth(0, 64).value += 1
-                count = functions.MidiPartBase_numNotes(clip.midi_part)
-                assert count is None or count > 0
-                return [note.lyric for clip in library.clips for note in clip.notes]
-    """)[0] == 0
-
-
-def test_mypy_refuses_what_uses_it_badly(mypy):
-    code, output = mypy("""
-        import korvel_plx as plx
-
-        def bad(note: plx.Note, editable: plx.MutableNote, clip: plx.Clip) -> None:
+    def lyrics(folder: str) -> "list[str]":
+        with plx.Manager("types", folder, folder) as library:
+            clip = library.create_mutable_clip()
+            note = clip.create_midi_part().insert_note(0, 480, "la", "l a", 1)
             note.accent = 50
-            editable.accent = "50"
-            clip.remove()
-            note.vibrato.insert_depth(0, 64)
-    """)
-    assert code == 1 and len([line for line in output.splitlines() if ": error:" in line]) == 4, output
+            note.vibrato.insert_depth(0, 64).value += 1
+            count = functions.MidiPartBase_numNotes(clip.midi_part)
+            assert count is None or count > 0
+            return [note.lyric for clip in library.clips for note in clip.notes]
+"""
+BAD = """
+    import korvel_plx as plx
+
+    def bad(note: plx.Note, editable: plx.MutableNote, clip: plx.Clip) -> None:
+        note.accent = 50
+        editable.accent = "50"
+        clip.remove()
+        note.vibrato.insert_depth(0, 64)
+"""
+
+
+def test_mypy_accepts_the_package_and_what_uses_it_well_and_nothing_else(tmp_path):
+    """In one run: most of the time mypy takes for what the package imports."""
+    for name, code in (("good", GOOD), ("bad", BAD)):
+        (tmp_path / f"{name}.py").write_text(textwrap.dedent(code), encoding="utf-8")
+    code, output, _ = run("/usr/bin/python3", "-m", "mypy", "--strict", "--cache-dir", tmp_path / "cache",
+                          SOURCE, tmp_path / "good.py", tmp_path / "bad.py")
+    errors = [line.partition("bad.py:")[2] for line in output.splitlines() if ": error:" in line]
+    assert code == 1 and [error.partition(":")[0] for error in errors] == ["5", "6", "7", "8"], output

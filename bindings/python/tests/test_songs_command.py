@@ -13,7 +13,9 @@ import wave
 import pytest
 
 import korvel_plx as plx
+import korvel_plx.songs.__main__ as commands
 from korvel_plx.songs.__main__ import main
+from korvel_plx.songs.clips import plan
 from korvel_plx.songs.phonemes import x_sampa
 from conftest import IDS, LIBRARY, TREE
 from writing import ATTRIBUTES, lyric, midi, note, off, on, score, sung, tempo, track
@@ -93,6 +95,14 @@ def test_a_folder_with_a_bad_file_costs_that_file(song, tmp_path):
     assert sorted(clips(tmp_path / "clips")) == ["a", "c"]
     code, output, errors = run("import", songs / "a.mid", songs / "c.musicxml", tmp_path / "more", "--json")
     assert code == 0 and len(json.loads(output)) == 2 and "[2/2]" in errors
+
+
+def test_what_nobody_thought_of_costs_one_file_too(song, tmp_path, monkeypatch):
+    shutil.copy(song, tmp_path / "Worse.mid")
+    monkeypatch.setattr(commands, "plan", lambda file, options: 1 // 0 if file.stem == "Worse" else plan(file, options))
+    code, output, errors = run("import", tmp_path / "Worse.mid", song, tmp_path / "clips")
+    assert code == 1 and output.splitlines()[-1] == "1 imported, 1 not"
+    assert "Worse.mid: cannot be imported: ZeroDivisionError" in errors and list(clips(tmp_path / "clips")) == ["Hallo"]
 
 
 def test_parts(song, tmp_path):
