@@ -73,18 +73,13 @@ TEST_P(AllocationTest, AFailureChangesNothingAndTheNextRunSucceeds)
     EXPECT_FALSE(HasFailure()) << "at allocation " << number << " of " << work().name;
 }
 
-std::string nameOf(const testing::TestParamInfo<AllocationTest::ParamType>& parameter)
-{
-    std::string name = faults::works()[std::get<0>(parameter.param)].name;
-    std::replace_if(
-        name.begin(), name.end(), [](char c) { return c == ' ' || c == ','; }, '_');
-    return name + (std::get<1>(parameter.param) == faults::failAllocation ? "" : "_to_the_end");
-}
-
-INSTANTIATE_TEST_SUITE_P(Works, AllocationTest,
-                         testing::Combine(testing::Range<std::size_t>(0, faults::works().size()),
-                                          testing::Values(faults::failAllocation,
-                                                          faults::failAllocationsFrom)),
-                         nameOf);
+INSTANTIATE_TEST_SUITE_P(
+    Works, AllocationTest,
+    testing::Combine(testing::Range<std::size_t>(0, faults::works().size()),
+                     testing::Values(faults::failAllocation, faults::failAllocationsFrom)),
+    [](const auto& parameter) {
+        return faults::caseName(faults::works()[std::get<0>(parameter.param)].name) +
+               (std::get<1>(parameter.param) == faults::failAllocation ? "" : "_to_the_end");
+    });
 
 } // namespace

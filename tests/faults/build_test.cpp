@@ -199,14 +199,11 @@ TEST_F(EditableListTest, GivesBackTheMemoryOfWhatWasRemoved)
     }
 }
 
-std::string nameOf(const testing::TestParamInfo<Fail>& parameter)
-{
-    return parameter.index == 0 ? "FailsOnce" : "IsExhausted";
-}
-
 INSTANTIATE_TEST_SUITE_P(Memory, BuildTest,
                          testing::Values(faults::failAllocation, faults::failAllocationsFrom),
-                         nameOf);
+                         [](const auto& parameter) {
+                             return parameter.index == 0 ? "FailsOnce" : "IsExhausted";
+                         });
 
 // What is not in the list would not be tested.
 TEST(OperationsTest, HoldEveryFunctionThatBuildsOrEdits)

@@ -132,13 +132,10 @@ TEST_P(DescriptorTest, NothingIsLeftHoweverFewThereAre)
     }
 }
 
-std::string nameOf(const testing::TestParamInfo<std::size_t>& parameter)
-{
-    return support::replaced(changes()[parameter.param].name, " ", "_");
-}
-
 INSTANTIATE_TEST_SUITE_P(Changes, DescriptorTest, testing::Range<std::size_t>(0, changes().size()),
-                         nameOf);
+                         [](const auto& parameter) {
+                             return faults::caseName(changes()[parameter.param].name);
+                         });
 
 // --- Reading ----------------------------------------------------------------------------------------------
 

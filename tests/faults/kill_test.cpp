@@ -194,14 +194,7 @@ TEST_P(KillTest, LeavesEveryOtherClipWhole)
     }
 }
 
-std::string nameOf(const testing::TestParamInfo<const char*>& parameter)
-{
-    std::string name = parameter.param;
-    std::replace_if(
-        name.begin(), name.end(), [](char c) { return c == ' ' || c == ','; }, '_');
-    return name;
-}
-
-INSTANTIATE_TEST_SUITE_P(Works, KillTest, testing::ValuesIn(killed), nameOf);
+INSTANTIATE_TEST_SUITE_P(Works, KillTest, testing::ValuesIn(killed),
+                         [](const auto& parameter) { return faults::caseName(parameter.param); });
 
 } // namespace

@@ -247,14 +247,7 @@ TEST_P(NeighbourTest, HarmsNoOtherClip)
     }
 }
 
-std::string nameOf(const testing::TestParamInfo<const char*>& parameter)
-{
-    std::string name = parameter.param;
-    std::replace_if(
-        name.begin(), name.end(), [](char c) { return c == ' ' || c == ','; }, '_');
-    return name;
-}
-
-INSTANTIATE_TEST_SUITE_P(Works, NeighbourTest, testing::ValuesIn(disturbedWorks), nameOf);
+INSTANTIATE_TEST_SUITE_P(Works, NeighbourTest, testing::ValuesIn(disturbedWorks),
+                         [](const auto& parameter) { return faults::caseName(parameter.param); });
 
 } // namespace

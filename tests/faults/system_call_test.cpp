@@ -239,16 +239,11 @@ TEST_P(WritingTest, AWriteThatBreaksOffIsTakenBack)
     }
 }
 
-std::string nameOf(const testing::TestParamInfo<std::size_t>& parameter)
-{
-    std::string name = faults::works()[parameter.param].name;
-    std::replace_if(
-        name.begin(), name.end(), [](char c) { return c == ' ' || c == ','; }, '_');
-    return name;
-}
-
 INSTANTIATE_TEST_SUITE_P(Works, SystemCallTest,
-                         testing::Range<std::size_t>(0, faults::works().size()), nameOf);
+                         testing::Range<std::size_t>(0, faults::works().size()),
+                         [](const auto& parameter) {
+                             return faults::caseName(faults::works()[parameter.param].name);
+                         });
 
 std::vector<std::size_t> writingWorks()
 {
@@ -261,6 +256,9 @@ std::vector<std::size_t> writingWorks()
     return all;
 }
 
-INSTANTIATE_TEST_SUITE_P(Works, WritingTest, testing::ValuesIn(writingWorks()), nameOf);
+INSTANTIATE_TEST_SUITE_P(Works, WritingTest, testing::ValuesIn(writingWorks()),
+                         [](const auto& parameter) {
+                             return faults::caseName(faults::works()[parameter.param].name);
+                         });
 
 } // namespace

@@ -251,4 +251,11 @@ const Work& workNamed(std::string_view name)
                          [name](const Work& work) { return work.name == name; });
 }
 
+std::string caseName(std::string work)
+{
+    std::replace_if(
+        work.begin(), work.end(), [](char c) { return c == ' ' || c == ','; }, '_');
+    return work;
+}
+
 } // namespace faults

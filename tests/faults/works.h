@@ -28,4 +28,7 @@ struct Work {
 const std::vector<Work>& works();
 const Work& workNamed(std::string_view name);
 
+// The name of a work, in the form that a test's may have.
+std::string caseName(std::string work);
+
 } // namespace faults
