@@ -77,11 +77,18 @@ class CopyOfTree:
             ['git', 'ls-files', '-z', '--cached', '--others', '--exclude-standard'],
             cwd=self.root, check=True, capture_output=True, text=True).stdout
         written_here = {site.file for site in self.everything} | {'src/CMakeLists.txt'}
-        for file in filter(None, listed.split('\0')):
-            if (self.root / file).is_file() and file not in written_here:
-                self.write(file, (self.root / file).read_bytes())
+        files = {file for file in listed.split('\0') if file and (self.root / file).is_file()}
+        for file in files - written_here:
+            self.write(file, (self.root / file).read_bytes())
+        self.remove_others(files)
 
         self.write('src/CMakeLists.txt', (self.original('src/CMakeLists.txt') + AS_ONE).encode())
+
+    def remove_others(self, files):
+        """Of an earlier copy. The build would take a source that is no more."""
+        for path in self.tree.rglob('*'):
+            if path.is_file() and str(path.relative_to(self.tree)) not in files:
+                path.unlink()
 
     def write(self, file, content):
         """Leaves a file alone that has this content already: nothing is then built again."""
@@ -121,7 +128,7 @@ class CopyOfTree:
             self.fixed |= blamed
 
     def line_text(self, file, line):
-        lines = self.original(file).split('\n')
+        lines = self.original(file).split('\n') if (self.root / file).is_file() else []
         return lines[line - 1] if line <= len(lines) else ''
 
     def remember_fixed(self):
