@@ -166,7 +166,7 @@ def test_play(tmp_path):
     (["export", "missing", "x", "x.mid"], "missing is no folder"),
     (["export", LIBRARY / "system", "Frame Drum 104", "x.mid"], "an audio clip has no notes"),
     (["play", LIBRARY / "system", "Frame Drum 104", "--wav", "x.wav"], "an audio clip has no notes"),
-    (["parts", "missing.mid"], "No such file"),
+    (["parts", "missing.mid"], "missing.mid: cannot be read: No such file"),
     (["import", "missing.mid", "target", "--dry-run"], "No such file"),
 ])
 def test_what_is_not_done_has_status_1(words, said, tmp_path):

@@ -192,7 +192,10 @@ def show(result: Dict[str, Any], place: int, count: int, quiet: bool) -> None:
 
 
 def list_parts(arguments: argparse.Namespace) -> int:
-    song = read_song(arguments.file)
+    try:
+        song = read_song(arguments.file)
+    except SongError as problem:
+        raise SongError(f"{arguments.file}: {problem}") from problem
     rows: List[Dict[str, Any]] = [{"part": line.part, "voice": line.voice, "name": line.name, "notes": len(line.notes),
              "verses": line.verses} for line in song.lines]
     if arguments.json:
