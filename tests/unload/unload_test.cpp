@@ -2,6 +2,7 @@
 // A leak checker watches these tests: what the library has not freed when it is closed is lost.
 #include <atomic>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string_view>
 #include <thread>
@@ -11,8 +12,13 @@
 
 #include <exported_functions.h>
 
+#ifdef _WIN32
+#    include <windows.h>
+#endif
+
 #include "support/documents.h"
 #include "support/files.h"
+#include "support/imports_win32.h"
 #include "support/text.h"
 #include "unload/loaded_library.h"
 
@@ -236,6 +242,102 @@ TEST_F(Unload, CanBeRepeated)
         ASSERT_FALSE(isMapped()) << round;
     }
 }
+
+#ifdef _WIN32
+// What a process has only so many of.
+struct Stock {
+    DWORD handles = 0;
+    DWORD nextSlotOfThreads = 0;
+    DWORD nextSlotOfFibers = 0;
+
+    static Stock take()
+    {
+        Stock stock;
+        GetProcessHandleCount(GetCurrentProcess(), &stock.handles);
+        stock.nextSlotOfThreads = TlsAlloc();
+        TlsFree(stock.nextSlotOfThreads);
+        stock.nextSlotOfFibers = FlsAlloc(nullptr);
+        FlsFree(stock.nextSlotOfFibers);
+        return stock;
+    }
+};
+
+// A thread that goes on when the library that it has used is gone.
+class LastingThread {
+public:
+    LastingThread() : thread_([this] { run(); }) {}
+    LastingThread(const LastingThread&) = delete;
+    LastingThread& operator=(const LastingThread&) = delete;
+    ~LastingThread()
+    {
+        isOver_ = true;
+        thread_.join();
+    }
+
+    void call(const std::function<void()>& work)
+    {
+        work_ = &work;
+        while (work_ != nullptr) {
+            std::this_thread::yield();
+        }
+    }
+
+private:
+    void run()
+    {
+        while (!isOver_) {
+            if (const auto* const work = work_.load()) {
+                (*work)();
+                work_ = nullptr;
+            }
+            std::this_thread::yield();
+        }
+    }
+
+    std::atomic<const std::function<void()>*> work_ = nullptr;
+    std::atomic<bool> isOver_ = false;
+    std::thread thread_;
+};
+
+TEST_F(Unload, KeepsNothingHoweverOftenItIsRepeated)
+{
+    LastingThread other;
+    const auto useOnce = [&] {
+        const LoadedLibrary library;
+        KRT_PLX_Manager* const manager = create(library);
+        browse(Functions(library), manager);
+        other.call([&] { browse(Functions(library), manager); });
+        std::thread([&] { browse(Functions(library), manager); }).join();
+    };
+    useOnce();
+    const Stock before = Stock::take();
+    for (int round = 0; round < 50; ++round) {
+        useOnce();
+    }
+    const Stock after = Stock::take();
+    EXPECT_EQ(after.handles, before.handles);
+    EXPECT_EQ(after.nextSlotOfThreads, before.nextSlotOfThreads);
+    EXPECT_EQ(after.nextSlotOfFibers, before.nextSlotOfFibers);
+}
+
+void* noMemory(std::size_t)
+{
+    return nullptr;
+}
+
+// What the runtime notes of exceptions is there for threads that are older than the library, too.
+TEST_F(Unload, FollowsAnExceptionOfAThreadThatWasThereBefore)
+{
+    LastingThread older;
+    const LoadedLibrary library;
+    const HMODULE module = GetModuleHandleW(L"krt_plx.dll");
+    void* const memory =
+        support::replaceImport(module, "malloc", reinterpret_cast<void*>(&noMemory));
+    older.call([&] { EXPECT_EQ(create(library), nullptr); });
+    support::replaceImport(module, "malloc", memory);
+    older.call([&] { EXPECT_NE(create(library), nullptr); });
+}
+#endif
 
 TEST_F(Unload, WaitsForTheLastOfTwoUsers)
 {
