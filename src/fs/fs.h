@@ -122,7 +122,7 @@ ReadResult readFile(const Path& path, std::string& content, const ReadOptions& o
 // folder afterwards.
 bool createDirectories(const Path& path);
 
-// Removes a folder if it is empty; never a link to one.
+// Removes a folder if it is empty; never a link to one. False also when there is no memory.
 bool removeEmptyFolder(const Path& path);
 
 enum class WriteResult {
@@ -169,6 +169,7 @@ public:
     bool sync();
 
     // Whether the path leads to this very file. Links on the way are followed, one at its end is not.
+    // False also when there is no memory to tell: it is asked when the change can still be taken back.
     [[nodiscard]] bool isAt(const Path& path) const;
 
 private:

@@ -4,6 +4,7 @@
 #include <fstream>
 #include <regex>
 #include <set>
+#include <thread>
 
 #include <gtest/gtest.h>
 
@@ -68,7 +69,22 @@ protected:
     {
         std::filesystem::create_directories(folders.system);
         support::writeFile(wave, "RIFF");
-        support::createManager(folders).destroy(); // what stays for the process has been allocated
+        // What stays for the process has been allocated, for exceptions too.
+        support::createManager(folders).destroy();
+        EXPECT_EQ(createWithoutMemory(), nullptr);
+    }
+
+    [[nodiscard]] KRT_PLX_Manager* createWithoutMemory() const
+    {
+        const support::Text id = support::uniqueAppID();
+        const support::Text system = support::pathText(folders.system);
+        const support::Text user = support::pathText(folders.user);
+        faults::failAllocationsFrom(1);
+        KRT_PLX_Manager* const manager =
+            faults::lib(KRT_PLX_CreateManager, id.c_str(), system.c_str(), user.c_str(), nullptr, 0,
+                        nullptr, 0, nullptr);
+        EXPECT_GT(faults::stopFailingAllocations().failed, 0);
+        return manager;
     }
 
     // An empty clip and its filter, with a manager that lives as long as the test.
@@ -114,6 +130,14 @@ protected:
         EXPECT_EQ(faults::liveBlocks(), before);
     }
 };
+
+// What the runtime keeps for each thread that throws must not need the memory that has run out.
+TEST_F(BuildingTest, TheFirstExceptionOfAThreadNeedsNoMemory)
+{
+    for (int i = 0; i < 3; ++i) {
+        std::thread([&] { EXPECT_EQ(createWithoutMemory(), nullptr); }).join();
+    }
+}
 
 TEST_P(BuildTest, AFailedOperationChangesNothingAndLeaksNothing)
 {

@@ -27,10 +27,12 @@ public:
     }
 };
 
+#ifndef _WIN32
 // Thousands of small folders are made and removed: where there is a disk in memory, it is used.
 [[maybe_unused]] const bool usesMemory =
     std::filesystem::is_directory("/dev/shm") &&
     ::setenv("TMPDIR", "/dev/shm", 0) == 0; // NOLINT(concurrency-mt-unsafe)
+#endif
 
 testing::Environment* const print = testing::AddGlobalTestEnvironment(new Print);
 

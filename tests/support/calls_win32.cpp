@@ -1,13 +1,16 @@
 #ifdef _WIN32
 
 #    include "support/calls_win32.h"
+#    include "support/imports_win32.h"
 
 #    include <algorithm>
 #    include <climits>
+#    include <map>
 #    include <optional>
 #    include <set>
 #    include <stdexcept>
 
+#    include <rpc.h>
 #    include <winternl.h>
 
 namespace support {
@@ -27,62 +30,76 @@ struct Plan {
     std::optional<DWORD> tag;
     DisturbedCalls::Shown shown = DisturbedCalls::Shown::byHandleAndName;
     DisturbedCalls::Numbers numbers;
+    std::function<DWORD(const DisturbedCalls::Call&)> decide;
+    DWORD longestTransfer = MAXDWORD;
 };
 
 Plan plan;
 std::vector<std::string> names;
-std::set<HANDLE> entries; // opened as themselves, not as what they lead to
+std::set<HANDLE> entries;                // opened as themselves, not as what they lead to
+std::map<HANDLE, std::wstring> searches; // what they were begun with
 DWORD lastRemovalFlags = 0;
 bool isActing = false;
 
-// --- The table of addresses --------------------------------------------------------------------------
-
-std::byte* at(HMODULE module, DWORD offset)
-{
-    return reinterpret_cast<std::byte*>(module) + offset;
-}
-
-// The place where the module keeps the address of a function of another; null when it uses none.
-void** placeOf(HMODULE module, const char* name)
-{
-    const auto* const dos = reinterpret_cast<IMAGE_DOS_HEADER*>(module);
-    const auto* const headers =
-        reinterpret_cast<IMAGE_NT_HEADERS*>(at(module, static_cast<DWORD>(dos->e_lfanew)));
-    const auto& directory = headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
-    const auto* library =
-        reinterpret_cast<IMAGE_IMPORT_DESCRIPTOR*>(at(module, directory.VirtualAddress));
-    for (; library->Name != 0; ++library) {
-        const auto* wanted =
-            reinterpret_cast<IMAGE_THUNK_DATA*>(at(module, library->OriginalFirstThunk));
-        auto* address = reinterpret_cast<void**>(at(module, library->FirstThunk));
-        for (; wanted->u1.AddressOfData != 0; ++wanted, ++address) {
-            const auto* const entry = reinterpret_cast<IMAGE_IMPORT_BY_NAME*>(
-                at(module, static_cast<DWORD>(wanted->u1.AddressOfData)));
-            const bool isNumber = IMAGE_SNAP_BY_ORDINAL(wanted->u1.Ordinal);
-            if (!isNumber && std::string(reinterpret_cast<const char*>(entry->Name)) == name) {
-                return address;
-            }
-        }
-    }
-    return nullptr;
-}
-
-void write(void** place, void* address)
-{
-    DWORD before = 0;
-    if (!VirtualProtect(place, sizeof *place, PAGE_READWRITE, &before)) {
-        throw std::runtime_error("the imports cannot be changed");
-    }
-    *place = address;
-    VirtualProtect(place, sizeof *place, before, &before);
-}
-
 // --- The calls -----------------------------------------------------------------------------------------
 
-bool mustFail(const char* name)
+// By its name: this program's own table of addresses may be the one that is changed.
+template <class Function>
+Function* real(const char* name)
+{
+    const auto find = [name](const wchar_t* library) {
+        return GetProcAddress(GetModuleHandleW(library), name);
+    };
+    FARPROC found = nullptr;
+    for (const wchar_t* library : {L"kernel32.dll", L"ntdll.dll", L"rpcrt4.dll"}) {
+        found = found != nullptr ? found : find(library);
+    }
+    return reinterpret_cast<Function*>(reinterpret_cast<void*>(found));
+}
+
+// What a call is about: a path, something open, or a name in an open folder.
+struct About {
+    std::wstring_view path = {};
+    HANDLE handle = nullptr;
+    std::wstring_view name = {};
+    bool isDeleting = false;
+};
+
+std::wstring pathOf(HANDLE handle)
+{
+    std::wstring path(32768, L'\0');
+    const DWORD length = real<decltype(GetFinalPathNameByHandleW)>("GetFinalPathNameByHandleW")(
+        handle, path.data(), static_cast<DWORD>(path.size()), 0);
+    path.resize(length < path.size() ? length : 0);
+    return path;
+}
+
+std::wstring pathOf(const About& about)
+{
+    if (about.handle == nullptr) {
+        return std::wstring(about.path);
+    }
+    std::wstring path = pathOf(about.handle);
+    return about.name.empty() ? path : path + L"\\" + std::wstring(about.name);
+}
+
+bool isDecided(const char* name, const About& about)
+{
+    const DWORD before = GetLastError();
+    isActing = true;
+    plan.error = plan.decide({name, about.isDeleting, [&] { return pathOf(about); }});
+    isActing = false;
+    SetLastError(before);
+    return plan.error != 0;
+}
+
+bool mustFail(const char* name, const About& about)
 {
     if (isActing) {
         return false;
+    }
+    if (plan.decide) {
+        return isDecided(name, about);
     }
     names.emplace_back(name);
     const auto number = static_cast<long>(names.size());
@@ -100,9 +117,9 @@ bool mustFail(const char* name)
 
 // Null for a call that goes on as it is.
 template <class Result>
-std::optional<Result> failing(const char* name, Result failure)
+std::optional<Result> failing(const char* name, const About& about, Result failure)
 {
-    if (!mustFail(name)) {
+    if (!mustFail(name, about)) {
         return std::nullopt;
     }
     SetLastError(plan.error);
@@ -150,18 +167,6 @@ bool isMarked(HANDLE handle)
     return plan.tag && entries.contains(handle);
 }
 
-// By its name: this program's own table of addresses may be the one that is changed.
-template <class Function>
-Function* real(const char* name)
-{
-    const auto find = [name](const wchar_t* library) {
-        return GetProcAddress(GetModuleHandleW(library), name);
-    };
-    const auto inKernel = find(L"kernel32.dll");
-    return reinterpret_cast<Function*>(
-        reinterpret_cast<void*>(inKernel != nullptr ? inKernel : find(L"ntdll.dll")));
-}
-
 // Only what is opened as itself shows a mark.
 void remember(HANDLE handle, bool isItself)
 {
@@ -176,7 +181,7 @@ HANDLE WINAPI createFile(const wchar_t* path, DWORD access, DWORD sharing,
                          SECURITY_ATTRIBUTES* security, DWORD disposition, DWORD flags,
                          HANDLE model)
 {
-    if (const auto failure = failing("CreateFileW", INVALID_HANDLE_VALUE)) {
+    if (const auto failure = failing("CreateFileW", {path}, INVALID_HANDLE_VALUE)) {
         return *failure;
     }
     const HANDLE handle = real<decltype(CreateFileW)>("CreateFileW")(
@@ -187,7 +192,7 @@ HANDLE WINAPI createFile(const wchar_t* path, DWORD access, DWORD sharing,
 
 HANDLE WINAPI reOpenFile(HANDLE file, DWORD access, DWORD sharing, DWORD flags)
 {
-    if (const auto failure = failing("ReOpenFile", INVALID_HANDLE_VALUE)) {
+    if (const auto failure = failing("ReOpenFile", {{}, file}, INVALID_HANDLE_VALUE)) {
         return *failure;
     }
     const HANDLE handle = real<decltype(ReOpenFile)>("ReOpenFile")(file, access, sharing, flags);
@@ -195,12 +200,18 @@ HANDLE WINAPI reOpenFile(HANDLE file, DWORD access, DWORD sharing, DWORD flags)
     return handle;
 }
 
+About about(const OBJECT_ATTRIBUTES* place)
+{
+    const UNICODE_STRING& name = *place->ObjectName;
+    return {{}, place->RootDirectory, {name.Buffer, name.Length / sizeof(wchar_t)}};
+}
+
 NTSTATUS NTAPI ntCreateFile(HANDLE* handle, ACCESS_MASK access, OBJECT_ATTRIBUTES* place,
                             IO_STATUS_BLOCK* result, LARGE_INTEGER* size, ULONG attributes,
                             ULONG sharing, ULONG disposition, ULONG options, void* more,
                             ULONG moreSize)
 {
-    if (mustFail("NtCreateFile")) {
+    if (mustFail("NtCreateFile", about(place))) {
         return statusOf(plan.error);
     }
     const NTSTATUS status = real<decltype(NtCreateFile)>("NtCreateFile")(
@@ -214,7 +225,8 @@ NTSTATUS NTAPI ntCreateFile(HANDLE* handle, ACCESS_MASK access, OBJECT_ATTRIBUTE
 
 DWORD WINAPI getFileAttributes(const wchar_t* path)
 {
-    if (const auto failure = failing<DWORD>("GetFileAttributesW", INVALID_FILE_ATTRIBUTES)) {
+    if (const auto failure =
+            failing<DWORD>("GetFileAttributesW", {path}, INVALID_FILE_ATTRIBUTES)) {
         return *failure;
     }
     const DWORD attributes = real<decltype(GetFileAttributesW)>("GetFileAttributesW")(path);
@@ -223,7 +235,7 @@ DWORD WINAPI getFileAttributes(const wchar_t* path)
 
 BOOL WINAPI getFileAttributesEx(const wchar_t* path, GET_FILEEX_INFO_LEVELS level, void* data)
 {
-    if (const auto failure = failing<BOOL>("GetFileAttributesExW", FALSE)) {
+    if (const auto failure = failing<BOOL>("GetFileAttributesExW", {path}, FALSE)) {
         return *failure;
     }
     const BOOL done =
@@ -237,7 +249,7 @@ BOOL WINAPI getFileAttributesEx(const wchar_t* path, GET_FILEEX_INFO_LEVELS leve
 
 BOOL WINAPI getFileInformation(HANDLE handle, BY_HANDLE_FILE_INFORMATION* information)
 {
-    if (const auto failure = failing<BOOL>("GetFileInformationByHandle", FALSE)) {
+    if (const auto failure = failing<BOOL>("GetFileInformationByHandle", {{}, handle}, FALSE)) {
         return *failure;
     }
     const BOOL done = real<decltype(GetFileInformationByHandle)>("GetFileInformationByHandle")(
@@ -279,7 +291,7 @@ void disturb(HANDLE handle, FILE_INFO_BY_HANDLE_CLASS kind, void* data)
 BOOL WINAPI getFileInformationEx(HANDLE handle, FILE_INFO_BY_HANDLE_CLASS kind, void* data,
                                  DWORD size)
 {
-    if (const auto failure = failing<BOOL>("GetFileInformationByHandleEx", FALSE)) {
+    if (const auto failure = failing<BOOL>("GetFileInformationByHandleEx", {{}, handle}, FALSE)) {
         return *failure;
     }
     if (kind == FileIdInfo && !plan.numbers.areLong) {
@@ -300,7 +312,9 @@ BOOL WINAPI setFileInformation(HANDLE handle, FILE_INFO_BY_HANDLE_CLASS kind, vo
     if (kind == removalClass) {
         lastRemovalFlags = *static_cast<const DWORD*>(data);
     }
-    if (const auto failure = failing<BOOL>("SetFileInformationByHandle", FALSE)) {
+    if (const auto failure = failing<BOOL>(
+            "SetFileInformationByHandle",
+            {{}, handle, {}, kind == removalClass || kind == FileDispositionInfo}, FALSE)) {
         return *failure;
     }
     return real<decltype(SetFileInformationByHandle)>("SetFileInformationByHandle")(handle, kind,
@@ -309,7 +323,7 @@ BOOL WINAPI setFileInformation(HANDLE handle, FILE_INFO_BY_HANDLE_CLASS kind, vo
 
 DWORD WINAPI getFinalPathName(HANDLE handle, wchar_t* path, DWORD size, DWORD flags)
 {
-    if (const auto failure = failing<DWORD>("GetFinalPathNameByHandleW", 0)) {
+    if (const auto failure = failing<DWORD>("GetFinalPathNameByHandleW", {{}, handle}, 0)) {
         return *failure;
     }
     return plan.numbers.areNamed ? real<decltype(GetFinalPathNameByHandleW)>(
@@ -320,11 +334,12 @@ DWORD WINAPI getFinalPathName(HANDLE handle, wchar_t* path, DWORD size, DWORD fl
 HANDLE WINAPI findFirstFile(const wchar_t* path, FINDEX_INFO_LEVELS level, void* data,
                             FINDEX_SEARCH_OPS operation, void* filter, DWORD flags)
 {
-    if (const auto failure = failing("FindFirstFileExW", INVALID_HANDLE_VALUE)) {
+    if (const auto failure = failing("FindFirstFileExW", {path}, INVALID_HANDLE_VALUE)) {
         return *failure;
     }
     const HANDLE search = real<decltype(FindFirstFileExW)>("FindFirstFileExW")(
         path, level, data, operation, filter, flags);
+    searches[search] = path;
     auto* const entry = static_cast<WIN32_FIND_DATAW*>(data);
     if (search != INVALID_HANDLE_VALUE && marksNames()) {
         entry->dwFileAttributes = shown(entry->dwFileAttributes);
@@ -335,7 +350,7 @@ HANDLE WINAPI findFirstFile(const wchar_t* path, FINDEX_INFO_LEVELS level, void*
 
 BOOL WINAPI findNextFile(HANDLE search, WIN32_FIND_DATAW* entry)
 {
-    if (const auto failure = failing<BOOL>("FindNextFileW", FALSE)) {
+    if (const auto failure = failing<BOOL>("FindNextFileW", {searches[search]}, FALSE)) {
         return *failure;
     }
     const BOOL done = real<decltype(FindNextFileW)>("FindNextFileW")(search, entry);
@@ -348,28 +363,30 @@ BOOL WINAPI findNextFile(HANDLE search, WIN32_FIND_DATAW* entry)
 
 BOOL WINAPI readFile(HANDLE file, void* bytes, DWORD size, DWORD* count, OVERLAPPED* place)
 {
-    const auto failure = failing<BOOL>("ReadFile", FALSE);
+    const auto failure = failing<BOOL>("ReadFile", {{}, file}, FALSE);
     return failure ? *failure
-                   : real<decltype(ReadFile)>("ReadFile")(file, bytes, size, count, place);
+                   : real<decltype(ReadFile)>("ReadFile")(
+                         file, bytes, std::min(size, plan.longestTransfer), count, place);
 }
 
 BOOL WINAPI writeFile(HANDLE file, const void* bytes, DWORD size, DWORD* count, OVERLAPPED* place)
 {
-    const auto failure = failing<BOOL>("WriteFile", FALSE);
+    const auto failure = failing<BOOL>("WriteFile", {{}, file}, FALSE);
     return failure ? *failure
-                   : real<decltype(WriteFile)>("WriteFile")(file, bytes, size, count, place);
+                   : real<decltype(WriteFile)>("WriteFile")(
+                         file, bytes, std::min(size, plan.longestTransfer), count, place);
 }
 
 BOOL WINAPI flushFileBuffers(HANDLE file)
 {
-    const auto failure = failing<BOOL>("FlushFileBuffers", FALSE);
+    const auto failure = failing<BOOL>("FlushFileBuffers", {{}, file}, FALSE);
     return failure ? *failure : real<decltype(FlushFileBuffers)>("FlushFileBuffers")(file);
 }
 
 BOOL WINAPI lockFile(HANDLE file, DWORD flags, DWORD reserved, DWORD low, DWORD high,
                      OVERLAPPED* place)
 {
-    const auto failure = failing<BOOL>("LockFileEx", FALSE);
+    const auto failure = failing<BOOL>("LockFileEx", {{}, file}, FALSE);
     return failure
                ? *failure
                : real<decltype(LockFileEx)>("LockFileEx")(file, flags, reserved, low, high, place);
@@ -377,16 +394,34 @@ BOOL WINAPI lockFile(HANDLE file, DWORD flags, DWORD reserved, DWORD low, DWORD 
 
 BOOL WINAPI createDirectory(const wchar_t* path, SECURITY_ATTRIBUTES* security)
 {
-    const auto failure = failing<BOOL>("CreateDirectoryW", FALSE);
+    const auto failure = failing<BOOL>("CreateDirectoryW", {path}, FALSE);
     return failure ? *failure
                    : real<decltype(CreateDirectoryW)>("CreateDirectoryW")(path, security);
 }
 
 DWORD WINAPI getFullPathName(const wchar_t* path, DWORD size, wchar_t* full, wchar_t** name)
 {
-    const auto failure = failing<DWORD>("GetFullPathNameW", 0);
+    const auto failure = failing<DWORD>("GetFullPathNameW", {path}, 0);
     return failure ? *failure
                    : real<decltype(GetFullPathNameW)>("GetFullPathNameW")(path, size, full, name);
+}
+
+DWORD WINAPI getFileType(HANDLE file)
+{
+    const auto failure = failing<DWORD>("GetFileType", {{}, file}, FILE_TYPE_UNKNOWN);
+    return failure ? *failure : real<decltype(GetFileType)>("GetFileType")(file);
+}
+
+RPC_STATUS RPC_ENTRY uuidCreate(UUID* uuid)
+{
+    const auto failure = failing<RPC_STATUS>("UuidCreate", {}, RPC_S_UUID_NO_ADDRESS);
+    return failure ? *failure : real<decltype(UuidCreate)>("UuidCreate")(uuid);
+}
+
+RPC_STATUS RPC_ENTRY uuidToString(UUID* uuid, RPC_WSTR* text)
+{
+    const auto failure = failing<RPC_STATUS>("UuidToStringW", {}, RPC_S_OUT_OF_MEMORY);
+    return failure ? *failure : real<decltype(UuidToStringW)>("UuidToStringW")(uuid, text);
 }
 
 struct Replacement {
@@ -418,10 +453,14 @@ const Replacement replacements[] = {
     {"LockFileEx", address(lockFile)},
     {"CreateDirectoryW", address(createDirectory)},
     {"GetFullPathNameW", address(getFullPathName)},
+    {"GetFileType", address(getFileType)},
+    {"UuidCreate", address(uuidCreate)},
+    {"UuidToStringW", address(uuidToString)},
 };
 
 struct Replaced {
-    void** place;
+    HMODULE module;
+    const char* name;
     void* before;
 };
 std::vector<Replaced> replaced;
@@ -441,9 +480,9 @@ DisturbedCalls::DisturbedCalls(HMODULE module)
         module = GetModuleHandleW(nullptr);
     }
     for (const Replacement& replacement : replacements) {
-        if (void** const place = placeOf(module, replacement.name)) {
-            replaced.push_back({place, *place});
-            write(place, replacement.function);
+        if (placeOfImport(module, replacement.name) != nullptr) {
+            void* const before = replaceImport(module, replacement.name, replacement.function);
+            replaced.push_back({module, replacement.name, before});
         }
     }
     if (replaced.empty()) {
@@ -456,10 +495,20 @@ DisturbedCalls::~DisturbedCalls()
 {
     stop();
     for (const Replaced& one : replaced) {
-        write(one.place, one.before);
+        replaceImport(one.module, one.name, one.before);
     }
     replaced.clear();
     entries.clear();
+    searches.clear();
+}
+
+std::vector<std::string> DisturbedCalls::disturbable()
+{
+    std::vector<std::string> all;
+    for (const Replacement& replacement : replacements) {
+        all.emplace_back(replacement.name);
+    }
+    return all;
 }
 
 void DisturbedCalls::failCall(long number, DWORD error)
@@ -507,6 +556,18 @@ void DisturbedCalls::numberFiles(const Numbers& numbers)
     Plan next;
     next.numbers = numbers;
     begin(std::move(next));
+}
+
+void DisturbedCalls::decide(std::function<DWORD(const Call&)> decision)
+{
+    Plan next;
+    next.decide = std::move(decision);
+    begin(std::move(next));
+}
+
+void DisturbedCalls::limitTransfers(DWORD bytes)
+{
+    plan.longestTransfer = bytes;
 }
 
 long DisturbedCalls::stop()

@@ -24,6 +24,9 @@ public:
     DisturbedCalls& operator=(const DisturbedCalls&) = delete;
     ~DisturbedCalls();
 
+    // Which calls they can be.
+    static std::vector<std::string> disturbable();
+
     // From now on the calls are counted from 1, and the one of that number fails.
     void failCall(long number, DWORD error);
 
@@ -49,6 +52,17 @@ public:
         unsigned char highestByte = 0; // of the long numbers, in place of its own
     };
     void numberFiles(const Numbers& numbers);
+
+    // What becomes of each call is decided by the test: it goes on, or fails with an error that is not 0.
+    struct Call {
+        const char* name;
+        bool isDeleting;
+        std::function<std::wstring()> path; // what it is about, as the system knows it
+    };
+    void decide(std::function<DWORD(const Call&)> decision);
+
+    // Each call reads or writes so many bytes at most; whatever else was asked for goes on.
+    void limitTransfers(DWORD bytes);
 
     // Back to normal; tells how many calls there were.
     long stop();

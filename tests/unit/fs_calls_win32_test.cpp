@@ -127,6 +127,19 @@ TEST_F(FsCalls, WhatALinkLeadsToStays)
     }
 }
 
+TEST_F(FsCalls, ALinkItselfIsRemoved)
+{
+    support::makeFolder(dir / "tree\\link");
+    support::makeFolder(dir / "link");
+    const Folder tree = folder.inner(text("tree"));
+    calls.markEntries(junction);
+    EXPECT_TRUE(tree.removeTree(text("link")));
+    EXPECT_TRUE(folder.remove(text("link")));
+    calls.stop();
+    EXPECT_FALSE(exists(dir / "tree\\link"));
+    EXPECT_FALSE(exists(dir / "link"));
+}
+
 // A junction that takes a folder's place between the listing and the opening.
 TEST_F(FsCalls, ALinkThatTakesAFoldersPlaceIsNotEntered)
 {

@@ -1,3 +1,5 @@
+#include <new>
+
 #include "fs/ancestors.h"
 #include "fs/win32/open.h"
 
@@ -42,9 +44,13 @@ bool createDirectories(const Path& path)
 
 bool removeEmptyFolder(const Path& path)
 {
-    const Handle folder = openPath(SystemPath{path}, Access::remove, Links::dontFollow);
-    const auto status = statusOf(folder);
-    return status && status->sort == Sort::folder && removeOpen(folder, status->attributes);
+    try {
+        const Handle folder = openPath(SystemPath{path}, Access::remove, Links::dontFollow);
+        const auto status = statusOf(folder);
+        return status && status->sort == Sort::folder && removeOpen(folder, status->attributes);
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
 }
 
 } // namespace Korvel::CANTORIS::PLX::fs

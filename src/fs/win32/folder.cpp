@@ -10,11 +10,10 @@ namespace {
 
 // Whether a path leads to what was made by an open folder and a name: nobody else could reach it otherwise.
 // All systems take paths of the old length.
-bool isReachable(const OpenFolder& folder, StringView name)
+bool isReachable(const String& path)
 {
     constexpr std::size_t oldLimit = 259;
-    return folder.path.size() + 1 + name.size() <= oldLimit ||
-           GetFileAttributesW(entryPath(folder.path, name).c_str()) != INVALID_FILE_ATTRIBUTES;
+    return path.size() <= oldLimit || GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
 }
 
 void removeEntry(const OpenFolder& folder, StringView name)
@@ -27,8 +26,9 @@ void removeEntry(const OpenFolder& folder, StringView name)
 
 Handle makeReachable(const OpenFolder& folder, StringView name, Access access)
 {
+    const String path = entryPath(folder.path, name); // no memory, no file
     Handle file = makeFile(folder.handle, name, access);
-    if (file && !isReachable(folder, name)) {
+    if (file && !isReachable(path)) {
         file.close();
         removeEntry(folder, name);
     }
@@ -90,7 +90,7 @@ Handle openFolder(const SystemPath& path)
     return status && status->sort == Sort::folder ? std::move(folder) : Handle();
 }
 
-Handle openFolder(const OpenFolder& parent, StringView name)
+Handle openFolder(OpenFolder& parent, StringView name)
 {
     const Entry entry = entryOf(parent, name);
     Handle folder = openSort(parent.handle, entry, Access::list, Sort::folder);
@@ -100,8 +100,7 @@ Handle openFolder(const OpenFolder& parent, StringView name)
 }
 
 // For a removal, too, others must let the file go: it is known before anything is removed.
-Handle openToHold(const OpenFolder& folder, StringView name, Folder::Purpose purpose,
-                  Patience& patience)
+Handle openToHold(OpenFolder& folder, StringView name, Folder::Purpose purpose, Patience& patience)
 {
     const Access access = purpose == Folder::Purpose::change ? Access::change : Access::hold;
     const Entry entry = entryOf(folder, name);
@@ -146,7 +145,7 @@ Folder Folder::make(StringView name) const
     if (!folder->handle) {
         return inner(name);
     }
-    if (!isReachable(*folder_, name)) {
+    if (!isReachable(folder->path)) {
         folder.reset();
         removeEntry(*folder_, name);
         return {};

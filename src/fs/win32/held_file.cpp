@@ -1,3 +1,5 @@
+#include <new>
+
 #include "fs/win32/identity.h"
 #include "fs/win32/open.h"
 
@@ -31,9 +33,14 @@ bool HeldFile::sync()
 // Where the file system does not tell its files apart, it is enough that there is one.
 bool HeldFile::isAt(const Path& path) const
 {
-    const Handle there = openPath(SystemPath{path}, Access::look, Links::dontFollow);
-    const auto status = statusOf(there);
-    return status && status->sort == Sort::file && identityOf(there) == identityOf(file_->handle);
+    try {
+        const Handle there = openPath(SystemPath{path}, Access::look, Links::dontFollow);
+        const auto status = statusOf(there);
+        return status && status->sort == Sort::file &&
+               identityOf(there) == identityOf(file_->handle);
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
 }
 
 } // namespace Korvel::CANTORIS::PLX::fs

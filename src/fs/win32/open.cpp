@@ -132,7 +132,7 @@ void Handle::close()
 Handle openPath(const SystemPath& path, Access access, Links links)
 {
     if (path.isEmpty()) {
-        return closedWith(ERROR_PATH_NOT_FOUND);
+        return closedWith(path.error());
     }
     const DWORD itself = links == Links::dontFollow ? FILE_FLAG_OPEN_REPARSE_POINT : 0;
     Handle handle(CreateFileW(path.text(), static_cast<DWORD>(access), fullSharing, nullptr,
@@ -140,9 +140,25 @@ Handle openPath(const SystemPath& path, Access access, Links links)
     return itself == 0 ? std::move(handle) : asNamed(std::move(handle), attributesOf(path.text()));
 }
 
-Entry entryOf(const OpenFolder& folder, StringView name)
+OpenFolder::OpenFolder(Handle itself, String itsPath)
+    : handle(std::move(itself)), path(std::move(itsPath))
 {
-    return {name, attributesOf(entryPath(folder.path, name).c_str())};
+    constexpr std::size_t longestName = 255;
+    path.reserve(path.size() + 1 + longestName);
+}
+
+Entry entryOf(OpenFolder& folder, StringView name)
+{
+    String& path = folder.path;
+    const std::size_t length = path.size();
+    path.reserve(length + 1 + name.size());
+    if (!path.ends_with(separator)) {
+        path += separator;
+    }
+    path += name;
+    const DWORD attributes = attributesOf(path.c_str());
+    path.resize(length);
+    return {name, attributes};
 }
 
 Handle openEntry(const Handle& folder, const Entry& entry, Access access)
@@ -185,7 +201,7 @@ std::optional<Sort> sortAt(const SystemPath& path)
 {
     WIN32_FILE_ATTRIBUTE_DATA data{};
     if (path.isEmpty()) {
-        SetLastError(ERROR_PATH_NOT_FOUND);
+        SetLastError(path.error());
         return std::nullopt;
     }
     if (!GetFileAttributesExW(path.text(), GetFileExInfoStandard, &data)) {

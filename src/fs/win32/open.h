@@ -37,8 +37,12 @@ private:
 };
 
 struct OpenFolder {
+    OpenFolder(Handle itself, String itsPath);
+
     Handle handle;
-    String path; // by which it was opened, as the system takes it
+    // By which it was opened, as the system takes it; with room for a name, so that to look at an entry
+    // takes no memory: what a failure has left must go even if there is none.
+    String path;
 };
 
 struct OpenFile {
@@ -68,7 +72,7 @@ struct Entry {
     StringView name;
     DWORD attributes; // by the name, before anything is opened; 0 when they are not known
 };
-Entry entryOf(const OpenFolder& folder, StringView name);
+Entry entryOf(OpenFolder& folder, StringView name);
 
 // An entry of a folder, itself if it is a link. A name that would lead elsewhere is refused.
 Handle openEntry(const Handle& folder, const Entry& entry, Access access);

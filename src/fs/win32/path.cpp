@@ -88,14 +88,16 @@ String entryPath(StringView folder, StringView name)
     return folder.ends_with(separator) ? joinedTo(folder, name) : join(folder, name);
 }
 
-SystemPath::SystemPath(const Path& path)
+SystemPath::SystemPath(const Path& path) : error_(ERROR_PATH_NOT_FOUND)
 {
     const StringView given = path.text.substr(0, path.givenLength);
     if (!isUsable(path.text, given)) {
         return;
     }
+    SetLastError(ERROR_PATH_NOT_FOUND); // unless the system knows better
     text_ = systemForm(given);
     if (text_.size() <= prefix.size()) {
+        error_ = GetLastError();
         text_.clear();
         return;
     }

@@ -21,6 +21,7 @@ public:
     explicit SystemPath(const Path& path);
 
     [[nodiscard]] bool isEmpty() const { return text_.empty(); }
+    [[nodiscard]] unsigned long error() const { return error_; } // why it is empty
     [[nodiscard]] const Char* text() const { return text_.c_str(); }
     [[nodiscard]] std::size_t length() const { return text_.size(); }
 
@@ -39,6 +40,7 @@ private:
     void appendNames(StringView names);
 
     String text_;
+    unsigned long error_;
     std::size_t rootLength_ = 0;
     bool namesFolder_ = false;
 };
