@@ -1,8 +1,9 @@
-"""Each test and each script that docs/reliability.md names is there.
+"""Each test and each script that docs/reliability.md names is there, in files and case by case.
 
 check_evidence.py PROJECT
 """
 
+import fnmatch
 import pathlib
 import re
 import sys
@@ -33,6 +34,16 @@ class Evidence(unittest.TestCase):
         named = re.findall(r"`((?:tests|scripts|fuzz)/[\w/.]+)", self.page)
         self.assertGreater(len(named), 8)
         self.assertEqual([name for name in named if not (PROJECT / name).exists()], [])
+
+    def test_each_case_that_is_named_is_there(self):
+        named = re.findall(r"`(\w+\.(?:\w+|\*))`", self.page)
+        named = [name for name in named if name[0].isupper()]
+        self.assertGreater(len(named), 20)
+        cases = {f"{suite}.{name}" for path in (PROJECT / "tests").glob("*/*_test.cpp")
+                 for suite, name in re.findall(r"^TEST(?:_[FP])?\((\w+), (\w+)\)",
+                                               path.read_text(encoding="utf-8"), re.MULTILINE)}
+        missing = [name for name in named if not fnmatch.filter(cases, name)]
+        self.assertEqual(missing, [])
 
 
 if __name__ == "__main__":
