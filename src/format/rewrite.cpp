@@ -95,6 +95,34 @@ bool isStillEmpty(fs::HeldFile& file)
     return file.read(content, propertyDocumentLimit) == fs::ReadResult::read && content.empty();
 }
 
+// A file that was made for a document goes again unless it is to stay, also when memory runs out in
+// between. What another program has put in its place, or into it, is theirs.
+class MadeFile {
+public:
+    MadeFile(const fs::Folder& folder, StringView name, const fs::Path& path, fs::HeldFile& file)
+        : folder_(folder), name_(name), path_(path), file_(file)
+    {
+    }
+    MadeFile(const MadeFile&) = delete;
+    MadeFile& operator=(const MadeFile&) = delete;
+
+    ~MadeFile()
+    {
+        if (isOurs_ && file_.isAt(path_)) {
+            folder_.remove(name_);
+        }
+    }
+
+    void keep() { isOurs_ = false; }
+
+private:
+    const fs::Folder& folder_;
+    StringView name_;
+    const fs::Path& path_;
+    fs::HeldFile& file_;
+    bool isOurs_ = isStillEmpty(file_);
+};
+
 Attempt makeDocument(const fs::Folder& folder, StringView name, const fs::Path& path,
                      std::string_view document, fs::Patience& patience)
 {
@@ -102,13 +130,11 @@ Attempt makeDocument(const fs::Folder& folder, StringView name, const fs::Path& 
     if (file.state() != fs::HeldFile::State::held) {
         return folder.isMissing(name) ? Attempt::failed : Attempt::tryAgain;
     }
-    const bool isOurs = isStillEmpty(file);
+    MadeFile made(folder, name, path, file);
     const Attempt attempt = rewriteHeld(file, path, document);
     if (attempt == Attempt::done && folder.sync()) {
+        made.keep();
         return Attempt::done;
-    }
-    if (isOurs && file.isAt(path)) {
-        folder.remove(name);
     }
     return Attempt::failed;
 }

@@ -1,6 +1,7 @@
 #include "works.h"
 
 #include <algorithm>
+#include <filesystem>
 
 #include "contract/clip_model.h"
 
@@ -125,6 +126,12 @@ void openEditor(World& world)
     EXPECT_TRUE(lib(KRT_PLX_PropertyEditor_setPartTempo, world.editor, std::uint32_t{9000}));
 }
 
+void openEditorAndLoseTheDocument(World& world)
+{
+    openEditor(world);
+    std::filesystem::remove(world.folder(world.folderOf(world.clip) + "property.json"));
+}
+
 // A new editor is part of the work: until it is saved nothing of the clip changes.
 bool fillEditor(World& world)
 {
@@ -233,6 +240,8 @@ const std::vector<Work>& works()
         {"fill a property editor", false, false, choose<'m'>, fillEditor, expectUnchangedClip,
          nothing},
         {"edit", false, true, openEditor, saveEdit, expectEdited, propertyDocument},
+        {"edit, its document gone", false, true, openEditorAndLoseTheDocument, saveEdit,
+         expectEdited, propertyDocument},
         {"remove a MIDI clip", false, true, chooseRead<'m'>, removeClip, expectRemoved, clipFolder},
         {"remove an audio clip", false, true, chooseRead<'a'>, removeClip, expectRemoved,
          clipFolder},
