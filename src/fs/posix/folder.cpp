@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <memory>
 
+#include "fs/copying.h"
 #include "fs/posix/lock.h"
 #include "fs/posix/open.h"
 
@@ -39,23 +40,6 @@ WriteResult createWith(const OpenFolder& folder, StringView name, Fill fill)
         removeIfStill(own, parent, host.text());
     }
     return WriteResult::failed;
-}
-
-bool copyAll(const Descriptor& from, const Descriptor& to)
-{
-    constexpr std::size_t blockSize = std::size_t{64} * 1024;
-    const auto block = std::make_unique<char[]>(blockSize);
-    std::uint64_t place = 0;
-    ssize_t count = readSome(from, block.get(), blockSize, place);
-    while (count > 0) {
-        const auto size = static_cast<std::size_t>(count);
-        if (!writeAll(to, {block.get(), size}, place)) {
-            return false;
-        }
-        place += size;
-        count = readSome(from, block.get(), blockSize, place);
-    }
-    return count == 0;
 }
 
 // Looks before it opens: opening alone can do something, to a pipe or a device.

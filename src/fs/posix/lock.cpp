@@ -16,14 +16,4 @@ Locked tryLock(const Descriptor& file, Sharing sharing)
     return errno == EWOULDBLOCK ? Locked::busy : Locked::unknownHere;
 }
 
-Locked lock(const Descriptor& file, Sharing sharing, Patience& patience)
-{
-    patience.calm();
-    Locked locked = tryLock(file, sharing);
-    while (locked == Locked::busy && patience.wait()) {
-        locked = tryLock(file, sharing);
-    }
-    return locked;
-}
-
 } // namespace Korvel::CANTORIS::PLX::fs

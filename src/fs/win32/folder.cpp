@@ -1,5 +1,6 @@
 #include <memory>
 
+#include "fs/copying.h"
 #include "fs/win32/lock.h"
 #include "fs/win32/open.h"
 #include "fs/win32/remove_tree.h"
@@ -48,23 +49,6 @@ WriteResult createWith(const OpenFolder& folder, StringView name, Fill fill)
     }
     removeOpen(file, 0);
     return WriteResult::failed;
-}
-
-bool copyAll(const Handle& from, const Handle& to)
-{
-    constexpr std::size_t blockSize = std::size_t{64} * 1024;
-    const auto block = std::make_unique<char[]>(blockSize);
-    std::uint64_t place = 0;
-    long long count = readSome(from, block.get(), blockSize, place);
-    while (count > 0) {
-        const auto size = static_cast<std::size_t>(count);
-        if (!writeAll(to, {block.get(), size}, place)) {
-            return false;
-        }
-        place += size;
-        count = readSome(from, block.get(), blockSize, place);
-    }
-    return count == 0;
 }
 
 // Looks before it opens: opening alone can do something, to a pipe of an emulated system.

@@ -17,14 +17,4 @@ Locked tryLock(const Handle& file, Sharing sharing)
                                                                       : Locked::unknownHere;
 }
 
-Locked lock(const Handle& file, Sharing sharing, Patience& patience)
-{
-    patience.calm();
-    Locked locked = tryLock(file, sharing);
-    while (locked == Locked::busy && patience.wait()) {
-        locked = tryLock(file, sharing);
-    }
-    return locked;
-}
-
 } // namespace Korvel::CANTORIS::PLX::fs

@@ -1,0 +1,24 @@
+// Advisory locks: other programs that ask find a file taken. The system releases one when its file is
+// closed, hence also when the program dies.
+#pragma once
+
+#include "fs/patience.h"
+
+namespace Korvel::CANTORIS::PLX::fs {
+
+enum class Sharing { shared, exclusive };
+enum class Locked { yes, busy, unknownHere };
+
+// Waits for others as long as there is patience. Each system has a tryLock(), which does not wait.
+template <class File>
+Locked lock(const File& file, Sharing sharing, Patience& patience)
+{
+    patience.calm();
+    Locked locked = tryLock(file, sharing);
+    while (locked == Locked::busy && patience.wait()) {
+        locked = tryLock(file, sharing);
+    }
+    return locked;
+}
+
+} // namespace Korvel::CANTORIS::PLX::fs
