@@ -1,5 +1,6 @@
 #include "unicode.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <cstring>
@@ -47,17 +48,23 @@ const unsigned char* takeMultibyte(const unsigned char* at, const unsigned char*
     return nullptr;
 }
 
-// Documents are mostly ASCII: eight bytes at a time.
-const unsigned char* skipAscii(const unsigned char* at, const unsigned char* end)
+// Texts are mostly ASCII: eight bytes at a time.
+constexpr std::ptrdiff_t blockSize = 8;
+
+bool isAsciiBlock(const unsigned char* at, const unsigned char* end)
 {
     constexpr std::uint64_t highBits = 0x8080808080808080;
-    while (end - at >= 8) {
-        std::uint64_t block = 0;
+    std::uint64_t block = highBits;
+    if (end - at >= blockSize) {
         std::memcpy(&block, at, sizeof block);
-        if ((block & highBits) != 0) {
-            break;
-        }
-        at += 8;
+    }
+    return (block & highBits) == 0;
+}
+
+const unsigned char* skipAscii(const unsigned char* at, const unsigned char* end)
+{
+    while (isAsciiBlock(at, end)) {
+        at += blockSize;
     }
     while (at != end && *at < 0x80) {
         ++at;
@@ -69,8 +76,14 @@ const unsigned char* skipAscii(const unsigned char* at, const unsigned char* end
 std::size_t utf16Length(const unsigned char* at, const unsigned char* end)
 {
     std::size_t units = 0;
-    for (; at != end; ++at) {
+    while (at != end) {
+        if (isAsciiBlock(at, end)) {
+            at += blockSize;
+            units += blockSize;
+            continue;
+        }
         units += ((*at & 0xC0) != 0x80 ? 1U : 0U) + (*at >= 0xF0 ? 1U : 0U);
+        ++at;
     }
     return units;
 }
@@ -79,6 +92,11 @@ std::size_t utf16Length(const unsigned char* at, const unsigned char* end)
 void decode(const unsigned char* at, const unsigned char* end, Char* units)
 {
     while (at != end) {
+        if (isAsciiBlock(at, end)) {
+            units = std::copy(at, at + blockSize, units);
+            at += blockSize;
+            continue;
+        }
         if (*at < 0x80) {
             *units++ = static_cast<Char>(*at++);
             continue;
