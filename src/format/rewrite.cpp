@@ -99,8 +99,8 @@ bool isStillEmpty(fs::HeldFile& file)
 // between. What another program has put in its place, or into it, is theirs.
 class MadeFile {
 public:
-    MadeFile(const fs::Folder& folder, StringView name, const fs::Path& path, fs::HeldFile& file)
-        : folder_(folder), name_(name), path_(path), file_(file)
+    MadeFile(const fs::Folder& folder, StringView name, fs::HeldFile& file)
+        : folder_(folder), name_(name), file_(file)
     {
     }
     MadeFile(const MadeFile&) = delete;
@@ -108,8 +108,8 @@ public:
 
     ~MadeFile()
     {
-        if (isOurs_ && file_.isAt(path_)) {
-            folder_.remove(name_);
+        if (isOurs_) {
+            folder_.removeHeld(name_, file_);
         }
     }
 
@@ -118,7 +118,6 @@ public:
 private:
     const fs::Folder& folder_;
     StringView name_;
-    const fs::Path& path_;
     fs::HeldFile& file_;
     bool isOurs_ = isStillEmpty(file_);
 };
@@ -130,7 +129,7 @@ Attempt makeDocument(const fs::Folder& folder, StringView name, const fs::Path& 
     if (file.state() != fs::HeldFile::State::held) {
         return folder.isMissing(name) ? Attempt::failed : Attempt::tryAgain;
     }
-    MadeFile made(folder, name, path, file);
+    MadeFile made(folder, name, file);
     const Attempt attempt = rewriteHeld(file, path, document);
     if (attempt == Attempt::done && folder.sync()) {
         made.keep();

@@ -173,6 +173,8 @@ public:
     [[nodiscard]] bool isAt(const Path& path) const;
 
 private:
+    friend class Folder;
+
     State state_;
     std::unique_ptr<OpenFile> file_;
 };
@@ -218,6 +220,9 @@ public:
 
     // Removes one file, one link or one empty folder.
     bool remove(StringView name) const;
+
+    // Removes the file that is held, if the name still means it. Takes no memory.
+    void removeHeld(StringView name, const HeldFile& file) const;
 
     // Removes a file, a link, or a folder with everything in it; links inside are removed, not
     // followed. False when anything is left, hence true when there was nothing.

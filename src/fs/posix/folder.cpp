@@ -165,6 +165,14 @@ bool Folder::remove(StringView name) const
            ((errno == EISDIR || errno == EPERM) && removeEntry(folder, host.text(), AT_REMOVEDIR));
 }
 
+void Folder::removeHeld(StringView name, const HeldFile& file) const
+{
+    struct stat own;
+    if (readStatus(file.file_->descriptor, own)) {
+        removeIfStill(own, folder_->descriptor.number(), HostName{name}.text());
+    }
+}
+
 bool Folder::removeTree(StringView name) const
 {
     const HostName host{name};

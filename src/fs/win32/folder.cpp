@@ -1,6 +1,8 @@
 #include <memory>
+#include <new>
 
 #include "fs/copying.h"
+#include "fs/win32/identity.h"
 #include "fs/win32/lock.h"
 #include "fs/win32/open.h"
 #include "fs/win32/remove_tree.h"
@@ -183,6 +185,19 @@ bool Folder::remove(StringView name) const
         patiently(patience, [&] { return openEntry(folder_->handle, entry, Access::remove); });
     const auto status = statusOf(open);
     return status && patiently(patience, [&] { return removeOpen(open, status->attributes); });
+}
+
+// A file system that tells its files apart by their names alone needs memory for that.
+void Folder::removeHeld(StringView name, const HeldFile& file) const
+{
+    try {
+        const Handle entry = openEntry(folder_->handle, {name, 0}, Access::remove);
+        if (entry && identityOf(entry) == identityOf(file.file_->handle)) {
+            removeOpen(entry, 0);
+        }
+    } catch (const std::bad_alloc&) {
+        return;
+    }
 }
 
 bool Folder::removeTree(StringView name) const
