@@ -43,6 +43,16 @@ bool isExhaustive()
     return std::getenv("KRT_PLX_TORTURE") != nullptr;
 }
 
+long every(long number)
+{
+#if defined(_WIN32) || defined(__SANITIZE_ADDRESS__)
+    const long sample = 2 * number + 1;
+#else
+    const long sample = number;
+#endif
+    return isExhaustive() ? 1 : sample;
+}
+
 void count(const std::string& figure, long number)
 {
     figures()[figure] += number;

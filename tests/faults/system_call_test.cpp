@@ -130,7 +130,7 @@ protected:
         EXPECT_TRUE(isFolder || listed.size() + 1 >= all.size());
     }
 
-    static long step() { return faults::isExhaustive() ? 1 : 5; }
+    static long step() { return faults::every(5); }
 
     World world_;
     Sight before_;
