@@ -4,22 +4,14 @@
 #include <memory>
 #include <string>
 
-#include "clip/clip_base.h"
-#include "clip/clip_properties.h"
+#include "format/read.h"
 #include "fs/fs.h"
-#include "model/part.h"
 
 namespace Korvel::CANTORIS::PLX::format {
 
-// A data document read whole.
-struct LoadedClip {
-    ClipProperties properties;
-    std::unique_ptr<PartBase> part;
-};
-
 // Reads files one after the other and keeps its memory from one to the next. A file that is missing,
 // unreadable, no document, or lacks what the schema requires gives nothing; what an element lacks
-// drops that element alone. Nothing throws except for want of memory.
+// drops that element alone. The only exception is that of memory that runs out.
 class Loader {
 public:
     Loader();

@@ -22,8 +22,8 @@ struct DocumentDefect {};
     (static_cast<bool>(condition) ? static_cast<void>(0) \
                                   : throw ::Korvel::CANTORIS::PLX::format::DocumentDefect())
 
-#include <rapidjson/document.h>
 #include <rapidjson/prettywriter.h>
+#include <rapidjson/reader.h>
 #include <rapidjson/stringbuffer.h>
 
 namespace Korvel::CANTORIS::PLX::format {
@@ -66,9 +66,6 @@ struct CheckedUtf8 : json::UTF8<char> {
     }
 };
 
-using Pool = json::MemoryPoolAllocator<ThrowingAllocator>;
-using Value = json::GenericValue<CheckedUtf8, Pool>;
-using Tree = json::GenericDocument<CheckedUtf8, Pool, ThrowingAllocator>;
 using Text = json::GenericInsituStringStream<CheckedUtf8>;
 
 // In place and without recursion: a document may be large, and may nest without end.
@@ -81,12 +78,12 @@ inline constexpr unsigned parseFlags =
 // Reading:
 // - Exponents and fractions overflow an int (#1261, #2391), tables of powers of ten are read beyond their
 //   ends (#313, #1251), and long fractions are compared with what was never written (#1255): all while a
-//   number is read, even one that is to be handed over as text. ParseNumber below is ours.
+//   number is read, even one that is to be handed over as text. ParseNumber is ours, see walk.cpp.
 // - Validating an encoding reads behind the text (#2327): the text is validated before it comes here.
 // - An escaped surrogate that stands alone is let through or ends the host (#1738): see CheckedUtf8.
 // - SIMD instructions read up to 15 bytes behind the text (#1227, #1723): they are not in use.
 // - Deep documents overflow the stack in the parser, in visiting and in destroying values (#1027, #2282):
-//   the parser is told not to recurse, no value is visited, and a pool destroys none.
+//   the parser is told not to recurse, and there are no values.
 // - Where memory runs out, its absence is written to (#1735): see ThrowingAllocator.
 // Writing:
 // - A text of 700 MB makes the room for it wrap around at 32 bits (#2336, #2348): see Output::ascii.
@@ -107,12 +104,5 @@ RAPIDJSON_FORCEINLINE void internal::Stack<ThrowingAllocator>::Reserve(std::size
         Expand<T>(count);
     }
 }
-
-// In number_reader.cpp.
-template <>
-template <>
-// NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name): named for what they are here
-void GenericReader<CheckedUtf8, CheckedUtf8, ThrowingAllocator>::ParseNumber<parseFlags>(
-    Text& text, Tree& tree);
 
 } // namespace Korvel::CANTORIS::PLX::format::json

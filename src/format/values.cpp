@@ -1,64 +1,25 @@
 #include "format/values.h"
 
-#include "unicode.h"
-
 namespace Korvel::CANTORIS::PLX::format {
 
-std::optional<std::int32_t> asInteger(const Value* value)
+std::optional<float> Value::asFloat() const
 {
-    return value != nullptr && value->IsInt() ? std::optional(value->GetInt()) : std::nullopt;
-}
-
-std::optional<float> asFloat(const Value* value)
-{
-    if (value == nullptr || !value->IsDouble()) {
+    if (kind != Kind::real || number.real < -largestFloat || largestFloat < number.real) {
         return std::nullopt;
     }
-    const double number = value->GetDouble();
-    if (number < -largestFloat || largestFloat < number) {
-        return std::nullopt;
-    }
-    return static_cast<float>(number);
+    return static_cast<float>(number.real);
 }
 
-std::optional<bool> asFlag(const Value* value)
+std::optional<std::string_view> Value::asUtf8() const
 {
-    return value != nullptr && value->IsBool() ? std::optional(value->GetBool()) : std::nullopt;
-}
-
-std::optional<std::string_view> asUtf8(const Value* value)
-{
-    const auto whole = asWholeUtf8(value);
+    const auto whole = asWholeUtf8();
     return whole ? std::optional(whole->substr(0, whole->find('\0'))) : std::nullopt;
 }
 
-std::optional<std::string_view> asWholeUtf8(const Value* value)
+std::optional<std::string_view> Value::asWholeUtf8() const
 {
-    if (value == nullptr || !value->IsString()) {
-        return std::nullopt;
-    }
-    return std::string_view(value->GetString(), value->GetStringLength());
-}
-
-std::optional<String> asText(const Value* value)
-{
-    const auto utf8 = asUtf8(value);
-    if (!utf8) {
-        return std::nullopt;
-    }
-    String text;
-    appendUtf16(text, *utf8);
-    return text;
-}
-
-const Value* asObject(const Value* value)
-{
-    return value != nullptr && value->IsObject() ? value : nullptr;
-}
-
-const Value* asArray(const Value* value)
-{
-    return value != nullptr && value->IsArray() ? value : nullptr;
+    return kind == Kind::text ? std::optional(std::string_view(at + 1, number.length))
+                              : std::nullopt;
 }
 
 } // namespace Korvel::CANTORIS::PLX::format

@@ -29,6 +29,13 @@ public:
 
     const String& nameText() const { return name_; }
 
+    // For the reader, before the parameter is in a list. False for the empty text.
+    bool assignName(StringView text)
+    {
+        name_ = text;
+        return !text.empty();
+    }
+
 protected:
     EffectBase* effect() const { return effect_; }
 
@@ -79,6 +86,13 @@ public:
     const Char* id() const noexcept override { return id_.c_str(); }
 
     const String& idText() const { return id_; }
+
+    // For the reader, before the effect is in a list. False for the empty text.
+    bool assignId(StringView text)
+    {
+        id_ = text;
+        return !text.empty();
+    }
 
 protected:
     PartBase* part() const { return part_; }

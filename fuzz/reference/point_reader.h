@@ -2,10 +2,10 @@
 
 #include <vector>
 
-#include "format/values.h"
+#include "reference/values.h"
 #include "model/positions.h"
 
-namespace Korvel::CANTORIS::PLX::format {
+namespace Korvel::CANTORIS::PLX::reference {
 
 // The (position, value) objects of an array that `accepts` lets in, in the array's order.
 template <class Accepts>
@@ -27,4 +27,4 @@ std::vector<CurvePoint> readPoints(const Value& array, Accepts accepts)
     return points;
 }
 
-} // namespace Korvel::CANTORIS::PLX::format
+} // namespace Korvel::CANTORIS::PLX::reference

@@ -1,9 +1,9 @@
-#include "format/controller_reader.h"
+#include "reference/controller_reader.h"
 
-#include "format/point_reader.h"
+#include "reference/point_reader.h"
 #include "model/midi_part_impl.h"
 
-namespace Korvel::CANTORIS::PLX::format {
+namespace Korvel::CANTORIS::PLX::reference {
 
 namespace {
 
@@ -46,4 +46,4 @@ void readControllers(const Value* array, MidiPartBase& part, OwnedList<MidiContr
     }
 }
 
-} // namespace Korvel::CANTORIS::PLX::format
+} // namespace Korvel::CANTORIS::PLX::reference

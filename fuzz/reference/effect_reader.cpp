@@ -1,11 +1,11 @@
-#include "format/effect_reader.h"
+#include "reference/effect_reader.h"
 
 #include <algorithm>
 #include <array>
 
-#include "format/values.h"
+#include "reference/values.h"
 
-namespace Korvel::CANTORIS::PLX::format {
+namespace Korvel::CANTORIS::PLX::reference {
 
 namespace {
 
@@ -158,4 +158,4 @@ void readEffects(const Value* array, PartBase& part, EffectList<MidiEffectImpl>&
     readAll(array, part, effects);
 }
 
-} // namespace Korvel::CANTORIS::PLX::format
+} // namespace Korvel::CANTORIS::PLX::reference

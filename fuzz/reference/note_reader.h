@@ -1,9 +1,9 @@
 #pragma once
 
-#include "format/rapidjson.h"
+#include "reference/tree.h"
 #include "model/note_impl.h"
 
-namespace Korvel::CANTORIS::PLX::format {
+namespace Korvel::CANTORIS::PLX::reference {
 
 // Adds the notes of an array, ordered by position, equal positions in the array's order; null, or a
 // value that is no array, holds none.
@@ -16,4 +16,4 @@ void readDvqmPair(const Value& object, NoteImpl& note);
 void readSingingSkill(const Value& object, SingingSkillBaseImpl& skill);
 void readVibrato(const Value& object, VibratoImpl& vibrato);
 
-} // namespace Korvel::CANTORIS::PLX::format
+} // namespace Korvel::CANTORIS::PLX::reference

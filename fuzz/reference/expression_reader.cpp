@@ -1,7 +1,7 @@
-#include "format/note_reader.h"
-#include "format/point_reader.h"
+#include "reference/note_reader.h"
+#include "reference/point_reader.h"
 
-namespace Korvel::CANTORIS::PLX::format {
+namespace Korvel::CANTORIS::PLX::reference {
 
 namespace {
 
@@ -121,4 +121,4 @@ void readVibrato(const Value& object, VibratoImpl& vibrato)
     }
 }
 
-} // namespace Korvel::CANTORIS::PLX::format
+} // namespace Korvel::CANTORIS::PLX::reference

@@ -3,9 +3,9 @@
 
 #include <string>
 
-#include "format/rapidjson.h"
+#include "reference/tree.h"
 
-namespace Korvel::CANTORIS::PLX::format {
+namespace Korvel::CANTORIS::PLX::reference {
 
 // Parses one document after the other, each in place of the last, and keeps its memory from one to
 // the next: a scan reads tens of thousands of small ones.
@@ -25,4 +25,4 @@ private:
     Tree tree_;
 };
 
-} // namespace Korvel::CANTORIS::PLX::format
+} // namespace Korvel::CANTORIS::PLX::reference

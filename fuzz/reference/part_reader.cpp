@@ -1,13 +1,13 @@
-#include "format/part_reader.h"
+#include "reference/part_reader.h"
 
 #include "clip/clip_files.h"
-#include "format/controller_reader.h"
-#include "format/effect_reader.h"
-#include "format/note_reader.h"
+#include "reference/controller_reader.h"
+#include "reference/effect_reader.h"
+#include "reference/note_reader.h"
 #include "model/audio_part_impl.h"
 #include "model/midi_part_impl.h"
 
-namespace Korvel::CANTORIS::PLX::format {
+namespace Korvel::CANTORIS::PLX::reference {
 
 namespace {
 
@@ -128,4 +128,4 @@ std::unique_ptr<PartBase> readPart(const DataMembers& members, const fs::Path& c
     return nullptr;
 }
 
-} // namespace Korvel::CANTORIS::PLX::format
+} // namespace Korvel::CANTORIS::PLX::reference

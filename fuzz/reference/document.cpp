@@ -1,8 +1,8 @@
-#include "format/document.h"
+#include "reference/document.h"
 
 #include "format/encoding.h"
 
-namespace Korvel::CANTORIS::PLX::format {
+namespace Korvel::CANTORIS::PLX::reference {
 
 namespace {
 
@@ -39,4 +39,4 @@ const Value* Document::parse(std::string& bytes)
     return isWhole && tree_.IsObject() ? &tree_ : nullptr;
 }
 
-} // namespace Korvel::CANTORIS::PLX::format
+} // namespace Korvel::CANTORIS::PLX::reference

@@ -1,8 +1,8 @@
-#include "format/note_reader.h"
+#include "reference/note_reader.h"
 
-#include "format/values.h"
+#include "reference/values.h"
 
-namespace Korvel::CANTORIS::PLX::format {
+namespace Korvel::CANTORIS::PLX::reference {
 
 namespace {
 
@@ -52,4 +52,4 @@ void readNotes(const Value* array, MidiPartBase& part, OwnedList<NoteImpl>& note
     notes.stableSortBy([](const NoteImpl& note) { return note.pos(); });
 }
 
-} // namespace Korvel::CANTORIS::PLX::format
+} // namespace Korvel::CANTORIS::PLX::reference

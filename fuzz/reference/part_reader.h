@@ -2,12 +2,12 @@
 
 #include <memory>
 
-#include "format/rapidjson.h"
-#include "format/values.h"
+#include "reference/tree.h"
+#include "reference/values.h"
 #include "fs/fs.h"
 #include "model/part.h"
 
-namespace Korvel::CANTORIS::PLX::format {
+namespace Korvel::CANTORIS::PLX::reference {
 
 using DataMembers = Members<schema::data::keys.size()>;
 
@@ -16,4 +16,4 @@ using DataMembers = Members<schema::data::keys.size()>;
 std::unique_ptr<PartBase> readPart(const DataMembers& members, const fs::Path& clipDirectory,
                                    ClipBase* clip);
 
-} // namespace Korvel::CANTORIS::PLX::format
+} // namespace Korvel::CANTORIS::PLX::reference

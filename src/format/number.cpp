@@ -1,12 +1,10 @@
-// How the numbers of a document are read. No locale has a part in it.
+#include "format/number.h"
+
 #include <algorithm>
 #include <cstddef>
-#include <cstdint>
 #include <limits>
 
-#include "format/decimal.h"
 #include "format/rapidjson.h"
-#include "format/values.h"
 
 namespace Korvel::CANTORIS::PLX::format {
 
@@ -15,22 +13,6 @@ namespace {
 // Any number of this many digits fits into 64 bits.
 constexpr std::ptrdiff_t mostDigits = 19;
 constexpr std::uint64_t leastOfMostDigits = 1'000'000'000'000'000'000;
-
-struct Number {
-    enum class Kind : std::uint8_t {
-        none,        // no number by the letter of the grammar, or too large for a double
-        integer,     // written without fraction and exponent
-        wideInteger, // the same, beyond 32 bits
-        real
-    };
-
-    Kind kind = Kind::none;
-    std::int32_t integer = 0;
-    // Only as good as its use wants it: as a 32-bit float, and held against `largestFloat`, it is what
-    // the double nearest to the written number would be.
-    double real = 0;
-    const char* end = nullptr; // behind the last character
-};
 
 bool isDigit(char letter)
 {
@@ -85,26 +67,28 @@ std::uint64_t firstDigits(const Decimal& decimal, std::int64_t& exponent)
     return digits;
 }
 
-// False when the decimal is too large. The digits are all of it, if they fit.
-bool convert(const Decimal& decimal, std::uint64_t digits, double& real)
+// Ten to this power, times any digits, is nearer to zero than to the least float.
+constexpr std::int64_t leastExponent = -64;
+
+bool isZero(const Number& number)
 {
-    // Ten to this power, times any digits, is nearer to zero than to the least float.
-    constexpr std::int64_t leastExponent = -64;
+    return number.digits == 0 || number.exponent < leastExponent;
+}
+
+// A real number whose digits are all of it, if they fit; none when it is too large.
+Number real(const Decimal& decimal, std::uint64_t digits, const char* end)
+{
     constexpr std::int64_t mostExponent = 308;
-    std::int64_t exponent = decimal.exponent;
+    Number number{.kind = Number::Kind::real,
+                  .end = end,
+                  .digits = digits,
+                  .exponent = decimal.exponent,
+                  .decimal = decimal};
     if (decimal.end - decimal.begin > mostDigits) {
-        digits = firstDigits(decimal, exponent);
+        number.digits = firstDigits(decimal, number.exponent);
     }
-    if (digits == 0 || exponent < leastExponent) {
-        real = 0;
-        return true;
-    }
-    if (exponent > mostExponent - mostDigits && isTooLarge(digits, exponent)) {
-        return false;
-    }
-    real = settled(decimal, json::internal::StrtodNormalPrecision(static_cast<double>(digits),
-                                                                  static_cast<int>(exponent)));
-    return true;
+    const bool canBeTooLarge = !isZero(number) && number.exponent > mostExponent - mostDigits;
+    return canBeTooLarge && isTooLarge(number.digits, number.exponent) ? Number{} : number;
 }
 
 // Takes what digits stand there, which go on the value. It means nothing when they were too many.
@@ -149,8 +133,7 @@ Number readReal(const char* begin, const char* at, std::uint64_t digits)
         const std::int64_t exponent = takeExponent(at);
         decimal.exponent += isNegative ? -exponent : exponent;
     }
-    Number number{.kind = Number::Kind::real, .end = at};
-    return convert(decimal, digits, number.real) ? number : Number{};
+    return real(decimal, digits, at);
 }
 
 // --- Integers -----------------------------------------------------------------------------------------
@@ -167,7 +150,19 @@ Number integer(std::uint64_t magnitude, bool isNegative, std::ptrdiff_t length, 
             .end = end};
 }
 
-// The text ends with a NUL.
+} // namespace
+
+double Number::toDouble() const
+{
+    if (isZero(*this)) {
+        return isNegative ? -0.0 : 0.0;
+    }
+    const double magnitude =
+        settled(decimal, json::internal::StrtodNormalPrecision(static_cast<double>(digits),
+                                                               static_cast<int>(exponent)));
+    return isNegative ? -magnitude : magnitude;
+}
+
 Number readNumber(const char* text)
 {
     const bool isNegative = *text == '-';
@@ -181,38 +176,8 @@ Number readNumber(const char* text)
         return integer(digits, isNegative, at - begin, at);
     }
     Number number = readReal(begin, at, digits);
-    number.real = isNegative ? -number.real : number.real;
+    number.isNegative = isNegative;
     return number;
 }
-
-} // namespace
-
-namespace json {
-
-template <>
-template <>
-// NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name): named for what they are here
-void GenericReader<CheckedUtf8, CheckedUtf8, ThrowingAllocator>::ParseNumber<parseFlags>(Text& text,
-                                                                                         Tree& tree)
-{
-    const Number number = readNumber(text.src_);
-    switch (number.kind) {
-    case Number::Kind::integer:
-        tree.Int(number.integer);
-        break;
-    case Number::Kind::wideInteger: // one stands for all: no key takes any
-        tree.Uint64(std::numeric_limits<std::uint64_t>::max());
-        break;
-    case Number::Kind::real:
-        tree.Double(number.real);
-        break;
-    default:
-        SetParseError(kParseErrorValueInvalid, text.Tell());
-        return;
-    }
-    text.src_ += number.end - text.src_;
-}
-
-} // namespace json
 
 } // namespace Korvel::CANTORIS::PLX::format

@@ -1,11 +1,11 @@
-#include "format/filter_reader.h"
+#include "reference/filter_reader.h"
 
 #include <vector>
 
-#include "format/values.h"
+#include "reference/values.h"
 #include "unicode.h"
 
-namespace Korvel::CANTORIS::PLX::format {
+namespace Korvel::CANTORIS::PLX::reference {
 
 namespace {
 
@@ -71,4 +71,4 @@ void readFilter(const Value& object, const String& vendorName, FilterTags& tags)
     tags.addAll(Tag::vendor, {vendorName});
 }
 
-} // namespace Korvel::CANTORIS::PLX::format
+} // namespace Korvel::CANTORIS::PLX::reference

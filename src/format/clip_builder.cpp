@@ -1,0 +1,231 @@
+#include "format/clip_builder.h"
+
+namespace Korvel::CANTORIS::PLX::format {
+
+namespace {
+
+using keys::DataDocument;
+using keys::Id;
+using keys::place;
+using keys::PropertyDocument;
+
+// Of several parts the first one counts, by the order of their rows.
+std::uint32_t partTypeOf(const Members& document)
+{
+    for (const std::uint32_t type : {part_type::audio, part_type::midiAi, part_type::midi}) {
+        static_assert(place<DataDocument>(part_type::name(part_type::audio)) + 1 ==
+                          place<DataDocument>(part_type::name(part_type::midiAi)) &&
+                      place<DataDocument>(part_type::name(part_type::midiAi)) + 1 ==
+                          place<DataDocument>(part_type::name(part_type::midi)));
+        constexpr std::size_t first = place<DataDocument>(part_type::name(part_type::audio));
+        if (document[first + type - part_type::audio] != nullptr) {
+            return type;
+        }
+    }
+    return part_type::none;
+}
+
+} // namespace
+
+void ClipBuilder::begin(const Wanted& wanted)
+{
+    wanted_ = &wanted;
+    hasProperties_ = false;
+    partType_ = part_type::none;
+    part_.reset(wanted.clip);
+}
+
+std::unique_ptr<PartBase> ClipBuilder::releasePart(const fs::Path& clipDirectory)
+{
+    return part_.release(partType_, clipDirectory);
+}
+
+// --- Beginnings ---------------------------------------------------------------------------------------
+
+bool ClipBuilder::beginObject(const keys::Shape& shape)
+{
+    switch (shape.id) {
+    case Id::filter:
+        return wanted_->properties != nullptr;
+    case Id::audioPart:
+        return beginPart(part_type::audio);
+    case Id::midiAiPart:
+        return beginPart(part_type::midiAi);
+    case Id::midiPart:
+        return beginPart(part_type::midi);
+    case Id::audioEffect:
+        part_.beginAudioEffect();
+        return true;
+    case Id::midiEffect:
+        part_.beginMidiEffect();
+        return true;
+    case Id::note:
+        part_.beginNote();
+        return true;
+    default:
+        return true;
+    }
+}
+
+bool ClipBuilder::beginPart(std::uint32_t type)
+{
+    if (partTypeOf(trail_.top().members()) != type) {
+        return false; // one that comes first was met already
+    }
+    if (type == part_type::audio) {
+        part_.beginAudio();
+    } else {
+        part_.beginMidi(type);
+    }
+    return true;
+}
+
+bool ClipBuilder::beginList(const keys::Row& row)
+{
+    if (row.inner == nullptr) {
+        tags_.beginList();
+        part_.notes().beginLevelNames();
+        return true;
+    }
+    switch (row.inner->id) {
+    case Id::event:
+        return part_.beginEvents();
+    case Id::rate:
+        part_.notes().beginCurve(ratePoints);
+        return true;
+    case Id::depth:
+        part_.notes().beginCurve(depthPoints);
+        return true;
+    default:
+        return true;
+    }
+}
+
+// --- Lists --------------------------------------------------------------------------------------------
+
+bool ClipBuilder::addElement(const keys::Shape& owner, const Value& value)
+{
+    if (trail_.top().list->kind == keys::Kind::integers) {
+        const auto number = value.asInteger();
+        tags_.addLanguage(number.value_or(-1));
+        return number.has_value();
+    }
+    const auto text = value.asUtf8();
+    if (text && owner.id == Id::filter) {
+        tags_.addText(*text);
+    } else if (text) {
+        part_.notes().addLevelName(*text);
+    }
+    return text.has_value();
+}
+
+void ClipBuilder::element(const Value& value)
+{
+    if (!addElement(*trail_.outer().shape, value)) {
+        trail_.lostElement(LossReason::wrongKind, trail_.top().count, value.at);
+    }
+}
+
+void ClipBuilder::endList()
+{
+    const keys::Shape& owner = *trail_.outer().shape;
+    const keys::Row& row = *trail_.top().list;
+    if (owner.id == Id::filter) {
+        tags_.endList(row, wanted_->properties->filter);
+    } else if (row.inner != nullptr && row.inner->id == Id::note) {
+        part_.endNotes();
+    }
+}
+
+// --- Ends ---------------------------------------------------------------------------------------------
+
+bool ClipBuilder::endObject()
+{
+    NoteBuilder& notes = part_.notes();
+    switch (trail_.top().shape->id) {
+    case Id::propertyDocument:
+        return endPropertyDocument();
+    case Id::partHeader:
+        return taker_.take<keys::PartHeader>(trail_.top().members(), *wanted_->properties);
+    case Id::filter:
+        return taker_.take<keys::FilterTable>(trail_.top().members(), *wanted_->properties);
+    case Id::dataDocument:
+        return endDataDocument();
+    case Id::audioPart:
+        return part_.endAudio();
+    case Id::midiAiPart:
+        return part_.endMidi<keys::MidiAiPartTable>();
+    case Id::midiPart:
+        return part_.endMidi<keys::MidiVoicePartTable>();
+    case Id::voice:
+        return part_.endVoice();
+    case Id::aiVoice:
+        return part_.endAiVoice();
+    case Id::aiLanguage:
+        return part_.endAiLanguage();
+    case Id::audioEffect:
+        return part_.endAudioEffect();
+    case Id::midiEffect:
+        return part_.endMidiEffect();
+    case Id::audioParameter:
+        return part_.endAudioParameter();
+    case Id::midiParameter:
+        return part_.endMidiParameter();
+    case Id::controller:
+        return part_.endController();
+    case Id::event:
+        return part_.endEvent();
+    case Id::note:
+        return part_.endNote();
+    case Id::expression:
+        return notes.endExpression();
+    case Id::aiExpression:
+        return notes.endAiExpression();
+    case Id::singingSkill:
+        return notes.endSingingSkill();
+    case Id::weight:
+        return notes.endWeight();
+    case Id::dvqmPair:
+        return notes.endDvqmPair();
+    case Id::attack:
+        return notes.endDvqm<keys::Attack>();
+    case Id::release:
+        return notes.endDvqm<keys::Release>();
+    case Id::vibrato:
+        return notes.endVibrato();
+    case Id::rate:
+        return notes.endPoint<keys::Rate>(ratePoints);
+    case Id::depth:
+        return notes.endPoint<keys::Depth>(depthPoints);
+    }
+    return false;
+}
+
+// The clip's vendor name, whatever it is, is a vendor tag of a clip whose document has a filter.
+void ClipBuilder::addVendorTag(bool hasFilter)
+{
+    if (hasFilter) {
+        wanted_->properties->filter.addAll(Tag::vendor, {wanted_->properties->vendorName});
+    }
+}
+
+bool ClipBuilder::endPropertyDocument()
+{
+    const Members members = trail_.top().members();
+    hasProperties_ = taker_.take<PropertyDocument>(members, *wanted_->properties);
+    addVendorTag(members.hasObject(place<PropertyDocument>("filter")));
+    return hasProperties_;
+}
+
+bool ClipBuilder::endDataDocument()
+{
+    const Members members = trail_.top().members();
+    partType_ = partTypeOf(members);
+    if (wanted_->properties != nullptr) {
+        hasProperties_ = taker_.take<DataDocument>(members, *wanted_->properties);
+        addVendorTag(members.hasObject(place<DataDocument>("filter")));
+    }
+    return true;
+}
+
+} // namespace Korvel::CANTORIS::PLX::format

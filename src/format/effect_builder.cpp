@@ -1,0 +1,116 @@
+#include "format/effect_builder.h"
+
+#include <algorithm>
+#include <array>
+
+namespace Korvel::CANTORIS::PLX::format {
+
+namespace {
+
+using keys::place;
+
+// How many units all names begin with.
+std::size_t commonBeginning(const OwnedList<EffectParameterImpl>& parameters)
+{
+    const StringView first = parameters.empty() ? StringView() : parameters[0].nameText();
+    std::size_t length = first.size();
+    for (const EffectParameterImpl* const parameter : parameters) {
+        const StringView name = parameter->nameText();
+        length = std::min(length, name.size());
+        const auto end = first.begin() + static_cast<std::ptrdiff_t>(length);
+        length = static_cast<std::size_t>(std::mismatch(first.begin(), end, name.begin()).first -
+                                          first.begin());
+    }
+    return length;
+}
+
+// A name among names that begin alike. The eight units in which they may differ first are compared
+// without going to where the names lie.
+class NameKey {
+public:
+    NameKey(const String& name, std::size_t commonLength) : name_(&name)
+    {
+        const StringView rest = StringView(name).substr(commonLength, leading_.size());
+        std::copy(rest.begin(), rest.end(), leading_.begin());
+    }
+
+    bool operator<(const NameKey& other) const
+    {
+        return leading_ == other.leading_ ? *name_ < *other.name_ : leading_ < other.leading_;
+    }
+
+private:
+    std::array<Char, 8> leading_{};
+    const String* name_;
+};
+
+void sortByName(OwnedList<EffectParameterImpl>& parameters)
+{
+    parameters.stableSortBy(
+        [length = commonBeginning(parameters)](const EffectParameterImpl& parameter) {
+            return NameKey(parameter.nameText(), length);
+        });
+}
+
+// Beyond the range of a float the value is clamped: upwards to the largest one, but downwards to the
+// smallest positive one. Clips in circulation were read so, and are read so again.
+float clamped(double value)
+{
+    if (value > largestFloat) {
+        return static_cast<float>(largestFloat);
+    }
+    return value < -largestFloat ? unsetFloat : static_cast<float>(value);
+}
+
+// The value is an integer, a real or a text.
+void putValue(const Value& value, bool keepsIntegers, EffectParameterImpl& parameter, Taker& taker)
+{
+    if (value.kind == Value::Kind::text) {
+        parameter.assignString(taker.convert(*value.asUtf8()));
+    } else if (value.kind == Value::Kind::real) {
+        parameter.assignFloat(clamped(value.number.real));
+    } else if (keepsIntegers) {
+        parameter.assignInt32(value.number.integer);
+    } else {
+        parameter.assignFloat(static_cast<float>(value.number.integer));
+    }
+}
+
+} // namespace
+
+template <class Of, class EffectImpl>
+bool EffectBuilder<Of, EffectImpl>::endParameter()
+{
+    using Parameter = keys::Parameter<Of::id>;
+    const Members members = trail_.top().members();
+    auto parameter = std::make_unique<EffectParameterImpl>(*effect_, StringView());
+    if (!taker_.take<Parameter>(members, *parameter)) {
+        return false;
+    }
+    const bool keepsIntegers =
+        Of::id == keys::Id::midiEffect ||
+        members[place<Parameter>("name")]->asWholeUtf8() == keys::bypass;
+    putValue(*members[place<Parameter>("value")], keepsIntegers, *parameter, taker_);
+    effect_->parameters().append(std::move(parameter));
+    return true;
+}
+
+template <class Of, class EffectImpl>
+bool EffectBuilder<Of, EffectImpl>::end(EffectList<EffectImpl>& effects)
+{
+    if (!taker_.take<Of>(trail_.top().members(), *effect_)) {
+        return false;
+    }
+    if (effects.withId(effect_->idText()) != nullptr) {
+        trail_.lostObject(LossReason::duplicate);
+        return false;
+    }
+    sortByName(effect_->parameters());
+    effects.append(std::move(effect_));
+    return true;
+}
+
+template class EffectBuilder<keys::AudioEffectTable, AudioEffectImpl>;
+template class EffectBuilder<keys::MidiEffectTable, MidiEffectImpl>;
+
+} // namespace Korvel::CANTORIS::PLX::format

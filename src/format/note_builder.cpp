@@ -1,0 +1,165 @@
+#include "format/note_builder.h"
+
+namespace Korvel::CANTORIS::PLX::format {
+
+namespace {
+
+using keys::NoteTable;
+using keys::place;
+using keys::VibratoTable;
+
+} // namespace
+
+std::unique_ptr<NoteImpl> NoteBuilder::end()
+{
+    const Members members = trail_.top().members();
+    if (!taker_.take<NoteTable>(members, *note_)) {
+        return nullptr;
+    }
+    takeSingingSkill();
+    if (members.hasObject(place<NoteTable>("vibrato"))) {
+        takeVibrato();
+    }
+    return std::move(note_);
+}
+
+bool NoteBuilder::endExpression()
+{
+    return taker_.take<keys::Expression>(trail_.top().members(), *note_);
+}
+
+bool NoteBuilder::endAiExpression()
+{
+    return taker_.take<keys::AiExpressionTable>(trail_.top().members(), *note_);
+}
+
+// --- Singing skill ------------------------------------------------------------------------------------
+
+bool NoteBuilder::endWeight()
+{
+    weight_.keep(trail_.top().members());
+    return true;
+}
+
+bool NoteBuilder::endSingingSkill()
+{
+    singingSkill_.keep(trail_.top().members());
+    return true;
+}
+
+// A Dvqm key of any kind keeps the singing skill from being looked at.
+void NoteBuilder::takeSingingSkill()
+{
+    constexpr std::size_t own = place<NoteTable>("singingSkill");
+    const Members members = trail_.top().members();
+    if (members[own] == nullptr) {
+        return;
+    }
+    if (members[place<NoteTable>("dvqm")] != nullptr) {
+        trail_.lost(LossReason::notLookedAt, members, keys::rows<NoteTable>[own], members[own]);
+        return;
+    }
+    if (!members.hasObject(own)) {
+        return;
+    }
+    SingingSkillImpl& skill = *note_->singingSkill();
+    const Members kept = singingSkill_.members("/singingSkill");
+    taker_.take<keys::SingingSkillTable>(kept, skill);
+    if (kept.hasObject(place<keys::SingingSkillTable>("weight"))) {
+        taker_.take<keys::Weight>(weight_.members("/singingSkill/weight"), skill);
+    }
+}
+
+// --- Dvqm ---------------------------------------------------------------------------------------------
+
+void NoteBuilder::addLevelName(std::string_view utf8)
+{
+    if (levelNameCount_ < levelNames_.size()) {
+        levelNames_[levelNameCount_] = utf8;
+    }
+    ++levelNameCount_;
+}
+
+bool NoteBuilder::hasLevelNames(const Members& members, const keys::Row& row) const
+{
+    const Value* const list = members[place<keys::Attack>("levelNames")];
+    if (list == nullptr || list->kind != Value::Kind::list) {
+        const auto reason = list == nullptr ? LossReason::missing : LossReason::wrongKind;
+        trail_.lost(reason, members, row, list);
+        return false;
+    }
+    const bool isTooFew = levelNameCount_ < row.fewest;
+    if (isTooFew || levelNameCount_ > row.most) {
+        trail_.lost(isTooFew ? LossReason::tooFew : LossReason::tooMany, members, row, list);
+        return false;
+    }
+    return true;
+}
+
+// All of it, or nothing: the names are counted before anything is taken.
+template <class Of>
+bool NoteBuilder::endDvqm()
+{
+    const Members members = trail_.top().members();
+    DvqmImpl& dvqm = *note_->dvqm(Of::id == keys::Id::attack);
+    if (!hasLevelNames(members, keys::rows<Of>[place<Of>("levelNames")]) ||
+        !taker_.take<Of>(members, dvqm)) {
+        return false;
+    }
+    for (std::size_t index = 0; index < levelNameCount_; ++index) {
+        dvqm.appendLevelName(taker_.convert(levelNames_[index]));
+    }
+    return true;
+}
+
+template bool NoteBuilder::endDvqm<keys::Attack>();
+template bool NoteBuilder::endDvqm<keys::Release>();
+
+bool NoteBuilder::endDvqmPair()
+{
+    return taker_.take<keys::DvqmPair>(trail_.top().members(), *note_);
+}
+
+// --- Vibrato ------------------------------------------------------------------------------------------
+
+bool NoteBuilder::endVibrato()
+{
+    vibrato_.keep(trail_.top().members());
+    return true;
+}
+
+// An integer that is refused ends the reading of a vibrato; what came before it stays. A value of
+// another kind does not.
+void NoteBuilder::takeVibrato()
+{
+    const Members members = vibrato_.members("/vibrato");
+    VibratoImpl& vibrato = *note_->vibrato();
+    const auto type = taker_.takeRow<VibratoTable, place<VibratoTable>("type")>(members, vibrato);
+    if (type == Taker::Outcome::notAccepted) {
+        return;
+    }
+    const auto duration =
+        taker_.takeRow<VibratoTable, place<VibratoTable>("duration")>(members, vibrato);
+    if (duration == Taker::Outcome::notAccepted) {
+        return;
+    }
+    takeCurve<place<VibratoTable>("rates")>(members, ratePoints, "/vibrato/rates");
+    takeCurve<place<VibratoTable>("depths")>(members, depthPoints, "/vibrato/depths");
+}
+
+template <std::size_t place>
+void NoteBuilder::takeCurve(const Members& members, std::uint32_t curve, std::string_view path)
+{
+    VibratoImpl& vibrato = *note_->vibrato();
+    taker_.takeRow<VibratoTable, place>(members, vibrato);
+    if (!members.hasList(place)) {
+        return;
+    }
+    const auto accepts = [&vibrato](const CurvePoint& point) {
+        return vibrato.acceptsPosition(point.pos) &&
+               field::vibratoValue.accepts(static_cast<std::uint32_t>(point.value));
+    };
+    vibrato.buildCurve(curve, curves_[curve].keepAccepted(accepts, trail_, path));
+}
+
+} // namespace Korvel::CANTORIS::PLX::format

@@ -1,0 +1,164 @@
+#include "format/part_builder.h"
+
+#include "clip/clip_files.h"
+
+namespace Korvel::CANTORIS::PLX::format {
+
+namespace {
+
+using keys::ControllerTable;
+using keys::place;
+
+} // namespace
+
+void PartBuilder::reset(ClipBase* clip)
+{
+    clip_ = clip;
+    part_.reset();
+}
+
+bool PartBuilder::keepIf(bool isRight)
+{
+    if (!isRight) {
+        part_.reset();
+    }
+    return isRight;
+}
+
+// --- Audio parts --------------------------------------------------------------------------------------
+
+void PartBuilder::beginAudio()
+{
+    auto part = std::make_unique<AudioPartImpl>(clip_);
+    part->setType(part_type::audio);
+    audio_ = part.get();
+    midi_ = nullptr;
+    part_ = std::move(part);
+}
+
+bool PartBuilder::endAudio()
+{
+    return keepIf(taker_.take<keys::AudioPartTable>(trail_.top().members(), waveFileName_));
+}
+
+bool PartBuilder::findWaveFile(const fs::Path& clipDirectory)
+{
+    String path = wavePath(clipDirectory.text, waveFileName_);
+    if (!fs::isPlainFile({path, clipDirectory.givenLength})) {
+        return false;
+    }
+    audio_->assignWavFilePath(std::move(path));
+    return true;
+}
+
+std::unique_ptr<PartBase> PartBuilder::release(std::uint32_t type, const fs::Path& clipDirectory)
+{
+    if (part_ == nullptr || part_->type() != type ||
+        (type == part_type::audio && !findWaveFile(clipDirectory))) {
+        return nullptr;
+    }
+    return std::move(part_);
+}
+
+// --- Parts with notes ---------------------------------------------------------------------------------
+
+void PartBuilder::beginMidi(std::uint32_t type)
+{
+    auto part = std::make_unique<MidiPartImpl>(clip_);
+    part->setType(type);
+    audio_ = nullptr;
+    midi_ = part.get();
+    part_ = std::move(part);
+}
+
+template <class Of>
+bool PartBuilder::endMidi()
+{
+    return keepIf(taker_.take<Of>(trail_.top().members(), *midi_));
+}
+
+template bool PartBuilder::endMidi<keys::MidiAiPartTable>();
+template bool PartBuilder::endMidi<keys::MidiVoicePartTable>();
+
+bool PartBuilder::endVoice()
+{
+    return taker_.take<keys::Voice>(trail_.top().members(), *midi_);
+}
+
+bool PartBuilder::endAiLanguage()
+{
+    return taker_.take<keys::AiLanguage>(trail_.top().members(), *midi_);
+}
+
+bool PartBuilder::endAiVoice()
+{
+    return taker_.take<keys::AiVoice>(trail_.top().members(), *midi_);
+}
+
+bool PartBuilder::endAudioEffect()
+{
+    return audioEffects_.end(audio_ != nullptr ? audio_->audioEffects() : midi_->audioEffects());
+}
+
+bool PartBuilder::endNote()
+{
+    auto note = notes_.end();
+    if (note == nullptr) {
+        return false;
+    }
+    midi_->notes().append(std::move(note));
+    return true;
+}
+
+void PartBuilder::endNotes()
+{
+    midi_->notes().stableSortBy([](const NoteImpl& note) { return note.pos(); });
+}
+
+// --- Controllers --------------------------------------------------------------------------------------
+
+bool PartBuilder::isTaken(std::uint32_t lane) const
+{
+    return laneOfType(midi_->lanes(), lane) != nullptr;
+}
+
+// A name that has come already saves the memory for events that nobody will hear.
+bool PartBuilder::beginEvents()
+{
+    events_.clear();
+    const Value* const name = trail_.top().members()[place<ControllerTable>("name")];
+    if (name == nullptr) {
+        return true;
+    }
+    const auto text = name->asWholeUtf8();
+    const std::uint32_t type = text ? controller::fromName(*text) : controller::unknown;
+    return type != controller::unknown && !isTaken(type);
+}
+
+bool PartBuilder::endController()
+{
+    const Members members = trail_.top().members();
+    std::uint32_t type = controller::unknown;
+    if (!taker_.take<ControllerTable>(members, type)) {
+        return false;
+    }
+    if (isTaken(type)) {
+        trail_.lostObject(LossReason::duplicate);
+        return false;
+    }
+    const auto accepts = [type](const CurvePoint& point) {
+        return controller::type(type).accepts(point.value);
+    };
+    auto& points = events_.keepAccepted(accepts, trail_, "/events");
+    if (points.empty()) {
+        const auto& row = keys::rows<ControllerTable>[place<ControllerTable>("events")];
+        trail_.lost(LossReason::tooFew, members, row, members[place<ControllerTable>("events")]);
+        return false;
+    }
+    auto lane = std::make_unique<MidiControllerImpl>(*midi_, type);
+    lane->buildEvents(points);
+    insertLane(midi_->lanes(), std::move(lane));
+    return true;
+}
+
+} // namespace Korvel::CANTORIS::PLX::format

@@ -1,0 +1,76 @@
+#pragma once
+
+#include <memory>
+
+#include "format/effect_builder.h"
+#include "format/note_builder.h"
+#include "format/point_list.h"
+#include "fs/fs.h"
+#include "model/audio_part_impl.h"
+#include "model/midi_part_impl.h"
+
+namespace Korvel::CANTORIS::PLX::format {
+
+// Makes the part of a data document. Lists are filled as the walk goes through them; what a part lacks
+// shows at its end, and then it is dropped.
+class PartBuilder {
+public:
+    PartBuilder(const Trail& trail, Taker& taker)
+        : trail_(trail), taker_(taker), notes_(trail, taker), audioEffects_(trail, taker),
+          midiEffects_(trail, taker)
+    {
+    }
+
+    // For a new document. The part will belong to the clip.
+    void reset(ClipBase* clip);
+
+    // Each takes the place of the part before.
+    void beginAudio();
+    void beginMidi(std::uint32_t type);
+    bool endAudio();
+    template <class Of>
+    bool endMidi();
+
+    bool endVoice();
+    bool endAiLanguage();
+    bool endAiVoice();
+
+    NoteBuilder& notes() { return notes_; }
+    void beginNote() { notes_.begin(*midi_); }
+    bool endNote();
+    void endNotes();
+
+    void beginAudioEffect() { audioEffects_.begin(*part_); }
+    void beginMidiEffect() { midiEffects_.begin(*part_); }
+    bool endAudioEffect();
+    bool endMidiEffect() { return midiEffects_.end(midi_->midiEffects()); }
+    bool endAudioParameter() { return audioEffects_.endParameter(); }
+    bool endMidiParameter() { return midiEffects_.endParameter(); }
+
+    // Whether the events of the innermost object can come to anything.
+    bool beginEvents();
+    bool endEvent() { return events_.append<keys::Event>(trail_, taker_); }
+    bool endController();
+
+    // The part, if it was the last one that was met and its wave file is there.
+    std::unique_ptr<PartBase> release(std::uint32_t type, const fs::Path& clipDirectory);
+
+private:
+    bool keepIf(bool isRight);
+    bool isTaken(std::uint32_t lane) const;
+    bool findWaveFile(const fs::Path& clipDirectory);
+
+    const Trail& trail_;
+    Taker& taker_;
+    NoteBuilder notes_;
+    AudioEffectBuilder audioEffects_;
+    MidiEffectBuilder midiEffects_;
+    PointList events_;
+    ClipBase* clip_ = nullptr;
+    std::unique_ptr<PartBase> part_;
+    AudioPartImpl* audio_ = nullptr; // the part, as what it is
+    MidiPartImpl* midi_ = nullptr;
+    String waveFileName_;
+};
+
+} // namespace Korvel::CANTORIS::PLX::format

@@ -1,0 +1,265 @@
+// What a row of the table of keys is made of.
+//
+// A row says what a key of an object stands for: facts that anyone can go through, and, where the value
+// fills or shows a field of the model, how the reader puts it and the writer gets it.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+#include <span>
+#include <string_view>
+#include <tuple>
+
+#include "model/fields.h"
+
+namespace Korvel::CANTORIS::PLX::format::keys {
+
+// --- The facts ----------------------------------------------------------------------------------------
+
+enum class Kind : std::uint8_t {
+    integer,
+    real,
+    flag,
+    text,
+    word, // a text of a fixed set, compared whole
+    value, // an integer, a real or a text
+    object,
+    integers, // lists
+    texts,
+    objects,
+};
+
+// Where a required value is missing, of another kind or not accepted, its object is not taken. In place
+// of an optional one stays what the object has from the beginning.
+enum class Need : bool { optional, required };
+
+enum class Written : bool { always, unlessEmpty };
+
+// What a text must be. Every text ends at its first NUL, except a word and a file name: no file has a
+// NUL in its name.
+enum class TextRule : std::uint8_t {
+    any,
+    notEmpty,
+    voiceBank, // of as many UTF-16 units as an identifier of a voice bank has
+    voiceBankOrEmpty,
+    fileName,
+    partType,
+    controllerName,
+};
+
+// What a number must be; the initial value is the one that an object has from the beginning.
+struct Range {
+    double initial = 0;
+    double minimum = std::numeric_limits<std::int32_t>::min();
+    double maximum = std::numeric_limits<std::int32_t>::max();
+    bool takesZero = false; // beside the range
+};
+
+template <class Value>
+constexpr Range rangeOf(const Field<Value>& field)
+{
+    return {static_cast<double>(field.initial), static_cast<double>(field.minimum),
+            static_cast<double>(field.maximum)};
+}
+
+inline constexpr std::size_t anyNumber = std::numeric_limits<std::size_t>::max();
+
+struct Shape;
+
+struct Row {
+    std::string_view key;
+    Kind kind;
+    Need need = Need::optional;
+    Written written = Written::always;
+    Range range = {};
+    TextRule rule = TextRule::any;
+    std::size_t fewest = 0; // elements of a list
+    std::size_t most = anyNumber;
+    const Shape* inner = nullptr; // of an object, and of the objects in a list
+};
+
+// An object of a document: its rows, in the order in which they are written and taken.
+struct Shape {
+    enum class Id : std::uint8_t {
+        propertyDocument,
+        partHeader,
+        filter,
+        dataDocument,
+        audioPart,
+        midiAiPart,
+        midiPart,
+        voice,
+        aiVoice,
+        aiLanguage,
+        audioEffect,
+        midiEffect,
+        audioParameter,
+        midiParameter,
+        controller,
+        event,
+        note,
+        expression,
+        aiExpression,
+        singingSkill,
+        weight,
+        dvqmPair,
+        attack,
+        release,
+        vibrato,
+        rate,
+        depth,
+    };
+
+    Id id;
+    std::span<const Row> rows;
+};
+
+// --- The rows with what they fill ---------------------------------------------------------------------
+//
+// `get` is called with the source of the values, `put` with the object to be filled and the value; put
+// may return whether the value was accepted.
+
+template <Kind ofKind, class Get, class Put>
+struct Entry {
+    static constexpr Kind kind = ofKind;
+
+    Row row;
+    Get get;
+    Put put;
+};
+
+struct NotWritten {};
+
+template <class Number, class Get, class Put>
+constexpr Entry<Kind::integer, Get, Put> integer(std::string_view key, const Field<Number>& field,
+                                                 Get get, Put put, Need need = Need::optional)
+{
+    return {{.key = key, .kind = Kind::integer, .need = need, .range = rangeOf(field)}, get, put};
+}
+
+template <class Get, class Put>
+constexpr Entry<Kind::real, Get, Put> real(std::string_view key, const FloatField& field, Get get,
+                                           Put put)
+{
+    return {{.key = key, .kind = Kind::real, .range = rangeOf(field)}, get, put};
+}
+
+template <class Get, class Put>
+constexpr Entry<Kind::flag, Get, Put> flag(std::string_view key, Get get, Put put)
+{
+    return {{.key = key, .kind = Kind::flag, .range = {.minimum = 0, .maximum = 1}}, get, put};
+}
+
+template <class Get, class Put>
+constexpr Entry<Kind::text, Get, Put> optionalText(std::string_view key, Get get, Put put)
+{
+    return {{.key = key, .kind = Kind::text, .written = Written::unlessEmpty}, get, put};
+}
+
+template <class Get, class Put>
+constexpr Entry<Kind::text, Get, Put> requiredText(std::string_view key, TextRule rule, Get get,
+                                                   Put put)
+{
+    return {{.key = key, .kind = Kind::text, .need = Need::required, .rule = rule}, get, put};
+}
+
+template <class Get, class Put>
+constexpr Entry<Kind::word, Get, Put> word(std::string_view key, TextRule rule, Get get, Put put)
+{
+    return {{.key = key, .kind = Kind::word, .need = Need::required, .rule = rule}, get, put};
+}
+
+// A list of texts. `what` tells the list from others; count and at are called with the source.
+template <class Count, class At, class What>
+struct Texts {
+    static constexpr Kind kind = Kind::texts;
+
+    Row row;
+    Count count;
+    At at;
+    What what;
+};
+
+template <class Count, class At>
+struct Integers {
+    static constexpr Kind kind = Kind::integers;
+
+    Row row;
+    Count count;
+    At at;
+};
+
+// An object, or a list of objects, whose rows are those of `Inner`.
+template <class Inner>
+struct Object {
+    static constexpr Kind kind = Kind::object;
+
+    Row row;
+};
+
+template <class Inner>
+struct Objects {
+    static constexpr Kind kind = Kind::objects;
+
+    Row row;
+};
+
+// --- Tables -------------------------------------------------------------------------------------------
+//
+// An object of a document is a type with its identity, `id`, and a tuple of rows, `entries`.
+
+template <class Of>
+inline constexpr auto rows = std::apply(
+    [](const auto&... entry) { return std::array<Row, sizeof...(entry)>{entry.row...}; }, Of::entries);
+
+template <class Of>
+inline constexpr Shape shape{Of::id, rows<Of>};
+
+template <class Inner>
+constexpr Object<Inner> object(std::string_view key, Need need = Need::optional)
+{
+    return {{.key = key, .kind = Kind::object, .need = need, .inner = &shape<Inner>}};
+}
+
+template <class Inner>
+constexpr Objects<Inner> objects(std::string_view key, Need need = Need::optional)
+{
+    return {{.key = key, .kind = Kind::objects, .need = need, .inner = &shape<Inner>}};
+}
+
+// The place of a key among the rows. A key that is not there does not compile.
+template <class Of>
+consteval std::size_t place(std::string_view key)
+{
+    std::size_t found = 0;
+    while (rows<Of>.at(found).key != key) {
+        ++found;
+    }
+    return found;
+}
+
+// How many objects and lists lie in each other at most, and how many rows an object has at most.
+constexpr std::size_t depthOf(const Shape& outer)
+{
+    std::size_t deepest = 0;
+    for (const Row& row : outer.rows) {
+        const bool isList = row.kind >= Kind::integers;
+        const std::size_t depth = (isList ? 1U : 0U) + (row.inner == nullptr ? 0 : depthOf(*row.inner));
+        deepest = depth > deepest ? depth : deepest;
+    }
+    return deepest + 1;
+}
+
+constexpr std::size_t widthOf(const Shape& outer)
+{
+    std::size_t widest = outer.rows.size();
+    for (const Row& row : outer.rows) {
+        const std::size_t width = row.inner == nullptr ? 0 : widthOf(*row.inner);
+        widest = width > widest ? width : widest;
+    }
+    return widest;
+}
+
+} // namespace Korvel::CANTORIS::PLX::format::keys

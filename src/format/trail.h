@@ -1,0 +1,138 @@
+// Where a walk through a document is: the objects and lists that are open, and what was met in them.
+#pragma once
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "format/keys.h"
+#include "format/losses.h"
+#include "format/values.h"
+
+namespace Korvel::CANTORIS::PLX::format {
+
+inline constexpr std::size_t mostRows =
+    std::max(keys::widthOf(keys::shape<keys::PropertyDocument>),
+             keys::widthOf(keys::shape<keys::DataDocument>));
+inline constexpr std::size_t mostLevels =
+    std::max(keys::depthOf(keys::shape<keys::PropertyDocument>),
+             keys::depthOf(keys::shape<keys::DataDocument>));
+inline constexpr std::size_t noRow = mostRows;
+static_assert(mostRows < 32);
+
+// The values of an object, by the places of their rows.
+struct Members {
+    // Null when the object has no such key.
+    const Value* operator[](std::size_t place) const
+    {
+        return (present >> place & 1U) != 0 ? values + place : nullptr;
+    }
+
+    // Whether the object has the key, with an object or a list that was taken.
+    bool hasObject(std::size_t place) const { return hasKind(place, Value::Kind::object); }
+    bool hasList(std::size_t place) const { return hasKind(place, Value::Kind::list); }
+
+    std::uint32_t present;
+    const Value* values;
+    std::string_view below = {}; // the path from the innermost open object to this one
+
+private:
+    bool hasKind(std::size_t place, Value::Kind kind) const
+    {
+        const Value* const value = (*this)[place];
+        return value != nullptr && value->kind == kind;
+    }
+};
+
+// The members of an object that has ended, for as long as they are waited with.
+template <class Of>
+class Kept {
+public:
+    void keep(const Members& members)
+    {
+        present_ = members.present;
+        std::copy_n(members.values, values_.size(), values_.begin());
+    }
+
+    Members members(std::string_view below) const { return {present_, values_.data(), below}; }
+
+private:
+    std::uint32_t present_ = 0;
+    std::array<Value, keys::rows<Of>.size()> values_;
+};
+
+// An object or a list that is open.
+struct Level {
+    Members members() const { return {present, values.data()}; }
+
+    const keys::Shape* shape; // of the object, or of the objects in the list; null for another list
+    const keys::Row* list;    // null for an object
+    const char* at;           // where it begins
+    std::uint64_t count;      // of the list: the elements that came before
+    std::uint32_t present;    // a bit for each row that was met
+    std::uint32_t row;        // whose value comes next, or noRow
+    std::uint32_t next;       // the row that the next key is held against first
+    std::array<Value, mostRows> values;
+};
+
+class Trail {
+public:
+    void begin(const char* text, Listener* listener)
+    {
+        text_ = text;
+        listener_ = listener;
+        depth_ = 0;
+    }
+
+    std::size_t depth() const { return depth_; }
+    Level& top() { return levels_[depth_ - 1]; }
+    const Level& top() const { return levels_[depth_ - 1]; }
+    const Level& outer() const { return levels_[depth_ - 2]; }
+
+    void enterObject(const keys::Shape& shape, const char* at) { enter(&shape, nullptr, at); }
+    void enterList(const keys::Row& row, const char* at) { enter(row.inner, &row, at); }
+    void leave() { --depth_; }
+
+    // What follows costs nothing but a question where nobody listens.
+
+    bool isHeard() const { return listener_ != nullptr; }
+    // Of a row of the innermost object, or of one below it. `value` is null when it is missing.
+    void lost(LossReason reason, const Members& members, const keys::Row& row,
+              const Value* value) const;
+    // Of a key of the innermost object.
+    void lostKey(LossReason reason, std::string_view key, const char* at) const;
+    // Of an element of the innermost list.
+    void lostElement(LossReason reason, std::uint64_t index, const char* at) const;
+    // Of an element of a list in the innermost object, which ended before.
+    void lostBelow(LossReason reason, std::string_view below, std::uint64_t index,
+                   const char* at) const;
+    // Of the innermost object.
+    void lostObject(LossReason reason) const;
+
+private:
+    void enter(const keys::Shape* shape, const keys::Row* list, const char* at)
+    {
+        Level& level = levels_[depth_++];
+        level.shape = shape;
+        level.list = list;
+        level.at = at;
+        level.count = 0;
+        level.present = 0;
+        level.row = noRow;
+        level.next = 0;
+    }
+
+    std::string path() const;
+    void tell(LossReason reason, std::string&& path, const char* at, const keys::Row* row,
+              std::string_view key) const;
+
+    const char* text_ = nullptr;
+    Listener* listener_ = nullptr;
+    std::size_t depth_ = 0;
+    std::array<Level, mostLevels> levels_;
+};
+
+} // namespace Korvel::CANTORIS::PLX::format

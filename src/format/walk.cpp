@@ -1,0 +1,266 @@
+#include "format/walk.h"
+
+#include <bit>
+#include <cstring>
+
+namespace Korvel::CANTORIS::PLX::format {
+
+namespace {
+
+// The place of a key among the rows: most documents have their keys in the order of the table.
+std::size_t find(std::span<const keys::Row> rows, std::string_view key, std::size_t first)
+{
+    for (std::size_t place = first; place < rows.size(); ++place) {
+        if (rows[place].key == key) {
+            return place;
+        }
+    }
+    for (std::size_t place = 0; place < first; ++place) {
+        if (rows[place].key == key) {
+            return place;
+        }
+    }
+    return noRow;
+}
+
+Value valueAt(const char* at, Value::Kind kind)
+{
+    Value value;
+    value.at = at;
+    value.kind = kind;
+    return value;
+}
+
+} // namespace
+
+// --- Scalars ------------------------------------------------------------------------------------------
+
+bool Walk::Null()
+{
+    return scalar(valueAt(text_.src_ - std::strlen("null"), Value::Kind::null));
+}
+
+bool Walk::Bool(bool flag)
+{
+    const std::size_t length = std::strlen(flag ? "true" : "false");
+    Value value = valueAt(text_.src_ - length, Value::Kind::flag);
+    value.number.integer = flag ? 1 : 0;
+    return scalar(value);
+}
+
+bool Walk::String(const char* utf8, json::SizeType length, bool)
+{
+    Value value = valueAt(utf8 - 1, Value::Kind::text);
+    value.number.length = length;
+    return scalar(value);
+}
+
+// A number becomes one only if it is asked for.
+bool Walk::number(const Number& number)
+{
+    Value value = valueAt(text_.src_, Value::Kind::wideInteger);
+    if (number.kind == Number::Kind::integer) {
+        value.kind = Value::Kind::integer;
+        value.number.integer = number.integer;
+    } else if (number.kind == Number::Kind::real) {
+        value.kind = Value::Kind::real;
+        value.number.real = isAskedFor() ? number.toDouble() : 0;
+    }
+    return scalar(value);
+}
+
+bool Walk::scalar(const Value& value)
+{
+    if (passedOver_ != 0) {
+        return true;
+    }
+    if (trail_.depth() == 0) {
+        return false; // a document is an object
+    }
+    Level& level = trail_.top();
+    if (level.list == nullptr) {
+        if (level.row != noRow) {
+            level.values[level.row] = value;
+        }
+        return true;
+    }
+    if (level.shape == nullptr) {
+        builder_.element(value);
+    } else {
+        trail_.lostElement(LossReason::wrongKind, level.count, value.at);
+    }
+    ++level.count;
+    return true;
+}
+
+// --- Objects ------------------------------------------------------------------------------------------
+
+// Of repeated keys the first one counts.
+bool Walk::Key(const char* utf8, json::SizeType length, bool)
+{
+    if (passedOver_ != 0) {
+        return true;
+    }
+    Level& level = trail_.top();
+    const std::string_view key(utf8, length);
+    const std::size_t place = find(level.shape->rows, key, level.next);
+    level.row = noRow;
+    if (place == noRow) {
+        trail_.lostKey(LossReason::unknownKey, key, utf8 - 1);
+        return true;
+    }
+    level.next = static_cast<std::uint32_t>(place + 1);
+    const std::uint32_t bit = 1U << place;
+    if ((level.present & bit) != 0) {
+        trail_.lostKey(LossReason::repeatedKey, key, utf8 - 1);
+        return true;
+    }
+    level.present |= bit;
+    level.row = static_cast<std::uint32_t>(place);
+    return true;
+}
+
+bool Walk::StartObject()
+{
+    if (passedOver_ != 0) {
+        ++passedOver_;
+        return true;
+    }
+    if (trail_.depth() == 0) {
+        trail_.enterObject(document_, text_.src_);
+        return true;
+    }
+    Level& level = trail_.top();
+    const keys::Shape* inner = level.list == nullptr ? nullptr : level.shape;
+    if (level.list == nullptr && level.row != noRow) {
+        const keys::Row& row = level.shape->rows[level.row];
+        level.values[level.row] = valueAt(text_.src_, Value::Kind::object);
+        inner = row.kind == keys::Kind::object ? row.inner : nullptr;
+    }
+    if (inner != nullptr && builder_.beginObject(*inner)) {
+        trail_.enterObject(*inner, text_.src_);
+    } else {
+        passOver();
+    }
+    return true;
+}
+
+bool Walk::EndObject(json::SizeType)
+{
+    if (passedOver_ != 0) {
+        --passedOver_;
+        elementEnded();
+        return true;
+    }
+    const bool isTaken = builder_.endObject();
+    if (!isTaken) {
+        trail_.lostObject(LossReason::object);
+    }
+    trail_.leave();
+    if (trail_.depth() == 0) {
+        return true;
+    }
+    Level& outer = trail_.top();
+    if (outer.list == nullptr && !isTaken) {
+        outer.values[outer.row].kind = Value::Kind::refused;
+    }
+    elementEnded();
+    return true;
+}
+
+// --- Lists --------------------------------------------------------------------------------------------
+
+bool Walk::StartArray()
+{
+    if (passedOver_ != 0) {
+        ++passedOver_;
+        return true;
+    }
+    if (trail_.depth() == 0) {
+        return false;
+    }
+    Level& level = trail_.top();
+    if (level.list == nullptr && level.row != noRow) {
+        const keys::Row& row = level.shape->rows[level.row];
+        level.values[level.row] = valueAt(text_.src_, Value::Kind::list);
+        if (row.kind >= keys::Kind::integers && builder_.beginList(row)) {
+            trail_.enterList(row, text_.src_);
+            return true;
+        }
+    }
+    passOver();
+    return true;
+}
+
+bool Walk::EndArray(json::SizeType)
+{
+    if (passedOver_ != 0) {
+        --passedOver_;
+        elementEnded();
+        return true;
+    }
+    builder_.endList();
+    trail_.leave();
+    return true;
+}
+
+// From the object or list that begins.
+void Walk::passOver()
+{
+    const Level& level = trail_.top();
+    if (level.list != nullptr) {
+        trail_.lostElement(LossReason::wrongKind, level.count, text_.src_);
+    }
+    passedOver_ = 1;
+}
+
+void Walk::elementEnded()
+{
+    if (passedOver_ == 0 && trail_.top().list != nullptr) {
+        ++trail_.top().count;
+    }
+}
+
+} // namespace Korvel::CANTORIS::PLX::format
+
+// --- What this library does instead of RapidJSON ------------------------------------------------------
+
+namespace Korvel::CANTORIS::PLX::format::json {
+
+template <>
+template <>
+// NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name): named for what they are here
+void GenericReader<CheckedUtf8, CheckedUtf8, ThrowingAllocator>::ParseNumber<parseFlags>(Text& text, Walk& walk)
+{
+    const Number number = readNumber(text.src_);
+    if (number.kind == Number::Kind::none) {
+        SetParseError(kParseErrorValueInvalid, text.Tell());
+        return;
+    }
+    if (!walk.number(number)) {
+        SetParseError(kParseErrorTermination, text.Tell());
+        return;
+    }
+    text.src_ += number.end - text.src_;
+}
+
+} // namespace Korvel::CANTORIS::PLX::format::json
+
+namespace Korvel::CANTORIS::PLX::format {
+
+bool parse(char* text, std::size_t size, const Wanted& wanted, Trail& trail, ClipBuilder& builder)
+{
+    ThrowingAllocator memory;
+    json::GenericReader<CheckedUtf8, CheckedUtf8, ThrowingAllocator> reader(&memory);
+    Text stream(text);
+    Walk walk(wanted.document, trail, builder, stream);
+    try {
+        reader.Parse<parseFlags>(stream, walk);
+    } catch (const DocumentDefect&) {
+        return false;
+    }
+    // RapidJSON takes a NUL for the end of the text: whatever stands behind it was not looked at.
+    return !reader.HasParseError() && stream.Tell() == size;
+}
+
+} // namespace Korvel::CANTORIS::PLX::format
