@@ -19,10 +19,7 @@ struct Wanted {
 // that the table of keys knows whether to go into it, and says when it has ended.
 class ClipBuilder {
 public:
-    explicit ClipBuilder(Trail& trail)
-        : trail_(trail), taker_(trail), part_(trail, taker_)
-    {
-    }
+    explicit ClipBuilder(Trail& trail) : trail_(trail), taker_(trail), part_(trail, taker_) {}
 
     void begin(const Wanted& wanted);
 

@@ -87,9 +87,8 @@ bool EffectBuilder<Of, EffectImpl>::endParameter()
     if (!taker_.take<Parameter>(members, *parameter)) {
         return false;
     }
-    const bool keepsIntegers =
-        Of::id == keys::Id::midiEffect ||
-        members[place<Parameter>("name")]->asWholeUtf8() == keys::bypass;
+    const bool keepsIntegers = Of::id == keys::Id::midiEffect ||
+                               members[place<Parameter>("name")]->asWholeUtf8() == keys::bypass;
     putValue(*members[place<Parameter>("value")], keepsIntegers, *parameter, taker_);
     effect_->parameters().append(std::move(parameter));
     return true;

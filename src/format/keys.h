@@ -6,6 +6,8 @@
 #include "clip/clip_properties.h"
 #include "clip/filter.h"
 #include "format/rows.h"
+#include "fs/fs.h"
+#include "model/audio_part_impl.h"
 #include "model/codes.h"
 #include "model/midi_part_impl.h"
 
@@ -64,10 +66,17 @@ constexpr auto tempo(std::string_view key)
 
 } // namespace header
 
+// The header of an audio part has the type alone.
+struct AudioHeader {
+    static constexpr std::tuple entries{
+        word("type", TextRule::partType, header::type, header::putType),
+    };
+};
+
 struct PartHeader {
     static constexpr Id id = Id::partHeader;
     static constexpr std::tuple entries{
-        word("type", TextRule::partType, header::type, header::putType),
+        std::get<0>(AudioHeader::entries),
         integer("key", field::partKey, &ClipBase::partKey, header::putKey),
         header::tempo("tempo"),
     };
@@ -77,7 +86,10 @@ struct PartHeader {
 template <class Count, class At>
 constexpr Texts<Count, At, Tag> tags(std::string_view key, Tag tag, Count count, At at)
 {
-    return {{.key = key, .kind = Kind::texts, .written = Written::unlessEmpty, .rule = TextRule::notEmpty},
+    return {{.key = key,
+             .kind = Kind::texts,
+             .written = Written::unlessEmpty,
+             .rule = TextRule::notEmpty},
             count,
             at,
             tag};
@@ -123,21 +135,13 @@ struct PropertyDocument {
 
 // --- Effects ------------------------------------------------------------------------------------------
 
-// What it takes depends on the effect and on the name, which may come later.
-struct ParameterValue {
-    static constexpr Kind kind = Kind::value;
-
-    Row row;
-};
-
 template <Id ofEffect>
 struct Parameter {
-    static constexpr Id id =
-        ofEffect == Id::audioEffect ? Id::audioParameter : Id::midiParameter;
+    static constexpr Id id = ofEffect == Id::audioEffect ? Id::audioParameter : Id::midiParameter;
     static constexpr std::tuple entries{
         requiredText("name", TextRule::notEmpty, &EffectParameterBase::name,
                      &EffectParameterBaseImpl::assignName),
-        ParameterValue{{.key = "value", .kind = Kind::value, .need = required}},
+        parameterValue("value", required),
     };
 };
 
@@ -158,9 +162,8 @@ using MidiEffectTable = EffectTable<Id::midiEffect>;
 // --- Curves -------------------------------------------------------------------------------------------
 
 // A point of a curve. Where it may stand and what it may be depends on its curve.
-inline constexpr Field<std::int32_t> anyPosition{.initial = 0,
-                                                 .minimum = std::numeric_limits<std::int32_t>::min(),
-                                                 .maximum = lastPosition};
+inline constexpr Field<std::int32_t> anyPosition{
+    .initial = 0, .minimum = std::numeric_limits<std::int32_t>::min(), .maximum = lastPosition};
 
 template <Id ofCurve>
 struct Point {
@@ -267,14 +270,11 @@ struct SingingSkillTable {
 template <class Count, class At>
 constexpr Texts<Count, At, std::tuple<>> levelNames(std::string_view key, Count count, At at)
 {
-    return {{.key = key,
-             .kind = Kind::texts,
-             .need = required,
-             .fewest = 1,
-             .most = maxReadLevelNames},
-            count,
-            at,
-            {}};
+    return {
+        {.key = key, .kind = Kind::texts, .need = required, .fewest = 1, .most = maxReadLevelNames},
+        count,
+        at,
+        {}};
 }
 
 template <Id ofEnd>
@@ -312,8 +312,8 @@ struct NoteTable {
     static constexpr Id id = Id::note;
     static constexpr std::tuple entries{
         integer("pos", field::notePosition, &NoteBase::pos, &NoteBaseImpl::assignPos, required),
-        integer("duration", field::noteDuration, &NoteBase::duration,
-                &NoteBaseImpl::assignDuration, required),
+        integer("duration", field::noteDuration, &NoteBase::duration, &NoteBaseImpl::assignDuration,
+                required),
         requiredText("lyric", TextRule::notEmpty, &NoteBase::lyric, &NoteBaseImpl::assignLyric),
         requiredText("phoneme", TextRule::notEmpty, &NoteBase::phoneme,
                      &NoteBaseImpl::assignPhoneme),
@@ -347,8 +347,8 @@ inline constexpr auto itself = [](std::uint32_t value) { return value; };
 
 struct AiLanguage {
     static constexpr Id id = Id::aiLanguage;
-    static constexpr std::tuple entries{integer("langID", field::language, itself,
-                                                &MidiPartBaseImpl::appendAiLangID, required)};
+    static constexpr std::tuple entries{
+        integer("langID", field::language, itself, &MidiPartBaseImpl::appendAiLangID, required)};
 };
 
 struct AiVoice {
@@ -387,13 +387,16 @@ struct MidiPartTable {
 using MidiAiPartTable = MidiPartTable<part_type::midiAi>;
 using MidiVoicePartTable = MidiPartTable<part_type::midi>;
 
+inline constexpr auto waveFileName = [](const AudioPartBase& part) {
+    return fs::fileName(part.wavFilePath());
+};
 inline constexpr auto putFileName = [](String& name, StringView text) { name = text; };
 
 struct AudioPartTable {
     static constexpr Id id = Id::audioPart;
     static constexpr std::uint32_t type = part_type::audio;
     static constexpr std::tuple entries{
-        requiredText("wavFileName", TextRule::fileName, &AudioPartBase::wavFilePath, putFileName),
+        requiredText("wavFileName", TextRule::fileName, waveFileName, putFileName),
         objects<AudioEffectTable>("audioEffects"),
     };
 };

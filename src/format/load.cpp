@@ -62,8 +62,7 @@ bool Loader::takeProperties(std::string& bytes, ClipProperties& properties)
 bool Loader::loadClip(const fs::Path& path, ClipBase* clip, LoadedClip& loaded)
 {
     std::string* const bytes = source_->readData(path);
-    return bytes != nullptr &&
-           source_->reader().readClip(*bytes, fs::folderOf(path), clip, loaded);
+    return bytes != nullptr && source_->reader().readClip(*bytes, fs::folderOf(path), clip, loaded);
 }
 
 std::unique_ptr<PartBase> Loader::loadPart(const fs::Path& path, ClipBase* clip)

@@ -25,11 +25,13 @@ enum class LossReason : std::uint8_t {
 
 struct Loss {
     LossReason reason;
-    std::string path;        // a JSON pointer
-    std::size_t place;       // in the document's text as UTF-8 without a mark; see placeInFile()
-    const keys::Shape* shape; // of the object that the value belongs to, or of the object that is lost
-    const keys::Row* row;    // of the value; null for an element of a list and for an unknown key
-    std::string_view key;    // that the loss is about, as the document has it; of `missing`, as the table has it
+    std::string path;  // a JSON pointer
+    std::size_t place; // in the document's text as UTF-8 without a mark; see placeInFile()
+    const keys::Shape*
+        shape;            // of the object that the value belongs to, or of the object that is lost
+    const keys::Row* row; // of the value; null for an element of a list and for an unknown key
+    std::string_view
+        key; // that the loss is about, as the document has it; of `missing`, as the table has it
 };
 
 class Listener {

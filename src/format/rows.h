@@ -23,7 +23,7 @@ enum class Kind : std::uint8_t {
     real,
     flag,
     text,
-    word, // a text of a fixed set, compared whole
+    word,  // a text of a fixed set, compared whole
     value, // an integer, a real or a text
     object,
     integers, // lists
@@ -171,6 +171,19 @@ constexpr Entry<Kind::word, Get, Put> word(std::string_view key, TextRule rule, 
     return {{.key = key, .kind = Kind::word, .need = Need::required, .rule = rule}, get, put};
 }
 
+// The value of an effect's parameter. What it takes depends on the effect and on the name, which may
+// come later.
+struct ParameterValue {
+    static constexpr Kind kind = Kind::value;
+
+    Row row;
+};
+
+constexpr ParameterValue parameterValue(std::string_view key, Need need)
+{
+    return {{.key = key, .kind = Kind::value, .need = need}};
+}
+
 // A list of texts. `what` tells the list from others; count and at are called with the source.
 template <class Count, class At, class What>
 struct Texts {
@@ -211,8 +224,9 @@ struct Objects {
 // An object of a document is a type with its identity, `id`, and a tuple of rows, `entries`.
 
 template <class Of>
-inline constexpr auto rows = std::apply(
-    [](const auto&... entry) { return std::array<Row, sizeof...(entry)>{entry.row...}; }, Of::entries);
+inline constexpr auto rows =
+    std::apply([](const auto&... entry) { return std::array<Row, sizeof...(entry)>{entry.row...}; },
+               Of::entries);
 
 template <class Of>
 inline constexpr Shape shape{Of::id, rows<Of>};
@@ -246,7 +260,8 @@ constexpr std::size_t depthOf(const Shape& outer)
     std::size_t deepest = 0;
     for (const Row& row : outer.rows) {
         const bool isList = row.kind >= Kind::integers;
-        const std::size_t depth = (isList ? 1U : 0U) + (row.inner == nullptr ? 0 : depthOf(*row.inner));
+        const std::size_t depth =
+            (isList ? 1U : 0U) + (row.inner == nullptr ? 0 : depthOf(*row.inner));
         deepest = depth > deepest ? depth : deepest;
     }
     return deepest + 1;

@@ -4,6 +4,7 @@
 #include "format/clip_writer.h"
 #include "format/limits.h"
 #include "format/load.h"
+#include "format/part_writer.h"
 #include "format/rewrite.h"
 
 namespace Korvel::CANTORIS::PLX::format {
@@ -53,7 +54,7 @@ public:
         : properties_(formatted), data_(formatted)
     {
         writeProperties(properties_, clip, clip.tags(), id, name);
-        hasData_ = writeData(data_, *clip.part());
+        hasData_ = writePart(data_, *clip.part());
     }
 
     [[nodiscard]] std::optional<std::string_view> properties() const

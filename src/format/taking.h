@@ -135,8 +135,8 @@ private:
     }
 
     template <class List, class Target>
-        requires(List::kind >= keys::Kind::integers)
-    static Outcome put(const List&, const Value& value, Target&)
+    requires(List::kind >= keys::Kind::integers) static Outcome
+        put(const List&, const Value& value, Target&)
     {
         return value.kind == Value::Kind::list ? Outcome::taken : Outcome::wrongKind;
     }

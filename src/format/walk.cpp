@@ -230,7 +230,8 @@ namespace Korvel::CANTORIS::PLX::format::json {
 template <>
 template <>
 // NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name): named for what they are here
-void GenericReader<CheckedUtf8, CheckedUtf8, ThrowingAllocator>::ParseNumber<parseFlags>(Text& text, Walk& walk)
+void GenericReader<CheckedUtf8, CheckedUtf8, ThrowingAllocator>::ParseNumber<parseFlags>(Text& text,
+                                                                                         Walk& walk)
 {
     const Number number = readNumber(text.src_);
     if (number.kind == Number::Kind::none) {
