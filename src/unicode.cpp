@@ -51,19 +51,17 @@ const unsigned char* takeMultibyte(const unsigned char* at, const unsigned char*
 // Texts are mostly ASCII: eight bytes at a time.
 constexpr std::ptrdiff_t blockSize = 8;
 
-bool isAsciiBlock(const unsigned char* at, const unsigned char* end)
+bool isAsciiBlock(const unsigned char* at)
 {
     constexpr std::uint64_t highBits = 0x8080808080808080;
-    std::uint64_t block = highBits;
-    if (end - at >= blockSize) {
-        std::memcpy(&block, at, sizeof block);
-    }
+    std::uint64_t block = 0;
+    std::memcpy(&block, at, sizeof block);
     return (block & highBits) == 0;
 }
 
 const unsigned char* skipAscii(const unsigned char* at, const unsigned char* end)
 {
-    while (isAsciiBlock(at, end)) {
+    while (end - at >= blockSize && isAsciiBlock(at)) {
         at += blockSize;
     }
     while (at != end && *at < 0x80) {
@@ -72,27 +70,11 @@ const unsigned char* skipAscii(const unsigned char* at, const unsigned char* end
     return at;
 }
 
-// A unit for each character, two for one beyond the basic plane. The text is valid.
-std::size_t utf16Length(const unsigned char* at, const unsigned char* end)
-{
-    std::size_t units = 0;
-    while (at != end) {
-        if (isAsciiBlock(at, end)) {
-            at += blockSize;
-            units += blockSize;
-            continue;
-        }
-        units += ((*at & 0xC0) != 0x80 ? 1U : 0U) + (*at >= 0xF0 ? 1U : 0U);
-        ++at;
-    }
-    return units;
-}
-
-// Writes the units of valid text at `units`.
-void decode(const unsigned char* at, const unsigned char* end, Char* units)
+// Writes the units of valid text at `units`, and returns where they end.
+Char* decode(const unsigned char* at, const unsigned char* end, Char* units)
 {
     while (at != end) {
-        if (isAsciiBlock(at, end)) {
+        if (end - at >= blockSize && isAsciiBlock(at)) {
             units = std::copy(at, at + blockSize, units);
             at += blockSize;
             continue;
@@ -110,6 +92,7 @@ void decode(const unsigned char* at, const unsigned char* end, Char* units)
             *units++ = static_cast<Char>(0xDC00 + (point & 0x3FF));
         }
     }
+    return units;
 }
 
 } // namespace
@@ -127,15 +110,20 @@ bool isValidUtf8(std::string_view bytes)
 
 bool appendUtf16(String& text, std::string_view utf8)
 {
-    if (!isValidUtf8(utf8)) {
-        return false;
+    const bool isValid = isValidUtf8(utf8);
+    if (isValid) {
+        appendValidUtf16(text, utf8);
     }
+    return isValid;
+}
+
+void appendValidUtf16(String& text, std::string_view utf8)
+{
     const auto* const at = reinterpret_cast<const unsigned char*>(utf8.data());
-    const auto* const end = at + utf8.size();
     const std::size_t before = text.size();
-    text.resize(before + utf16Length(at, end));
-    decode(at, end, text.data() + before);
-    return true;
+    text.resize(before + utf8.size()); // no text has more units than bytes
+    const Char* const end = decode(at, at + utf8.size(), text.data() + before);
+    text.resize(static_cast<std::size_t>(end - text.data()));
 }
 
 bool appendUtf8(std::string& utf8, StringView text)

@@ -85,4 +85,7 @@ bool isValidUtf8(std::string_view bytes);
 bool appendUtf16(String& text, std::string_view utf8);
 bool appendUtf8(std::string& utf8, StringView text);
 
+// The same for text that is known to be valid.
+void appendValidUtf16(String& text, std::string_view utf8);
+
 } // namespace Korvel::CANTORIS::PLX

@@ -2,6 +2,8 @@
 // emits it and the reader takes it, and what it stands for in the model.
 #pragma once
 
+#include <algorithm>
+
 #include "clip/clip_base.h"
 #include "clip/clip_properties.h"
 #include "clip/filter.h"
@@ -423,5 +425,13 @@ struct DataDocument {
         object<FilterTable>("filter"),
     };
 };
+
+// --- Bounds -------------------------------------------------------------------------------------------
+
+inline constexpr std::size_t mostRows =
+    std::max(widthOf(shape<PropertyDocument>), widthOf(shape<DataDocument>));
+// Objects and lists of the table in each other.
+inline constexpr std::size_t mostLevels =
+    std::max(depthOf(shape<PropertyDocument>), depthOf(shape<DataDocument>));
 
 } // namespace Korvel::CANTORIS::PLX::format::keys

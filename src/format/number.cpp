@@ -75,20 +75,16 @@ bool isZero(const Number& number)
     return number.digits == 0 || number.exponent < leastExponent;
 }
 
-// A real number whose digits are all of it, if they fit; none when it is too large.
-Number real(const Decimal& decimal, std::uint64_t digits, const char* end)
+// Leaves as many digits of a real number as count. False when it is too large.
+bool settle(Number& number)
 {
     constexpr std::int64_t mostExponent = 308;
-    Number number{.kind = Number::Kind::real,
-                  .end = end,
-                  .digits = digits,
-                  .exponent = decimal.exponent,
-                  .decimal = decimal};
-    if (decimal.end - decimal.begin > mostDigits) {
-        number.digits = firstDigits(decimal, number.exponent);
+    number.exponent = number.decimal.exponent;
+    if (number.decimal.end - number.decimal.begin > mostDigits) {
+        number.digits = firstDigits(number.decimal, number.exponent);
     }
     const bool canBeTooLarge = !isZero(number) && number.exponent > mostExponent - mostDigits;
-    return canBeTooLarge && isTooLarge(number.digits, number.exponent) ? Number{} : number;
+    return !canBeTooLarge || !isTooLarge(number.digits, number.exponent);
 }
 
 // Takes what digits stand there, which go on the value. It means nothing when they were too many.
@@ -111,43 +107,53 @@ std::int64_t takeExponent(const char*& at)
     return exponent;
 }
 
-// The rest of a number that has a fraction or an exponent, from its point or its E.
-Number readReal(const char* begin, const char* at, std::uint64_t digits)
+// The exponent, from its E. False without one.
+bool readExponent(const char*& at, std::int64_t& exponent)
 {
-    Decimal decimal{begin, at, 0};
+    ++at;
+    const bool isNegative = *at == '-';
+    at += isNegative || *at == '+' ? 1 : 0;
+    if (!isDigit(*at)) {
+        return false;
+    }
+    const std::int64_t magnitude = takeExponent(at);
+    exponent += isNegative ? -magnitude : magnitude;
+    return true;
+}
+
+// The rest of a number that has a fraction or an exponent, from its point or its E.
+bool readReal(const char* begin, const char* at, Number& number)
+{
+    number.decimal = {begin, at, 0};
     if (*at == '.') {
         const char* const point = at++;
-        digits = takeDigits(at, digits);
-        decimal = {begin, at, point + 1 - at};
-        if (decimal.exponent == 0) {
-            return {};
+        number.digits = takeDigits(at, number.digits);
+        number.decimal = {begin, at, point + 1 - at};
+        if (number.decimal.exponent == 0) {
+            return false;
         }
     }
-    if (*at == 'e' || *at == 'E') {
-        ++at;
-        const bool isNegative = *at == '-';
-        at += isNegative || *at == '+' ? 1 : 0;
-        if (!isDigit(*at)) {
-            return {};
-        }
-        const std::int64_t exponent = takeExponent(at);
-        decimal.exponent += isNegative ? -exponent : exponent;
+    if ((*at == 'e' || *at == 'E') && !readExponent(at, number.decimal.exponent)) {
+        return false;
     }
-    return real(decimal, digits, at);
+    number.kind = Number::Kind::real;
+    number.end = at;
+    return settle(number);
 }
 
 // --- Integers -----------------------------------------------------------------------------------------
 
-Number integer(std::uint64_t magnitude, bool isNegative, std::ptrdiff_t length, const char* end)
+void putInteger(std::uint64_t magnitude, std::ptrdiff_t length, Number& number)
 {
     constexpr std::int64_t largest = std::numeric_limits<std::int32_t>::max();
-    if (length > mostDigits || magnitude > static_cast<std::uint64_t>(largest + isNegative)) {
-        return {.kind = Number::Kind::wideInteger, .end = end};
+    if (length > mostDigits ||
+        magnitude > static_cast<std::uint64_t>(largest + number.isNegative)) {
+        number.kind = Number::Kind::wideInteger;
+        return;
     }
     const auto value = static_cast<std::int64_t>(magnitude);
-    return {.kind = Number::Kind::integer,
-            .integer = static_cast<std::int32_t>(isNegative ? -value : value),
-            .end = end};
+    number.kind = Number::Kind::integer;
+    number.integer = static_cast<std::int32_t>(number.isNegative ? -value : value);
 }
 
 } // namespace
@@ -163,21 +169,21 @@ double Number::toDouble() const
     return isNegative ? -magnitude : magnitude;
 }
 
-Number readNumber(const char* text)
+bool readNumber(const char* text, Number& number)
 {
-    const bool isNegative = *text == '-';
-    const char* const begin = text + (isNegative ? 1 : 0);
+    number.isNegative = *text == '-';
+    const char* const begin = text + (number.isNegative ? 1 : 0);
     const char* at = begin;
-    const std::uint64_t digits = takeDigits(at, 0);
+    number.digits = takeDigits(at, 0);
     if (at == begin || (*begin == '0' && at - begin > 1)) {
-        return {};
+        return false;
     }
-    if (*at != '.' && *at != 'e' && *at != 'E') {
-        return integer(digits, isNegative, at - begin, at);
+    if (*at == '.' || *at == 'e' || *at == 'E') {
+        return readReal(begin, at, number);
     }
-    Number number = readReal(begin, at, digits);
-    number.isNegative = isNegative;
-    return number;
+    putInteger(number.digits, at - begin, number);
+    number.end = at;
+    return true;
 }
 
 } // namespace Korvel::CANTORIS::PLX::format

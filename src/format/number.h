@@ -13,7 +13,6 @@ inline constexpr double largestFloat = 3.4028234e38;
 // A number as it stands in a document.
 struct Number {
     enum class Kind : std::uint8_t {
-        none,        // no number by the letter of the grammar, or too large for a double
         integer,     // written without fraction and exponent
         wideInteger, // the same, beyond 32 bits
         real
@@ -23,18 +22,19 @@ struct Number {
     // `largestFloat`, it is what the double nearest to the written number would be.
     double toDouble() const;
 
-    Kind kind = Kind::none;
-    bool isNegative = false;
-    std::int32_t integer = 0;
-    const char* end = nullptr; // behind the last character
+    Kind kind;
+    bool isNegative;
+    std::int32_t integer;
+    const char* end; // behind the last character
 
     // Of a real one: its first digits, the power of ten of the last of them, and all that is written.
-    std::uint64_t digits = 0;
-    std::int64_t exponent = 0;
-    Decimal decimal = {};
+    std::uint64_t digits;
+    std::int64_t exponent;
+    Decimal decimal;
 };
 
-// The text ends with a NUL.
-Number readNumber(const char* text);
+// The text ends with a NUL. False when it begins with no number by the letter of the grammar, and for
+// one that is too large for a double.
+bool readNumber(const char* text, Number& number);
 
 } // namespace Korvel::CANTORIS::PLX::format

@@ -105,4 +105,15 @@ RAPIDJSON_FORCEINLINE void internal::Stack<ThrowingAllocator>::Reserve(std::size
     }
 }
 
+// Most documents that are read were written without white space.
+template <>
+inline void SkipWhitespace(Text& text)
+{
+    const char* at = text.src_;
+    while (*at == ' ' || *at == '\n' || *at == '\r' || *at == '\t') {
+        ++at;
+    }
+    text.src_ += at - text.src_;
+}
+
 } // namespace Korvel::CANTORIS::PLX::format::json

@@ -1,15 +1,15 @@
 // Writing objects by the table of keys, row by row.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <functional>
 #include <string_view>
 #include <tuple>
 #include <type_traits>
-#include <vector>
 
 #include "format/output.h"
-#include "format/rows.h"
+#include "format/keys.h"
 
 namespace Korvel::CANTORIS::PLX::format {
 
@@ -19,15 +19,38 @@ class SparseOutput {
 public:
     explicit SparseOutput(Output& out) : out_(out) {}
 
-    void openObject(std::string_view key) { waiting_.push_back({key, true}); }
-    void openList(std::string_view key) { waiting_.push_back({key, false}); }
-    void openElement() { openObject({}); }
+    void openObject(std::string_view key) { open({key, true}); }
+    void openList(std::string_view key) { open({key, false}); }
+    void openElement() { open({{}, true}); }
+
     // Whether it showed.
-    bool close();
+    bool close()
+    {
+        const Opening& opening = levels_[--depth_];
+        if (depth_ >= shown_) {
+            return false;
+        }
+        --shown_;
+        if (opening.isObject) {
+            out_.endObject();
+        } else {
+            out_.endArray();
+        }
+        return true;
+    }
 
     // Where the next value goes: behind a key, or into the innermost list.
-    Output& member(std::string_view key);
-    Output& element();
+    Output& member(std::string_view key)
+    {
+        show();
+        out_.key(key);
+        return out_;
+    }
+    Output& element()
+    {
+        show();
+        return out_;
+    }
 
 private:
     struct Opening {
@@ -35,11 +58,27 @@ private:
         bool isObject;
     };
 
-    void show();
+    void open(const Opening& opening) { levels_[depth_++] = opening; }
+
+    void show()
+    {
+        while (shown_ < depth_) {
+            const Opening& opening = levels_[shown_++];
+            if (!opening.key.empty()) {
+                out_.key(opening.key);
+            }
+            if (opening.isObject) {
+                out_.beginObject();
+            } else {
+                out_.beginArray();
+            }
+        }
+    }
 
     Output& out_;
-    std::vector<Opening> waiting_; // for their first value
-    std::vector<bool> shown_;      // for each that is open, whether it is an object
+    std::array<Opening, keys::mostLevels> levels_;
+    std::size_t depth_ = 0;
+    std::size_t shown_ = 0; // the others wait for their first value
 };
 
 // What an object is written as; for choosing among overloads.

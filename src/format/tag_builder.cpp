@@ -29,7 +29,7 @@ void TagBuilder::beginList()
 
 void TagBuilder::addText(std::string_view utf8)
 {
-    appendUtf16(units_, utf8);
+    appendValidUtf16(units_, utf8);
     ends_.push_back(units_.size());
 }
 

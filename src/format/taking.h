@@ -44,7 +44,7 @@ public:
     StringView convert(std::string_view utf8)
     {
         text_.clear();
-        appendUtf16(text_, utf8);
+        appendValidUtf16(text_, utf8);
         return text_;
     }
 

@@ -14,11 +14,8 @@
 
 namespace Korvel::CANTORIS::PLX::format {
 
-inline constexpr std::size_t mostRows = std::max(keys::widthOf(keys::shape<keys::PropertyDocument>),
-                                                 keys::widthOf(keys::shape<keys::DataDocument>));
-inline constexpr std::size_t mostLevels =
-    std::max(keys::depthOf(keys::shape<keys::PropertyDocument>),
-             keys::depthOf(keys::shape<keys::DataDocument>));
+using keys::mostLevels;
+using keys::mostRows;
 inline constexpr std::size_t noRow = mostRows;
 static_assert(mostRows < 32);
 

@@ -2,6 +2,7 @@
 
 #include <bit>
 #include <cstring>
+#include <limits>
 
 namespace Korvel::CANTORIS::PLX::format {
 
@@ -95,6 +96,34 @@ bool Walk::scalar(const Value& value)
 
 // --- Objects ------------------------------------------------------------------------------------------
 
+void Walk::expectValueOf(Level& level, std::size_t place)
+{
+    level.present |= 1U << place;
+    level.row = static_cast<std::uint32_t>(place);
+    level.next = static_cast<std::uint32_t>(place + 1);
+}
+
+bool Walk::takeExpectedKey(const char* begin)
+{
+    if (passedOver_ != 0) {
+        return false;
+    }
+    Level& level = trail_.top();
+    const auto rows = level.shape->rows;
+    if (level.next == rows.size() || (level.present >> level.next & 1U) != 0) {
+        return false;
+    }
+    const std::string_view key = rows[level.next].key;
+    const char* const end = begin + key.size();
+    if (static_cast<std::size_t>(end_ - begin) <= key.size() || *end != '"' ||
+        std::memcmp(begin, key.data(), key.size()) != 0) {
+        return false;
+    }
+    text_.src_ += key.size() + 2;
+    expectValueOf(level, level.next);
+    return true;
+}
+
 // Of repeated keys the first one counts.
 bool Walk::Key(const char* utf8, json::SizeType length, bool)
 {
@@ -110,13 +139,11 @@ bool Walk::Key(const char* utf8, json::SizeType length, bool)
         return true;
     }
     level.next = static_cast<std::uint32_t>(place + 1);
-    const std::uint32_t bit = 1U << place;
-    if ((level.present & bit) != 0) {
+    if ((level.present >> place & 1U) != 0) {
         trail_.lostKey(LossReason::repeatedKey, key, utf8 - 1);
         return true;
     }
-    level.present |= bit;
-    level.row = static_cast<std::uint32_t>(place);
+    expectValueOf(level, place);
     return true;
 }
 
@@ -227,14 +254,54 @@ void Walk::elementEnded()
 
 namespace Korvel::CANTORIS::PLX::format::json {
 
+namespace {
+
+// A byte of each that equals zero, marked by its highest bit. Those above the first one may be wrong.
+constexpr std::uint64_t zerosOf(std::uint64_t bytes)
+{
+    return (bytes - 0x0101010101010101) & ~bytes;
+}
+
+constexpr std::uint64_t eightTimes(char letter)
+{
+    return std::uint64_t{0x0101010101010101} * std::uint64_t{static_cast<unsigned char>(letter)};
+}
+
+// The first byte of a string that is not taken as it stands: its end, an escape, or a control character,
+// which the text's final NUL is, too. Eight bytes at a time, as long as they lie before `end`.
+char* skipPlain(char* at, const char* end)
+{
+    constexpr std::uint64_t highBits = eightTimes('\x80');
+    for (; end - at >= 8; at += 8) {
+        std::uint64_t bytes = 0;
+        std::memcpy(&bytes, at, sizeof bytes);
+        const std::uint64_t controls = (bytes - eightTimes(' ')) & ~bytes;
+        const std::uint64_t found = (zerosOf(bytes ^ eightTimes('"')) |
+                                     zerosOf(bytes ^ eightTimes('\\')) | controls) &
+                                    highBits;
+        if (found != 0 && std::endian::native == std::endian::little) {
+            return at + std::countr_zero(found) / 8;
+        }
+        if (found != 0) {
+            break;
+        }
+    }
+    while (*at != '"' && *at != '\\' && static_cast<unsigned char>(*at) >= ' ') {
+        ++at;
+    }
+    return at;
+}
+
+} // namespace
+
 template <>
 template <>
 // NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name): named for what they are here
 void GenericReader<CheckedUtf8, CheckedUtf8, ThrowingAllocator>::ParseNumber<parseFlags>(Text& text,
                                                                                          Walk& walk)
 {
-    const Number number = readNumber(text.src_);
-    if (number.kind == Number::Kind::none) {
+    Number number; // NOLINT(cppcoreguidelines-pro-type-member-init)
+    if (!readNumber(text.src_, number)) {
         SetParseError(kParseErrorValueInvalid, text.Tell());
         return;
     }
@@ -243,6 +310,38 @@ void GenericReader<CheckedUtf8, CheckedUtf8, ThrowingAllocator>::ParseNumber<par
         return;
     }
     text.src_ += number.end - text.src_;
+}
+
+// A string without escapes stays where it is; the others are RapidJSON's.
+template <>
+template <>
+// NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name): named for what they are here
+void GenericReader<CheckedUtf8, CheckedUtf8, ThrowingAllocator>::ParseString<parseFlags>(
+    Text& text, Walk& walk, bool isKey)
+{
+    char* const begin = text.src_ + 1;
+    if (isKey && walk.takeExpectedKey(begin)) {
+        return;
+    }
+    char* const end = skipPlain(begin, walk.end());
+    std::size_t length = static_cast<std::size_t>(end - begin);
+    if (*end == '"') {
+        *end = '\0';
+        text.src_ = end + 1;
+    } else {
+        text.src_ = begin;
+        text.PutBegin();
+        ParseStringToStream<parseFlags, CheckedUtf8, CheckedUtf8>(text, text);
+        if (HasParseError()) {
+            return;
+        }
+        length = text.PutEnd(begin) - 1;
+    }
+    RAPIDJSON_ASSERT(length <= std::numeric_limits<SizeType>::max());
+    const auto size = static_cast<SizeType>(length);
+    if (!(isKey ? walk.Key(begin, size, false) : walk.String(begin, size, false))) {
+        SetParseError(kParseErrorTermination, text.Tell());
+    }
 }
 
 } // namespace Korvel::CANTORIS::PLX::format::json
@@ -254,7 +353,7 @@ bool parse(char* text, std::size_t size, const Wanted& wanted, Trail& trail, Cli
     ThrowingAllocator memory;
     json::GenericReader<CheckedUtf8, CheckedUtf8, ThrowingAllocator> reader(&memory);
     Text stream(text);
-    Walk walk(wanted.document, trail, builder, stream);
+    Walk walk(wanted.document, trail, builder, stream, text + size);
     try {
         reader.Parse<parseFlags>(stream, walk);
     } catch (const DocumentDefect&) {

@@ -13,10 +13,18 @@ namespace Korvel::CANTORIS::PLX::format {
 // values of the objects that are open; what nobody asks for is passed over.
 class Walk {
 public:
-    Walk(const keys::Shape& document, Trail& trail, ClipBuilder& builder, const Text& text)
-        : document_(document), trail_(trail), builder_(builder), text_(text)
+    Walk(const keys::Shape& document, Trail& trail, ClipBuilder& builder, Text& text,
+         const char* end)
+        : document_(document), trail_(trail), builder_(builder), text_(text), end_(end)
     {
     }
+
+    // Of the text.
+    const char* end() const { return end_; }
+
+    // Steps over a key that begins here, if it is the one that the table says comes next: most keys are,
+    // and need neither be searched for their end nor looked up.
+    bool takeExpectedKey(const char* begin);
 
     bool Null();
     bool Bool(bool value);
@@ -35,6 +43,7 @@ private:
                (trail_.top().list != nullptr || trail_.top().row != noRow);
     }
 
+    static void expectValueOf(Level& level, std::size_t place);
     bool scalar(const Value& value);
     void passOver();
     void elementEnded();
@@ -42,7 +51,8 @@ private:
     const keys::Shape& document_;
     Trail& trail_;
     ClipBuilder& builder_;
-    const Text& text_;
+    Text& text_;
+    const char* end_;
     std::uint64_t passedOver_ = 0; // objects and lists that are open and that nobody asks for
 };
 
