@@ -1,8 +1,11 @@
 #include "format/number.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstddef>
+#include <cstring>
 #include <limits>
+#include <optional>
 
 #include "format/rapidjson.h"
 
@@ -87,9 +90,35 @@ bool settle(Number& number)
     return !canBeTooLarge || !isTooLarge(number.digits, number.exponent);
 }
 
-// Takes what digits stand there, which go on the value. It means nothing when they were too many.
-std::uint64_t takeDigits(const char*& at, std::uint64_t value)
+// The value of eight digits, first one lowest, or nothing when there are others among the bytes.
+std::optional<std::uint64_t> valueOfEight(std::uint64_t bytes)
 {
+    constexpr std::uint64_t zeros = 0x3030303030303030;
+    constexpr std::uint64_t highHalves = 0xF0F0F0F0F0F0F0F0;
+    const bool areDigits = (bytes & highHalves) == zeros &&
+                           ((bytes + 0x0606060606060606) & highHalves) == zeros;
+    if (!areDigits) {
+        return std::nullopt;
+    }
+    const std::uint64_t digits = bytes - zeros;
+    const std::uint64_t pairs = (digits * 10 + (digits >> 8)) & 0x00FF00FF00FF00FF;
+    const std::uint64_t fours = (pairs * 100 + (pairs >> 16)) & 0x0000FFFF0000FFFF;
+    return (fours * 10000 + (fours >> 32)) & 0xFFFFFFFF;
+}
+
+// Takes what digits stand there, which go on the value. It means nothing when they were too many.
+std::uint64_t takeDigits(const char*& at, const char* textEnd, std::uint64_t value)
+{
+    if constexpr (std::endian::native == std::endian::little) {
+        for (std::uint64_t bytes = 0; textEnd - at >= 8; at += 8) {
+            std::memcpy(&bytes, at, sizeof bytes);
+            const auto eight = valueOfEight(bytes);
+            if (!eight) {
+                break;
+            }
+            value = value * 100'000'000 + *eight;
+        }
+    }
     for (; isDigit(*at); ++at) {
         value = value * 10 + digitOf(*at);
     }
@@ -122,12 +151,12 @@ bool readExponent(const char*& at, std::int64_t& exponent)
 }
 
 // The rest of a number that has a fraction or an exponent, from its point or its E.
-bool readReal(const char* begin, const char* at, Number& number)
+bool readReal(const char* begin, const char* at, const char* textEnd, Number& number)
 {
     number.decimal = {begin, at, 0};
     if (*at == '.') {
         const char* const point = at++;
-        number.digits = takeDigits(at, number.digits);
+        number.digits = takeDigits(at, textEnd, number.digits);
         number.decimal = {begin, at, point + 1 - at};
         if (number.decimal.exponent == 0) {
             return false;
@@ -169,17 +198,20 @@ double Number::toDouble() const
     return isNegative ? -magnitude : magnitude;
 }
 
-bool readNumber(const char* text, Number& number)
+bool readNumber(const char* text, const char* textEnd, Number& number)
 {
     number.isNegative = *text == '-';
     const char* const begin = text + (number.isNegative ? 1 : 0);
     const char* at = begin;
-    number.digits = takeDigits(at, 0);
+    number.digits = 0;
+    for (; isDigit(*at); ++at) { // mostly few
+        number.digits = number.digits * 10 + digitOf(*at);
+    }
     if (at == begin || (*begin == '0' && at - begin > 1)) {
         return false;
     }
     if (*at == '.' || *at == 'e' || *at == 'E') {
-        return readReal(begin, at, number);
+        return readReal(begin, at, textEnd, number);
     }
     putInteger(number.digits, at - begin, number);
     number.end = at;

@@ -33,8 +33,8 @@ struct Number {
     Decimal decimal;
 };
 
-// The text ends with a NUL. False when it begins with no number by the letter of the grammar, and for
+// The text ends with a NUL, at `textEnd`. False when it begins with no number by the letter of the grammar, and for
 // one that is too large for a double.
-bool readNumber(const char* text, Number& number);
+bool readNumber(const char* text, const char* textEnd, Number& number);
 
 } // namespace Korvel::CANTORIS::PLX::format

@@ -5,8 +5,10 @@
 #pragma once
 
 #include <array>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <limits>
 #include <span>
 #include <string_view>
@@ -66,6 +68,39 @@ constexpr Range rangeOf(const Field<Value>& field)
 
 inline constexpr std::size_t anyNumber = std::numeric_limits<std::size_t>::max();
 
+// The first bytes of a key as it is written, with its quotation mark if that is one of them: what most
+// keys differ in, in one comparison.
+struct Beginning {
+    static constexpr std::size_t size = sizeof(std::uint64_t);
+
+    constexpr Beginning(std::string_view key)
+    {
+        std::array<unsigned char, size> bytes{};
+        std::array<unsigned char, size> used{};
+        for (std::size_t place = 0; place < size && place <= key.size(); ++place) {
+            bytes[place] = static_cast<unsigned char>(place < key.size() ? key[place] : '"');
+            used[place] = 0xFF;
+        }
+        value = std::bit_cast<std::uint64_t>(bytes);
+        mask = std::bit_cast<std::uint64_t>(used);
+    }
+
+    // Nothing stands so near to the end of a document that as many bytes do not follow; if it does, it
+    // is not recognised here.
+    bool isAt(const char* at, const char* end) const
+    {
+        std::uint64_t bytes = 0;
+        if (static_cast<std::size_t>(end - at) < size) {
+            return false;
+        }
+        std::memcpy(&bytes, at, size);
+        return (bytes & mask) == value;
+    }
+
+    std::uint64_t value = 0;
+    std::uint64_t mask = 0;
+};
+
 struct Shape;
 
 struct Row {
@@ -78,6 +113,7 @@ struct Row {
     std::size_t fewest = 0; // elements of a list
     std::size_t most = anyNumber;
     const Shape* inner = nullptr; // of an object, and of the objects in a list
+    Beginning beginning = Beginning(key);
 };
 
 // An object of a document: its rows, in the order in which they are written and taken.

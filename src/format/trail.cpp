@@ -25,8 +25,8 @@ void appendStep(std::string& path, std::string_view key)
 std::string Trail::path() const
 {
     std::string path;
-    for (std::size_t depth = 0; depth + 1 < depth_; ++depth) {
-        const Level& level = levels_[depth];
+    for (const Level* at = levels_.data() + 1; at < top_; ++at) {
+        const Level& level = *at;
         if (level.list == nullptr) {
             appendStep(path, level.shape->rows[level.row].key);
         } else {

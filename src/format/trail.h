@@ -76,21 +76,29 @@ struct Level {
 
 class Trail {
 public:
+    Trail() = default;
+    Trail(const Trail&) = delete;
+    Trail& operator=(const Trail&) = delete;
+    ~Trail() = default;
+
     void begin(const char* text, Listener* listener)
     {
         text_ = text;
         listener_ = listener;
-        depth_ = 0;
+        top_ = levels_.data();
+        *top_ = {};
+        top_->row = noRow;
     }
 
-    std::size_t depth() const { return depth_; }
-    Level& top() { return levels_[depth_ - 1]; }
-    const Level& top() const { return levels_[depth_ - 1]; }
-    const Level& outer() const { return levels_[depth_ - 2]; }
+    // Before the document, and behind it, a level without a shape is the top.
+    bool isOutside() const { return top_ == levels_.data(); }
+    Level& top() { return *top_; }
+    const Level& top() const { return *top_; }
+    const Level& outer() const { return top_[-1]; }
 
     void enterObject(const keys::Shape& shape, const char* at) { enter(&shape, nullptr, at); }
     void enterList(const keys::Row& row, const char* at) { enter(row.inner, &row, at); }
-    void leave() { --depth_; }
+    void leave() { --top_; }
 
     // What follows costs nothing but a question where nobody listens.
 
@@ -111,7 +119,7 @@ public:
 private:
     void enter(const keys::Shape* shape, const keys::Row* list, const char* at)
     {
-        Level& level = levels_[depth_++];
+        Level& level = *++top_;
         level.shape = shape;
         level.list = list;
         level.at = at;
@@ -127,8 +135,8 @@ private:
 
     const char* text_ = nullptr;
     Listener* listener_ = nullptr;
-    std::size_t depth_ = 0;
-    std::array<Level, mostLevels> levels_;
+    std::array<Level, mostLevels + 1> levels_;
+    Level* top_ = levels_.data();
 };
 
 } // namespace Korvel::CANTORIS::PLX::format

@@ -24,6 +24,17 @@ std::size_t find(std::span<const keys::Row> rows, std::string_view key, std::siz
     return noRow;
 }
 
+// Whether the key stands there whole; its beginning does.
+bool standsAt(const char* at, const char* end, std::string_view key)
+{
+    constexpr std::size_t known = keys::Beginning::size;
+    if (key.size() < known) {
+        return true; // with its quotation mark
+    }
+    return static_cast<std::size_t>(end - at) > key.size() && at[key.size()] == '"' &&
+           std::memcmp(at + known, key.data() + known, key.size() - known) == 0;
+}
+
 Value valueAt(const char* at, Value::Kind kind)
 {
     Value value;
@@ -75,16 +86,16 @@ bool Walk::scalar(const Value& value)
     if (passedOver_ != 0) {
         return true;
     }
-    if (trail_.depth() == 0) {
-        return false; // a document is an object
-    }
     Level& level = trail_.top();
-    if (level.list == nullptr) {
-        if (level.row != noRow) {
-            level.values[level.row] = value;
-        }
+    if (level.row != noRow) {
+        level.values[level.row] = value;
         return true;
     }
+    return level.list != nullptr ? element(level, value) : !trail_.isOutside();
+}
+
+bool Walk::element(Level& level, const Value& value)
+{
     if (level.shape == nullptr) {
         builder_.element(value);
     } else {
@@ -113,13 +124,11 @@ bool Walk::takeExpectedKey(const char* begin)
     if (level.next == rows.size() || (level.present >> level.next & 1U) != 0) {
         return false;
     }
-    const std::string_view key = rows[level.next].key;
-    const char* const end = begin + key.size();
-    if (static_cast<std::size_t>(end_ - begin) <= key.size() || *end != '"' ||
-        std::memcmp(begin, key.data(), key.size()) != 0) {
+    const keys::Row& row = rows[level.next];
+    if (!row.beginning.isAt(begin, end_) || !standsAt(begin, end_, row.key)) {
         return false;
     }
-    text_.src_ += key.size() + 2;
+    text_.src_ += row.key.size() + 2;
     expectValueOf(level, level.next);
     return true;
 }
@@ -153,7 +162,7 @@ bool Walk::StartObject()
         ++passedOver_;
         return true;
     }
-    if (trail_.depth() == 0) {
+    if (trail_.isOutside()) {
         trail_.enterObject(document_, text_.src_);
         return true;
     }
@@ -184,7 +193,7 @@ bool Walk::EndObject(json::SizeType)
         trail_.lostObject(LossReason::object);
     }
     trail_.leave();
-    if (trail_.depth() == 0) {
+    if (trail_.isOutside()) {
         return true;
     }
     Level& outer = trail_.top();
@@ -203,7 +212,7 @@ bool Walk::StartArray()
         ++passedOver_;
         return true;
     }
-    if (trail_.depth() == 0) {
+    if (trail_.isOutside()) {
         return false;
     }
     Level& level = trail_.top();
@@ -301,7 +310,7 @@ void GenericReader<CheckedUtf8, CheckedUtf8, ThrowingAllocator>::ParseNumber<par
                                                                                          Walk& walk)
 {
     Number number; // NOLINT(cppcoreguidelines-pro-type-member-init)
-    if (!readNumber(text.src_, number)) {
+    if (!readNumber(text.src_, walk.end(), number)) {
         SetParseError(kParseErrorValueInvalid, text.Tell());
         return;
     }

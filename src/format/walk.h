@@ -39,12 +39,12 @@ public:
 private:
     bool isAskedFor() const
     {
-        return passedOver_ == 0 && trail_.depth() != 0 &&
-               (trail_.top().list != nullptr || trail_.top().row != noRow);
+        return passedOver_ == 0 && (trail_.top().list != nullptr || trail_.top().row != noRow);
     }
 
     static void expectValueOf(Level& level, std::size_t place);
     bool scalar(const Value& value);
+    bool element(Level& level, const Value& value);
     void passOver();
     void elementEnded();
 
