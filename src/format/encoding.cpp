@@ -203,4 +203,31 @@ bool makeUtf8(std::string& bytes)
     return true;
 }
 
+std::size_t placeInFile(std::string_view bytes, std::size_t place)
+{
+    const DetectedEncoding detected = detectEncoding(bytes);
+    const std::size_t width = widthOf(detected.encoding);
+    std::size_t at = detected.markLength;
+    if (width == 1) {
+        return at + place;
+    }
+    const auto unitAt = [&](std::size_t index) {
+        const std::size_t start = detected.markLength + index * width;
+        return start < bytes.size() ? unitOf(bytes.data() + start, detected.encoding) : 0;
+    };
+    std::size_t index = 0;
+    for (std::size_t length = 0; length < place && at < bytes.size();) {
+        char32_t point = unitAt(index);
+        if (width == 2) {
+            takeCodePoint(unitAt, index, point);
+        } else {
+            ++index;
+        }
+        std::array<char, 4> utf8; // NOLINT(cppcoreguidelines-pro-type-member-init)
+        length += encodeUtf8(point, utf8.data());
+        at = detected.markLength + index * width;
+    }
+    return at;
+}
+
 } // namespace Korvel::CANTORIS::PLX::format

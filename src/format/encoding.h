@@ -30,4 +30,8 @@ std::optional<char32_t> firstUnit(std::string_view bytes);
 // Turns the bytes into UTF-8 without a mark. False when they do not decode.
 bool makeUtf8(std::string& bytes);
 
+// Where in the bytes of a document stands what stands at `place` of the UTF-8 that makeUtf8() makes of
+// them: a count of bytes, the mark included. The bytes decode.
+std::size_t placeInFile(std::string_view bytes, std::size_t place);
+
 } // namespace Korvel::CANTORIS::PLX::format

@@ -290,6 +290,12 @@ consteval std::size_t place(std::string_view key)
     return found;
 }
 
+// By its kind: some compilers cannot compare the pointer while they compile, once sanitizers are on.
+constexpr bool holdsObjects(const Row& row)
+{
+    return row.kind == Kind::object || row.kind == Kind::objects;
+}
+
 // How many objects and lists lie in each other at most, and how many rows an object has at most.
 constexpr std::size_t depthOf(const Shape& outer)
 {
@@ -297,7 +303,7 @@ constexpr std::size_t depthOf(const Shape& outer)
     for (const Row& row : outer.rows) {
         const bool isList = row.kind >= Kind::integers;
         const std::size_t depth =
-            (isList ? 1U : 0U) + (row.inner == nullptr ? 0 : depthOf(*row.inner));
+            (isList ? 1U : 0U) + (holdsObjects(row) ? depthOf(*row.inner) : 0);
         deepest = depth > deepest ? depth : deepest;
     }
     return deepest + 1;
@@ -307,7 +313,7 @@ constexpr std::size_t widthOf(const Shape& outer)
 {
     std::size_t widest = outer.rows.size();
     for (const Row& row : outer.rows) {
-        const std::size_t width = row.inner == nullptr ? 0 : widthOf(*row.inner);
+        const std::size_t width = holdsObjects(row) ? widthOf(*row.inner) : 0;
         widest = width > widest ? width : widest;
     }
     return widest;
