@@ -1,5 +1,7 @@
 #include "format/clip_builder.h"
 
+#include <array>
+
 namespace Korvel::CANTORIS::PLX::format {
 
 namespace {
@@ -9,17 +11,27 @@ using keys::Id;
 using keys::place;
 using keys::PropertyDocument;
 
-// Of several parts the first one counts, by the order of their rows.
+struct PartPlace {
+    std::uint32_t type;
+    std::size_t place;
+};
+
+template <class Part>
+constexpr PartPlace placeOfPart()
+{
+    return {Part::type, place<DataDocument>(part_type::name(Part::type))};
+}
+
+// Of several parts the first one counts.
+constexpr std::array<PartPlace, 3> parts = {placeOfPart<keys::AudioPartTable>(),
+                                            placeOfPart<keys::MidiAiPartTable>(),
+                                            placeOfPart<keys::MidiVoicePartTable>()};
+
 std::uint32_t partTypeOf(const Members& document)
 {
-    for (const std::uint32_t type : {part_type::audio, part_type::midiAi, part_type::midi}) {
-        static_assert(place<DataDocument>(part_type::name(part_type::audio)) + 1 ==
-                          place<DataDocument>(part_type::name(part_type::midiAi)) &&
-                      place<DataDocument>(part_type::name(part_type::midiAi)) + 1 ==
-                          place<DataDocument>(part_type::name(part_type::midi)));
-        constexpr std::size_t first = place<DataDocument>(part_type::name(part_type::audio));
-        if (document[first + type - part_type::audio] != nullptr) {
-            return type;
+    for (const PartPlace& part : parts) {
+        if (document[part.place] != nullptr) {
+            return part.type;
         }
     }
     return part_type::none;
@@ -70,7 +82,7 @@ bool ClipBuilder::beginObject(const keys::Shape& shape)
 bool ClipBuilder::beginPart(std::uint32_t type)
 {
     if (partTypeOf(trail_.top().members()) != type) {
-        return false; // one that comes first was met already
+        return false; // one that comes before it was met already
     }
     if (type == part_type::audio) {
         part_.beginAudio();
@@ -141,12 +153,11 @@ void ClipBuilder::endList()
 
 bool ClipBuilder::endObject()
 {
-    NoteBuilder& notes = part_.notes();
     switch (trail_.top().shape->id) {
     case Id::propertyDocument:
         return endPropertyDocument();
     case Id::partHeader:
-        return taker_.take<keys::PartHeader>(trail_.top().members(), *wanted_->properties);
+        return endPartHeader();
     case Id::filter:
         return taker_.take<keys::FilterTable>(trail_.top().members(), *wanted_->properties);
     case Id::dataDocument:
@@ -157,6 +168,14 @@ bool ClipBuilder::endObject()
         return part_.endMidi<keys::MidiAiPartTable>();
     case Id::midiPart:
         return part_.endMidi<keys::MidiVoicePartTable>();
+    default:
+        return endInPart();
+    }
+}
+
+bool ClipBuilder::endInPart()
+{
+    switch (trail_.top().shape->id) {
     case Id::voice:
         return part_.endVoice();
     case Id::aiVoice:
@@ -177,28 +196,38 @@ bool ClipBuilder::endObject()
         return part_.endEvent();
     case Id::note:
         return part_.endNote();
-    case Id::expression:
-        return notes.endExpression();
-    case Id::aiExpression:
-        return notes.endAiExpression();
-    case Id::singingSkill:
-        return notes.endSingingSkill();
-    case Id::weight:
-        return notes.endWeight();
-    case Id::dvqmPair:
-        return notes.endDvqmPair();
-    case Id::attack:
-        return notes.endDvqm<keys::Attack>();
-    case Id::release:
-        return notes.endDvqm<keys::Release>();
-    case Id::vibrato:
-        return notes.endVibrato();
-    case Id::rate:
-        return notes.endPoint<keys::Rate>(ratePoints);
-    case Id::depth:
-        return notes.endPoint<keys::Depth>(depthPoints);
+    default:
+        return endInNote();
     }
-    return false;
+}
+
+bool ClipBuilder::endInNote()
+{
+    NoteBuilder& note = part_.notes();
+    switch (trail_.top().shape->id) {
+    case Id::expression:
+        return note.endExpression();
+    case Id::aiExpression:
+        return note.endAiExpression();
+    case Id::singingSkill:
+        return note.endSingingSkill();
+    case Id::weight:
+        return note.endWeight();
+    case Id::dvqmPair:
+        return note.endDvqmPair();
+    case Id::attack:
+        return note.endDvqm<keys::Attack>();
+    case Id::release:
+        return note.endDvqm<keys::Release>();
+    case Id::vibrato:
+        return note.endVibrato();
+    case Id::rate:
+        return note.endPoint<keys::Rate>(ratePoints);
+    case Id::depth:
+        return note.endPoint<keys::Depth>(depthPoints);
+    default:
+        return false;
+    }
 }
 
 // The clip's vendor name, whatever it is, is a vendor tag of a clip whose document has a filter.
@@ -207,6 +236,16 @@ void ClipBuilder::addVendorTag(bool hasFilter)
     if (hasFilter) {
         wanted_->properties->filter.addAll(Tag::vendor, {wanted_->properties->vendorName});
     }
+}
+
+// Key and tempo are those of parts with notes.
+bool ClipBuilder::endPartHeader()
+{
+    const Members members = trail_.top().members();
+    ClipProperties& properties = *wanted_->properties;
+    return taker_.take<keys::AudioHeader>(members, properties) &&
+           (!part_type::isMidi(properties.partType) ||
+            taker_.take<keys::PartHeader>(members, properties));
 }
 
 bool ClipBuilder::endPropertyDocument()
@@ -221,6 +260,12 @@ bool ClipBuilder::endDataDocument()
 {
     const Members members = trail_.top().members();
     partType_ = partTypeOf(members);
+    for (const PartPlace& part : parts) {
+        if (members[part.place] != nullptr && part.type != partType_) {
+            const auto& row = keys::rows<DataDocument>[part.place];
+            trail_.lost(LossReason::notLookedAt, members, row, members[part.place]);
+        }
+    }
     if (wanted_->properties != nullptr) {
         hasProperties_ = taker_.take<DataDocument>(members, *wanted_->properties);
         addVendorTag(members.hasObject(place<DataDocument>("filter")));

@@ -42,6 +42,9 @@ public:
 
 private:
     bool beginPart(std::uint32_t type);
+    bool endInPart();
+    bool endInNote();
+    bool endPartHeader();
     bool endPropertyDocument();
     bool endDataDocument();
     void addVendorTag(bool hasFilter);

@@ -44,23 +44,17 @@ struct Into {
 
 namespace header {
 
-// Key and tempo are those of parts with notes.
 inline constexpr auto putType = [](ClipProperties& properties, std::string_view name) {
     properties.partType = part_type::fromName(name);
     return properties.partType != part_type::none;
-};
-inline constexpr auto putKey = [](ClipProperties& properties, std::uint32_t key) {
-    return part_type::isMidi(properties.partType) && properties.assignPartKey(key);
-};
-inline constexpr auto putTempo = [](ClipProperties& properties, std::uint32_t tempo) {
-    return part_type::isMidi(properties.partType) && properties.assignPartTempo(tempo);
 };
 inline constexpr auto type = [](const ClipBase& clip) { return part_type::name(clip.partType()); };
 
 // A tempo of 0 is none. It is taken, but not written.
 constexpr auto tempo(std::string_view key)
 {
-    auto entry = integer(key, field::partTempo, &ClipBase::partTempo, putTempo);
+    auto entry =
+        integer(key, field::partTempo, &ClipBase::partTempo, &ClipBaseProperties::assignPartTempo);
     entry.row.range.takesZero = true;
     entry.row.written = Written::unlessEmpty;
     return entry;
@@ -79,7 +73,7 @@ struct PartHeader {
     static constexpr Id id = Id::partHeader;
     static constexpr std::tuple entries{
         std::get<0>(AudioHeader::entries),
-        integer("key", field::partKey, &ClipBase::partKey, header::putKey),
+        integer("key", field::partKey, &ClipBase::partKey, &ClipBaseProperties::assignPartKey),
         header::tempo("tempo"),
     };
 };

@@ -95,8 +95,8 @@ std::optional<std::uint64_t> valueOfEight(std::uint64_t bytes)
 {
     constexpr std::uint64_t zeros = 0x3030303030303030;
     constexpr std::uint64_t highHalves = 0xF0F0F0F0F0F0F0F0;
-    const bool areDigits = (bytes & highHalves) == zeros &&
-                           ((bytes + 0x0606060606060606) & highHalves) == zeros;
+    const bool areDigits =
+        (bytes & highHalves) == zeros && ((bytes + 0x0606060606060606) & highHalves) == zeros;
     if (!areDigits) {
         return std::nullopt;
     }

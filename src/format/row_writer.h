@@ -8,8 +8,8 @@
 #include <tuple>
 #include <type_traits>
 
-#include "format/output.h"
 #include "format/keys.h"
+#include "format/output.h"
 
 namespace Korvel::CANTORIS::PLX::format {
 

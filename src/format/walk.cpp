@@ -285,9 +285,9 @@ char* skipPlain(char* at, const char* end)
         std::uint64_t bytes = 0;
         std::memcpy(&bytes, at, sizeof bytes);
         const std::uint64_t controls = (bytes - eightTimes(' ')) & ~bytes;
-        const std::uint64_t found = (zerosOf(bytes ^ eightTimes('"')) |
-                                     zerosOf(bytes ^ eightTimes('\\')) | controls) &
-                                    highBits;
+        const std::uint64_t found =
+            (zerosOf(bytes ^ eightTimes('"')) | zerosOf(bytes ^ eightTimes('\\')) | controls) &
+            highBits;
         if (found != 0 && std::endian::native == std::endian::little) {
             return at + std::countr_zero(found) / 8;
         }
@@ -325,8 +325,9 @@ void GenericReader<CheckedUtf8, CheckedUtf8, ThrowingAllocator>::ParseNumber<par
 template <>
 template <>
 // NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name): named for what they are here
-void GenericReader<CheckedUtf8, CheckedUtf8, ThrowingAllocator>::ParseString<parseFlags>(
-    Text& text, Walk& walk, bool isKey)
+void GenericReader<CheckedUtf8, CheckedUtf8, ThrowingAllocator>::ParseString<parseFlags>(Text& text,
+                                                                                         Walk& walk,
+                                                                                         bool isKey)
 {
     char* const begin = text.src_ + 1;
     if (isKey && walk.takeExpectedKey(begin)) {

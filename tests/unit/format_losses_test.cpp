@@ -112,8 +112,9 @@ TEST(FormatLosses, NameKeysThatNobodyKnowsAndKeysThatStandTwice)
 TEST(FormatLosses, OfWhatWaitsForItsNoteHaveTheirOwnPlaces)
 {
     EXPECT_THAT(
-        lossesOfNote(R"(,"singingSkill":{"duration":10,"weight":{"pre":128}})"
-                     R"(,"vibrato":{"duration":5,"rates":[{"pos":5,"value":0},{"pos":6,"value":0}]})"),
+        lossesOfNote(
+            R"(,"singingSkill":{"duration":10,"weight":{"pre":128}})"
+            R"(,"vibrato":{"duration":5,"rates":[{"pos":5,"value":0},{"pos":6,"value":0}]})"),
         ElementsAre(Told{LossReason::notAccepted, "/midi/notes/0/singingSkill/duration", "10,\""},
                     Told{LossReason::notAccepted, "/midi/notes/0/singingSkill/weight/pre", "128}"},
                     Told{LossReason::notAccepted, "/midi/notes/0/vibrato/rates/1", "{\"po"}));
@@ -130,21 +131,20 @@ TEST(FormatLosses, CountLevelNames)
     EXPECT_THAT(
         lossesOfNote(R"(,"dvqm":{"attack":{"compID":"x","levelNames":["1","2","3","4","5"]},)"
                      R"("release":{"compID":"x","levelNames":[]}})"),
-        ElementsAre(
-            Told{LossReason::tooMany, "/midi/notes/0/dvqm/attack/levelNames", "[\"1\""},
-            Told{LossReason::object, "/midi/notes/0/dvqm/attack", "{\"co"},
-            Told{LossReason::tooFew, "/midi/notes/0/dvqm/release/levelNames", "[]}}"},
-            Told{LossReason::object, "/midi/notes/0/dvqm/release", "{\"co"}));
+        ElementsAre(Told{LossReason::tooMany, "/midi/notes/0/dvqm/attack/levelNames", "[\"1\""},
+                    Told{LossReason::object, "/midi/notes/0/dvqm/attack", "{\"co"},
+                    Told{LossReason::tooFew, "/midi/notes/0/dvqm/release/levelNames", "[]}}"},
+                    Told{LossReason::object, "/midi/notes/0/dvqm/release", "{\"co"}));
 }
 
 TEST(FormatLosses, OfALaneFollowFromItsNameWhereverThatStands)
 {
-    EXPECT_THAT(
-        lossesOfPart(midi(R"(,"controllers":[{"events":[{"pos":0,"value":25},{"pos":1,"value":24}],)"
-                          R"("name":"pitchBendSens"},{"name":"pitchBendSens","events":[]}])")),
-        ElementsAre(Told{LossReason::notAccepted, "/midi/controllers/0/events/0", "{\"po"},
-                    Told{LossReason::duplicate, "/midi/controllers/1", "{\"na"},
-                    Told{LossReason::object, "/midi/controllers/1", "{\"na"}));
+    EXPECT_THAT(lossesOfPart(
+                    midi(R"(,"controllers":[{"events":[{"pos":0,"value":25},{"pos":1,"value":24}],)"
+                         R"("name":"pitchBendSens"},{"name":"pitchBendSens","events":[]}])")),
+                ElementsAre(Told{LossReason::notAccepted, "/midi/controllers/0/events/0", "{\"po"},
+                            Told{LossReason::duplicate, "/midi/controllers/1", "{\"na"},
+                            Told{LossReason::object, "/midi/controllers/1", "{\"na"}));
 }
 
 TEST(FormatLosses, NameAnEffectThatIsThereAlready)
@@ -152,6 +152,15 @@ TEST(FormatLosses, NameAnEffectThatIsThereAlready)
     EXPECT_THAT(lossesOfPart(midi(R"(,"audioEffects":[{"id":"x"},{"id":"x"}])")),
                 ElementsAre(Told{LossReason::duplicate, "/midi/audioEffects/1", "{\"id"},
                             Told{LossReason::object, "/midi/audioEffects/1", "{\"id"}));
+}
+
+TEST(FormatLosses, NameThePartsThatAnotherOneComesBefore)
+{
+    EXPECT_THAT(lossesOfPart(R"({"midi":{"duration":0},"audio":1,"midiAi":{"duration":0}})"),
+                ElementsAre(Told{LossReason::notAccepted, "/midi/duration", "0},\""},
+                            Told{LossReason::object, "/midi", "{\"du"},
+                            Told{LossReason::notLookedAt, "/midiAi", "{\"du"},
+                            Told{LossReason::notLookedAt, "/midi", "{\"du"}));
 }
 
 class FormatLossPlaces : public testing::TestWithParam<support::Encoding> {};
