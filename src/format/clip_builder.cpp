@@ -256,16 +256,26 @@ bool ClipBuilder::endPropertyDocument()
     return hasProperties_;
 }
 
+// The part that counts is told of with the other rows, where those are wanted.
+void ClipBuilder::tellOfParts(const Members& document) const
+{
+    for (const PartPlace& part : parts) {
+        const Value* const value = document[part.place];
+        const keys::Row& row = keys::rows<DataDocument>[part.place];
+        if (value != nullptr && part.type != partType_) {
+            trail_.lost(LossReason::notLookedAt, document, row, value);
+        } else if (value != nullptr && wanted_->properties == nullptr &&
+                   value->kind != Value::Kind::object && value->kind != Value::Kind::refused) {
+            trail_.lost(LossReason::wrongKind, document, row, value);
+        }
+    }
+}
+
 bool ClipBuilder::endDataDocument()
 {
     const Members members = trail_.top().members();
     partType_ = partTypeOf(members);
-    for (const PartPlace& part : parts) {
-        if (members[part.place] != nullptr && part.type != partType_) {
-            const auto& row = keys::rows<DataDocument>[part.place];
-            trail_.lost(LossReason::notLookedAt, members, row, members[part.place]);
-        }
-    }
+    tellOfParts(members);
     if (wanted_->properties != nullptr) {
         hasProperties_ = taker_.take<DataDocument>(members, *wanted_->properties);
         addVendorTag(members.hasObject(place<DataDocument>("filter")));

@@ -47,6 +47,7 @@ private:
     bool endPartHeader();
     bool endPropertyDocument();
     bool endDataDocument();
+    void tellOfParts(const Members& document) const;
     void addVendorTag(bool hasFilter);
     bool addElement(const keys::Shape& owner, const Value& value);
 

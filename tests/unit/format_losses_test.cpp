@@ -159,6 +159,7 @@ TEST(FormatLosses, NameThePartsThatAnotherOneComesBefore)
     EXPECT_THAT(lossesOfPart(R"({"midi":{"duration":0},"audio":1,"midiAi":{"duration":0}})"),
                 ElementsAre(Told{LossReason::notAccepted, "/midi/duration", "0},\""},
                             Told{LossReason::object, "/midi", "{\"du"},
+                            Told{LossReason::wrongKind, "/audio", "1,\"m"},
                             Told{LossReason::notLookedAt, "/midiAi", "{\"du"},
                             Told{LossReason::notLookedAt, "/midi", "{\"du"}));
 }
