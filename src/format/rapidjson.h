@@ -107,13 +107,13 @@ RAPIDJSON_FORCEINLINE void internal::Stack<ThrowingAllocator>::Reserve(std::size
 
 // Most documents that are read were written without white space.
 template <>
-inline void SkipWhitespace(Text& text)
+inline void SkipWhitespace(Text& is)
 {
-    const char* at = text.src_;
+    const char* at = is.src_;
     while (*at == ' ' || *at == '\n' || *at == '\r' || *at == '\t') {
         ++at;
     }
-    text.src_ += at - text.src_;
+    is.src_ += at - is.src_;
 }
 
 } // namespace Korvel::CANTORIS::PLX::format::json

@@ -39,7 +39,7 @@ void TagBuilder::endList(const keys::Row& row, FilterTags& tags)
         if (entry.row.key != row.key) {
             return;
         }
-        if constexpr (entry.kind == keys::Kind::integers) {
+        if constexpr (std::remove_cvref_t<decltype(entry)>::kind == keys::Kind::integers) {
             tags.addAllLanguages(languages_);
         } else {
             tags.addAll(entry.what, viewsOf(units_, ends_));

@@ -27,7 +27,7 @@ public:
     bool takeExpectedKey(const char* begin);
 
     bool Null();
-    bool Bool(bool value);
+    bool Bool(bool flag);
     bool String(const char* utf8, json::SizeType length, bool copy);
     bool Key(const char* utf8, json::SizeType length, bool copy);
     bool StartObject();
