@@ -1,7 +1,7 @@
 /*
  * A small clip browser for the console: lists the clips of a library and shows what is in them.
  *
- * It is meant to be copied from. Of its files these talk to the library: library.c opens it,
+ * It is meant to be copied from. These of its files call the library: library.c opens it,
  * catalogue.c walks the clips, search.c looks at their tags, clip_view.c reads a clip's part, and
  * melody.c, part_view.c, expression_view.c, lane_view.c and effect_view.c look at what is in it.
  */

@@ -52,7 +52,7 @@ void free_catalogue(Catalogue* catalogue)
     *catalogue = (Catalogue){NULL, 0};
 }
 
-/* Returns the clip with the number that the text holds, if it holds nothing else. */
+/* Returns the clip with the number that the text contains, if it contains nothing else. */
 static KRT_PLX_ClipBase* clip_by_number(const Catalogue* catalogue, const char* text)
 {
     char* end = NULL;
@@ -195,14 +195,14 @@ static void free_row(Row* row)
     }
 }
 
-/* Where the columns of a table stand. */
+/* The positions of the columns of a table. */
 typedef struct Columns {
     int widths[tags_column];
     int tags_begin;
     int width; /* of the console */
 } Columns;
 
-/* Makes each column as wide as its widest cell, within reason; the tags get what is left. */
+/* Makes each column as wide as its widest cell, up to a limit; the tags get the rest. */
 static Columns measure_columns(const Row* rows, size_t count, int width)
 {
     Columns columns = {{0}, 0, width};

@@ -45,7 +45,7 @@ static void print_heading(KRT_PLX_ClipBase* clip, int width)
     free(tags);
 }
 
-/* A file can name an end far beyond what anyone wants to see in a console. */
+/* A file can say that a part ends far beyond what anyone wants to see in a console. */
 static int64_t last_bar_to_show(const ClipView* view, int64_t bars)
 {
     enum { most_bars = 64 };
@@ -53,7 +53,7 @@ static int64_t last_bar_to_show(const ClipView* view, int64_t bars)
     return most < bars ? most : bars;
 }
 
-/* The part's own duration and, if they go beyond it, its notes. */
+/* The bars up to the end of the part, or of its last note if that is later. */
 static int64_t count_bars(const Melody* melody, int64_t duration, Meter meter)
 {
     for (size_t i = 0; i < melody->count; ++i) {

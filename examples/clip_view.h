@@ -8,9 +8,9 @@
 
 /* How to show a clip. Bars count from 1. */
 typedef struct ClipView {
-    Meter meter;       /* without beats: to be guessed */
+    Meter meter;       /* no beats: guess it */
     int64_t first_bar; /* of the piano roll */
-    int64_t last_bar;  /* 0: as far as the part goes */
+    int64_t last_bar;  /* 0: to the end of the part */
     int width;         /* of the console, in columns */
 } ClipView;
 

@@ -1,8 +1,8 @@
 /*
  * The life of user clips, from building them to removing them.
  *
- * Each step says what it does and what came back. Of its files tune.c builds the clips; the others
- * are those of browse.
+ * Each step prints what it does and what the call returned. tune.c builds the clips; the other
+ * files are shared with browse.
  */
 #include <stdio.h>
 #include <stdlib.h>
@@ -17,7 +17,7 @@
 
 static const char vendor_name[] = "Example studio";
 
-/* What the steps share. Clips are kept by ID, since reading the clips again ends all handles. */
+/* What the steps share. Clips are kept by ID, because reading the clips again ends all handles. */
 typedef struct Workshop {
     KRT_PLX_Manager* manager;
     KRT_PLX_Char* wave_path;
@@ -30,7 +30,7 @@ static void announce(const char* step)
     printf("\n== %s\n", step);
 }
 
-/* Says what came of a call, and passes that on. */
+/* Prints whether a call succeeded, and returns that. */
 static bool report(const char* call, bool is_done)
 {
     printf("%-42s%s\n", call, is_done ? "done" : "FAILED");
@@ -45,7 +45,7 @@ static KRT_PLX_ClipBase* clip_of(const Workshop* workshop, const char* id)
     return clip;
 }
 
-/* Saves an editable clip, and keeps the ID of the user clip that comes out of it. */
+/* Saves an editable clip, and keeps the ID of the new user clip. */
 static bool save_clip(KRT_PLX_ClipBase* clip, const char* name, char** id)
 {
     uint32_t code = KRT_PLX_RESULT_OK;
@@ -209,7 +209,7 @@ static bool read_again(const Workshop* workshop)
     return code == KRT_PLX_RESULT_OK;
 }
 
-/* Reading the part first lets the library know of a wave file, which it then removes as well. */
+/* Only after reading the part does the library know the clip's wave file, and removes it too. */
 static bool remove_clip(const Workshop* workshop, const char* id)
 {
     KRT_PLX_ClipBase* clip = clip_of(workshop, id);
@@ -241,7 +241,7 @@ static bool compose(Workshop* workshop)
            remove_clips(workshop);
 }
 
-/* The library wants backslashes in the path of a wave file, on every system. */
+/* The library expects backslashes in the path of a wave file, on every system. */
 static KRT_PLX_Char* wave_path_in(const char* folder)
 {
     Text path = {0};

@@ -36,7 +36,7 @@ static void convert_arguments(int* argc, char*** argv)
 void console_start(int* argc, char*** argv)
 {
     SetConsoleOutputCP(CP_UTF8);
-    /* A character that is written in two pieces would come out as two wrong ones. */
+    /* A character that is written in two pieces would be shown as two wrong ones. */
     setvbuf(stdout, NULL, _IOFBF, 1 << 16);
     convert_arguments(argc, argv);
 }

@@ -61,7 +61,7 @@ const char* language_name(int32_t language)
     return language >= 0 && language < number_of_languages ? language_names[language] : NULL;
 }
 
-/* Returns the place of a name, or -1. */
+/* Returns the index of a name, or -1. */
 static int find_name(const char* const* names, int count, const char* name)
 {
     for (int i = 0; i < count; ++i) {

@@ -1,6 +1,6 @@
 /*
- * What the library leaves to its hosts: how long a quarter note is, and what the numbers of keys,
- * languages and controller lanes are called. Another host may number them otherwise; these are the
+ * What the library leaves to its hosts: how long a quarter note is, and the names of the numbers of
+ * keys, languages and controller lanes. Another host may number them differently; these are the
  * conventions of the clips in examples/library.
  */
 #ifndef EXAMPLES_CONVENTIONS_H
@@ -30,13 +30,13 @@ const char* language_name(int32_t language);
 /* Turns a name or a number into a language number; false when it is neither. */
 bool find_language(const char* text, int32_t* language);
 
-/* "pitchBend" for 3, as clip files call the lanes too; NULL for an unknown type. */
+/* "pitchBend" for 3, the name that clip files use too; NULL for an unknown type. */
 const char* lane_name(uint32_t type);
 
-/* "midi" for KRT_PLX_PART_MIDI, as clip files call the part types too. */
+/* "midi" for KRT_PLX_PART_MIDI, the name that clip files use too. */
 const char* part_type_name(uint32_t type);
 
-/* Turns such a name into a part type; false when there is none of that name. */
+/* Turns such a name into a part type; false for an unknown name. */
 bool find_part_type(const char* name, uint32_t* type);
 
 #endif

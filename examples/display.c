@@ -19,7 +19,7 @@ static bool is_in(const Range* ranges, size_t count, uint32_t character)
     return false;
 }
 
-/* The ranges that names and lyrics use; a host with a text engine asks that instead. */
+/* The ranges that names and lyrics use; a host with a text engine would ask the engine instead. */
 int character_width(uint32_t character)
 {
     static const Range combining[] = {{0x0300, 0x036F}, {0x200B, 0x200F}, {0x20D0, 0x20FF},
@@ -44,7 +44,7 @@ int display_width(const char* text)
     return width;
 }
 
-/* How many bytes of the text fit into so many columns; leaves the number of columns left over. */
+/* How many bytes of the text fit into *columns; leaves the unused columns in *columns. */
 static int bytes_that_fit(const char* text, int* columns)
 {
     const char* begin = text;
@@ -73,7 +73,7 @@ void print_column(const char* text, int width)
     printf("%.*s…%*s", bytes, text, blanks, "");
 }
 
-/* How many bytes of the text go on one line: up to the last blank that fits, or else all that fit. */
+/* How many bytes of the text go on one line: up to the last blank that fits, or all that fit. */
 static int bytes_of_line(const char* text, int width)
 {
     int left = width;

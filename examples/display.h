@@ -16,12 +16,12 @@ int display_width(const char* text);
 void print_column(const char* text, int width);
 
 /*
- * Prints a text and ends the line. The text begins at the column `indent`, where the caller has got
- * to, and goes on there on the next line when it comes to the end of the console, at `width`.
+ * Prints a text and ends the line. The text begins at the column `indent`, where the cursor already
+ * is. At the end of the console, at `width`, it continues on the next line, at `indent`.
  */
 void print_wrapped(const char* text, int indent, int width);
 
-/* Prints a line of a list: a title of up to 8 letters, or none, and what is to be said of it. */
+/* Prints a line of a list: a title of up to 8 letters, or none, and a text. */
 void print_entry(const char* title, const char* text, int width);
 
 #endif

@@ -6,7 +6,7 @@
 
 #include <korvel/plx.h>
 
-/* How many effects a chain has, and the one at a place in it. */
+/* The functions that count the effects of a chain and return the one at an index. */
 typedef bool (*CountEffects)(KRT_PLX_PartBase* part, uint64_t* count);
 typedef KRT_PLX_EffectBase* (*EffectAt)(KRT_PLX_PartBase* part, uint64_t index);
 

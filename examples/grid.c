@@ -41,7 +41,7 @@ void free_grid(Grid* grid)
     *grid = (Grid){0, 0, NULL};
 }
 
-/* Appends to the glyph of a cell, if there is room: a mark that combines with it. */
+/* Appends a combining mark to the glyph of a cell, if there is room. */
 static void combine(Grid* grid, int row, int column, const char* mark, size_t length)
 {
     if (is_inside(grid, row, column)) {

@@ -7,7 +7,7 @@
 #include <stdbool.h>
 
 typedef struct Cell {
-    char glyph[16]; /* one character with what combines with it; empty behind a wide one */
+    char glyph[16]; /* one character with its combining marks; empty after a wide one */
 } Cell;
 
 typedef struct Grid {
@@ -23,7 +23,7 @@ void free_grid(Grid* grid);
 /* Fills a cell with a character that takes one column. Outside the grid nothing is drawn. */
 void draw(Grid* grid, int row, int column, const char* glyph);
 
-/* Writes a text along a row, as far as the grid goes. Returns the column behind it. */
+/* Writes a text along a row, up to the edge of the grid. Returns the column after it. */
 int write_text(Grid* grid, int row, int column, const char* text);
 
 bool is_blank_row(const Grid* grid, int row);

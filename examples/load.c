@@ -1,5 +1,5 @@
 /*
- * A host that loads the library at run time: it is built without it, and lists the clips by the
+ * A host that loads the library at run time: it is built without it, and lists the clips with the
  * functions that korvel/plx_loader.h finds in it.
  */
 #include <stdio.h>

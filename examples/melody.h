@@ -7,7 +7,7 @@
 #include <korvel/plx.h>
 
 typedef struct MelodyNote {
-    int64_t begin; /* in ticks, as all times here: 64 bits, so that no sum of two overflows */
+    int64_t begin; /* all times here are in ticks; with 64 bits the sum of two cannot overflow */
     int64_t end;
     int64_t vibrato_begin; /* the end of the note when it has no vibrato */
     uint32_t number;
@@ -32,8 +32,8 @@ int64_t ticks_per_beat(Meter meter);
 int64_t ticks_per_bar(Meter meter);
 
 /*
- * A clip holds no meter: an editor knows its song's own. This takes the one that divides the part
- * into whole bars with the fewest notes held across a bar line.
+ * A clip contains no meter; an editor knows that of its song. This guesses the meter that divides
+ * the part into whole bars with the fewest notes held across a bar line.
  */
 Meter guess_meter(const Melody* melody, int64_t part_duration);
 

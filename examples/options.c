@@ -60,7 +60,7 @@ static bool read_width(int* width, const char* value)
     return sscanf(value, "%4d", width) == 1 && *width >= 60;
 }
 
-/* Takes the value of one option; false when there is no such option or it cannot have that value. */
+/* Sets one option; false when there is no such option or it cannot have that value. */
 static bool read_option(Options* options, const char* name, const char* value)
 {
     Search* search = &options->search;
@@ -91,7 +91,7 @@ static bool read_option(Options* options, const char* name, const char* value)
     return strcmp(name, "--width") == 0 && read_width(&options->view.width, value);
 }
 
-/* Takes what comes after the options. */
+/* Reads the arguments after the options. */
 static bool read_folders(Options* options, char** arguments, int count)
 {
     if (count < 2) {

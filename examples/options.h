@@ -12,10 +12,10 @@ typedef struct Options {
     ClipView view;
     const char* system_folder;
     const char* user_folder;
-    char** clips; /* ends with NULL; without any, the clips are listed */
+    char** clips; /* ends with NULL; if it is empty, all clips are listed */
 } Options;
 
-/* Reads the command line, in UTF-8. When it is wrong, says so, and how to use it. */
+/* Reads the command line, in UTF-8. When it is wrong, prints what is wrong, and the usage. */
 bool read_options(Options* options, int argc, char** argv);
 
 void free_options(Options* options);

@@ -109,7 +109,7 @@ static void draw_melody(Line* line, const Melody* melody)
     }
 }
 
-/* The last row is the second one for lyrics, which most lines do not need. */
+/* The last row is the second row for lyrics, which most lines do not need. */
 static void print_rows(const Grid* grid)
 {
     for (int row = 0; row < grid->rows; ++row) {

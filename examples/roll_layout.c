@@ -41,7 +41,7 @@ bool find_range(const Melody* melody, const Layout* layout, int64_t first_bar, u
     return *lowest <= *highest;
 }
 
-/* Letters need a blank between two lyrics; kana and the like stand well side by side. */
+/* Lyrics in letters need a blank between them; kana and similar characters do not. */
 static int gap_after(const char* lyric)
 {
     int last = 1;
@@ -95,7 +95,7 @@ static bool lyrics_fit(const Melody* melody, const Layout* layout, const RollVie
     return true;
 }
 
-/* Gives the bars of a line equal widths in which every eighth note begins at a column of its own. */
+/* Gives all bars of a line the same width, in which each eighth note begins in its own column. */
 static void divide_line(Layout* layout, int bars, int width)
 {
     int eighths = (int)(2 * layout->ticks_per_bar / ticks_per_quarter);

@@ -7,7 +7,7 @@
 typedef bool (*CountTags)(KRT_PLX_Filter* filter, uint64_t* count);
 typedef const KRT_PLX_Char* (*TagAt)(KRT_PLX_Filter* filter, uint64_t index);
 
-/* True when the tag is in the list, and when none is asked for. */
+/* True when the tag is in the list, or when no tag is asked for. */
 static bool has_tag(KRT_PLX_Filter* filter, CountTags count_tags, TagAt tag_at,
                     const KRT_PLX_Char* wanted)
 {

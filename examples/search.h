@@ -1,13 +1,13 @@
 /*
- * Narrowing a catalogue down by search tags. The library keeps the tags and leaves it to its hosts
- * what they make of them: here a clip has to match everything that is asked for.
+ * Searching a catalogue by tags. The library keeps the tags; the host decides what they mean for a
+ * search. Here a clip has to match everything that is asked for.
  */
 #ifndef EXAMPLES_SEARCH_H
 #define EXAMPLES_SEARCH_H
 
 #include <korvel/plx.h>
 
-/* What a user looks for. What is NULL, KRT_PLX_PART_NONE or false is not asked for. */
+/* What a user looks for. A field that is NULL, KRT_PLX_PART_NONE or false matches every clip. */
 typedef struct Search {
     uint32_t part_type;
     KRT_PLX_Char* type;

@@ -1,4 +1,4 @@
-// The words of every clip of a library, as they are sung: a host in C++17 over korvel/plx.hpp.
+// Prints the lyrics of every clip of a library: a host in C++17 that uses korvel/plx.hpp.
 #include <cstdio>
 #include <cstdlib>
 #include <string>
@@ -13,7 +13,7 @@ namespace {
 
 namespace plx = korvel::plx;
 
-// A clip can come from anywhere: what its texts hold must not act on the console.
+// A clip can come from anywhere: its texts must not contain anything that controls the console.
 std::string printable(plx::StringView text)
 {
     plx::String harmless(text);

@@ -17,7 +17,7 @@ void* allocate(size_t count, size_t size)
     return memory;
 }
 
-/* How many bytes a UTF-8 sequence has by its first one; 0 when none begins like this. */
+/* The length of a UTF-8 sequence, from its first byte; 0 when no sequence begins with that. */
 static int sequence_length(unsigned char first)
 {
     if (first < 0x80) {
@@ -44,7 +44,7 @@ static bool is_low_surrogate(uint32_t unit)
     return unit >= 0xDC00 && unit < 0xE000;
 }
 
-/* Decodes one character and returns how many bytes it has; 0 when the bytes are no UTF-8. */
+/* Decodes one character and returns how many bytes it has; 0 when the bytes are not UTF-8. */
 static int decode_utf8(const char* bytes, uint32_t* character)
 {
     static const uint32_t smallest[] = {0, 0, 0x80, 0x800, 0x10000};

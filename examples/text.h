@@ -1,23 +1,23 @@
 /*
- * Text of an example program: UTF-8 inside, UTF-16 towards the library.
+ * Text of an example program: UTF-8 in the program, UTF-16 for the library.
  */
 #ifndef EXAMPLES_TEXT_H
 #define EXAMPLES_TEXT_H
 
 #include <korvel/plx.h>
 
-/* calloc() that ends the program when there is no memory, as nothing sensible is left to do. */
+/* calloc() that ends the program when memory runs out, because the examples cannot continue then. */
 void* allocate(size_t count, size_t size);
 
-/* Returns the text as the library takes it, or NULL when it is no UTF-8. Free it. */
+/* Returns the text in UTF-16, or NULL when it is not UTF-8. Free it. */
 KRT_PLX_Char* utf16_from_utf8(const char* text);
 
 /* Returns a text of the library in UTF-8; NULL gives an empty text. Free it. */
 char* utf8_from_utf16(const KRT_PLX_Char* text);
 
 /*
- * Does the same for the console. A clip can come from anywhere: what its texts hold must not act on
- * the console, so control characters are replaced. Free it.
+ * Does the same for the console. A clip can come from anywhere, and its texts must not control the
+ * console, so control characters are replaced. Free it.
  */
 char* printable_from_utf16(const KRT_PLX_Char* text);
 
@@ -26,7 +26,7 @@ bool utf16_equal(const KRT_PLX_Char* left, const KRT_PLX_Char* right);
 /* Orders two texts by their units, as strcmp() does by bytes. */
 int utf16_compare(const KRT_PLX_Char* left, const KRT_PLX_Char* right);
 
-/* A text in the making, in UTF-8. Start with {0}; `bytes` is NULL until something is appended. */
+/* A text that grows, in UTF-8. Start with {0}; `bytes` is NULL until something is appended. */
 typedef struct Text {
     char* bytes;
     size_t length;
@@ -44,17 +44,17 @@ void text_append_item(Text* text, const char* separator, const char* bytes);
 const char* text_bytes(const Text* text);
 void text_free(Text* text);
 
-/* Texts for the library, made in passing and freed together. Start with {0}. */
+/* Texts for the library that are freed together. Start with {0}. */
 typedef struct Texts {
     KRT_PLX_Char** texts;
     size_t count;
 } Texts;
 
-/* Returns the text as the library takes it, valid until free_texts(); NULL when it is no UTF-8. */
+/* Returns the text in UTF-16, valid until free_texts(); NULL when it is not UTF-8. */
 const KRT_PLX_Char* for_library(Texts* texts, const char* text);
 void free_texts(Texts* texts);
 
-/* Reads the character at *bytes and moves *bytes behind it; 0 at the end of the text. */
+/* Reads the character at *bytes and moves *bytes past it; 0 at the end of the text. */
 uint32_t next_character(const char** bytes);
 
 #endif

@@ -96,7 +96,7 @@ static bool fill_midi_part(KRT_PLX_PartBase* part, Texts* texts)
                       texts);
 }
 
-/* What the catalogue tells of the clip. */
+/* What the catalogue shows of the clip. */
 static bool describe(KRT_PLX_ClipBase* clip, const char* type, const char* genre, Texts* texts)
 {
     KRT_PLX_Filter* filter = KRT_PLX_MutableClip_filter(clip);

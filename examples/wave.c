@@ -34,7 +34,7 @@ static void put_header(FILE* file)
     put_number(file, data_size, 4);
 }
 
-/* The partials of a bell do not stand in whole ratios, and the higher ones fade sooner. */
+/* The partials of a bell are not whole multiples of one frequency, and the higher ones fade sooner. */
 static double bell_at(double second)
 {
     static const double ratios[] = {1.0, 2.0, 2.4, 3.0, 4.5};

@@ -1,5 +1,5 @@
 /*
- * A small wave file, made up, for a clip that needs one.
+ * A small generated wave file, for a clip that needs one.
  */
 #ifndef EXAMPLES_WAVE_H
 #define EXAMPLES_WAVE_H
