@@ -1,4 +1,4 @@
-// What every clip answers, and the interface of the clip that a host builds.
+// The interface that all clips share, and that of the clip that a host builds.
 #pragma once
 
 #include <cstdint>

@@ -1,4 +1,4 @@
-// Where a clip's files lie, in its folder and beside each other.
+// Where a clip's files are, in its folder and relative to each other.
 #pragma once
 
 #include "fs/fs.h"

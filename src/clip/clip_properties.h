@@ -1,4 +1,4 @@
-// The catalogue properties of a clip: what its property document holds.
+// The catalogue properties of a clip: the content of its property document.
 #pragma once
 
 #include <cstdint>

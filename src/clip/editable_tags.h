@@ -8,11 +8,11 @@ namespace Korvel::CANTORIS::PLX {
 
 class EditableTags : public TagLists<EditableTextList> {
 public:
-    // Appends the text unless an equal one is there. False when the list takes no such text, and for
-    // null.
+    // Appends the text unless the list has it already. False when the list does not accept the
+    // text, and for null.
     bool add(Tag tag, const Char* text);
 
-    // Appends the number unless it is there. False for a negative one.
+    // Appends the number unless the list has it already. False for a negative one.
     bool addLanguage(std::int32_t number);
 
     // Erases the equal element. False when there is none, and for null.

@@ -7,7 +7,7 @@ namespace Korvel::CANTORIS::PLX {
 
 namespace {
 
-// Tag lists are short. Only where looking at every text begins to take microseconds does an index pay.
+// Tag lists are short. An index pays only where a search through all texts takes microseconds.
 constexpr std::size_t searchLimit = 1024;
 
 } // namespace
@@ -18,7 +18,7 @@ void EditableTextList::add(StringView text)
         return;
     }
     auto copy = std::make_unique<const String>(text);
-    // What may fail comes before the first change.
+    // Allocations, which can fail, come before the first change.
     if (texts_.size() == texts_.capacity()) {
         texts_.reserve(texts_.size() * 2 + 1);
     }

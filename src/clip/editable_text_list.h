@@ -1,5 +1,5 @@
-// The texts that a host adds and removes one by one, in any number and of any length: each is there
-// once, and they stand in the order in which they were added.
+// The texts that a host adds and removes one by one, in any number and of any length. No text is in
+// the list twice, and they are in the order in which they were added.
 #pragma once
 
 #include <cstddef>
@@ -15,10 +15,10 @@ class EditableTextList {
 public:
     std::size_t size() const { return texts_.size(); }
 
-    // NUL-terminated; good until the text is removed.
+    // NUL-terminated; valid until the text is removed.
     StringView operator[](std::size_t index) const { return *texts_[index]; }
 
-    // Appends the text unless it is there.
+    // Appends the text unless the list has it already.
     void add(StringView text);
 
     // False when the text is not there.

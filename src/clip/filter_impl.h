@@ -6,7 +6,7 @@
 
 namespace Korvel::CANTORIS::PLX {
 
-// Over either form of the tag lists.
+// For both implementations of the tag lists.
 template <class Tags>
 class FilterImpl : public Filter {
 public:

@@ -13,9 +13,9 @@ namespace {
 // Up to this many elements a scan of the list is quicker than sorting.
 constexpr std::size_t scanLimit = 16;
 
-// Marks the elements that repeat an earlier one. Sorting by hashes leaves the elements alone but for
-// those of one hash, and these are sorted too: texts with one hash, which a document can be full of,
-// make it no slower than sorting by the texts.
+// Marks the elements that repeat an earlier one. Sorting compares hashes first, which is faster
+// than comparing texts. Elements with equal hashes are compared themselves, so that a document full
+// of texts with the same hash makes this no slower than sorting by the texts.
 template <class Value>
 std::vector<bool> repetitions(const std::vector<Value>& list)
 {
@@ -52,7 +52,7 @@ void removeRepetitions(std::vector<Value>& list)
     list.erase(end, list.end());
 }
 
-// Appends the items that `accepts` lets in and that are not there yet.
+// Appends the items that `accepts` allows and that are not in the list yet.
 template <class Value, class Accepts>
 void appendDistinct(std::vector<Value>& list, const std::vector<Value>& items, Accepts accepts)
 {

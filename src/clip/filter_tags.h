@@ -1,4 +1,4 @@
-// The tags of a catalogue clip, which come from a document all at once.
+// The tags of a catalogue clip, which are read from a document all at once.
 #pragma once
 
 #include <vector>
@@ -10,8 +10,8 @@ namespace Korvel::CANTORIS::PLX {
 
 class FilterTags : public TagLists<TextList> {
 public:
-    // Appends, in order, what the list takes and does not hold yet. Near-linear in their number: a
-    // document may hold any amount.
+    // Appends, in order, the texts that the list accepts and does not contain yet. The time is
+    // nearly linear in their number, because a document may contain any number.
     void addAll(Tag tag, const std::vector<StringView>& texts);
     void addAllLanguages(const Languages& numbers);
 

@@ -31,7 +31,7 @@ Result checkAiVoice(const MutableMidiPart& part)
     return Result::success;
 }
 
-// Addresses are compared, null included: null is "the part" of a clip that has none of that kind.
+// Compares addresses. Null equals null: it is "the part" of a clip that has no part of that kind.
 bool isSame(const PartBase* own, const PartBase* element)
 {
     return own == element;
@@ -56,7 +56,7 @@ void MutableClipImpl::destroy()
 
 void MutableClipImpl::setVendorName(const Char* text)
 {
-    base().vendorName = String(viewOrEmpty(text)); // by way of a copy: the text may be our own
+    base().vendorName = String(viewOrEmpty(text)); // a copy first: the text may be our own
 }
 
 MutableAudioPart* MutableClipImpl::createAudioPart()

@@ -11,7 +11,7 @@ namespace Korvel::CANTORIS::PLX {
 
 class MutableClipImpl;
 
-// What a mutable clip needs of the manager that made it.
+// What a mutable clip needs from the manager that made it.
 class MutableClipOwner {
 public:
     virtual Manager* manager() = 0;

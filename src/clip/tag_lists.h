@@ -1,4 +1,4 @@
-// The six tag lists of a filter as everyone reads them, whichever way their texts are kept.
+// Reading the six tag lists of a filter, however their texts are stored.
 #pragma once
 
 #include <array>
@@ -13,7 +13,7 @@ namespace Korvel::CANTORIS::PLX {
 enum class Tag : std::uint8_t { singerGroup, vendor, singerID, type, genre };
 inline constexpr std::size_t textTagCount = 5;
 
-// What may enter a list: any text but the empty one, which only vendors take.
+// Which texts a list accepts: all except the empty one, which only the list of vendors accepts.
 inline bool takesText(Tag tag, StringView text)
 {
     return tag == Tag::vendor || !text.empty();

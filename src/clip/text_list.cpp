@@ -8,7 +8,7 @@ namespace Korvel::CANTORIS::PLX {
 
 namespace {
 
-// The words in front of the units: the number of texts, the starts and the end.
+// The words before the units: the number of texts, their starts and the end.
 constexpr std::size_t wordCount(std::size_t texts)
 {
     return texts + 2;

@@ -17,7 +17,7 @@ public:
 
     std::size_t size() const;
 
-    // NUL-terminated; good as long as the list.
+    // NUL-terminated; valid as long as the list.
     StringView operator[](std::size_t index) const;
 
     std::vector<StringView> views() const;

@@ -20,7 +20,7 @@ std::unordered_set<StringView> idsOf(const Clips& clips)
     return ids;
 }
 
-// Whether the folder is the outer one or lies in it.
+// Whether the folder is the outer one or inside it.
 bool isWithin(StringView folder, StringView outer)
 {
     return folder.starts_with(outer) &&
@@ -75,7 +75,7 @@ Result CatalogueScan::read(const String& directory, OwnedList<ClipT>& clips, Ids
     try {
         hadMemory_ = fs::forEachFile(directory, visit) && hadMemory_;
     } catch (const std::bad_alloc&) {
-        hadMemory_ = false; // not even for the first step into this directory; the others are read
+        hadMemory_ = false; // not even enough to begin with this directory; the others are read
     }
     return Result::success;
 }
@@ -92,8 +92,9 @@ void CatalogueScan::list(OwnedList<ClipT>& clips, std::unique_ptr<ClipT> clip, I
     }
 }
 
-// From the property document beside the clip file or, where that gives no clip, from the clip file
-// itself, whole. A property document that has given a clip gives no second one: its ID is taken.
+// Loads from the property document beside the clip file or, if that gives no clip, from the whole
+// clip file. A property document that has given a clip gives no second one, because its ID is
+// taken.
 bool CatalogueScan::load(const fs::Path& path, fs::Kind kindOfProperties, ClipImpl& clip,
                          Properties& properties)
 {

@@ -14,35 +14,37 @@
 
 namespace Korvel::CANTORIS::PLX {
 
-// One reading of clip files. Clips that the lists hold already count for the test for duplicates.
+// One reading of clip files. A clip with the ID of a clip that is already in the lists is a
+// duplicate.
 class CatalogueScan {
 public:
     CatalogueScan(ManagerImpl* manager, OwnedList<SystemClipImpl>& systemClips,
                   OwnedList<UserClipImpl>& userClips);
 
-    // Appends the clips below the directory, in the order in which the file system lists them. A clip
-    // whose ID is taken is passed over: a system clip's by another system clip, a user clip's by any.
+    // Appends the clips below the directory, in the order in which the file system lists them. A
+    // clip is left out if its ID is taken: for a system clip by another system clip, for a user
+    // clip by any.
     Result readSystemClips(const String& directory);
     Result readUserClips(const String& directory);
 
-    // False when memory ran out: the clips that it was needed for were left out.
+    // False when memory ran out; then the clips for which there was none were left out.
     [[nodiscard]] bool hadMemory() const { return hadMemory_; }
 
 private:
     using Ids = std::unordered_set<StringView>;
 
-    // What has become of the property document of a folder, which all clip files in it share. `read` is
-    // the moment before its clip is listed: should there be no memory for that, the next clip file reads
-    // it again.
+    // The state of the property document of a folder, which all clip files in it share. `read`
+    // lasts until its clip is listed: if memory runs out before that, the next clip file reads it
+    // again.
     enum class Properties { unread, refused, read, listed };
 
-    // The folder of the last clip file and those above it. A folder is met in one piece, but for the
-    // folders in it.
+    // The folder of the last clip file and its parents. The scan visits a folder's files together,
+    // interrupted only by the folders in it.
     class OpenFolders {
     public:
         void clear() { depth_ = 0; }
 
-        // Unread when the folder was not met before.
+        // `unread` for a folder that was not visited before.
         Properties& propertiesOf(StringView folder);
 
     private:
@@ -51,7 +53,7 @@ private:
             Properties properties = Properties::unread;
         };
 
-        std::vector<OpenFolder> folders_; // those beyond depth_ are kept for their memory
+        std::vector<OpenFolder> folders_; // entries beyond depth_ are kept to reuse their memory
         std::size_t depth_ = 0;
     };
 

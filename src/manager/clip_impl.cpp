@@ -30,7 +30,7 @@ std::uint32_t ClipImpl::partType() const noexcept
     return part_ == nullptr ? partType_ : part_->type();
 }
 
-// A part that cannot be read leaves the one that is loaded, and the host's handles into it, alone.
+// If the part cannot be read, the loaded one stays, and so do the host's handles to its objects.
 bool ClipImpl::readPart()
 {
     auto part = format::Loader().loadPart(filePath(), this);

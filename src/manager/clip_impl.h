@@ -56,10 +56,10 @@ private:
     String id_;
     String name_;
     String path_;
-    std::size_t directoryLength_ = 0; // of the clip directory that the host has given
+    std::size_t directoryLength_ = 0; // of the clip directory that the host passed
     FilterImpl<FilterTags> filter_;
     std::unique_ptr<PartBase> part_;
-    std::uint32_t partType_ = part_type::none; // as the property document has it
+    std::uint32_t partType_ = part_type::none; // as in the property document
     ClipKind kind_;
 };
 

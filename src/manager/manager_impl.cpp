@@ -32,8 +32,8 @@ ManagerImpl::ManagerImpl(ManagerRequest&& request)
 {
 }
 
-// The further system directories come after the main user directory: hosts know this order by the
-// clips that it lets win.
+// The additional system directories come after the main user directory. Hosts depend on this order:
+// it decides which of several clips with one ID is listed.
 std::uint32_t ManagerImpl::readAllClipFiles()
 {
     systemClips_.clear();

@@ -18,7 +18,7 @@ public:
     const String& appIDText() const { return appID_; }
     const OwnedList<UserClipImpl>& userClips() const { return userClips_; }
 
-    // Takes the clip out of the list and deletes it.
+    // Removes the clip from the list and deletes it.
     bool discard(const UserClipImpl& clip) { return userClips_.remove(&clip); }
 
     void destroy() override { Registry::instance().destroy(this); }

@@ -8,8 +8,8 @@ namespace Korvel::CANTORIS::PLX {
 
 namespace {
 
-// Shows the clip with its new properties and, unless they are kept, gives the old ones back however
-// the attempt ends.
+// Gives the clip its new properties and, unless they are kept, puts the old ones back, however the
+// attempt ends.
 class Attempt {
 public:
     Attempt(ClipImpl& clip, EditableProperties&& properties)

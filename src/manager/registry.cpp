@@ -44,13 +44,13 @@ void report(Result result, std::uint32_t* resultCode)
 constexpr Registry::Registry() = default;
 Registry::~Registry() = default;
 
-// Never destroyed: while the process ends, threads of the host may still be at work in it, and late
-// destructors of the host may still ask it.
+// Never destroyed: while the process ends, threads of the host may still be using it, and late
+// destructors of the host may still call it.
 union RegistryStorage {
     Registry registry;
 
     constexpr RegistryStorage() : registry() {}
-    // NOLINTNEXTLINE(modernize-use-equals-default): of a union with such a member there is no default
+    // NOLINTNEXTLINE(modernize-use-equals-default): a union with such a member has no default one
     ~RegistryStorage() {}
 };
 
@@ -65,7 +65,7 @@ Registry& Registry::instance() noexcept
     return storage.registry;
 }
 
-// The directories are asked without the lock: a drive that takes its time holds up nobody else.
+// The directories are checked without the lock, so that a slow drive delays only this call.
 Manager* Registry::create(ManagerRequest&& request, std::uint32_t* resultCode)
 {
     Result result = checkRequest(request);
@@ -121,7 +121,7 @@ bool Registry::destroy(const Manager* manager)
     return true;
 }
 
-// Takes no lock: a host that unloads the library has no thread in it any more.
+// Takes no lock: when a host unloads the library, none of its threads may be in it any more.
 void Registry::clear()
 {
     Managers().swap(managers_);

@@ -12,7 +12,7 @@ namespace Korvel::CANTORIS::PLX {
 class Manager;
 class ManagerImpl;
 
-// What a host gives to have a manager made.
+// What a host passes to create a manager.
 struct ManagerRequest {
     const Char* appID;
     const Char* systemClipDirPath;
@@ -26,15 +26,16 @@ public:
     // Its managers are deleted when the host unloads the library, and left alone when the process ends.
     static Registry& instance() noexcept;
 
-    // The live manager of that application ID, with `resultCode` left alone, or a new one; null with
-    // a code when there can be none.
+    // The live manager with that application ID, without changing `resultCode`, or a new one. Null
+    // and a code when a new one cannot be made.
     Manager* create(ManagerRequest&& request, std::uint32_t* resultCode);
 
-    // Compares addresses and takes no lock: hosts ask this from the manager's own thread.
+    // Compares addresses and takes no lock: hosts call this while no manager is created or
+    // destroyed.
     bool has(const Manager* manager) const;
 
-    // Deletes the manager if it is registered; the pointer is looked into only then. False for null
-    // alone.
+    // Deletes the manager if it is registered; otherwise the pointer is not dereferenced. False
+    // only for null.
     bool destroy(const Manager* manager);
 
 private:

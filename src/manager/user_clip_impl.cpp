@@ -24,7 +24,7 @@ Names namesOf(StringView path)
     return names;
 }
 
-// The path without detours; empty when they lead further up than can be told.
+// The names of the path, with "." and ".." resolved; empty when ".." leads above its beginning.
 Names withoutDetours(StringView path)
 {
     Names names;
@@ -41,9 +41,9 @@ Names withoutDetours(StringView path)
     return names;
 }
 
-// The way from the clip's folder to the folder of its wave file. The wave path comes from a document,
-// which may name any place: only the clip's own audio folder, and what lies in it, is the clip's to
-// delete. Empty for anything else.
+// The names from the clip's folder down to the folder of its wave file. The wave path comes from a
+// document, which may name any place, but only the clip's own audio folder, and what is in it, may
+// be deleted with the clip. Empty for any other place.
 Names wayToOwnAudio(StringView clipDirectory, StringView waveFolder)
 {
     const Names own = withoutDetours(clipDirectory);
@@ -55,8 +55,8 @@ Names wayToOwnAudio(StringView clipDirectory, StringView waveFolder)
     return {all.begin() + static_cast<std::ptrdiff_t>(own.size()), all.end()};
 }
 
-// From the clip's folder down, through no link. What cannot be removed stays: the clip is gone without
-// its documents.
+// Goes down from the clip's folder without following links. What cannot be removed stays: without
+// its documents the clip is gone anyway.
 void removeTree(const fs::Folder& clipFolder, const Names& way)
 {
     try {
@@ -73,14 +73,15 @@ void removeTree(const fs::Folder& clipFolder, const Names& way)
     }
 }
 
-// Not by asking first: a link that leads nowhere does not exist, but would stay.
+// Does not ask first whether the entry exists: a link that leads nowhere would seem not to, and
+// would stay.
 bool removeIfThere(const fs::Folder& folder, StringView name)
 {
     return folder.remove(name) || folder.isMissing(name);
 }
 
-// Keeps those out who edit the clip in another program. True also where there is nothing to hold, or
-// no longer: while this program waited, the other one may have removed the clip.
+// Whether no other program is editing the clip. True also where there is no property document, or
+// no longer: while this program waited for it, another one may have removed the clip.
 bool isFree(const fs::HeldFile& properties, const fs::Folder& folder, const fs::Path& path)
 {
     return properties.state() == fs::HeldFile::State::held
@@ -88,7 +89,8 @@ bool isFree(const fs::HeldFile& properties, const fs::Folder& folder, const fs::
                : properties.state() != fs::HeldFile::State::busy;
 }
 
-// The clip file goes first. What needs memory comes before: without it nothing is removed.
+// The clip file is removed first. Everything that needs memory comes before that, so that nothing
+// is removed when memory runs out.
 bool removeDocuments(const fs::Path& clipPath, const Names& wayToAudio)
 {
     const fs::Path directory = fs::folderOf(clipPath);
@@ -135,7 +137,7 @@ PropertyEditor* UserClipImpl::createPropertyEditor()
     return editor_.get();
 }
 
-// Whichever editor there is goes: a clip has but one.
+// A clip has only one editor, so the argument does not matter.
 void UserClipImpl::destroyPropertyEditor(PropertyEditor*)
 {
     editor_.reset();

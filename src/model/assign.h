@@ -1,12 +1,12 @@
-// How a checked value is stored: one form for every range rule.
+// Storing values that a field accepts, in the same way for every field.
 #pragma once
 
 #include "model/fields.h"
 
 namespace Korvel::CANTORIS::PLX {
 
-// Stores the value if the field accepts it. Slots may be narrower than the type at the boundary: the
-// field's range fits them.
+// Stores the value if the field accepts it. The slot may be narrower than the type in the
+// interface, if the field's range fits into it.
 template <class Slot, class Value>
 bool assign(Slot& slot, const Field<Value>& field, Value value)
 {

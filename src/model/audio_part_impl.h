@@ -14,7 +14,7 @@ public:
     explicit AudioPartBaseImpl(ClipBase* clip) : clip_(clip) {}
 
     const Char* wavFilePath() const noexcept override { return wavFilePath_.c_str(); }
-    // Neither document stores the region and no operation changes it.
+    // The documents do not store the region, and no operation changes it.
     std::int32_t begin() const noexcept override { return 0; }
     std::int32_t end() const noexcept override { return 0; }
 
@@ -32,7 +32,7 @@ class AudioPartImpl final : public AudioPart, public AudioPartBaseImpl {
 public:
     using AudioPartBaseImpl::AudioPartBaseImpl;
 
-    // For the reader, which fills a part before anyone sees it.
+    // For the reader, which fills a part before a host sees it.
     EffectList<AudioEffectImpl>& audioEffects() { return audioEffects_; }
 
     bool isMutable() const noexcept override { return false; }
@@ -65,7 +65,7 @@ public:
     std::uint64_t numAudioEffects() const noexcept override { return audioEffects().size(); }
     ClipBase* parent() const noexcept override { return clip(); }
     bool setWavFilePath(const Char* path) override;
-    // The region is fixed; hosts expect to be told that all is well.
+    // The region is fixed, but hosts expect success.
     bool setRegion(std::int32_t, std::int32_t) noexcept override { return true; }
     MutableAudioEffect* audioEffect(std::uint64_t index) const noexcept override
     {

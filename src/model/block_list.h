@@ -1,4 +1,4 @@
-// The container of what hosts insert, move and remove one by one, in any number and any order.
+// The container of elements that hosts insert, move and remove one by one, in any number and order.
 #pragma once
 
 #include <algorithm>
@@ -13,10 +13,11 @@ namespace Korvel::CANTORIS::PLX {
 // Owned pointers, in an order that the user of the list keeps. Each element stays at one address for
 // as long as it lives, because hosts hold that address as a handle.
 //
-// The pointers lie in blocks of bounded size. In one array, an insertion would move half of what is
-// there, so that building a long list out of order would cost the square of its length; here it moves
-// part of one block and counts the later ones up. Neighbours that a half-filled block could hold become
-// one: what was removed leaves no row of blocks with an element or two each.
+// The pointers are in blocks of limited size. In one array, an insertion would move half of the
+// elements, so that building a long list out of order would take time in the square of its length;
+// here it moves part of one block and renumbers the later blocks. Neighbouring blocks that together
+// fill at most half a block are merged, so that removals do not leave many blocks with an element
+// or two each.
 template <class Element>
 class BlockList {
 public:
@@ -50,8 +51,8 @@ public:
         });
     }
 
-    // The index of the first element for which `holds` is true, given that it is so for all behind it
-    // too; size() when there is none.
+    // The index of the first element for which `holds` is true; size() when there is none. `holds`
+    // must be true for all elements after that one, too.
     template <class Condition>
     std::size_t firstWhere(Condition holds) const
     {
@@ -67,7 +68,7 @@ public:
         return block->start + static_cast<std::size_t>(item - block->items.begin());
     }
 
-    // The place of this very element, searched in [from, size()); size() when it is not there.
+    // The index of this element, searched in [from, size()); size() when it is not there.
     std::size_t find(const Element* element, std::size_t from = 0) const
     {
         for (Place place = locate(from); place.block < blocks_.size(); ++place.block) {
@@ -115,8 +116,8 @@ public:
         return true;
     }
 
-    // Moves the element at `from` so that it ends up at `to`; those between move up or down by one.
-    // Every block keeps its size, so that nothing is allocated.
+    // Moves the element at `from` to the index `to`; those between move up or down by one. Every
+    // block keeps its size, so nothing is allocated.
     void shift(std::size_t from, std::size_t to) noexcept
     {
         const Place source = locate(from);
@@ -148,7 +149,7 @@ private:
     static constexpr std::size_t capacity = 512;
 
     struct Block {
-        std::size_t start; // the index of the first item, of which there is always one
+        std::size_t start; // the index of the first item; no block is empty
         std::vector<Element*> items;
 
         std::size_t end() const { return start + items.size(); }
@@ -159,7 +160,7 @@ private:
         std::size_t offset;
     };
 
-    // Behind the last block for an index that is too large.
+    // After the last block for an index that is too large.
     Place locate(std::size_t index) const
     {
         const auto block =
@@ -177,8 +178,8 @@ private:
         return element;
     }
 
-    // Where the element that becomes the one at `index` is to be put: in a block with room for it. When
-    // memory runs out, the list is as it was but for where its blocks end.
+    // Where to put a new element that gets this index: a place in a block with room. When memory
+    // runs out, the elements are as before, but they may be divided differently into blocks.
     Place makeRoom(std::size_t index)
     {
         if (index == size()) {
@@ -211,7 +212,7 @@ private:
         blocks_[index].items.resize(capacity / 2);
     }
 
-    // After an item of that block has gone.
+    // Called after an item of that block was removed.
     void tidy(std::size_t index)
     {
         if (blocks_[index].items.empty()) {
@@ -224,8 +225,8 @@ private:
         }
     }
 
-    // Not up to a whole block: the next insertion would split it again. No memory is needed, as a block
-    // that another one follows has once held half of what it may.
+    // Does not fill a whole block: the next insertion would split it again. Needs no memory,
+    // because a block that is followed by another has once been half full.
     void mergeWithNext(std::size_t index)
     {
         if (index + 1 == blocks_.size()) {

@@ -16,7 +16,7 @@ inline constexpr std::uint32_t midiAi = 2;
 inline constexpr std::uint32_t midi = 3;
 inline constexpr std::uint32_t none = 4;
 
-// Indexed by code; the empty text stands for a code that no document can hold.
+// Indexed by code; the empty text stands for a code that documents cannot contain.
 inline constexpr std::array<std::string_view, 4> names = {"", "audio", "midiAi", "midi"};
 
 constexpr std::string_view name(std::uint32_t code)

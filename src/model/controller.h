@@ -13,7 +13,7 @@ class MidiControllerBase;
 class MidiEvent;
 class MutableMidiEvent;
 
-// A (position, value) point of a lane. Its type and value range are its lane's.
+// A (position, value) point of a lane. It has the type and the value range of its lane.
 class MidiEventBase : private Interface {
 public:
     virtual std::uint32_t type() const noexcept = 0;
@@ -43,7 +43,7 @@ public:
 class MidiController;
 class MutableMidiController;
 
-// A lane: the course of one control over the part.
+// A lane: the values of one controller over the part.
 class MidiControllerBase : private Interface {
 public:
     virtual std::uint32_t type() const noexcept = 0;

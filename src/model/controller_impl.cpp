@@ -28,7 +28,7 @@ bool MutableMidiEventImpl::remove()
     return removeOrdered(owner_.events(), *this);
 }
 
-// An event that stands where this one goes gives way to it.
+// Another event at the new position is removed.
 bool MutableMidiEventImpl::move(std::int32_t pos)
 {
     moveUnique(owner_.events(), *this, pos, [this, pos] { assignPos(pos); });

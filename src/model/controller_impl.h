@@ -63,7 +63,8 @@ class MidiControllerImpl final : public MidiController, public MidiControllerBas
 public:
     using MidiControllerBaseImpl::MidiControllerBaseImpl;
 
-    // Replaces the events; the points are accepted ones, in any order.
+    // Replaces the events. The values of the points must be accepted ones; their order does not
+    // matter.
     void buildEvents(std::vector<CurvePoint>& points);
 
     std::uint64_t numEvents() const noexcept override { return events_.size(); }

@@ -20,7 +20,7 @@ const Char* DvqmBaseImpl::levelName(std::uint64_t index) const noexcept
 void DvqmBaseImpl::assignCompID(StringView text)
 {
     if (!text.empty() || component_ != nullptr) {
-        component().id = String(text); // by way of a copy: the text may be our own
+        component().id = String(text); // a copy first: the text may be our own
     }
 }
 
@@ -46,7 +46,7 @@ bool MutableDvqmImpl::addLevelName(const Char* text)
     return true;
 }
 
-// Reports the flag, not success: hosts rely on it.
+// Returns the flag, not whether it succeeded: hosts rely on it.
 bool MutableDvqmImpl::protect(bool value) noexcept
 {
     assignProtected(value);

@@ -22,7 +22,7 @@ public:
     float valueFloat() const noexcept override { return valueFloat_; }
     const Char* valueString() const noexcept override { return valueString_.c_str(); }
 
-    // Each makes its own slot the meaningful one and marks the others as unset.
+    // Each sets the value of its type and marks the other values as unset.
     void assignInt32(std::int32_t value);
     void assignFloat(float value);
     void assignString(StringView text);
@@ -102,7 +102,7 @@ private:
     String id_;
 };
 
-// What both read-only kinds share. The parameters are filled in by the reader and then ordered.
+// What both read-only kinds share. The reader fills in the parameters, and then sorts them.
 template <class Kind>
 class ReadOnlyEffect : public Kind, public EffectBaseImpl {
 public:
@@ -142,8 +142,8 @@ public:
     MidiEffect* asMidiEffect() noexcept override { return this; }
 };
 
-// A part's effects of one kind: in the order in which they were placed, no ID twice. The index by ID
-// keeps adding an effect cheap however many there are, and whatever IDs a document makes up.
+// A part's effects of one kind: in the order in which they were placed, no ID twice. With the index
+// by ID, adding an effect is cheap, however many there are and whatever IDs a document contains.
 template <class EffectImpl>
 class EffectList {
 public:
@@ -164,7 +164,7 @@ public:
                 static_cast<std::size_t>(std::min<std::uint64_t>(index, effects_.size()));
             return effects_.insert(place, std::move(effect));
         } catch (...) {
-            byId_.erase(entry); // not by ID, which has died with the effect
+            byId_.erase(entry); // not by ID, which was destroyed with the effect
             throw;
         }
     }
@@ -248,7 +248,7 @@ public:
     MutableMidiEffect* asMutableMidiEffect() noexcept override { return this; }
 };
 
-// The existing parameter of that name, or a new one at its place in the order of names; null for a
+// The existing parameter of that name, or a new one, inserted in the order of names; null for a
 // null or empty name.
 MutableEffectParameterImpl* addParameterTo(BlockList<MutableEffectParameterImpl>& parameters,
                                            EffectBase& effect, const Char* name);

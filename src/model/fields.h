@@ -1,5 +1,5 @@
-// Every range and every initial value of the object model, once. Setters, document readers and
-// boundary tests all read this table.
+// All ranges and initial values of the object model. Setters, document readers and boundary tests
+// all use this table.
 #pragma once
 
 #include <cstddef>
@@ -14,14 +14,14 @@ struct Field {
     Value minimum;
     Value maximum;
 
-    // Two ordered comparisons, so that a NaN passes: hosts may park one in a float field.
+    // Written so that a NaN is accepted: hosts may store one in a float field.
     constexpr bool accepts(Value value) const { return !(value < minimum) && !(maximum < value); }
 };
 
 using UnsignedField = Field<std::uint32_t>;
 using FloatField = Field<float>;
 
-// A position plus a duration may not pass this.
+// A position plus a duration may not exceed this.
 inline constexpr std::int32_t lastPosition = std::numeric_limits<std::int32_t>::max();
 
 // What a note or a part reports as its language when none was set, and an AI language past the end.
@@ -38,7 +38,7 @@ inline constexpr std::size_t maxReadLevelNames = 4;
 inline constexpr std::int32_t unsetInt32 = std::numeric_limits<std::int32_t>::min();
 inline constexpr float unsetFloat = std::numeric_limits<float>::min();
 
-// The span of something that lies within a longer one: 0 up to the longer one's duration.
+// For something within a longer object: 0 up to the duration of the longer one.
 constexpr Field<std::int32_t> within(std::int32_t duration)
 {
     return {.initial = 0, .minimum = 0, .maximum = duration};
@@ -46,7 +46,7 @@ constexpr Field<std::int32_t> within(std::int32_t duration)
 
 namespace field {
 
-// Catalogue properties. A tempo of 0 means none and is accepted beside the range.
+// Catalogue properties. A tempo of 0 means none and is accepted in addition to the range.
 inline constexpr UnsignedField partKey{.initial = 0, .minimum = 0, .maximum = 30};
 inline constexpr UnsignedField partTempo{.initial = 0, .minimum = 2000, .maximum = 30000};
 

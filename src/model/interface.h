@@ -1,4 +1,4 @@
-// What every root interface of the object model is built on.
+// The base of every root interface of the object model.
 #pragma once
 
 namespace Korvel::CANTORIS::PLX {

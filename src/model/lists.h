@@ -1,5 +1,5 @@
-// The containers of what is read, and of short lists. Both keep their elements at one address for as
-// long as they live, because hosts hold those addresses as handles.
+// The containers of elements that are read, and of short lists. Elements never change their address
+// while they live, because hosts hold those addresses as handles.
 #pragma once
 
 #include <algorithm>
@@ -12,7 +12,7 @@
 
 namespace Korvel::CANTORIS::PLX {
 
-// Elements that are made one by one: owned pointers, in the order in which they came.
+// Elements that are made one by one: owned pointers, in the order in which they were added.
 template <class Element>
 class OwnedList {
 public:
@@ -59,7 +59,7 @@ public:
         return element;
     }
 
-    // The place of this very element, searched in [from, size()); size() when it is not there.
+    // The index of this element, searched in [from, size()); size() when it is not there.
     std::size_t find(const Element* element, std::size_t from = 0) const
     {
         const auto start = begin() + static_cast<std::ptrdiff_t>(from);
@@ -77,8 +77,8 @@ public:
         return true;
     }
 
-    // The keys lie side by side while they are sorted: reaching for every element at each comparison
-    // takes many times as long once the elements do not fit into the processor's cache.
+    // Sorts the keys in an array of their own: reading the element itself at each comparison takes
+    // many times as long once the elements do not fit into the processor's cache.
     template <class KeyOf>
     void stableSortBy(KeyOf keyOf)
     {
@@ -106,7 +106,7 @@ private:
     std::vector<Element*> elements_;
 };
 
-// Elements made all at once and never changed: one block of memory, no pointer an element.
+// Elements that are made all at once and never changed: one block of memory, without pointers.
 template <class Element>
 class FixedList {
 public:

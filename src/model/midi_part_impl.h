@@ -51,7 +51,7 @@ private:
     std::vector<std::uint8_t> aiLangIDs_;
 };
 
-// The lane of that type, or null. There are never more than a dozen.
+// The lane of that type, or null. A linear search: a part never has more than a dozen lanes.
 template <class Lane>
 Lane* laneOfType(const OwnedList<Lane>& lanes, std::uint32_t type)
 {
@@ -60,7 +60,7 @@ Lane* laneOfType(const OwnedList<Lane>& lanes, std::uint32_t type)
     return found == lanes.end() ? nullptr : *found;
 }
 
-// Puts a lane at its place in the order of types.
+// Inserts a lane in the order of types.
 template <class Lane>
 Lane* insertLane(OwnedList<Lane>& lanes, std::unique_ptr<Lane> lane)
 {
@@ -74,7 +74,7 @@ class MidiPartImpl final : public MidiPart, public MidiPartBaseImpl {
 public:
     using MidiPartBaseImpl::MidiPartBaseImpl;
 
-    // For the reader, which fills a part before anyone sees it.
+    // For the reader, which fills a part before a host sees it.
     EffectList<AudioEffectImpl>& audioEffects() { return audioEffects_; }
     EffectList<MidiEffectImpl>& midiEffects() { return midiEffects_; }
     OwnedList<NoteImpl>& notes() { return notes_; }

@@ -7,8 +7,8 @@
 
 namespace Korvel::CANTORIS::PLX {
 
-// The existing effect of that ID, at its old place, or a new one before the effect at `index`; null
-// for a null or empty ID.
+// The existing effect with that ID, which is not moved, or a new one before the effect at `index`;
+// null for a null or empty ID.
 template <class EffectImpl>
 EffectImpl* insertEffect(EffectList<EffectImpl>& list, PartBase& part, std::uint64_t index,
                          const Char* id)

@@ -37,7 +37,7 @@ bool NoteBaseImpl::assignText(String& slot, StringView text)
     if (text.empty()) {
         return false;
     }
-    slot = String(text); // by way of a copy: the text may be the note's own
+    slot = String(text); // a copy first: the text may be the note's own
     return true;
 }
 

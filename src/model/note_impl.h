@@ -78,7 +78,8 @@ public:
     float formantStart() const noexcept override { return ai(AiExpression::formantStart); }
     float formantEnd() const noexcept override { return ai(AiExpression::formantEnd); }
 
-    // The range rules of a note. Each stores what it accepts and leaves the note alone otherwise.
+    // The range rules of a note. Each stores the value if it is accepted, and otherwise changes
+    // nothing.
     bool assignLyric(StringView text) { return assignText(lyric_, text); }
     bool assignPhoneme(StringView text) { return assignText(phoneme_, text); }
     bool assignLangID(std::uint32_t value) { return assign(langID_, field::language, value); }
@@ -105,7 +106,7 @@ public:
         return assign(aiExpression_[static_cast<std::size_t>(which)], field::aiExpression, value);
     }
 
-    // Whether a note of the current duration may stand at `pos`.
+    // Whether a note with the current duration may begin at `pos`.
     bool acceptsPos(std::int32_t pos) const;
 
 protected:

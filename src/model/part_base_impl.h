@@ -7,7 +7,7 @@
 
 namespace Korvel::CANTORIS::PLX {
 
-// What all parts share. Whoever makes a part gives it its type.
+// What all parts share. The code that makes a part sets its type.
 class PartBaseImpl : public virtual PartBase {
 public:
     std::uint32_t type() const noexcept override { return type_; }

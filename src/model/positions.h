@@ -1,5 +1,5 @@
-// Lists that stand in ascending order of position: where an element goes, and how documents' points
-// become such a list.
+// Lists in ascending order of position: where to insert an element, and how to make such a list of
+// the points of a document.
 #pragma once
 
 #include <cstddef>
@@ -10,13 +10,13 @@
 
 namespace Korvel::CANTORIS::PLX {
 
-// A (position, value) pair as a document gives it, before it becomes an event or a vibrato point.
+// A (position, value) pair from a document, before it becomes an event or a vibrato point.
 struct CurvePoint {
     std::int32_t pos;
     std::int32_t value;
 };
 
-// Ascending by position; of several points at one position only the first one met stays.
+// Sorts by position; of several points at one position only the first stays.
 void orderCurve(std::vector<CurvePoint>& points);
 
 // The index of the first element whose position is not less than `pos`.
@@ -26,14 +26,14 @@ std::size_t firstNotBefore(const BlockList<Element>& list, std::int32_t pos)
     return list.firstWhere([pos](const Element& element) { return element.pos() >= pos; });
 }
 
-// The index of this very element, given the position by which it is ordered; size() when absent.
+// The index of this element, given the position by which it is sorted; size() when absent.
 template <class Element>
 std::size_t indexAt(const BlockList<Element>& list, const Element* element, std::int32_t pos)
 {
     return list.find(element, firstNotBefore(list, pos));
 }
 
-// Destroys this very element; false when it is not in the list.
+// Destroys this element; false when it is not in the list.
 template <class Element>
 bool removeOrdered(BlockList<Element>& list, const Element& element)
 {
@@ -45,8 +45,8 @@ bool removeOrdered(BlockList<Element>& list, const Element& element)
     return true;
 }
 
-// Where the element at `index` of an ordered list belongs when its position becomes `pos`: what a
-// stable sort of the whole list would give, for the price of a search.
+// The new index of the element at `index` of a sorted list when its position becomes `pos`: the
+// same as after a stable sort of the whole list, but found by a search.
 template <class Element>
 std::size_t placeAfterMove(const BlockList<Element>& list, std::size_t index, std::int32_t pos)
 {
@@ -60,8 +60,8 @@ std::size_t placeAfterMove(const BlockList<Element>& list, std::size_t index, st
     return index;
 }
 
-// Moves an element of a list with unique positions and calls `store` to make the new position its
-// own. An element that stands at that position is destroyed.
+// Moves an element of a list with unique positions, and calls `store` to store its new position.
+// Another element at that position is destroyed.
 template <class Element, class Store>
 void moveUnique(BlockList<Element>& list, const Element& element, std::int32_t pos, Store store)
 {

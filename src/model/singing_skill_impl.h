@@ -15,7 +15,7 @@ public:
     std::uint32_t preWeight() const noexcept override { return preWeight_; }
     std::uint32_t postWeight() const noexcept override { return postWeight_; }
 
-    // 0 up to the note's duration as it is now.
+    // 0 up to the note's current duration.
     bool assignDuration(std::int32_t value);
     bool assignPreWeight(std::uint32_t value);
     bool assignPostWeight(std::uint32_t value);

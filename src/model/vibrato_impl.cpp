@@ -6,7 +6,7 @@ namespace Korvel::CANTORIS::PLX {
 
 namespace {
 
-// The three reads that both variants answer from their pair of curves.
+// The three reading functions that both variants share; they use the two curves.
 template <class Curves>
 std::int64_t countIn(const Curves& curves, std::uint32_t type)
 {
@@ -70,7 +70,7 @@ bool MutableVibratoParameterImpl::remove()
     return removeOrdered(vibrato_.curve(type()), *this);
 }
 
-// A point that stands where this one goes gives way to it.
+// Another point at the new position is removed.
 bool MutableVibratoParameterImpl::move(std::int32_t pos)
 {
     if (!vibrato_.acceptsPosition(pos)) {
@@ -106,7 +106,8 @@ MutableVibratoParameter* MutableVibratoImpl::insertParameter(std::uint32_t type,
     Curve& points = curves_[type];
     const std::size_t place = firstNotBefore(points, pos);
     MutableVibratoParameterImpl* const standing = points.at(place);
-    // An existing point is updated even where a shortened vibrato would take no new one.
+    // An existing point is updated even beyond the end of a shortened vibrato, where a new point
+    // would be refused.
     if (standing != nullptr && standing->pos() == pos) {
         return standing->setValue(value) ? standing : nullptr;
     }

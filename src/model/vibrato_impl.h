@@ -18,10 +18,10 @@ public:
     std::int32_t duration() const noexcept override { return duration_; }
 
     bool assignType(std::uint32_t value) { return assign(type_, field::vibratoType, value); }
-    // 0 up to the note's duration as it is now.
+    // 0 up to the note's current duration.
     bool assignDuration(std::int32_t value);
 
-    // Where a point may stand: within the vibrato's duration as it is now.
+    // Whether a point may be there: within the vibrato's current duration.
     bool acceptsPosition(std::int32_t pos) const { return within(duration_).accepts(pos); }
 
 protected:
@@ -58,7 +58,7 @@ private:
 
 class VibratoImpl;
 
-// What a read-only point is made from: the curve that it belongs to.
+// The curve to which a read-only point belongs; points are made from it.
 struct VibratoCurve {
     VibratoImpl& vibrato;
     std::uint32_t type;
@@ -83,7 +83,8 @@ class VibratoImpl final : public Vibrato, public VibratoBaseImpl {
 public:
     using VibratoBaseImpl::VibratoBaseImpl;
 
-    // Replaces one curve; the points are accepted ones, in any order.
+    // Replaces one curve. The values of the points must be accepted ones; their order does not
+    // matter.
     void buildCurve(std::uint32_t type, std::vector<CurvePoint>& points);
 
     std::int64_t numParameters(std::uint32_t type) const noexcept override;

@@ -26,14 +26,15 @@ struct OperationTraits<Result_ (Interface_::*)(Parameter...) const noexcept>
     : OperationTraits<Result_ (Interface_::*)(Parameter...)> {
 };
 
-// Hosts in some languages pass another byte than 1 for true. The compiler takes for granted that there is
-// none: the byte is looked at as what it is, before anything copies it as a bool.
+// Hosts in some languages pass another byte than 1 for true. The compiler assumes that a bool is 0
+// or 1, so its byte is read before anything copies it as a bool.
 inline bool isTrue(const bool& fromHost)
 {
     return reinterpret_cast<const volatile unsigned char&>(fromHost) != 0;
 }
 
-// Handles become roots, unlooked at, and every true becomes the same; everything else passes as it is.
+// Handles become roots, without being dereferenced, and every true becomes 1; everything else is
+// passed on unchanged.
 template <class Argument>
 auto fromHost(const Argument& argument)
 {
@@ -46,7 +47,7 @@ auto fromHost(const Argument& argument)
     }
 }
 
-// Objects become handles; everything else passes as it is.
+// Objects become handles; everything else is returned unchanged.
 template <class Result>
 auto toHost(Result result)
 {
@@ -57,8 +58,8 @@ auto toHost(Result result)
     }
 }
 
-// Runs the body; whatever it throws ends here, and the host gets `otherwise`. Operations that cannot
-// throw are declared so: for them the compiler leaves the handler out and forwards by a jump.
+// Runs the body; exceptions are caught here, and the host gets `otherwise`. Operations that cannot
+// throw are noexcept: for them the compiler leaves the handler out and forwards by a jump.
 template <class Result, class Body>
 Result guarded(Result otherwise, Body body) noexcept
 {

@@ -1,5 +1,5 @@
-// Which interface stands behind which handle. A handle is always the address of the family's root
-// interface, so that equal addresses mean the same object whatever virtual bases lie between.
+// Which interface belongs to which handle. A handle is always the address of the family's root
+// interface, so that handles of the same object are equal, whatever virtual bases it has.
 #pragma once
 
 #include "clip/clip_base.h"
@@ -16,7 +16,8 @@
 
 namespace Korvel::CANTORIS::PLX::exports {
 
-// One overload in each direction: derived interfaces find their family by conversion to its root.
+// One overload in each direction: a derived interface selects that of its family by its conversion
+// to the root.
 template <class Root, class Handle>
 struct Family {
     static Handle* handleOf(Root* root) { return reinterpret_cast<Handle*>(root); }
@@ -28,7 +29,7 @@ struct AllFamilies : Family_... {
     using Family_::handleOf...;
     using Family_::rootOf...;
 
-    // The one interface that stands beside its root instead of below it.
+    // The only interface that is not derived from the root of its family.
     static auto handleOf(MutableFilter* filter)
     {
         return handleOf(filter == nullptr ? nullptr : filter->asFilter());
@@ -46,9 +47,9 @@ using Families = AllFamilies<
     Family<MidiEventBase, KRT_PLX_MidiEventBase>, Family<EffectBase, KRT_PLX_EffectBase>,
     Family<EffectParameterBase, KRT_PLX_EffectParameterBase>>;
 
-// The question by which a root says whether it is of a derived interface: one virtual call, where a
+// How to ask a root whether it is also of a derived interface: by one virtual call, because a
 // dynamic_cast across virtual bases would cost many times the call that it guards. A root interface
-// needs no question.
+// need not be asked.
 template <class Interface>
 inline constexpr auto query = nullptr;
 

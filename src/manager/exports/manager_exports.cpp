@@ -13,7 +13,7 @@ using namespace Korvel::CANTORIS::PLX::exports;
 
 namespace {
 
-// Null entries count as empty texts, which no directory is named by.
+// Null entries count as empty texts, which are no directory's path.
 std::vector<String> copyTexts(const KRT_PLX_Char* const* texts, int32_t size)
 {
     std::vector<String> copies;
@@ -117,7 +117,7 @@ bool KRT_PLX_Manager_hasMutableClip(KRT_PLX_Manager* manager,
     return call<&Manager::hasMutableClip>(manager, false, element);
 }
 
-// The handle may be dead: only the registry can tell, and what it does not know is left alone.
+// The handle may be dead. Only the registry knows, and it does not touch what it does not know.
 bool KRT_PLX_Manager_destroy(KRT_PLX_Manager* manager) KRT_PLX_NOEXCEPT
 {
     return guarded(false, [=] { return Registry::instance().destroy(fromHost(manager)); });
