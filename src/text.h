@@ -18,8 +18,8 @@ static_assert(sizeof(Char) == 2, "text is UTF-16");
 using String = std::basic_string<Char>;
 using StringView = std::basic_string_view<Char>;
 
-// An ASCII literal widened at compile time, so that one spelling serves L"" and u"" platforms. It
-// converts by itself: that is how a literal operator takes its text.
+// An ASCII literal, widened at compile time, so that one spelling works for L"" and u"" platforms.
+// The constructor is implicit, because a literal operator needs that.
 template <std::size_t N>
 struct AsciiLiteral {
     Char units[N];
@@ -46,7 +46,7 @@ inline bool isNullOrEmpty(const Char* text)
     return text == nullptr || *text == Char{};
 }
 
-// Null reads as the empty text.
+// Null counts as the empty text.
 inline StringView viewOrEmpty(const Char* text)
 {
     return text == nullptr ? StringView{} : StringView{text};

@@ -9,7 +9,7 @@ namespace Korvel::CANTORIS::PLX {
 
 namespace {
 
-// What follows each kind of lead byte, and the least code point that may be written so.
+// What follows each kind of lead byte, and the lowest code point that may be written that way.
 struct Form {
     unsigned char mask;
     unsigned char lead;
@@ -19,7 +19,7 @@ struct Form {
 constexpr std::array<Form, 3> forms = {
     {{0xE0, 0xC0, 1, 0x80}, {0xF0, 0xE0, 2, 0x800}, {0xF8, 0xF0, 3, 0x10000}}};
 
-// Takes the code point that starts at `at`, which is no ASCII byte. Null for an invalid one.
+// Reads the code point that starts at `at`, which is not an ASCII byte. Null for an invalid one.
 const unsigned char* takeMultibyte(const Form& form, const unsigned char* at,
                                    const unsigned char* end, char32_t& point)
 {
@@ -48,7 +48,7 @@ const unsigned char* takeMultibyte(const unsigned char* at, const unsigned char*
     return nullptr;
 }
 
-// Texts are mostly ASCII: eight bytes at a time.
+// Texts are mostly ASCII, which is read eight bytes at a time.
 constexpr std::ptrdiff_t blockSize = 8;
 
 bool isAsciiBlock(const unsigned char* at)
@@ -70,7 +70,7 @@ const unsigned char* skipAscii(const unsigned char* at, const unsigned char* end
     return at;
 }
 
-// Writes the units of valid text at `units`, and returns where they end.
+// Writes the units of valid text to `units`, and returns where they end.
 Char* decode(const unsigned char* at, const unsigned char* end, Char* units)
 {
     while (at != end) {
@@ -121,7 +121,7 @@ void appendValidUtf16(String& text, std::string_view utf8)
 {
     const auto* const at = reinterpret_cast<const unsigned char*>(utf8.data());
     const std::size_t before = text.size();
-    text.resize(before + utf8.size()); // no text has more units than bytes
+    text.resize(before + utf8.size()); // UTF-16 never has more units than UTF-8 has bytes
     const Char* const end = decode(at, at + utf8.size(), text.data() + before);
     text.resize(static_cast<std::size_t>(end - text.data()));
 }

@@ -1,6 +1,6 @@
-// Between UTF-8, in which documents and some systems' file names are, and the library's UTF-16. Both
-// forms are taken strictly: no overlong form, no surrogate that stands alone, nothing beyond the last
-// code point.
+// Converts between UTF-8, the encoding of documents and of some systems' file names, and the
+// library's UTF-16. Both are read strictly: no overlong sequences, no lone surrogates, nothing
+// beyond the last code point.
 #pragma once
 
 #include <cstddef>
@@ -33,8 +33,8 @@ constexpr char32_t joinSurrogates(char32_t high, char32_t low)
     return 0x10000 + ((high - 0xD800) << 10) + (low - 0xDC00);
 }
 
-// Takes the code point at `index` of UTF-16 text and steps over it. False for a surrogate that stands
-// alone. `unitAt(i)` gives a unit, and 0 beyond the end.
+// Reads the code point at `index` of UTF-16 text and moves `index` past it. False for a lone
+// surrogate. `unitAt(i)` returns a unit, and 0 beyond the end.
 template <class UnitAt>
 bool takeCodePoint(const UnitAt& unitAt, std::size_t& index, char32_t& point)
 {
@@ -51,7 +51,7 @@ bool takeCodePoint(const UnitAt& unitAt, std::size_t& index, char32_t& point)
     return true;
 }
 
-// Writes the code point at `bytes`, which has room for four, and returns how many it took.
+// Writes the code point to `bytes`, which has room for four, and returns how many bytes it wrote.
 inline std::size_t encodeUtf8(char32_t point, char* bytes)
 {
     const auto tail = [point](unsigned shift) {
@@ -81,7 +81,7 @@ inline std::size_t encodeUtf8(char32_t point, char* bytes)
 
 bool isValidUtf8(std::string_view bytes);
 
-// Appends the text in the other form. False, and nothing appended, when it is not valid.
+// Appends the text in the other encoding. False, and nothing appended, when it is not valid.
 bool appendUtf16(String& text, std::string_view utf8);
 bool appendUtf8(std::string& utf8, StringView text);
 

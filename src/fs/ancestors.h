@@ -7,7 +7,7 @@ namespace Korvel::CANTORIS::PLX::fs {
 
 enum class Made { yes, parentMissing, no };
 
-// Where the parent of the path's first `length` units ends; 0 when nothing is left to cut off.
+// Where the parent of the path's first `length` units ends; 0 when there is no parent left.
 template <typename Text, typename Separators>
 std::size_t parentLength(const Text& path, std::size_t length, const Separators& separators)
 {
@@ -16,8 +16,8 @@ std::size_t parentLength(const Text& path, std::size_t length, const Separators&
     return end == Text::npos ? 0 : end + 1;
 }
 
-// Makes a folder in the host's form of its path. Cuts the path, from the innermost folder outward,
-// until what is left can be made, and makes the rest inward from there.
+// Makes a folder, given its path in the system's form. Shortens the path, from the innermost folder
+// outward, until a folder can be made, and then makes the folders in it, from there inward.
 template <typename Text, typename Separators, typename MakeFolder>
 bool makeWithAncestors(const Text& path, const Separators& separators, MakeFolder makeFolder)
 {

@@ -6,7 +6,8 @@
 
 namespace Korvel::CANTORIS::PLX::fs {
 
-// All that one open file holds, into another. Each system has its readSome() and writeAll().
+// Copies the whole content of an open file into another. Each system has its own readSome() and
+// writeAll().
 template <class File>
 bool copyAll(const File& from, const File& to)
 {

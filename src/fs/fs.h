@@ -1,6 +1,6 @@
-// The only door to the operating system. Above it a path is UTF-16 text with backslashes, on every
-// platform; what a call does to a path before the system sees it stays behind this header.
-// Nothing here throws except when memory runs out.
+// The only access to the operating system. Above it a path is UTF-16 text with backslashes, on
+// every platform; how paths are converted for the system is hidden behind this header. Nothing here
+// throws except when memory runs out.
 #pragma once
 
 #include <cstdint>
@@ -31,9 +31,9 @@ StringView extension(StringView path);
 // The two joined by one separator.
 String join(StringView folder, StringView name);
 
-// A path that begins with what a host has given. A system may take that part with some freedom, as it
-// takes all paths of its users: Windows drops blanks and dots at the end. The names behind it, from the
-// file system or from the library, mean just what they are. The text is not copied.
+// A path that begins with what a host has passed. The system may read that part as it reads all
+// paths of its users: Windows drops blanks and dots at the end. The names after it, from the file
+// system or from the library, are used exactly as they are. The text is not copied.
 struct Path {
     Path(const String& given) : Path(StringView(given)) {} // NOLINT(google-explicit-constructor)
     Path(const Char* given) : Path(StringView(given)) {}   // NOLINT(google-explicit-constructor)
@@ -41,7 +41,7 @@ struct Path {
     Path(StringView whole, std::size_t given) : text(whole), givenLength(given) {}
 
     StringView text;
-    std::size_t givenLength; // in units; all of the text if that is shorter
+    std::size_t givenLength; // in units; if it is longer than the text, all of it
 };
 
 // The path of the folder, up to the last separator.
@@ -52,11 +52,11 @@ inline Path folderOf(const Path& path)
 
 // --- Questions ------------------------------------------------------------------------------------
 
-// Links are followed. A path that cannot be put into the host's form does not exist.
+// Links are followed. A path that cannot be converted for the system does not exist.
 bool exists(const Path& path);
-bool isMissing(const Path& path); // nothing is there; what cannot be looked at is not missing
+bool isMissing(const Path& path); // nothing is there; false if that cannot be found out
 bool isDirectory(const Path& path);
-bool isPlainFile(const Path& path); // a regular file or a link to one: no folder, pipe or device
+bool isPlainFile(const Path& path); // a regular file or a link to one, not a folder, pipe or device
 
 // --- Listing ----------------------------------------------------------------------------------------
 
@@ -65,13 +65,14 @@ class Listing;
 // Whether what a path names is a plain file.
 enum class Kind { unknown, plain };
 
-// What a walk has learned about the folder of the file that it visits.
+// What a walk already knows about the folder of the file that it visits.
 class Neighbours {
 public:
     explicit Neighbours(const Listing& listing) : listing_(listing) {}
 
-    // Plain for a plain file of that name among the first few of the folder. It may well be one where
-    // this says unknown: in a large folder, to look for it would cost more than to ask the system.
+    // Plain if one of the first few entries of the folder is a plain file of that name. `unknown`
+    // says nothing: in a large folder, searching for the name would take longer than asking the
+    // system.
     [[nodiscard]] Kind kindOf(StringView name) const;
 
 private:
@@ -81,48 +82,48 @@ private:
 using Visit = std::function<void(const String& path, const Neighbours& neighbours)>;
 
 // Calls visit for each plain file below the folder, in the order in which the file system lists
-// them; a sub-folder is descended into at its place in that order. A link counts as what it leads to,
-// except that a link to a folder is passed over when that folder is being listed above it, or when
-// an earlier link has led there already: links in a ring would never end, and links side by side
-// would multiply without bound. Names that are no valid text and special files are passed over; a
-// folder that cannot be listed counts as empty.
-// Path and neighbours are good until visit returns.
-// False when memory ran out: for one file, in visit too, or for one folder. The others were visited.
+// them; a sub-folder is entered at its place in that order. A link counts as what it leads to, but a
+// link to a folder is skipped when that folder is being listed above it, or when an earlier link has
+// led to it: links in a ring would never end, and links side by side would multiply without limit.
+// Special files and files whose names are not valid text are skipped; a folder that cannot be listed
+// counts as empty.
+// Path and neighbours are valid until visit returns.
+// False when memory ran out, in visit or for listing a folder; everything else was visited.
 [[nodiscard]] bool forEachFile(const Path& folder, const Visit& visit);
 
 // --- Reading ------------------------------------------------------------------------------------------
 
 enum class ReadResult {
     read,
-    notOpened, // also for what is no plain file
-    refused,   // it cannot be read to its end, is larger than the limit, or was judged hopeless
+    notOpened, // also when it is not a plain file
+    refused,   // it cannot be read to its end, exceeds the limit, or was judged hopeless
 };
 
 // What the beginning of a file says about the rest.
 enum class Verdict { undecided, worthReading, hopeless };
 
 struct ReadOptions {
-    std::uint64_t limit = std::numeric_limits<std::uint64_t>::max(); // in bytes, this many included
-    // Asked with what has been read, block by block, until it decides.
+    std::uint64_t limit = std::numeric_limits<std::uint64_t>::max(); // in bytes; a file of this size is still read
+    // Called with what has been read, block by block, until it decides.
     Verdict (*judge)(std::string_view beginning) = nullptr;
-    // Where a walk has just found a plain file, to say so saves asking for its kind.
+    // `plain` when a walk has just found a plain file, which saves asking the system for its kind.
     Kind kind = Kind::unknown;
 };
 
 // Reads a plain file to its end, whatever size it reports, into `content`, replacing it. Links are
 // followed; pipes and devices are not opened. A file that was changed a moment ago may be in the
-// middle of a change: it is read again when the program that changes it has let it go, or when the
-// patience is used up.
+// middle of a change: it is read again when the program that changes it releases its lock, or when
+// the patience is used up.
 ReadResult readFile(const Path& path, std::string& content, const ReadOptions& options,
                     Patience& patience);
 
 // --- Changes ----------------------------------------------------------------------------------------
 
-// Makes the folder and its missing ancestors, and waits until the disk has them. True when it is a
+// Makes the folder and its missing parents, and waits until they are on the disk. True when it is a
 // folder afterwards.
 bool createDirectories(const Path& path);
 
-// Removes a folder if it is empty; never a link to one. False also when there is no memory.
+// Removes a folder if it is empty; never a link to one. False also when memory runs out.
 bool removeEmptyFolder(const Path& path);
 
 enum class WriteResult {
@@ -131,18 +132,18 @@ enum class WriteResult {
     failed,    // nothing is left of it, unless nothing can be deleted
 };
 
-// Something of the system that is held open; each platform has its own.
+// An open file or folder of the system; each platform has its own.
 struct OpenFolder;
 struct OpenFile;
 
-// A file in an open folder that is about to be changed or removed. While this lives, other programs
-// that ask first leave the file alone.
+// A file in an open folder that is about to be changed or removed. While this object lives, other
+// programs that ask for the lock leave the file alone.
 class HeldFile {
 public:
     enum class State {
-        held,    // locked, or the file system knows no locks
-        missing, // there is nothing of that name
-        refused, // it is a link, is no plain file, or cannot be opened
+        held,    // locked, or the file system has no locks
+        missing, // there is nothing with that name
+        refused, // it is a link, is not a plain file, or cannot be opened
         busy,    // another program holds it, and the patience is used up
     };
 
@@ -155,21 +156,21 @@ public:
 
     // The following are for a file that is held, and was opened for change.
 
-    // From its beginning.
+    // Reads it from its beginning.
     ReadResult read(std::string& content, std::uint64_t limit);
 
-    // Writes `content` over what stands at `place`, and beyond the end, in one call of the system where
-    // that takes it whole. False when not all of it was written.
+    // Writes `content` at `place`, over what is there and beyond the end, in one system call if the
+    // system accepts it all at once. False when not all of it was written.
     bool write(std::uint64_t place, std::string_view content);
 
-    // Cuts off what lies beyond `size`.
+    // Cuts off everything beyond `size`.
     bool cut(std::uint64_t size);
 
-    // Waits until the disk has it. True also on file systems that cannot tell.
+    // Waits until it is on the disk. True also on file systems that cannot say.
     bool sync();
 
-    // Whether the path leads to this very file. Links on the way are followed, one at its end is not.
-    // False also when there is no memory to tell: it is asked when the change can still be taken back.
+    // Whether the path leads to this file. Links on the way are followed, one at its end is not.
+    // False also when memory runs out: this is called while the change can still be undone.
     [[nodiscard]] bool isAt(const Path& path) const;
 
 private:
@@ -179,12 +180,12 @@ private:
     std::unique_ptr<OpenFile> file_;
 };
 
-// A folder that is held open. What is done by its name is done in this very folder, whatever takes the
-// folder's place meanwhile, and never through a link: a name that is a link means the link.
-// A name is one name, not a path.
+// A folder that is held open. Its functions work on this folder, even if something else takes its
+// place meanwhile, and never follow a link: a name that is a link means the link itself. A name is
+// a single name, not a path.
 class Folder {
 public:
-    // Links are followed. A folder that cannot be opened is closed.
+    // Links are followed. Returns a closed object for a folder that cannot be opened.
     static Folder open(const Path& path);
 
     Folder() noexcept; // closed
@@ -196,43 +197,44 @@ public:
 
     // The following are for a folder that is open.
 
-    // A folder in it; closed when there is none, or a link.
+    // A folder in this one; closed when there is none, or when it is a link.
     [[nodiscard]] Folder inner(StringView name) const;
 
-    // The same, made if it is missing. When it cannot be opened, it is not left behind.
+    // The same, but makes the folder if it is missing. If it cannot be opened then, it is removed
+    // again.
     Folder make(StringView name) const;
 
-    // Makes a file where nothing is yet, and waits until the disk has its content. After a failure it
-    // goes again; what another program has put in its place meanwhile stays.
+    // Makes a new file, where nothing exists yet, and waits until its content is on the disk. After
+    // a failure it removes the file; what another program has put in its place meanwhile stays.
     WriteResult create(StringView name, std::string_view content) const;
 
-    // The same, with what a plain file elsewhere holds. Links to it are followed; pipes and devices are
-    // not opened.
+    // The same, with the content of a plain file elsewhere. Links to that file are followed; pipes
+    // and devices are not opened.
     WriteResult copyInto(StringView name, const Path& from) const;
 
     ReadResult read(StringView name, std::string& content, std::uint64_t limit) const;
 
-    // Takes a file for a change, or only for its removal. Or makes an empty one where nothing is yet,
-    // and takes it for a change: between its making and its holding another program may have taken it,
-    // and then it is theirs.
+    // Holds a file for a change, or only for its removal. Or makes an empty file where nothing
+    // exists yet, and holds it for a change; another program may lock it before this one does, and
+    // then the file is theirs.
     enum class Purpose { change, removal, making };
     HeldFile hold(StringView name, Purpose purpose, Patience& patience) const;
 
     // Removes one file, one link or one empty folder.
     bool remove(StringView name) const;
 
-    // Removes the file that is held, if the name still means it. Takes no memory.
+    // Removes the held file, if the name still means that file. Needs no memory.
     void removeHeld(StringView name, const HeldFile& file) const;
 
     // Removes a file, a link, or a folder with everything in it; links inside are removed, not
-    // followed. False when anything is left, hence true when there was nothing.
+    // followed. False when anything is left, so true when there was nothing.
     bool removeTree(StringView name) const;
 
-    // Whether nothing of that name is there; what cannot be looked at is not missing.
+    // Whether nothing has that name; false if that cannot be found out.
     [[nodiscard]] bool isMissing(StringView name) const;
 
-    // Waits until the disk has what was made and removed in it. True also on file systems that cannot
-    // tell.
+    // Waits until everything that was made and removed in it is on the disk. True also on file
+    // systems that cannot say.
     bool sync() const;
 
 private:
@@ -243,8 +245,8 @@ private:
 
 // --- Identity -------------------------------------------------------------------------------------------
 
-// A new random UUID: 36 characters, lower-case hexadecimal, 8-4-4-4-12. Empty when the system has no
-// randomness to give.
+// A new random UUID: 36 characters, lower-case hexadecimal, 8-4-4-4-12. Empty when the system
+// returns no random bytes.
 String newUuid();
 
 } // namespace Korvel::CANTORIS::PLX::fs

@@ -1,4 +1,4 @@
-// What the walk through a tree asks of each platform.
+// What the walk through a tree needs from each platform.
 #pragma once
 
 #include <compare>
@@ -17,8 +17,9 @@ enum class EntryKind : unsigned char {
     linkToFolder,
 };
 
-// The entries of one folder, in the order of the file system. The names lie end to end in one text:
-// a folder of thousands costs a handful of allocations, and a listing that is used again costs none.
+// The entries of one folder, in the order of the file system. The names are stored one after
+// another in one text: a folder with thousands of entries takes a handful of allocations, and a
+// listing that is reused takes none.
 class Listing {
 public:
     struct Entry {
@@ -33,7 +34,7 @@ public:
 
     void clear();
 
-    // Where the next name is written; add() then makes an entry of it.
+    // The next name is appended here; add() then makes an entry of it.
     String& names() { return names_; }
     void add(EntryKind kind);
 
@@ -42,17 +43,18 @@ private:
     std::vector<Entry> entries_;
 };
 
-// What the file system knows a folder by, whichever path leads to it.
+// What identifies a folder, whichever path leads to it.
 struct Identity {
     std::uint64_t device;
     std::uint64_t index;
-    std::uint64_t more = 0; // of those that number by more than 64 bits
-    String name = {};       // where there are no numbers
+    std::uint64_t more = 0; // for file systems whose numbers have more than 64 bits
+    String name = {};       // for file systems without numbers
 
     auto operator<=>(const Identity&) const = default; // NOLINT(modernize-use-nullptr): no 0 here
 };
 
-// Replaces the listing by the folder's plain files and folders; empty when it cannot be listed.
+// Replaces the listing by the folder's plain files and folders; empty when the folder cannot be
+// listed.
 void list(const Path& folder, Listing& listing);
 
 // Links are followed. None when the path leads nowhere.

@@ -1,5 +1,5 @@
-// Advisory locks: other programs that ask find a file taken. The system releases one when its file is
-// closed, hence also when the program dies.
+// Advisory locks: they only stop programs that ask for them. The system releases a lock when its
+// file is closed, so also when the program dies.
 #pragma once
 
 #include "fs/patience.h"
@@ -9,7 +9,8 @@ namespace Korvel::CANTORIS::PLX::fs {
 enum class Sharing { shared, exclusive };
 enum class Locked { yes, busy, unknownHere };
 
-// Waits for others as long as there is patience. Each system has a tryLock(), which does not wait.
+// Waits for other programs as long as there is patience. Each system has its own tryLock(), which
+// does not wait.
 template <class File>
 Locked lock(const File& file, Sharing sharing, Patience& patience)
 {

@@ -4,18 +4,18 @@
 
 namespace Korvel::CANTORIS::PLX::fs {
 
-// How long one call of a host may wait for other programs, all its waits together. They hold a file for
-// the moment of a change; what is held longer is waited for in vain.
+// How long one call of a host may wait for other programs, all its waits together. Usually they
+// hold a file only for the moment of a change; if one holds it longer, the call gives up.
 inline constexpr std::chrono::milliseconds forOthers{2000};
 
 class Patience {
 public:
     explicit Patience(std::chrono::milliseconds total = forOthers) : left_(total) {}
 
-    // Sleeps a little, longer each time. False, at once, when the patience is used up.
+    // Sleeps a little, longer each time. False, without sleeping, when the patience is used up.
     bool wait();
 
-    // Begins with short sleeps again, for the next file.
+    // Starts with short sleeps again, for the next file.
     void calm() { next_ = shortest; }
 
 private:
@@ -26,7 +26,7 @@ private:
     std::chrono::milliseconds next_ = shortest;
 };
 
-// Stops the calling thread; by each platform.
+// Stops the calling thread; each platform has its own.
 void sleepFor(std::chrono::milliseconds time);
 
 } // namespace Korvel::CANTORIS::PLX::fs

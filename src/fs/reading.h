@@ -1,6 +1,6 @@
-// Reading an open file to its end, whatever it claims to be. Of the file, each system brings:
+// Reading an open file to its end, whatever size it reports. Each system provides for its files:
 //     long long readSome(const File&, char* bytes, std::size_t size, std::uint64_t place)
-//         how many bytes came: 0 at the end of the file, less than 0 for a failure
+//         the number of bytes read: 0 at the end of the file, less than 0 for a failure
 //     std::optional<FileState> stateOf(const File&)
 #pragma once
 
@@ -16,7 +16,7 @@
 
 namespace Korvel::CANTORIS::PLX::fs {
 
-// What the system says of an open file.
+// What the system reports about an open file.
 struct FileState {
     bool isPlain;
     std::uint64_t size;
@@ -38,7 +38,7 @@ public:
         return result == ReadResult::read && !atEnd_ ? readOn() : result;
     }
 
-    // Of the file once it has been read.
+    // For the file after it has been read.
     [[nodiscard]] bool wasChangedJustNow() const { return state_ && isRecent(state_->age); }
 
 private:
@@ -46,8 +46,8 @@ private:
     static constexpr std::size_t firstBlockSize = std::size_t{16} * 1024;
     static constexpr std::size_t laterBlockSize = std::size_t{256} * 1024;
 
-    // What the system says of the file is asked after reading: only then it tells whether the file was
-    // changed meanwhile.
+    // The state of the file is read last: only then does it show whether the file was changed
+    // meanwhile.
     ReadResult readFirstBlock()
     {
         std::array<char, firstBlockSize> block; // NOLINT(cppcoreguidelines-pro-type-member-init)

@@ -11,13 +11,13 @@ namespace Korvel::CANTORIS::PLX::fs {
 
 namespace {
 
-// Goes through a tree with a list of the open levels instead of recursion, so that no depth is too
-// deep. Each folder is read whole before anything in it is visited: no handle stays open.
+// Goes through a tree with a list of the open levels instead of recursion, so that it can have any
+// depth. Each folder is read whole before anything in it is visited, so no handle stays open.
 class Walk {
 public:
     explicit Walk(const Path& folder) : path_(folder.text), givenLength_(folder.givenLength) {}
 
-    // False when memory ran out on the way.
+    // False when memory ran out somewhere.
     bool run(const Visit& visit);
 
 private:
@@ -40,12 +40,12 @@ private:
 
     String path_;
     std::size_t givenLength_;
-    std::vector<Level> levels_; // those beyond depth_ are kept for their memory
+    std::vector<Level> levels_; // levels beyond depth_ are kept to reuse their memory
     std::size_t depth_ = 0;
     std::set<Identity> linkedFolders_;
 };
 
-// What there is no memory for costs one entry, not the walk.
+// When memory runs out, only that entry is skipped, and the walk continues.
 bool Walk::run(const Visit& visit)
 {
     bool hadMemory = true;
@@ -94,8 +94,8 @@ void Walk::visitNext(const Visit& visit)
     }
 }
 
-// Links that lead back up would never end. Links side by side that lead to one folder, which holds
-// such links again, would end, but only after two to the power of their number.
+// Links that lead back up would never end. Links side by side to one folder that contains such
+// links again would end, but only after two to the power of their number.
 bool Walk::isWorthEntering(const Path& link)
 {
     const std::optional<Identity> folder = identify(link);

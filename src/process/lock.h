@@ -2,8 +2,8 @@
 
 namespace Korvel::CANTORIS::PLX::process {
 
-// Holds the one lock of the library for as long as it lives. The lock is there before any code runs
-// and never goes away; a thread must not take it twice.
+// Holds the library's only lock for as long as it lives. The lock exists before any code runs and
+// is never destroyed; a thread must not take it twice.
 class Locked {
 public:
     Locked();

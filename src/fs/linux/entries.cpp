@@ -1,5 +1,5 @@
-// By the system's own call: a scan reads one folder a clip, and the C library's stream would take and
-// give back a large block of the heap for each, and ask once more what kind of file the folder is.
+// Uses the system call directly: a scan reads a folder for each clip, and for each the C library
+// would allocate and free a large block, and ask again what kind of file the folder is.
 #include "fs/posix/entries.h"
 
 #include <array>

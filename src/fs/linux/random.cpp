@@ -6,7 +6,7 @@
 
 namespace Korvel::CANTORIS::PLX::fs {
 
-// Kernels older than the call, and sandboxes that forbid it, still have the device.
+// Kernels that are older than the system call, and sandboxes that forbid it, still have the device.
 bool fillRandomly(std::span<unsigned char> bytes)
 {
     const auto ask = [&] { return ::getrandom(bytes.data(), bytes.size(), 0); };

@@ -16,14 +16,14 @@ std::string parentOf(const std::string& path)
     return length > 0 ? path.substr(0, length) : path.starts_with('/') ? "/" : ".";
 }
 
-// The new entry is the parent's. Of a parent that may not be opened nothing can be asked.
+// The new entry is stored in the parent. If the parent cannot be opened, it cannot be synchronised.
 bool syncEntry(const std::string& path)
 {
     const Descriptor parent = openFolder(AT_FDCWD, parentOf(path).c_str());
     return parent ? syncFolder(parent) : errno == EACCES;
 }
 
-// What exists already is as good, if it is a folder.
+// An existing folder is as good as a new one.
 Made makeFolder(const std::string& path)
 {
     if (uninterrupted([&] { return ::mkdir(path.c_str(), 0777); }) == 0) {

@@ -1,4 +1,4 @@
-// What a folder holds, as the system lists it.
+// The entries of a folder, as the system lists them.
 #pragma once
 
 #include "fs/posix/system.h"
@@ -8,13 +8,13 @@ namespace Korvel::CANTORIS::PLX::fs {
 struct Entry {
     enum class Kind : unsigned char { file, folder, other, unknown }; // a link is unknown
 
-    int folder; // open as long as the visit lasts
+    int folder; // open only during the visit
     const char* name;
     Kind kind;
 };
 
-// Each entry in the order of the file system, without the folder itself and its parent. Ends early where
-// the folder cannot be read further.
+// Visits each entry in the order of the file system, except for the folder itself and its parent.
+// Stops where the folder cannot be read further.
 void visitEntries(Descriptor folder, void* visitor, void (*visit)(void* visitor, const Entry&));
 
 template <class Visit>

@@ -9,8 +9,8 @@ namespace Korvel::CANTORIS::PLX::fs {
 
 namespace {
 
-// Removes a file by its name, unless another has put something else there. Between the look and the
-// removal another still can: no system call removes the file that is open.
+// Removes a file by its name, unless another program has put something else there. It still can,
+// between the check and the removal: no system call removes a file by its descriptor.
 void removeIfStill(const struct stat& own, int folder, const char* name)
 {
     struct stat there;
@@ -19,8 +19,8 @@ void removeIfStill(const struct stat& own, int folder, const char* name)
     }
 }
 
-// The entry goes again unless its content is whole and on the disk. What it is known by is asked while
-// it is open: closing can fail too.
+// Removes the file again unless its whole content is on the disk. Its identity is read while it is
+// open, because closing can fail too.
 template <class Fill>
 WriteResult createWith(const OpenFolder& folder, StringView name, Fill fill)
 {
@@ -42,7 +42,7 @@ WriteResult createWith(const OpenFolder& folder, StringView name, Fill fill)
     return WriteResult::failed;
 }
 
-// Looks before it opens: opening alone can do something, to a pipe or a device.
+// Checks before it opens, because opening a pipe or a device can already have an effect.
 Descriptor openPlain(int folder, const char* path, int flags, int statusFlags)
 {
     struct stat status;
@@ -61,7 +61,8 @@ Descriptor openPlain(int folder, const char* path, int flags, int statusFlags)
     return file;
 }
 
-// By one opening: what is made is not left behind for want of a second one.
+// Makes the file and opens it in one step: otherwise the opening could fail and the new file would
+// be left.
 Descriptor makeToHold(const OpenFolder& folder, StringView name)
 {
     return openFile(folder.descriptor.number(), HostName{name, folder.pathLength}.text(),
@@ -99,7 +100,7 @@ Folder Folder::inner(StringView name) const
     return folder->descriptor ? Folder(std::move(folder)) : Folder();
 }
 
-// The memory comes first: nothing is made that could not be held.
+// Allocates first, so that no folder is made that could not be held.
 Folder Folder::make(StringView name) const
 {
     const HostName host{name, folder_->pathLength};

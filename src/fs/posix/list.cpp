@@ -6,7 +6,7 @@ namespace Korvel::CANTORIS::PLX::fs {
 
 namespace {
 
-// For links, and for file systems that list names without their kinds.
+// Needed for links, and on file systems that list names without their kinds.
 std::optional<EntryKind> askKind(int folder, const char* name)
 {
     struct stat status;

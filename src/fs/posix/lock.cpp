@@ -4,9 +4,9 @@
 
 namespace Korvel::CANTORIS::PLX::fs {
 
-// This kind of lock belongs to the open file: two threads of one program, which each open it, keep
-// clear of each other too, and closing another opening of it releases nothing. It is older than POSIX,
-// which has only locks that belong to the process; every system like it has this kind too.
+// This kind of lock belongs to the opened file: two threads of one program that each open the file
+// exclude each other too, and closing another descriptor of the file releases nothing. POSIX only
+// has locks that belong to the process, but all Unix-like systems have this kind too.
 Locked tryLock(const Descriptor& file, Sharing sharing)
 {
     const int operation = (sharing == Sharing::exclusive ? LOCK_EX : LOCK_SH) | LOCK_NB;

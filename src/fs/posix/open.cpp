@@ -4,7 +4,7 @@ namespace Korvel::CANTORIS::PLX::fs {
 
 namespace {
 
-// Some file systems know no such wait, and some folders may be written but not read.
+// Some file systems cannot synchronise, and some folders may be written to but not read.
 bool cannotTell(int error)
 {
     return error == EINVAL || error == ENOTSUP || error == ENOSYS || error == EROFS ||
@@ -25,7 +25,7 @@ Descriptor openFile(int folder, const char* path, int flags)
         uninterrupted([=] { return ::openat(folder, path, flags | cautiously, 0666); })};
 }
 
-// A folder that may be written but not read can still be a place to make something in.
+// A new file can be made even in a folder that may be written to but not read.
 Descriptor openFolder(int folder, const char* path, int flags)
 {
     const auto open = [=](int access) {

@@ -1,4 +1,4 @@
-// Files and folders that are open, and what is done with them, on a POSIX system.
+// Open files and folders, and operations on them, on a POSIX system.
 #pragma once
 
 #include <cstdint>
@@ -19,7 +19,7 @@ struct OpenFolder {
     }
 
     Descriptor descriptor;
-    std::size_t pathLength; // as the host spells the path by which it was opened
+    std::size_t pathLength; // the length of the path by which it was opened
 };
 
 struct OpenFile {
@@ -28,41 +28,42 @@ struct OpenFile {
     Descriptor descriptor;
 };
 
-// Should a pipe or a terminal take the place of a file between two calls, opening it must neither
-// wait nor make it the terminal of this process.
+// If a pipe or a terminal takes the place of a file between two calls, opening it must neither wait
+// nor make the terminal that of this process.
 inline constexpr int cautiously = O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
 
-// In a folder, or AT_FDCWD with a whole path.
+// Relative to a folder, or to AT_FDCWD with a full path.
 Descriptor openFile(int folder, const char* path, int flags);
 Descriptor openFolder(int folder, const char* path, int flags = 0);
 
 // Removes a file or a link, or with AT_REMOVEDIR an empty folder.
 bool removeEntry(int folder, const char* name, int flags = 0);
 
-// Removes what a folder holds, without following a link. What cannot be removed stays.
+// Removes the content of a folder, without following links. What cannot be removed stays.
 void removeContent(Descriptor folder);
 
 bool readStatus(const Descriptor& file, struct stat& status);
 
-// In a folder, or AT_FDCWD with a whole path. With AT_SYMLINK_NOFOLLOW, of the link itself.
+// Relative to a folder, or to AT_FDCWD with a full path. With AT_SYMLINK_NOFOLLOW, of the link
+// itself.
 bool readEntryStatus(int folder, const char* path, struct stat& status, int flags);
 
 bool isPlain(const struct stat& status);
 std::optional<FileState> stateOf(const Descriptor& file);
 
-// How many bytes came: 0 at the end of the file, less than 0 for a failure.
+// The number of bytes read: 0 at the end of the file, less than 0 for a failure.
 ssize_t readSome(const Descriptor& file, char* bytes, std::size_t size, std::uint64_t place);
 
-// To its end, or as far as the options let it.
+// To its end, or as far as the options allow.
 ReadResult readWhole(const Descriptor& file, std::string& content, const ReadOptions& options);
 
-// The same, and once more under a lock if the file may have been in the middle of a change.
+// The same, but reads again under a lock if the file may have been in the middle of a change.
 ReadResult readSettled(const Descriptor& file, std::string& content, const ReadOptions& options,
                        Patience& patience);
 
 bool writeAll(const Descriptor& file, std::string_view content, std::uint64_t place);
 
-// Wait until the disk has it. True also where the file system cannot tell.
+// Wait until it is on the disk. True also where the file system cannot say.
 bool syncFile(const Descriptor& file);
 bool syncFolder(const Descriptor& folder);
 

@@ -1,4 +1,4 @@
-// The only place that turns paths into the host's form, and names of the host into text.
+// The only place that converts paths for the system, and names from the system to text.
 #pragma once
 
 #include <climits>
@@ -8,9 +8,9 @@
 
 namespace Korvel::CANTORIS::PLX::fs {
 
-// A path as the system takes it: slashes and bytes, on the stack. One that has no such form (a lone
-// surrogate, an embedded NUL, longer than any path that the system accepts) becomes the empty path,
-// where the system finds nothing and makes nothing.
+// A path in the form of the system: slashes and bytes, on the stack. A path that has no such form
+// (because of a lone surrogate, an embedded NUL, or its length) becomes the empty path, which the
+// system never finds and cannot make.
 class HostPath {
 public:
     explicit HostPath(StringView path);
@@ -18,7 +18,7 @@ public:
     const char* text() const { return bytes_; }
     std::size_t length() const { return length_; }
 
-    // What they end is the same folder without them, except for the root.
+    // Except for the root, a path means the same folder without them.
     void dropTrailingSeparators();
 
 protected:
@@ -31,19 +31,18 @@ private:
     std::size_t length_ = 0;
 };
 
-// One name in a folder, in the same form. A path, and a name that means the folder itself or the one
-// above it, becomes the empty name.
+// One name in a folder, in the same form. A path, "." and ".." become the empty name.
 class HostName : public HostPath {
 public:
     explicit HostName(StringView name);
 
-    // The same for a name by which something is made in a folder with a path of that length, where
-    // its whole path must be one that the system accepts: nobody else could reach it.
+    // The same for a new entry in a folder whose path has that length. The whole path of the entry
+    // must be one that the system accepts: otherwise nothing else could reach it.
     HostName(StringView name, std::size_t folderPathLength);
 };
 
-// Appends a name of the host. False, and nothing appended, for one that is no valid text or that
-// could not be told from a path.
+// Appends a name from the system. False, and nothing appended, for one that is not valid text or
+// that would look like a path.
 bool appendName(const char* name, String& text);
 
 } // namespace Korvel::CANTORIS::PLX::fs

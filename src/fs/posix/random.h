@@ -4,10 +4,10 @@
 
 namespace Korvel::CANTORIS::PLX::fs {
 
-// Random bytes of the system's; false when it has none to give.
+// Random bytes from the system; false when it returns none.
 bool fillRandomly(std::span<unsigned char> bytes);
 
-// The same, by the device that every system has.
+// The same, from the device that every system has.
 bool readRandomDevice(std::span<unsigned char> bytes);
 
 } // namespace Korvel::CANTORIS::PLX::fs

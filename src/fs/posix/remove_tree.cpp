@@ -8,13 +8,13 @@ namespace Korvel::CANTORIS::PLX::fs {
 
 namespace {
 
-// Empties a folder of any depth with two descriptors: down by name, and up again by "..", if that
-// still is the folder that it came from.
+// Empties a folder of any depth with two descriptors: it goes down by name, and up again by "..",
+// if that is still the folder from which it came.
 class Sweep {
 public:
     explicit Sweep(Descriptor folder) : folder_(-1) { enter(std::move(folder)); }
 
-    // What cannot be removed stays; a move of folders meanwhile ends it.
+    // What cannot be removed stays; if another program moves one of the folders, this stops.
     void run();
 
 private:
@@ -31,7 +31,7 @@ private:
     std::vector<Level> levels_;
 };
 
-// Not where a folder cannot be listed: there may be no way up again either.
+// Does not enter a folder that cannot be listed: there may be no way up again either.
 bool Sweep::enter(Descriptor folder)
 {
     if (!folder) {
@@ -60,7 +60,7 @@ void Sweep::run()
     }
 }
 
-// The last name of a level stays in its list while its folder is being emptied.
+// The last name of a level stays in its list while its folder is emptied.
 void Sweep::removeNext()
 {
     std::vector<std::string>& names = levels_.back().names;

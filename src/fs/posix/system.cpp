@@ -12,8 +12,8 @@ Descriptor& Descriptor::operator=(Descriptor&& other) noexcept
     return *this;
 }
 
-// Linux has released the number even when the call was interrupted; another thread may own it by
-// the time of a second call.
+// Not repeated after a signal: Linux has closed the descriptor even when the call was interrupted,
+// and another thread may already have the same number.
 bool Descriptor::close()
 {
     const int number = std::exchange(number_, -1);

@@ -1,4 +1,4 @@
-// What the POSIX side of the platform layer shares: retries, descriptors, the status of a path.
+// What the POSIX files of this layer share: retries, descriptors, the status of a path.
 #pragma once
 
 #include <cerrno>
@@ -34,7 +34,7 @@ public:
     explicit operator bool() const { return number_ >= 0; }
     int number() const { return number_; }
 
-    // Gives the open file away.
+    // Gives up ownership of the open file.
     int release() { return std::exchange(number_, -1); }
 
     // False when the system reports that something written before has been lost.

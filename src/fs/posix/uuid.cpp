@@ -10,7 +10,7 @@ namespace {
 
 using UuidBytes = std::array<unsigned char, 16>;
 
-// Version 4, the variant of today's UUIDs.
+// Version 4 (random), and the usual variant.
 void markAsRandom(UuidBytes& bytes)
 {
     bytes[6] = static_cast<unsigned char>((bytes[6] & 0x0F) | 0x40);

@@ -9,7 +9,7 @@ namespace {
 
 constexpr StringView separators = L"\\";
 
-// The new entry is the parent's. Of a parent that may not be opened nothing can be asked.
+// The new entry is stored in the parent. If the parent cannot be opened, it cannot be synchronised.
 bool syncEntry(const SystemPath& path, std::size_t length)
 {
     const String parent =
@@ -18,7 +18,7 @@ bool syncEntry(const SystemPath& path, std::size_t length)
     return !folder || syncFolder(folder);
 }
 
-// What exists already is as good, if it is a folder. A drive or a share cannot be made.
+// An existing folder is as good as a new one. A drive or a share cannot be made.
 Made makeFolder(const SystemPath& path, std::size_t length)
 {
     const String folder = path.upTo(length);

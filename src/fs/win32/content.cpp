@@ -30,7 +30,8 @@ Ticks now()
     return Ticks(static_cast<std::int64_t>((high << 32) | time.dwLowDateTime));
 }
 
-// Some file systems know no such wait, and some folders may be written but not be waited for.
+// Some file systems cannot synchronise, and for some folders a program that may write to them may
+// not.
 bool cannotTell(DWORD error)
 {
     return error == ERROR_INVALID_FUNCTION || error == ERROR_ACCESS_DENIED ||
@@ -50,8 +51,8 @@ long long readSome(const Handle& file, char* bytes, std::size_t size, std::uint6
     return GetLastError() == ERROR_HANDLE_EOF ? 0 : -1;
 }
 
-// The time of the last write may stay as it was while the file is open for writing; that of the last
-// change of any kind is asked too.
+// The time of the last write may stay the same while the file is open for writing, so the time of
+// the last change of any kind is read too.
 std::optional<FileState> stateOf(const Handle& file)
 {
     FILE_BASIC_INFO basic{};
@@ -81,7 +82,7 @@ bool writeAll(const Handle& file, std::string_view content, std::uint64_t place)
     return true;
 }
 
-// A program that shows or searches files may have mapped this one for a moment.
+// Waits, because a program that displays or indexes files may have mapped this one for a moment.
 bool cutTo(const Handle& file, std::uint64_t size)
 {
     FILE_END_OF_FILE_INFO end{};
@@ -97,7 +98,7 @@ bool syncFile(const Handle& file)
     return FlushFileBuffers(file.get()) || cannotTell(GetLastError());
 }
 
-// The handle of a folder that one looks into is not allowed to wait for the disk.
+// A handle for looking into a folder does not have the right to synchronise it.
 bool syncFolder(const Handle& folder)
 {
     const Handle own = reopen(folder, Access::flush);

@@ -11,8 +11,8 @@ namespace Korvel::CANTORIS::PLX::fs {
 
 namespace {
 
-// Whether a path leads to what was made by an open folder and a name: nobody else could reach it otherwise.
-// All systems take paths of the old length.
+// Whether the path leads to what was made relative to an open folder: otherwise nothing else could
+// reach it. All systems accept paths up to the old limit.
 bool isReachable(const String& path)
 {
     constexpr std::size_t oldLimit = 259;
@@ -29,7 +29,7 @@ void removeEntry(const OpenFolder& folder, StringView name)
 
 Handle makeReachable(const OpenFolder& folder, StringView name, Access access)
 {
-    const String path = entryPath(folder.path, name); // no memory, no file
+    const String path = entryPath(folder.path, name); // first: without memory no file is made
     Handle file = makeFile(folder.handle, name, access);
     if (file && !isReachable(path)) {
         file.close();
@@ -38,7 +38,7 @@ Handle makeReachable(const OpenFolder& folder, StringView name, Access access)
     return file;
 }
 
-// The entry goes again unless its content is whole and on the disk.
+// Removes the file again unless its whole content is on the disk.
 template <class Fill>
 WriteResult createWith(const OpenFolder& folder, StringView name, Fill fill)
 {
@@ -53,7 +53,7 @@ WriteResult createWith(const OpenFolder& folder, StringView name, Fill fill)
     return WriteResult::failed;
 }
 
-// Looks before it opens: opening alone can do something, to a pipe of an emulated system.
+// Checks before it opens, because opening a pipe of an emulated system can already have an effect.
 Handle openPlain(const SystemPath& path)
 {
     if (sortAt(path) != Sort::file) {
@@ -65,7 +65,7 @@ Handle openPlain(const SystemPath& path)
     return status && status->sort == Sort::file ? std::move(file) : Handle();
 }
 
-// A folder that may be written but not read can still be a place to make something in.
+// A new file can be made even in a folder that may be written to but not read.
 Handle openFolder(const SystemPath& path)
 {
     Handle folder = openPath(path, Access::list, Links::follow);
@@ -85,7 +85,8 @@ Handle openFolder(OpenFolder& parent, StringView name)
                : openSort(parent.handle, entry, Access::look, Sort::folder);
 }
 
-// For a removal, too, others must let the file go: it is known before anything is removed.
+// Waits for other programs for a removal too, so that a failure is noticed before anything is
+// removed.
 Handle openToHold(OpenFolder& folder, StringView name, Folder::Purpose purpose, Patience& patience)
 {
     const Access access = purpose == Folder::Purpose::change ? Access::change : Access::hold;
@@ -123,7 +124,8 @@ Folder Folder::inner(StringView name) const
     return folder->handle ? Folder(std::move(folder)) : Folder();
 }
 
-// The memory comes first: nothing is made that could not be held. A new folder is open at once.
+// Allocates first, so that no folder is made that could not be held. A new folder is opened in the
+// same call.
 Folder Folder::make(StringView name) const
 {
     auto folder = std::make_unique<OpenFolder>(Handle(), entryPath(folder_->path, name));
@@ -187,7 +189,7 @@ bool Folder::remove(StringView name) const
     return status && patiently(patience, [&] { return removeOpen(open, status->attributes); });
 }
 
-// A file system that tells its files apart by their names alone needs memory for that.
+// Needs memory only on a file system that identifies its files only by their names.
 void Folder::removeHeld(StringView name, const HeldFile& file) const
 {
     try {
@@ -206,7 +208,7 @@ bool Folder::removeTree(StringView name) const
     return isMissing(name);
 }
 
-// What is gone as soon as the last other program lets it go counts as gone.
+// A file that disappears as soon as the last other program closes it counts as missing.
 bool Folder::isMissing(StringView name) const
 {
     const Handle entry = openEntry(folder_->handle, {name, 0}, Access::look);

@@ -17,7 +17,7 @@ FolderReader::FolderReader(const SystemPath& folder)
 {
 }
 
-// Without the short names, which nobody asks for, and with many entries in each answer.
+// Does not ask for short names, which are not used, and asks for many entries in each answer.
 HANDLE FolderReader::begin(const SystemPath& folder)
 {
     return FindFirstFileExW(folder.of(L"*").c_str(), FindExInfoBasic, &entry_,
@@ -41,7 +41,7 @@ const WIN32_FIND_DATAW* FolderReader::next()
     return nullptr;
 }
 
-// Opening the search has delivered the first entry already.
+// Opening the search has already returned the first entry.
 bool FolderReader::advance()
 {
     if (atFirst_) {

@@ -6,7 +6,7 @@
 
 namespace Korvel::CANTORIS::PLX::fs {
 
-// A folder that is being read, in the order of the file system; without entries when it cannot be.
+// Reads a folder in the order of the file system; returns no entries when it cannot be read.
 class FolderReader {
 public:
     explicit FolderReader(const SystemPath& folder);
@@ -14,7 +14,7 @@ public:
     FolderReader& operator=(const FolderReader&) = delete;
     ~FolderReader();
 
-    // Null after the last entry. The folder itself and its parent are no entries.
+    // Null after the last entry. The folder itself and its parent are skipped.
     const WIN32_FIND_DATAW* next();
 
 private:

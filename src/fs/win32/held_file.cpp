@@ -30,7 +30,7 @@ bool HeldFile::sync()
     return syncFile(file_->handle);
 }
 
-// Where the file system does not tell its files apart, it is enough that there is one.
+// If the file system does not identify its files, it is enough that the path leads to a file.
 bool HeldFile::isAt(const Path& path) const
 {
     try {

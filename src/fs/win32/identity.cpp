@@ -9,7 +9,7 @@ namespace {
 constexpr std::uint64_t none = 0;
 constexpr std::uint64_t invalid = ~std::uint64_t{0};
 
-// New file systems number their files by 128 bits.
+// New file systems have 128-bit numbers for their files.
 std::optional<Identity> longIdentity(const Handle& handle)
 {
     FILE_ID_INFO information{};
@@ -41,7 +41,7 @@ std::optional<Identity> shortIdentity(const Handle& handle)
     return Identity{information.dwVolumeSerialNumber, index, 0, {}};
 }
 
-// Where there are no numbers, there may be one path for all ways to the place.
+// Without numbers, the final path may be the same for all ways to the place.
 std::optional<Identity> namedIdentity(const Handle& handle)
 {
     String name;

@@ -7,7 +7,7 @@
 
 namespace Korvel::CANTORIS::PLX::fs {
 
-// What the file system knows a file or folder by; none where it does not tell.
+// What identifies a file or folder; none if the file system does not say.
 std::optional<Identity> identityOf(const Handle& handle);
 
 } // namespace Korvel::CANTORIS::PLX::fs

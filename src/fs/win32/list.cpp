@@ -17,7 +17,7 @@ bool isSurrogate(Char unit)
     return IS_HIGH_SURROGATE(unit) || IS_LOW_SURROGATE(unit);
 }
 
-// The file system would keep lone surrogates, but no clip can refer to such a name.
+// The file system allows lone surrogates, but no clip can refer to such a name.
 bool isText(StringView name)
 {
     while (!name.empty()) {
@@ -30,7 +30,7 @@ bool isText(StringView name)
     return true;
 }
 
-// Emulated systems can hold names with separators in them, which no path can reach.
+// Emulated systems can have names with separators in them, which no path can reach.
 bool canStandInPath(StringView name)
 {
     return name.find(separator) == StringView::npos && isText(name);

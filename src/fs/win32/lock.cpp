@@ -2,7 +2,8 @@
 
 namespace Korvel::CANTORIS::PLX::fs {
 
-// What is locked cannot be read or written by others here, so it is one byte that no document reaches.
+// On Windows other programs cannot read or write locked bytes, so this locks one byte that is
+// beyond the end of any document.
 Locked tryLock(const Handle& file, Sharing sharing)
 {
     OVERLAPPED farBeyondTheEnd{};

@@ -16,7 +16,7 @@ Handle closedWith(DWORD error)
     return Handle();
 }
 
-// The general translation calls it a lack of rights.
+// The system's translation would turn this status into "access denied".
 DWORD errorOf(NTSTATUS status)
 {
     return status == deletePending ? DWORD{ERROR_DELETE_PENDING} : RtlNtStatusToDosError(status);
@@ -30,7 +30,7 @@ bool isName(StringView name)
            name.find_first_of(notInNames) == StringView::npos;
 }
 
-// A name in an open folder, as the system's own calls take it.
+// A name in an open folder, in the form that the system's native calls need.
 class Place {
 public:
     Place(const Handle& folder, StringView name)
@@ -95,8 +95,8 @@ DWORD tagOf(const Handle& handle)
     return information.ReparseTag;
 }
 
-// Emulated systems open what a link leads to, even if the link itself is wanted. What they say of the
-// name gives it away; then nothing is open.
+// Emulated systems open what a link leads to, even if the link itself is wanted. The attributes of
+// the name show this; then the handle is closed.
 Handle asNamed(Handle handle, DWORD attributes)
 {
     const bool isWhatALinkLeadsTo =
@@ -104,7 +104,7 @@ Handle asNamed(Handle handle, DWORD attributes)
     return isWhatALinkLeadsTo ? closedWith(ERROR_CANT_ACCESS_FILE) : std::move(handle);
 }
 
-// Only a folder may be named with a separator at the end.
+// Only the path of a folder may end with a separator.
 std::optional<Sort> fitting(const SystemPath& path, Sort sort)
 {
     if (path.namesFolder() && sort != Sort::folder) {
@@ -195,8 +195,8 @@ std::optional<Status> statusOf(const Handle& handle)
     return Status{attributes, isOnDisk ? sortOf(attributes, tag) : Sort::special};
 }
 
-// The name tells all but where a link leads; it is asked first, because opening alone can do something
-// to a pipe of an emulated system.
+// Everything except the target of a link is known from the name; it is asked first, because opening
+// a pipe of an emulated system can already have an effect.
 std::optional<Sort> sortAt(const SystemPath& path)
 {
     WIN32_FILE_ATTRIBUTE_DATA data{};
@@ -214,7 +214,8 @@ std::optional<Sort> sortAt(const SystemPath& path)
     return fitting(path, sortOf(data.dwFileAttributes, 0));
 }
 
-// A file whose content is elsewhere or packed shows it to those who open it without asking for the mark.
+// A file whose content is stored elsewhere or compressed shows its content when it is opened
+// without asking for the mark.
 Handle openSort(const Handle& folder, const Entry& entry, Access access, Sort sort)
 {
     Handle handle = openEntry(folder, entry, access);

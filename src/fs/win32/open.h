@@ -1,8 +1,8 @@
-// Files and folders that are open, and what is done with them, on Windows.
+// Open files and folders, and operations on them, on Windows.
 //
-// An entry of a folder is opened by the open folder and its name, which no path leads astray, and is
-// changed and removed by what was opened then. A handle is never inherited, and keeps no other program
-// from reading, writing, renaming or removing what it is of.
+// An entry of a folder is opened relative to the open folder, so that no path can lead elsewhere,
+// and it is changed and removed through that handle. Handles are never inherited, and do not keep
+// other programs from reading, writing, renaming or removing the file.
 #pragma once
 
 #include <cstdint>
@@ -20,7 +20,8 @@
 
 namespace Korvel::CANTORIS::PLX::fs {
 
-// Owns an open file or folder. What opens one leaves GetLastError() behind when it fails.
+// Owns an open file or folder. Functions that open one leave their error in GetLastError() when
+// they fail.
 class Handle {
 public:
     explicit Handle(HANDLE handle = INVALID_HANDLE_VALUE) noexcept : handle_(handle) {}
@@ -40,8 +41,9 @@ struct OpenFolder {
     OpenFolder(Handle itself, String itsPath);
 
     Handle handle;
-    // By which it was opened, as the system takes it; with room for a name, so that to look at an entry
-    // takes no memory: what a failure has left must go even if there is none.
+    // The path by which it was opened, in the system's form; with room for a name, so that looking
+    // at an entry needs no memory: after a failure, what was made must be removed even if there is
+    // none.
     String path;
 };
 
@@ -49,7 +51,7 @@ struct OpenFile {
     Handle handle;
 };
 
-// What can be done with a handle. Each may be asked what it is of.
+// What a handle allows. All allow asking for the status.
 enum class Access : DWORD {
     look = FILE_READ_ATTRIBUTES,
     list = FILE_READ_ATTRIBUTES | FILE_LIST_DIRECTORY | FILE_TRAVERSE,
@@ -67,52 +69,54 @@ enum class Links { follow, dontFollow };
 
 Handle openPath(const SystemPath& path, Access access, Links links);
 
-// What stands in a folder: one name, not a path.
+// An entry of a folder: one name, not a path.
 struct Entry {
     StringView name;
-    DWORD attributes; // by the name, before anything is opened; 0 when they are not known
+    DWORD attributes; // read by name, before anything is opened; 0 when they are unknown
 };
 Entry entryOf(OpenFolder& folder, StringView name);
 
-// An entry of a folder, itself if it is a link. A name that would lead elsewhere is refused.
+// Opens an entry of a folder; if it is a link, the link itself. A name that would lead elsewhere is
+// refused.
 Handle openEntry(const Handle& folder, const Entry& entry, Access access);
 
-// What is open already, once more.
+// Opens again what is already open.
 Handle reopen(const Handle& handle, Access access);
 
-// A new one; what is there already is not opened.
+// Makes a new file; an existing one is not opened.
 Handle makeFile(const Handle& folder, StringView name, Access access);
 Handle makeFolder(const Handle& folder, StringView name);
 
-// What a handle is of.
+// What a handle refers to.
 struct Status {
     DWORD attributes;
     Sort sort;
 };
-std::optional<Status> statusOf(const Handle& handle); // none of a closed one, too
+std::optional<Status> statusOf(const Handle& handle); // none for a closed handle
 
-// What a path leads to, through links.
+// What a path leads to; links are followed.
 std::optional<Sort> sortAt(const SystemPath& path);
 
-// The same for an entry of that sort, in particular for no link. What the system lets appear as a plain
-// file or folder is open as that.
+// Opens an entry of that sort, which is not a link. What the system presents as a plain file or
+// folder is opened as one.
 Handle openSort(const Handle& folder, const Entry& entry, Access access, Sort sort);
 
-// Removes what the handle is of, and nothing else: a file, an empty folder or a link. It may be marked as
-// read-only.
+// Removes what the handle refers to, and nothing else: a file, an empty folder or a link. It may be
+// marked as read-only.
 bool removeOpen(const Handle& entry, DWORD attributes);
 
-// For calls that others stand in the way of, where nobody has said how long the host may wait: virus
-// scanners and the like hold what is new for a moment.
+// For calls that other programs can block, when the host's patience does not apply: virus scanners
+// and similar programs hold new files for a moment.
 inline constexpr std::chrono::milliseconds aMoment{300};
 
-// Whether the error says that there is nothing of that name.
+// Whether the error says that there is nothing with that name.
 bool saysMissing(DWORD error);
 
-// Whether the error of the last call says that others stand in the way.
+// Whether the error of the last call says that another program blocks it.
 bool isInUse(DWORD error);
 
-// Calls until it succeeds, or fails for another reason than others, or the patience is used up.
+// Repeats the call until it succeeds, fails for another reason than other programs, or the patience
+// is used up.
 template <class Call>
 auto patiently(Patience& patience, Call call)
 {
@@ -131,7 +135,7 @@ ReadResult readWhole(const Handle& file, std::string& content, const ReadOptions
 bool writeAll(const Handle& file, std::string_view content, std::uint64_t place);
 bool cutTo(const Handle& file, std::uint64_t size);
 
-// Waits until the disk has it. True also where the file system cannot tell.
+// Waits until it is on the disk. True also where the file system cannot say.
 bool syncFile(const Handle& file);
 bool syncFolder(const Handle& folder);
 

@@ -30,7 +30,7 @@ String joinedTo(StringView first, StringView second)
     return text;
 }
 
-// What the system makes of a path; the folder of a relative path may change between two calls.
+// Completes a path; in a loop, because the current folder may change between two calls.
 String complete(const String& given)
 {
     String full;
@@ -44,13 +44,13 @@ String complete(const String& given)
     return full;
 }
 
-// A path with the prefix is one that the host wants to be taken as it is.
+// A host that passes a path with the prefix wants it to be used as it is.
 String systemForm(StringView given)
 {
     return given.starts_with(prefix) ? String(given) : withPrefix(complete(String(given)));
 }
 
-// Behind the drive, the volume or the share.
+// The end of the drive, the volume or the share.
 std::size_t endOfRoot(StringView system)
 {
     std::size_t end = prefix.size();
@@ -94,7 +94,7 @@ SystemPath::SystemPath(const Path& path) : error_(ERROR_PATH_NOT_FOUND)
     if (!isUsable(path.text, given)) {
         return;
     }
-    SetLastError(ERROR_PATH_NOT_FOUND); // unless the system knows better
+    SetLastError(ERROR_PATH_NOT_FOUND); // unless the system sets a better error
     text_ = systemForm(given);
     if (text_.size() <= prefix.size()) {
         error_ = GetLastError();

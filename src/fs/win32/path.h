@@ -1,19 +1,21 @@
-// The one way from a path to the form in which the system gets it.
+// The only place that converts paths for the system.
 #pragma once
 
 #include "fs/fs.h"
 
 namespace Korvel::CANTORIS::PLX::fs {
 
-// The path of an entry of a folder, both with the prefix: there no separator may stand beside another.
+// The path of an entry of a folder, both with the prefix: in such a path separators must not be
+// doubled.
 String entryPath(StringView folder, StringView name);
 
-// A path with the prefix by which the system takes it as it is: of any length up to 32,767 units, with
-// names that end in blanks and dots, and with names that would mean a device without the prefix.
+// A path with the prefix that makes the system use it as it is: up to 32,767 units long, with names
+// that end in blanks and dots, and with names that would mean a device without the prefix.
 //
-// What the host has given is completed by the system first, once: relative paths, the current directory of
-// a drive, slashes, detours, blanks and dots at the end. A device is no path here. The names behind it
-// stay as they are; detours among them, which documents may name, are resolved.
+// The part that the host has passed is completed by the system first, once: relative paths, the
+// current directory of a drive, slashes, "." and "..", blanks and dots at the end. The path of a
+// device is refused. The names after that part stay as they are; only "." and ".." among them,
+// which documents may contain, are resolved.
 //
 // Empty for a path that leads nowhere.
 class SystemPath {
@@ -25,13 +27,13 @@ public:
     [[nodiscard]] const Char* text() const { return text_.c_str(); }
     [[nodiscard]] std::size_t length() const { return text_.size(); }
 
-    // The drive or the share, with a separator at its end. What lies above it cannot be made or removed.
+    // Up to the separator after the drive or the share. These cannot be made or removed.
     [[nodiscard]] std::size_t rootLength() const { return rootLength_; }
 
-    // Whether it ends with a separator, which nothing but a folder may.
+    // Whether it ends with a separator, which only the path of a folder may.
     [[nodiscard]] bool namesFolder() const { return namesFolder_; }
 
-    // The path of an entry of the folder, and the part of this path up to a length.
+    // The path of an entry of the folder, and the first part of this path, up to a length.
     [[nodiscard]] String of(StringView name) const { return entryPath(text_, name); }
     [[nodiscard]] String upTo(std::size_t length) const { return text_.substr(0, length); }
 
@@ -45,7 +47,7 @@ private:
     bool namesFolder_ = false;
 };
 
-// The form with the prefix of a path that the system has completed; empty for a device.
+// Adds the prefix to a path that the system has completed; empty for a device.
 String withPrefix(StringView full);
 
 } // namespace Korvel::CANTORIS::PLX::fs

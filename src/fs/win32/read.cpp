@@ -4,8 +4,8 @@ namespace Korvel::CANTORIS::PLX::fs {
 
 namespace {
 
-// A change that goes on shows by its lock, one that is over by its time: the system may not tell the time
-// of a write before the file is closed.
+// A change in progress is noticed by its lock, a finished one by its time: the system may not
+// report the time of a write before the file is closed.
 ReadResult readSettled(const Handle& file, std::string& content, const ReadOptions& options,
                        Patience& patience)
 {

@@ -4,13 +4,13 @@ namespace Korvel::CANTORIS::PLX::fs {
 
 namespace {
 
-// Of a later system than the compiler's headers may know.
+// From a newer version of the system than the compiler's headers may know.
 struct Removal {
     DWORD flags;
 };
 constexpr auto removalClass = static_cast<FILE_INFO_BY_HANDLE_CLASS>(21);
 constexpr DWORD removeIt = 0x1;
-constexpr DWORD atOnce = 0x2; // and not when the last who has it open closes it
+constexpr DWORD atOnce = 0x2; // not only when the last program closes it
 constexpr DWORD alsoReadOnly = 0x10;
 
 bool removeAtOnce(const Handle& entry)
@@ -26,7 +26,7 @@ bool removeAtClosing(const Handle& entry)
            0;
 }
 
-// Times of 0 stay as they are.
+// Times of 0 mean: do not change.
 bool setAttributes(const Handle& entry, DWORD attributes)
 {
     FILE_BASIC_INFO information{};
@@ -35,7 +35,7 @@ bool setAttributes(const Handle& entry, DWORD attributes)
                                       sizeof information) != 0;
 }
 
-// The mark comes back if the file stays.
+// The mark is restored if the file stays.
 bool removeReadOnly(const Handle& entry, DWORD attributes)
 {
     const DWORD unmarked = attributes & ~DWORD{FILE_ATTRIBUTE_READONLY};
@@ -52,7 +52,7 @@ bool removeReadOnly(const Handle& entry, DWORD attributes)
     return false;
 }
 
-// Older systems, and file systems of others, do not know the better way.
+// Older systems, and some file systems, do not know the better way.
 bool isUnknownHere(DWORD error)
 {
     return error == ERROR_INVALID_PARAMETER || error == ERROR_INVALID_FUNCTION ||

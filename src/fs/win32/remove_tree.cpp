@@ -7,7 +7,7 @@ namespace Korvel::CANTORIS::PLX::fs {
 
 namespace {
 
-// What a folder says of an entry.
+// What a folder lists about an entry.
 struct Listed {
     String name;
     DWORD attributes;
@@ -47,7 +47,7 @@ Entries entriesIn(const Handle& folder)
     return entries;
 }
 
-// Goes down by open folders, however deep, and removes each by what was opened.
+// Goes down through open folders, to any depth, and removes each entry by its handle.
 class Sweep {
 public:
     void run(const Handle& folder, const Entry& entry);
@@ -100,7 +100,7 @@ void Sweep::take(const Handle& folder, const Entry& entry)
     }
 }
 
-// What was in it may not be gone before others let it go.
+// Waits, because what was in the folder may not disappear before other programs close it.
 void Sweep::leave()
 {
     const Level& level = levels_.back();

@@ -9,15 +9,15 @@ bool has(DWORD attributes, DWORD wanted)
     return (attributes & wanted) != 0;
 }
 
-// Whoever defines a tag says by one bit of it whether what is marked stands for another name: symbolic
-// links, junctions and mount points do.
+// One bit of a tag says whether the marked entry stands for another name, as symbolic links,
+// junctions and mount points do.
 bool standsForAnotherName(DWORD tag)
 {
     constexpr DWORD nameSurrogate = 0x20000000;
     return tag == 0 || has(tag, nameSurrogate);
 }
 
-// The special files of the Linux programs of a Windows computer.
+// The special files of Linux programs on a Windows computer.
 bool isSpecial(DWORD tag)
 {
     constexpr DWORD socket = 0x80000023;

@@ -1,6 +1,6 @@
 #include <algorithm>
 
-#include <windows.h> // before its own parts
+#include <windows.h> // must come before its other headers
 
 #include <rpc.h>
 
@@ -10,7 +10,7 @@ namespace Korvel::CANTORIS::PLX::fs {
 
 namespace {
 
-// A UUID that is unique on this computer alone is enough: so is the folder that it names.
+// A UUID that is unique only on this computer is enough: so is the folder that gets its name.
 bool create(UUID& uuid)
 {
     const RPC_STATUS status = UuidCreate(&uuid);
@@ -22,7 +22,7 @@ Char toLower(Char unit)
     return unit >= 'A' && unit <= 'F' ? static_cast<Char>(unit - 'A' + 'a') : unit;
 }
 
-// The text of the system, freed whatever happens.
+// A text that the system has allocated; frees it.
 class UuidText {
 public:
     explicit UuidText(UUID& uuid)

@@ -10,9 +10,10 @@ using Release = void (*)();
 constinit std::atomic<Release> releaseAtUnload{nullptr};
 constinit std::atomic<bool> processEnds{false};
 
-// The end of the process destroys the static objects of the library and calls its destructor
-// functions afterwards. Closing the library goes the other way round: the destructor functions come
-// first, and the last of them destroys the static objects. So who comes first tells which it is.
+// At the end of the process, the static objects of the library are destroyed first, and its
+// destructor functions are called afterwards. When the library is closed, it is the other way
+// round: the destructor functions come first, and the last of them destroys the static objects. So
+// the order tells which of the two is happening.
 struct EndOfProcess {
     EndOfProcess() = default;
     EndOfProcess(const EndOfProcess&) = delete;
@@ -30,8 +31,8 @@ __attribute__((destructor)) void unload()
 
 } // namespace
 
-// The object is made here, not when the library is loaded: of a library that is linked to the program,
-// the system would destroy it after the destructor functions then.
+// The object is made here, not when the library is loaded: if the library is linked to the program,
+// the system would otherwise destroy the object after the destructor functions.
 void atUnload(Release release)
 {
     static const EndOfProcess endOfProcess;

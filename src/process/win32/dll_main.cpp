@@ -2,7 +2,7 @@
 
 #include "process/win32/unloading.h"
 
-// The system tells the two ways of leaving apart: `reserved` is null when the library is unloaded.
+// `reserved` is null when the library is unloaded, and not null when the process ends.
 extern "C" BOOL WINAPI DllMain(HINSTANCE, DWORD reason, LPVOID reserved)
 {
     if (reason == DLL_PROCESS_DETACH && reserved == nullptr) {

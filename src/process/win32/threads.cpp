@@ -1,12 +1,14 @@
-// What the C++ runtime that is linked into the library asks of threads, by the system's own means.
+// The thread functions that the C++ runtime in the library needs, made with functions of the
+// system.
 //
-// The thread library of the compiler is made for programs. In a library that comes and goes it leaves two
-// handles behind for each thread that has used it and is still alive, and a slot of the process's threads,
-// of which there are about a thousand: after as many loadings a process could load no more. And the first
-// exception of a thread takes memory; where there is none, the process ends.
+// The compiler's own thread library is made for programs. A library that is loaded and unloaded
+// would leak with it: two handles for each thread that has used the library and is still alive, and
+// one of the process's slots for thread data, of which there are about a thousand: after as many
+// loads the library could not be loaded again. Also, the first exception of a thread needs memory;
+// if there is none, the process ends.
 //
-// The runtime asks for little: locks, one-time initialisation, and for each thread a place where the
-// exceptions that are under way are noted.
+// The runtime needs little: locks, one-time initialisation, and for each thread a place for the
+// exceptions that are being handled.
 #include <atomic>
 #include <cstddef>
 
@@ -15,9 +17,9 @@
 
 namespace {
 
-// --- Locks: the word that a lock has is the system's lock ------------------------------------------------
+// --- Locks: the word of a pthread lock is used as the system's lock ----------------------------------------------
 
-// The value by which the compiler's headers begin a lock that is known at compile time.
+// The initial value that the compiler's headers give to a static lock.
 constexpr pthread_mutex_t untouched = PTHREAD_MUTEX_INITIALIZER;
 
 static_assert(sizeof(pthread_mutex_t) == sizeof(SRWLOCK));
@@ -37,15 +39,16 @@ constexpr pthread_once_t done = notYet + 2;
 
 // --- Exceptions ----------------------------------------------------------------------------------------
 
-// What the compilers agree on that it holds.
+// The layout on which the compilers agree.
 struct Exceptions {
     void* caught = nullptr;
     unsigned int uncaught = 0;
 };
 
-// All that is in sections of this name, the system copies for each thread, when the library is loaded and
-// when a thread begins: if there is no memory for it, neither happens. The compiler cannot address the
-// copies. The sections are put between two marks of the runtime, in the order of their names.
+// The system copies everything in sections of this name for each thread, when the library is loaded
+// and when a thread starts: without memory for the copy, loading and starting fail. The compiler
+// cannot address the copies. The linker sorts the sections by name, which puts this one between two
+// marks of the runtime.
 [[gnu::section(".tls$KRT")]] Exceptions original;
 
 // The copies of this thread, one for each library that has such sections.

@@ -4,7 +4,7 @@
 
 namespace Korvel::CANTORIS::PLX::process {
 
-// What is to be called when the host unloads the library is called.
+// Calls the function that atUnload() has set.
 void unload();
 
 } // namespace Korvel::CANTORIS::PLX::process
