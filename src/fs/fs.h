@@ -88,7 +88,7 @@ using Visit = std::function<void(const String& path, const Neighbours& neighbour
 // Special files and files whose names are not valid text are skipped; a folder that cannot be listed
 // counts as empty.
 // Path and neighbours are valid until visit returns.
-// False when memory ran out, in visit or for listing a folder; everything else was visited.
+// False when memory ran out for a file, in visit too, or for a folder; the others were visited.
 [[nodiscard]] bool forEachFile(const Path& folder, const Visit& visit);
 
 // --- Reading ------------------------------------------------------------------------------------------
@@ -103,7 +103,7 @@ enum class ReadResult {
 enum class Verdict { undecided, worthReading, hopeless };
 
 struct ReadOptions {
-    std::uint64_t limit = std::numeric_limits<std::uint64_t>::max(); // in bytes; a file of this size is still read
+    std::uint64_t limit = std::numeric_limits<std::uint64_t>::max(); // in bytes, inclusive
     // Called with what has been read, block by block, until it decides.
     Verdict (*judge)(std::string_view beginning) = nullptr;
     // `plain` when a walk has just found a plain file, which saves asking the system for its kind.

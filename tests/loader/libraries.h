@@ -1,4 +1,4 @@
-// The files that the tests load, and what is mapped of them.
+// The files that the tests load, and whether they are in the process.
 #pragma once
 
 #include <filesystem>
@@ -14,5 +14,5 @@ Path partialLibrary();
 // Whether the file of this name is mapped into this process.
 bool isMapped(const Path& library);
 
-// The system's own answer for a library that is loaded.
+// Asks the system itself for a function of a loaded library.
 void* findFunction(void* library, const char* name);

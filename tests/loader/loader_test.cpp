@@ -29,7 +29,7 @@ void keep(void* context, KRT_PLX_LoadProblem problem, const char* text)
     static_cast<Reports*>(context)->emplace_back(problem, text);
 }
 
-// All bits that a table can have, without its gaps, of which it has none.
+// All pointers of a table, as an array; a table has no gaps.
 std::vector<void*> pointers(const KRT_PLX_Api& api)
 {
     std::vector<void*> all(sizeof api / sizeof(void*));
@@ -46,7 +46,7 @@ bool isEmpty(const KRT_PLX_Api& api)
 
 class Loader : public testing::Test {
 protected:
-    // What stands in the table before must not matter.
+    // The old content of the table must not matter.
     Loader() { std::memset(&api, 0xAB, sizeof api); }
 
     void TearDown() override

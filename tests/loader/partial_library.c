@@ -1,4 +1,4 @@
-/* A library that has two of the functions, and not what they do. */
+/* A library that has only two of the functions, which do nothing. */
 #include <korvel/plx.h>
 
 bool KRT_PLX_HasManager(KRT_PLX_Manager* manager)

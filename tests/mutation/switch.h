@@ -1,8 +1,8 @@
-// Stands before every source that scripts/mutants compiles: each change is a switch in one build, and
-// the environment says which one is on.
+// Included before every source that scripts/mutants compiles: each change is a switch in one build,
+// and the environment says which one is on.
 #pragma once
 
-// CMake tries the compiler by sources of an older language.
+// CMake tests the compiler with sources of an older language.
 #if __cplusplus >= 202002L
 
 #    include <cstdlib>
@@ -29,7 +29,8 @@ constexpr Value chosen(int id, Value original, Changed changed)
     return active() == id ? static_cast<Value>(changed) : original;
 }
 
-// `a < b` becomes `a < On{7} < b`, which means the same, by the same precedence, until 7 is on.
+// `a < b` becomes `a < On{7} < b`. With the same precedence it means the same, until switch 7 is
+// on.
 struct On {
     int id;
 };

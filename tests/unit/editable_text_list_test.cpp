@@ -14,14 +14,14 @@ using namespace Korvel::CANTORIS::PLX;
 String someText(std::size_t number)
 {
     String text(number % 3 == 0 ? 30 : 0,
-                static_cast<Char>('x')); // some do not fit into their object
+                static_cast<Char>('x')); // some are too long for the string object itself
     for (const char digit : std::to_string(number)) {
         text += static_cast<Char>(digit);
     }
     return text;
 }
 
-// Long enough to be searched, to be looked up by an index, and to go back and forth between the two.
+// Long enough to switch between searching and an index several times.
 class EditableTextListTest : public testing::Test {
 protected:
     void add(const String& text)
@@ -97,7 +97,7 @@ TEST_F(EditableTextListTest, KeepsTextsWhereTheyAre)
     check();
 }
 
-// The view ends with the text that it names.
+// Removing the text also ends the view that is passed.
 TEST_F(EditableTextListTest, RemovesWhatItsOwnTextNames)
 {
     for (const std::size_t size : {3u, 1200u}) {

@@ -28,7 +28,7 @@ TEST(FormatEncoding, ABlankIsOneUnit)
     }
 }
 
-// As a document is read while it is a beginning only.
+// Reads it as the beginning of a longer document.
 std::optional<char32_t> firstOf(std::string_view utf8, support::Encoding encoding,
                                 support::ByteOrderMark mark)
 {
@@ -57,7 +57,7 @@ TEST(FormatEncoding, WhiteSpaceAloneHasNoFirstUnit)
     }
 }
 
-// A block may end in the middle of one.
+// A block may end in the middle of a unit.
 TEST(FormatEncoding, AnUnfinishedUnitIsNone)
 {
     for (const support::Encoding encoding : rewriting::encodings) {

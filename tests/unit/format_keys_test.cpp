@@ -1,4 +1,5 @@
-// The table of keys against the model: what a row says of a value is what its object does with it.
+// Compares the table of keys with the model: what a row says about a value must be what its object
+// does with it.
 #include <functional>
 #include <set>
 #include <string_view>
@@ -20,7 +21,7 @@ struct Objects {
     plx::NoteImpl note{part};
 };
 
-// Whether the object takes the value; one that cannot refuse takes all.
+// Whether the object accepts the value; a setter that cannot refuse accepts all.
 template <class Put, class Target, class Value>
 bool takes(const Put& put, Target& target, Value value)
 {
@@ -93,7 +94,7 @@ TEST(FormatKeys, SayTheRangesAndInitialValuesOfANote)
     expectRanges<keys::AiExpressionTable>(objects.note);
 }
 
-// The longest note lets the objects in it be as long as they may be.
+// In the longest note, the objects can be as long as their fields allow.
 TEST(FormatKeys, SayTheRangesAndInitialValuesOfWhatHangsOnANote)
 {
     Objects objects;

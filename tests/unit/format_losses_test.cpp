@@ -1,4 +1,4 @@
-// What a listener is told of that is lost when a document is read.
+// What a listener is told about everything that is lost when a document is read.
 #include <string>
 #include <vector>
 
@@ -17,7 +17,7 @@ using format::LossReason;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-// A loss as a test writes it: the reason, the path, and what begins at its place in the file.
+// A loss as a test writes it: the reason, the path, and the text at its place in the file.
 struct Told {
     LossReason reason;
     std::string path;
@@ -47,7 +47,7 @@ std::vector<Told> toldOf(const std::vector<format::Loss>& losses, const std::str
     return told;
 }
 
-// With a part of type 3 that has these members, too.
+// A document whose part is of type 3 and has these members, too.
 std::string midi(const std::string& members)
 {
     return R"({"midi":{"duration":1,"voice":{"compID":"0123456789ABCDEF","langID":0})" + members +

@@ -6,7 +6,7 @@ namespace {
 
 using Korvel::CANTORIS::PLX::format::Output;
 
-// No memory stands behind it: it must not be looked at.
+// There is no memory behind the view: it must not be read.
 std::string_view textOfLength(std::size_t bytes)
 {
     return {"x", bytes};

@@ -1,5 +1,5 @@
-// What the system may say that no test can bring it to say: entries with marks, files that others hold for a
-// moment, volumes that do not tell their files apart, and calls that fail.
+// Answers of the system that a test cannot cause: marked entries, files that other programs hold
+// for a moment, volumes that do not identify their files, and calls that fail.
 #ifdef _WIN32
 
 #    include <chrono>
@@ -79,7 +79,8 @@ TEST_F(FsCalls, FoldersOfACloudAreFolders)
     EXPECT_FALSE(exists(dir / "tree"));
 }
 
-// The content is not where the mark is: it is read and written by those who open the file as a plain one.
+// The content is stored elsewhere: programs that open the file as a plain one can read and write
+// it.
 TEST_F(FsCalls, FilesOfACloudAreFiles)
 {
     calls.markEntries(cloud);
@@ -113,7 +114,8 @@ TEST_F(FsCalls, LinksAreNeitherEnteredNorChanged)
     }
 }
 
-// The system would remove the link itself by that handle; here it is a folder with something in it.
+// With that handle the system would remove the link itself; here it is a folder with something in
+// it.
 TEST_F(FsCalls, WhatALinkLeadsToStays)
 {
     for (const auto shown :
@@ -140,7 +142,7 @@ TEST_F(FsCalls, ALinkItselfIsRemoved)
     EXPECT_FALSE(exists(dir / "link"));
 }
 
-// A junction that takes a folder's place between the listing and the opening.
+// A junction replaces a folder between the listing and the opening.
 TEST_F(FsCalls, ALinkThatTakesAFoldersPlaceIsNotEntered)
 {
     const Folder tree = folder.inner(text("tree"));
@@ -277,7 +279,7 @@ TEST_F(FsCalls, AReadOnlyEntryThatStaysKeepsItsMark)
         const DWORD attributes = GetFileAttributesW((dir / "document").c_str());
         EXPECT_EQ(attributes == INVALID_FILE_ATTRIBUTES, isRemoved) << number;
         EXPECT_NE(attributes & FILE_ATTRIBUTE_READONLY, 0u)
-            << number; // of all that are invalid, too
+            << number; // including the invalid ones
         staying += isRemoved ? 0 : 1;
         SetFileAttributesW((dir / "document").c_str(), FILE_ATTRIBUTE_NORMAL);
     }
@@ -361,7 +363,7 @@ constexpr DWORD errors[] = {ERROR_ACCESS_DENIED,  ERROR_DISK_FULL,         ERROR
 struct Work {
     const char* name;
     std::function<void()> run;
-    std::function<void()> check; // what may come of it, whatever fails
+    std::function<void()> check; // checks what is allowed, whatever fails
 };
 
 class FsFailingCalls : public FsCalls {
@@ -410,7 +412,7 @@ TEST_F(FsFailingCalls, OfMakingAFileLeaveItWholeOrNotAtAll)
         if (written == fs::WriteResult::written) {
             EXPECT_EQ(readBytes(dir / "new"), "old");
         } else if (exists(dir / "new")) {
-            // Where removing fails as well, nothing but an empty file may be there.
+            // If removing fails as well, only an empty file may be left.
             EXPECT_EQ(readBytes(dir / "new"), "");
         }
     };

@@ -1,4 +1,4 @@
-// Work of the file layer that is disturbed at each of its system calls.
+// Runs work of the file layer and disturbs each of its system calls.
 #pragma once
 #ifndef _WIN32
 
@@ -19,14 +19,14 @@
 
 namespace Faults {
 
-// What system calls may say.
+// The errors that system calls may return.
 constexpr int errors[] = {EIO,          EACCES, EPERM,   ENOSPC, EMFILE, ENOMEM,   EISDIR,
                           ENAMETOOLONG, EEXIST, ENOTDIR, ENOENT, EROFS,  ENOTEMPTY};
 
 struct Work {
     std::function<void()> prepare;
     std::function<void()> run;
-    std::function<void()> check; // what may come of it, whatever fails
+    std::function<void()> check; // checks what is allowed, whatever fails
 };
 
 class DisturbedTest : public testing::Test {
@@ -54,8 +54,8 @@ protected:
         work.check();
     }
 
-    // Runs the work once for each of its calls, with that call failing, and once more with all calls
-    // from there on failing.
+    // Runs the work once for each of its calls, with that call failing, and once more with that
+    // call and all later ones failing.
     template <typename Errors>
     void failEachCall(const Errors& errors, const Work& work)
     {
@@ -80,7 +80,7 @@ protected:
         }
     }
 
-    // Runs the work once for each of its calls, with the same thing happening before that call.
+    // Runs the work once for each of its calls, and lets something happen before that call.
     void interfereWithEachCall(const Work& work, const std::function<void()>& happening)
     {
         const auto disturb = [&](long number, int) { interfere(number, happening); };
@@ -95,10 +95,10 @@ protected:
 
     support::TempDir dir;
     Korvel::CANTORIS::PLX::fs::Folder folder = Korvel::CANTORIS::PLX::fs::Folder::open(dir.path());
-    bool canCleanUp = true; // false while everything fails from some call on
+    bool canCleanUp = true; // false while all calls from one on fail
 };
 
-// A tree with files, folders and links, which lead out of it and up in it.
+// A tree with files, folders and links, some of which lead out of it or upwards in it.
 class DisturbedTreeTest : public DisturbedTest {
 protected:
     void makeTree()

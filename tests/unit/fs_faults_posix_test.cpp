@@ -55,7 +55,8 @@ protected:
         return {prepare, run, [this] { EXPECT_TRUE(!result || content == before); }};
     }
 
-    // The same, of a file that was changed just now: it is read twice, the second time under a lock.
+    // The same, for a file that was changed just now: it is read twice, the second time under a
+    // lock.
     Work readingTwice()
     {
         Work work = reading();
@@ -96,7 +97,8 @@ protected:
         }
     }
 
-    // Whether what another puts in the place of the new file before that call goes.
+    // Whether the file that another program puts in the place of the new one, before that call, is
+    // removed.
     bool isReplacedAndRemoved(const Work& work, const std::function<void()>& replace, long failing,
                               long before)
     {
@@ -115,8 +117,8 @@ protected:
                !std::filesystem::exists(std::filesystem::symlink_status(hostPath(dir / "new")));
     }
 
-    // A failure at each call, and another program before each: it comes once between the last look and
-    // the removal.
+    // A failure at each call, combined with another program acting before each: only once does it
+    // come between the last check and the removal.
     void expectKept(const Work& work, const std::function<void()>& replace)
     {
         constexpr long looks = 2;
@@ -176,7 +178,7 @@ protected:
                 [this, name] { EXPECT_NE(result, exists(dir / name)); }};
     }
 
-    // What is done with the whole work when each call reads or writes but a few bytes.
+    // Runs the whole work while each call reads or writes only a few bytes.
     long runWithShortTransfers(const Work& work, std::size_t bytes)
     {
         work.prepare();
@@ -226,7 +228,7 @@ TEST_F(FsFaults, ReadingASmallFileThatAWalkHasFoundTakesFiveCalls)
                                              std::chrono::hours(1));
     };
     work.check = [this] { EXPECT_TRUE(!result || content == before.substr(0, 1000)); };
-    ASSERT_EQ(countCalls(work), 5); // open, read, read the end, status, close: for every clip
+    ASSERT_EQ(countCalls(work), 5); // open, read, read the end, status, close
     for (long number = 1; number <= 5; ++number) {
         runWith(Faults::failCall, number, EIO, work);
         EXPECT_EQ(result, number == 5) << number;
@@ -299,7 +301,8 @@ TEST_F(FsFaults, CopyingCountsOnlyWhenEveryStepSucceeded)
     const long calls = countCalls(work);
     for (long number = 1; number <= calls; ++number) {
         runWith(Faults::failCall, number, EIO, work);
-        // The last one closes the file that was read, and the question is only for a failure.
+        // The last call closes the file that was read, and the status is only needed after a
+        // failure.
         const bool matters = number != calls && number != calls - 2;
         EXPECT_EQ(outcome != WriteResult::written, matters) << number;
     }
@@ -456,7 +459,8 @@ TEST_F(FsFaults, AFolderThatIsMadeByAnotherMeanwhileIsAsGood)
     interfereWithEachCall(work, [this] { makeFolder(dir / "new"); });
 }
 
-// A folder that may be written but not read cannot be asked; nothing else is taken for that.
+// A folder that may be written but not read cannot be synchronised; no other error may be mistaken
+// for that.
 TEST_F(FsFaults, EachFolderThatIsMadeIsOnTheDisk)
 {
     Work work = makingDeep();
@@ -468,7 +472,7 @@ TEST_F(FsFaults, EachFolderThatIsMadeIsOnTheDisk)
         EXPECT_TRUE(result);
         closings += isClosing ? 1 : 0;
     }
-    EXPECT_EQ(closings, 3); // of the folder above, for each of the three
+    EXPECT_EQ(closings, 3); // of the parent folder, for each of the three
 }
 
 // --- Removing -------------------------------------------------------------------------------------------
@@ -479,7 +483,7 @@ TEST_F(FsFaults, RemovingSaysWhetherItDid)
     failEachCall(Faults::errors, removing("folder"));
 }
 
-// Some systems say "not permitted" of a folder, others "is a folder".
+// For a folder some systems return "not permitted", others "is a folder".
 TEST_F(FsFaults, RemovingAFolderUnderstandsBothRefusals)
 {
     for (const int error : {EPERM, EISDIR}) {

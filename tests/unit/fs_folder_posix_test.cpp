@@ -1,5 +1,4 @@
-// Folders where a POSIX system has files that are no files, links that come and go, rights, and an end
-// of the space.
+// Folders with special files, links that come and go, missing rights, and a full disk.
 #ifndef _WIN32
 
 #    include <atomic>
@@ -66,7 +65,7 @@ protected:
         return status.st_mode & 07777u;
     }
 
-    // Everything that could open the pipe.
+    // Calls everything that could open the pipe.
     void touchEverything(const char* pipe)
     {
         int files = 0;
@@ -93,7 +92,7 @@ protected:
 
 // --- Pipes and devices ----------------------------------------------------------------------------------
 
-// Tells whether a file was opened, by whomever.
+// Tells whether anybody has opened a file.
 class OpenWatch {
 public:
     explicit OpenWatch(const String& path) : watch_(::inotify_init1(IN_NONBLOCK | IN_CLOEXEC))
@@ -128,7 +127,7 @@ TEST_F(FsFolderPosix, APipeIsNeverOpened)
     EXPECT_FALSE(watch.sawOpening());
 
     const int reader = ::open(hostPath(dir / "x.kxclip").c_str(), O_RDONLY | O_NONBLOCK);
-    EXPECT_TRUE(watch.sawOpening()); // the watch can fail
+    EXPECT_TRUE(watch.sawOpening()); // so the watch does notice an opening
     ::close(reader);
 }
 
@@ -210,7 +209,7 @@ TEST_F(FsFolderLinks, AreNoFoldersInIt)
     EXPECT_FALSE(folder.inner(text("folder")).isOpen());
     EXPECT_FALSE(folder.make(text("folder")).isOpen());
     EXPECT_FALSE(folder.make(text("dangling")).isOpen());
-    EXPECT_TRUE(fs::isDirectory(dir / "tree\\folder")); // they stay
+    EXPECT_TRUE(fs::isDirectory(dir / "tree\\folder")); // both stay
     EXPECT_FALSE(folder.isMissing(text("dangling")));
 }
 
@@ -246,7 +245,7 @@ TEST_F(FsFolderLinks, AreRemovedThemselves)
     }
 }
 
-// Between the look at the file and its opening.
+// A link takes the place between the check of the file and its opening.
 TEST_F(FsFolderLinks, ThatTakeAFilesPlaceAreNeitherReadNorHeld)
 {
     for (long number = 1; number <= 2; ++number) {
@@ -277,7 +276,7 @@ TEST_F(FsFolderLinks, ThatTakeTheFoldersOwnPlaceAreNotSeen)
     EXPECT_EQ(folder.copyInto(text("b"), dir / "wave"), WriteResult::written);
     EXPECT_TRUE(folder.make(text("c")).isOpen());
     EXPECT_FALSE(folder.remove(text("precious")));
-    EXPECT_TRUE(folder.removeTree(text("precious"))); // there is none
+    EXPECT_TRUE(folder.removeTree(text("precious"))); // there is nothing of that name
     EXPECT_EQ(readBytes(dir / "moved\\a"), "x");
     EXPECT_EQ(readBytes(dir / "moved\\b"), "w");
     EXPECT_TRUE(fs::isDirectory(dir / "moved\\c"));
@@ -302,7 +301,7 @@ TEST(FsHostName, IsOneNameOrNothing)
 
 TEST(FsHostName, HasAPathThatTheSystemTakes)
 {
-    const String name = text("name"); // with the separator and the NUL, six more bytes
+    const String name = text("name"); // six bytes, with the separator and the NUL
     EXPECT_EQ(fs::HostName(name, PATH_MAX - 6).length(), 4u);
     EXPECT_EQ(fs::HostName(name, PATH_MAX - 5).length(), 0u);
 }
@@ -425,7 +424,7 @@ TEST_F(FsFolderPosix, TheLockIsTheOneThatOthersTake)
 
 // --- Space ----------------------------------------------------------------------------------------------
 
-// A file system that is full after so many bytes of a file.
+// A file system on which no file can be larger than this.
 class LimitedSpace {
 public:
     explicit LimitedSpace(rlim_t bytes) : handler_(std::signal(SIGXFSZ, SIG_IGN))
@@ -481,7 +480,7 @@ class FsSync : public FsFolderPosix {
 protected:
     FsSync() { writeBytes(dir / "wave", "w"); }
 
-    // Does everything that waits for the disk.
+    // Calls everything that waits for the disk.
     void expect(int error, WriteResult created, bool synced)
     {
         SCOPED_TRACE(std::string(std::strerror(error)));

@@ -37,12 +37,12 @@ protected:
     std::string content = "something from before";
 };
 
-// What is one name for the host, and what is not.
+// Texts that are not a single name on this system.
 std::vector<String> noNames()
 {
     std::vector<String> names = {String{}, text("a") + Char{}, text("folder") + Char{} + text("x")};
 #ifndef _WIN32
-    names.emplace_back(1, static_cast<Char>(0xD83C)); // its file systems keep any units
+    names.emplace_back(1, static_cast<Char>(0xD83C)); // Windows file systems allow any units
 #endif
     for (const char* name : {".", "..", "folder\\file", "folder/file", "..\\outside", "folder\\",
                              "folder/", "\\", "/", ".\\file"}) {
@@ -76,7 +76,7 @@ TEST_F(FsFolder, MovesWithWhatItHolds)
 {
     fs::Folder other = std::move(folder);
     EXPECT_TRUE(other.isOpen());
-    EXPECT_FALSE(folder.isOpen()); // NOLINT(bugprone-use-after-move): that is what is asked
+    EXPECT_FALSE(folder.isOpen()); // NOLINT(bugprone-use-after-move): this is what is tested
     folder = std::move(other);
     EXPECT_EQ(folder.create(text("file"), "x"), WriteResult::written);
     folder = {};
@@ -324,7 +324,7 @@ TEST_F(FsFolder, ALinkThatLeadsNowhereIsNotMissing)
     EXPECT_FALSE(folder.isMissing(text("link")));
 }
 
-// The right to change a file and the right to remove it are two things.
+// Changing a file and removing it need different rights.
 TEST_F(FsFolder, AReadOnlyFileIsRemoved)
 {
     writeBytes(dir / "file", "x");
@@ -348,7 +348,8 @@ TEST_F(FsFolder, DevicesAreNeitherReadNorWritten)
     EXPECT_FALSE(exists(dir / "copy"));
 }
 
-// Wherever the system or the file system ends, what can be made there can be read and removed again.
+// Wherever the limit of the system or the file system is, what can be made can also be read and
+// removed.
 TEST_F(FsFolder, LongPathsHoldTogetherOrFailTogether)
 {
     String path = dir.path();

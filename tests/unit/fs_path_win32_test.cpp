@@ -19,7 +19,7 @@ std::string systemForm(const String& path)
     return utf8(fs::SystemPath{path}.text());
 }
 
-// What a host gives, and the names behind it.
+// What a host passes, and the names after it.
 std::string systemForm(const char* given, const char* names)
 {
     const String whole = text(given) + text(names);
@@ -46,7 +46,7 @@ TEST_P(FsSystemPath, IsWhatTheSystemMeansByIt)
 INSTANTIATE_TEST_SUITE_P(
     Table, FsSystemPath,
     testing::Values(
-        // whole paths
+        // full paths
         Row{R"(C:\clips)", R"(\\?\C:\clips)"}, Row{R"(c:\clips)", R"(\\?\c:\clips)"},
         Row{R"(C:\clips\)", R"(\\?\C:\clips)"}, Row{R"(C:\clips\\)", R"(\\?\C:\clips)"},
         Row{R"(C:/my/clips/)", R"(\\?\C:\my\clips)"}, Row{R"(C:\my\\clips)", R"(\\?\C:\my\clips)"},
@@ -66,7 +66,7 @@ INSTANTIATE_TEST_SUITE_P(
         Row{R"(\\server\share)", R"(\\?\UNC\server\share\)"},
         Row{R"(\\server\share\)", R"(\\?\UNC\server\share\)"},
         Row{R"(\\server\share\..\..\clips)", R"(\\?\UNC\server\share\clips)"},
-        // with the prefix: as it is, but for separators at the end
+        // with the prefix: unchanged, except for separators at the end
         Row{R"(\\?\C:\clips)", R"(\\?\C:\clips)"}, Row{R"(\\?\C:\clips\)", R"(\\?\C:\clips)"},
         Row{R"(\\?\C:\clips\\)", R"(\\?\C:\clips)"}, Row{R"(\\?\C:\clips. )", R"(\\?\C:\clips. )"},
         Row{R"(\\?\C:\clips\..\x)", R"(\\?\C:\clips\..\x)"}, Row{R"(\\?\C:\NUL)", R"(\\?\C:\NUL)"},
@@ -79,7 +79,7 @@ INSTANTIATE_TEST_SUITE_P(
         Row{R"(\\.\C:\clips\)", R"(\\?\C:\clips)"}, Row{R"(\\.\C:)", R"(\\?\C:\)"},
         Row{R"(\\.\NUL)", ""}, Row{R"(\\.\pipe\clips)", ""}, Row{"NUL", ""}, Row{"COM1", ""},
         Row{"nul", ""},
-        // no paths
+        // not paths
         Row{"", ""}, Row{R"(\\?\)", ""}, Row{R"(\\.\)", ""}, Row{" ", ""}));
 
 class FsSystemPathIn : public testing::Test {
@@ -142,7 +142,7 @@ TEST(FsSystemPathNames, FollowWhateverTheHostHasGiven)
     EXPECT_EQ(systemForm("NUL", R"(\a)"), "");
 }
 
-// Documents may name wave files by detours.
+// Documents may name wave files by paths with "." and "..".
 TEST(FsSystemPathNames, MayBeDetours)
 {
     EXPECT_EQ(systemForm(R"(C:\clips)", R"(\a\..\b)"), R"(\\?\C:\clips\b)");

@@ -1,4 +1,5 @@
-// Files that change while they are read, files that others hold, and files without a size.
+// Files that change while they are read, files that other programs hold, and files that report no
+// size.
 #ifndef _WIN32
 
 #    include <cerrno>
@@ -50,8 +51,8 @@ protected:
         return fs::readFile(dir / "file", content, options, patience);
     }
 
-    // Reads while another program holds the file, which has written one half of it, and later writes
-    // the other one.
+    // Reads while another program, which holds the file, has written one half of it; later it
+    // writes the other one.
     ReadResult readBetweenHalves(const std::string& first, const std::string& second,
                                  const fs::ReadOptions& options = {})
     {
@@ -121,7 +122,7 @@ TEST_F(FsReadPosix, AllFilesTogetherAreWaitedForOnlySoLong)
     for (int round = 0; round < 1000; ++round) {
         ASSERT_EQ(read(), ReadResult::read);
     }
-    EXPECT_LT(std::chrono::steady_clock::now() - before, 10s); // each on its own would take 20
+    EXPECT_LT(std::chrono::steady_clock::now() - before, 10s); // separate waits would take 20
 }
 
 TEST_F(FsReadPosix, AFileThatHasBeenLeftAloneForAWhileIsNotWaitedFor)
@@ -170,7 +171,7 @@ TEST_F(FsReadPosix, AReaderLetsTheFileGo)
 
 // --- Sizes that are not true ------------------------------------------------------------------------
 
-// What the kernel makes up says that it has no bytes.
+// Files that the kernel generates report a size of 0.
 class FsReadUnsized : public FsReadPosix {
 protected:
     ReadResult readUnsized(const fs::ReadOptions& options)
@@ -199,7 +200,7 @@ TEST_F(FsReadUnsized, IsReadAsFarAsTheLimit)
 
 class FsReadGrowing : public FsReadPosix {
 protected:
-    // Reads once for each call of a reading, with the file growing before that call.
+    // Reads once for each call that a reading makes, and lets the file grow before that call.
     template <class Check>
     void growBeforeEachCall(std::size_t size, const fs::ReadOptions& options, Check check)
     {
@@ -250,7 +251,7 @@ TEST(FsRecent, EndsThreeSecondsOffInEitherDirection)
     EXPECT_TRUE(fs::isRecent(1ns - fs::settledAfter));
     EXPECT_FALSE(fs::isRecent(fs::settledAfter));
     EXPECT_FALSE(fs::isRecent(-fs::settledAfter));
-    EXPECT_GT(fs::settledAfter, 2s); // file systems tell times in steps of two seconds
+    EXPECT_GT(fs::settledAfter, 2s); // file systems store times in steps of up to two seconds
 }
 
 } // namespace

@@ -24,7 +24,7 @@ using support::writeBytes;
 constexpr std::size_t aMegabyte = 1'000'000;
 constexpr std::uintmax_t aTebibyte = std::uintmax_t{1} << 40U;
 
-// Bytes of every value, line ends of every kind among them.
+// Bytes with all values, including all kinds of line ends.
 std::string manyBytes(std::size_t size)
 {
     std::string bytes(size, '\0');
@@ -43,7 +43,7 @@ protected:
         EXPECT_EQ(readWith({}, path, content), ReadResult::notOpened) << support::utf8(path);
     }
 
-    // A file that takes no room on the disk. False where there can be none.
+    // Makes a file that takes no space on the disk. False where that is impossible.
     bool makeSparse(const String& path, std::uintmax_t size)
     {
         writeBytes(path, "");
@@ -158,7 +158,7 @@ TEST_F(FsReadFile, AFileThatSaysItIsTooLargeCostsNoMemory)
 
 std::vector<std::size_t> sizesJudged;
 
-// By the first unit that is no blank.
+// Judges by the first unit that is not a blank.
 Verdict judgeByFirstLetter(std::string_view beginning)
 {
     sizesJudged.push_back(beginning.size());

@@ -170,7 +170,7 @@ TEST_F(FsRemoveTreeLinks, RemovesPipesAndNamesThatAreNoText)
     EXPECT_TRUE(removeTree("tree"));
 }
 
-// Fewer descriptors than levels, and a path far longer than the system takes.
+// There are fewer descriptors than levels, and the path is far longer than the system accepts.
 TEST_F(FsRemoveTree, RemovesAVeryDeepTree)
 {
     makeFolder(dir / "tree");

@@ -13,7 +13,7 @@ using namespace Korvel::CANTORIS::PLX::fs;
 constexpr DWORD marked = FILE_ATTRIBUTE_REPARSE_POINT;
 constexpr DWORD folder = FILE_ATTRIBUTE_DIRECTORY;
 
-// The tags that Microsoft has given out and documents (see "Reparse Point Tags" in the protocol [MS-FSCC]).
+// The tags that Microsoft has assigned and documented (see "Reparse Point Tags" in the protocol [MS-FSCC]).
 struct Known {
     const char* name;
     DWORD tag;

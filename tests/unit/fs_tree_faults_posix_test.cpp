@@ -1,4 +1,5 @@
-// Trees that are removed or walked through while system calls fail, and while others change them.
+// Trees that are removed or walked through while system calls fail, and while other programs change
+// them.
 #ifndef _WIN32
 
 #    include <cerrno>
@@ -32,12 +33,12 @@ using support::text;
 using support::utf8;
 using support::writeBytes;
 
-// These do not claim that nothing is there; each takes another way through the removal.
+// These errors do not say that nothing is there; each leads to another branch of the removal.
 constexpr int honestFailures[] = {EIO, EPERM, EMFILE};
 
 class FsTreeFaults : public Faults::DisturbedTreeTest {
 protected:
-    // When a folder above cannot be recognised, the link to it counts as another folder.
+    // When a parent folder cannot be identified, the link to it counts as another folder.
     Work walking()
     {
         const auto run = [this] {
@@ -115,8 +116,8 @@ TEST_F(FsTreeFaults, AWalkLosesOnlyTheFolderThatFails)
         complete += found.size() >= treeFiles.size();
         empty += found.empty();
     }
-    // At least when the last entry of a folder has been read, and when one is closed, unless the C library
-    // does so.
+    // At least when the last entry of a folder has been read, and when a folder is closed, unless
+    // the C library closes it.
     EXPECT_GE(complete, std::string_view(KRT_PLX_TEST_FS) == "posix" ? 4u : 6u);
     EXPECT_LE(empty, 4u); // the first calls list the tree's own folder
 }
@@ -143,10 +144,10 @@ TEST_F(FsTreeFaults, ALinkThatTakesAFoldersPlaceIsNotFollowed)
     }
 }
 
-// What then lies above it is another folder, where things may have the same names.
+// Then ".." of it is another folder, where entries may have the same names.
 TEST_F(FsTreeFaults, AFolderThatIsMovedAwayDoesNotLeadOutOfTheTree)
 {
-    // Some of them are listed on either side of the folder, whatever the order.
+    // Some of them are listed before the folder and some after it, whatever the order.
     std::vector<std::string> names;
     for (int i = 0; i < 20; ++i) {
         names.push_back("b" + std::to_string(i));

@@ -43,7 +43,7 @@ TEST(FsUuid, IsNeverTheSame)
     }
 }
 
-// That a random digit comes out alike two hundred times will not happen.
+// It is practically impossible that a random digit is the same two hundred times.
 TEST(FsUuid, VariesInEveryDigit)
 {
     for (std::size_t i = 0; i < 36; ++i) {

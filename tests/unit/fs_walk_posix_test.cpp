@@ -1,4 +1,4 @@
-// What only a POSIX system can hold in its folders.
+// What only POSIX systems can have in their folders.
 #ifndef _WIN32
 
 #    include <algorithm>
@@ -65,9 +65,9 @@ TEST_F(FsWalkPosix, PassesOverNamesThatAreNoValidText)
 {
     for (const char* name : {
              "\xFF", "a\x80", "\xC3", "\xC3x", "\xE2\x82", "\xF0\x9F\x8E", "\xF8\x88\x80\x80\x80",
-             "\xC0\xAF", "\xC1\xBF", "\xE0\x9F\xBF", "\xF0\x8F\xBF\xBF", // longer than need be
+             "\xC0\xAF", "\xC1\xBF", "\xE0\x9F\xBF", "\xF0\x8F\xBF\xBF", // overlong
              "\xED\xA0\x80", "\xED\xBF\xBF",                             // surrogates
-             "\xF4\x90\x80\x80", "\xF7\xBF\xBF\xBF",                     // beyond the last one
+             "\xF4\x90\x80\x80", "\xF7\xBF\xBF\xBF",                     // beyond the last code point
          }) {
         fileNamedByBytes(name);
     }
@@ -153,7 +153,7 @@ TEST_F(FsWalkPosix, HoldsNoDescriptorWhileItVisits)
     EXPECT_EQ(countOpenDescriptors(), before);
 }
 
-// Made step by step, because the whole path is longer than the system takes.
+// Makes the folders step by step, because the full path is longer than the system accepts.
 class DeepFolders {
 public:
     DeepFolders(const String& top, int depth) : top_(top)
@@ -196,7 +196,7 @@ TEST_F(FsWalkPosix, FollowsADeepTreeAsFarAsPathsReach)
 
 TEST_F(FsWalkPosix, LongNamesOfManyBytesAreFound)
 {
-    std::string name; // 255 bytes, the longest name there is, in 85 units
+    std::string name; // 255 bytes, the longest possible name, in 85 units
     for (int i = 0; i < 85; ++i) {
         name += "桜";
     }

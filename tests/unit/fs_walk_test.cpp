@@ -28,7 +28,7 @@ using testing::UnorderedElementsAre;
 
 using Paths = std::vector<std::string>;
 
-// The visited paths, as they follow the folder's own.
+// The visited paths, relative to the folder.
 Paths filesIn(const String& folder)
 {
     Paths paths;
@@ -40,7 +40,7 @@ Paths filesIn(const String& folder)
     return paths;
 }
 
-// The same, by the standard library, which lists in the order of the file system too.
+// The same, read with the standard library, which also lists in the order of the file system.
 void appendInSystemOrder(const std::filesystem::path& folder, const std::string& prefix,
                          Paths& paths)
 {
@@ -308,7 +308,7 @@ TEST_F(FsWalkLinks, AFolderIsVisitedAtItsOwnPlaceAndThroughOneLink)
     EXPECT_THAT(paths, testing::Contains("own\\a"));
 }
 
-// Every folder leads to the next one twice: 2^24 paths to the last.
+// Every folder has two links to the next one: 2^24 paths to the last.
 TEST_F(FsWalkLinks, LinksSideBySideDoNotMultiply)
 {
     file("clips\\file");
@@ -325,7 +325,7 @@ TEST_F(FsWalkLinks, LinksSideBySideDoNotMultiply)
     EXPECT_EQ(filesIn(dir / "clips").size(), 2u);
 }
 
-// The paths without a repetition through n folders that all lead to each other are more than n!.
+// Through n folders that all lead to each other there are more than n! paths without a repetition.
 TEST_F(FsWalkLinks, LinksFromEachFolderToEachOtherDoNotMultiply)
 {
     for (int i = 0; i < 8; ++i) {
@@ -341,7 +341,7 @@ TEST_F(FsWalkLinks, LinksFromEachFolderToEachOtherDoNotMultiply)
     for (int i = 0; i < 8; ++i) {
         EXPECT_THAT(paths, testing::Contains("f" + std::to_string(i) + "\\file"));
     }
-    EXPECT_LE(paths.size(), 17u); // each at its own place, through a link, and through the probe
+    EXPECT_LE(paths.size(), 17u); // each in its own place, through a link, and through the probe
 }
 
 } // namespace

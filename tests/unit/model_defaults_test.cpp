@@ -1,4 +1,4 @@
-// What the objects hold before anyone sees them: the exported functions show them only later.
+// What new objects contain. The exported functions only show them later.
 #include <bit>
 #include <cstdint>
 
@@ -114,7 +114,7 @@ void expectTypeAsSet(PartBase&& part)
     }
 }
 
-// Both variants of everything, in a part of each.
+// A part of each kind with everything in it, read-only and editable.
 class ModelDefaults : public testing::Test {
 protected:
     MidiPartImpl readOnlyPart{nullptr};
@@ -208,7 +208,7 @@ TEST_F(ModelDefaults, ANoteThatIsInNoListIsNotRemoved)
     EXPECT_FALSE(editableNote.remove());
 }
 
-// A lane of an unknown controller cannot come to be through a part; it would take nothing.
+// A part cannot have a lane of an unknown controller; such a lane would accept nothing.
 TEST_F(ModelDefaults, ALaneOfAnUnknownControllerTakesNoEvent)
 {
     OwnedList<MutableMidiControllerImpl> lanes;

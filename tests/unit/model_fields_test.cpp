@@ -43,7 +43,7 @@ TEST(ModelFields, ASpanLiesWithinTheLongerOne)
     EXPECT_FALSE(within(0).accepts(1));
 }
 
-// But for the languages, what a new object holds is something that could be set.
+// Except for languages, the initial value of a field can also be set.
 TEST(ModelFields, InitialValuesAreWithinTheRange)
 {
     for (const UnsignedField& each :

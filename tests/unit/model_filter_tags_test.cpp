@@ -17,7 +17,7 @@ using Languages = FilterTags::Languages;
 
 constexpr Tag allTags[] = {Tag::singerGroup, Tag::vendor, Tag::singerID, Tag::type, Tag::genre};
 
-// Short ones often repeat; long ones move to other memory when they are moved.
+// Short texts are often equal; long ones change their address when they are moved.
 String someText(Random& random)
 {
     const auto letter = static_cast<Char>('a' + random.below(4));
@@ -33,7 +33,7 @@ Texts someTexts(Random& random, std::size_t most)
     return texts;
 }
 
-// A dozen values that make few equal ones, so that long lists come to be.
+// A dozen values, few of them equal, so that lists become long.
 Texts manyTexts(Random& random, std::size_t size)
 {
     Texts texts;
@@ -57,7 +57,7 @@ std::vector<StringView> viewsOf(const TextList& texts)
     return views;
 }
 
-// What a host adds one by one, and what a document adds all at once.
+// Adds the texts one by one, as a host does, and all at once, as a document does.
 void addBothWays(EditableTags& oneByOne, FilterTags& atOnce, Tag tag, const Texts& texts)
 {
     for (const String& text : texts) {

@@ -21,11 +21,11 @@ public:
 
 int alive = 0;
 
-// The root lies somewhere inside, as in the object model.
+// The root is at some offset inside the object, as in the object model.
 class Item : public virtual Root {
 public:
     explicit Item(int number) : number_(number) { ++alive; }
-    // As a FixedList makes one; a negative number cannot be made.
+    // The constructor that FixedList uses; it throws for a negative number.
     Item(const int& factor, int number) : Item(factor * number)
     {
         if (number < 0) {
@@ -190,7 +190,7 @@ TEST(ModelBlockList, FindsWhereAConditionBeginsToHold)
     }
 }
 
-// Long enough for many blocks, and for some of them to fill up, to be split and to become empty.
+// Long enough for many blocks, some of which fill up, are split and become empty.
 class ModelLongBlockList : public testing::Test {
 protected:
     void insert(std::size_t index)
@@ -282,7 +282,7 @@ TEST_F(ModelLongBlockList, GrowsMovesAndShrinksAnywhere)
     check();
 }
 
-// What stays of each block comes together, and grows again from there.
+// The remains of the blocks are merged, and the list grows again from there.
 TEST_F(ModelLongBlockList, GrowsAgainWhereBlocksHaveMerged)
 {
     while (expected.size() < 3000) {

@@ -10,7 +10,7 @@ namespace {
 
 using namespace Korvel::CANTORIS::PLX;
 
-// Writes nothing and remembers what it was asked for.
+// Writes nothing, and records how it was called.
 class Owner final : public MutableClipOwner {
 public:
     Manager* manager() override { return nullptr; }
@@ -82,7 +82,7 @@ TEST_F(ModelMutableClip, IsDiscardedByItsOwner)
     EXPECT_EQ(owner.discarded, &clip);
 }
 
-// In this order: no name, a foreign clip, an empty name, the part.
+// In this order: no name, a clip of another manager, an empty name, the part.
 TEST_F(ModelMutableClip, IsCheckedInOrder)
 {
     owner.ownsAll = false;

@@ -8,7 +8,7 @@
 
 #    include "support/temp_dir.h"
 
-// Another program that holds a file for itself, or together with other readers.
+// Simulates another program that holds a file alone, or together with other readers.
 class OtherHolder {
 public:
     explicit OtherHolder(const support::Text& path, int operation = LOCK_EX)

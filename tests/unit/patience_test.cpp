@@ -27,7 +27,7 @@ TEST(Patience, ComesToAnEnd)
         }
     });
     EXPECT_GE(time, 50ms);
-    EXPECT_EQ(waits, 6); // 1, 2, 4, 8, 16 and the rest of it
+    EXPECT_EQ(waits, 6); // 1, 2, 4, 8, 16 and the rest
     EXPECT_FALSE(patience.wait());
     patience.calm();
     EXPECT_FALSE(patience.wait());

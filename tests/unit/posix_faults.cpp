@@ -33,12 +33,12 @@ std::function<void()> interference;
 bool hidingKinds = false;
 long inheritable = 0;
 long syncs = 0;
-std::array<int, 2> errorsOfKinds{}; // 0 for a kind that works
+std::array<int, 2> errorsOfKinds{}; // by kind; 0 for a kind that works
 
 bool fails()
 {
     if (++calls == interferingBefore) {
-        interferingBefore = LONG_MAX; // its own calls are its own
+        interferingBefore = LONG_MAX; // not for the calls that it makes itself
         const long seen = calls;
         interference();
         calls = seen;
@@ -140,8 +140,8 @@ mode_t modeOf(int flags, std::va_list& arguments)
     return (flags & O_CREAT) != 0 ? va_arg(arguments, mode_t) : 0;
 }
 
-// No test can see what a disk has, but thousands of them would wait for it. What cannot be read or
-// written cannot be waited for either.
+// No test can see what is on a disk, and thousands of tests would wait for it. Files that cannot be
+// read or written cannot be synchronised either.
 int pretendToSync(int file)
 {
     const int flags = ::fcntl(file, F_GETFL);
@@ -176,13 +176,13 @@ int openat(int folder, const char* path, int flags, ...)
     return fails() ? -1 : call(folder, path, flags, mode);
 }
 
-// What a call without a mode becomes when the compiler checks the arguments.
+// The compiler turns an open() without a mode into this when it checks the arguments.
 int __openat_2(int folder, const char* path, int flags)
 {
     return ::openat(folder, path, flags);
 }
 
-// Whatever it answers, the descriptor is gone.
+// Even when it fails, the descriptor is closed.
 int close(int file)
 {
     static const auto call = next<decltype(&::close)>("close");

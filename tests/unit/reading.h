@@ -1,4 +1,4 @@
-// Files as the tests read them that are about something else than waiting for others.
+// Reading files, for tests that are not about waiting for other programs.
 #pragma once
 
 #include <string>

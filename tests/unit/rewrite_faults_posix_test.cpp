@@ -1,5 +1,6 @@
-// Rewriting a document while system calls fail, while the process may die, and while others change the
-// same files: at every moment the old document is there whole, or the new one.
+// Rewriting a document while system calls fail, while the process may die, and while other programs
+// change the same files: at every moment the file holds the whole old document or the whole new
+// one.
 #ifndef _WIN32
 
 #    include <algorithm>
@@ -38,7 +39,7 @@ using support::writeBytes;
 
 class RewriteFaults : public Faults::DisturbedTest {
 protected:
-    // Runs for documents of every form, and new ones of every length.
+    // Runs the test for old documents in every encoding and new ones of every length.
     void forEachPair(const std::function<void()>& test)
     {
         for (const std::string& old : rewriting::oldDocuments()) {
@@ -133,8 +134,8 @@ TEST_F(RewriteFaults, OnlyWhatDoesNotMatterToTheDocumentMayFail)
         runWith(Faults::failCall, number, EIO, work);
         successes += result ? 1 : 0;
     }
-    // Locking; the two by which it is asked where the path leads, for it is asked again; cutting the
-    // blanks off; closing the file and the folder.
+    // Locking; the two calls that check where the path leads, because that is checked again;
+    // cutting off the blanks; closing the file and the folder.
     EXPECT_EQ(successes, 6);
 }
 
@@ -212,7 +213,7 @@ TEST_F(RewriteFaults, AFileSystemThatCannotTellIsTakenAtItsWord)
     }
 }
 
-// The blanks, and then the document: each is on the disk before the next step.
+// First the blanks, then the document: each is on the disk before the next step.
 TEST_F(RewriteFaults, EachStepWaitsForTheDisk)
 {
     const std::pair<std::string, long> waits[] = {
@@ -281,7 +282,7 @@ TEST_F(RewriteInterference, ADocumentThatAnotherHasMadeMeanwhileIsReplacedOrLeft
     });
 }
 
-// Another editor takes the file that has just been made, before it could be locked.
+// Another editor locks the new file before this one can.
 TEST_F(RewriteInterference, WhatAnotherHasWrittenIntoTheNewFileIsNotDeleted)
 {
     Work work = making();
@@ -316,8 +317,8 @@ TEST_F(RewriteInterference, AFileThatTakesItsPlaceIsWrittenOrTheResultIsFalse)
         writeBytes(dir / "document", other);
     };
     const auto disturb = [&](long number, int) { Faults::interfere(number, swap); };
-    // Before the last calls, which ask for the held file's identity and close file and folder, the
-    // path has been looked at for the last time.
+    // The path is checked for the last time before the last three calls, which ask for the identity
+    // of the held file and close file and folder.
     const long calls = countCalls(work) - 3;
     for (long number = 1; number <= calls; ++number) {
         runWith(disturb, number, 0, work);
@@ -347,7 +348,7 @@ TEST_F(RewriteInterference, ALinkThatTakesItsPlaceIsNotFollowed)
     });
 }
 
-// Links on the way are followed, hence the edit is that of the document to which the path then leads.
+// Links on the way are followed, so the edit changes the document to which the path then leads.
 TEST_F(RewriteInterference, AFolderThatTakesTheFoldersPlaceIsWrittenOrTheResultIsFalse)
 {
     const auto path = dir / "folder\\document";

@@ -1,4 +1,4 @@
-// Documents that are rewritten, for tests of what they are meanwhile.
+// Documents for tests of rewriting.
 #pragma once
 
 #include <algorithm>
@@ -18,7 +18,7 @@ constexpr support::Encoding encodings[] = {
 constexpr support::ByteOrderMark marks[] = {support::ByteOrderMark::without,
                                             support::ByteOrderMark::with};
 
-// One in each form in which a document may be stored, and an empty file.
+// One in each encoding in which a document may be stored, and an empty file.
 inline std::vector<std::string> oldDocuments()
 {
     std::vector<std::string> documents = {""};
@@ -30,8 +30,8 @@ inline std::vector<std::string> oldDocuments()
     return documents;
 }
 
-// In the form in which the library writes them; shorter than the old one, as long and longer, by all
-// that could be missing of a unit.
+// As the library writes them: shorter than the old one, of the same length and longer, by all
+// numbers of bytes that a unit can be short of.
 inline std::vector<std::string> newDocuments(const std::string& old)
 {
     std::vector<std::string> documents;
@@ -42,7 +42,7 @@ inline std::vector<std::string> newDocuments(const std::string& old)
     return documents;
 }
 
-// Whether the bytes are that document and nothing behind it but blanks, in its own encoding.
+// Whether the bytes are that document, followed only by blanks in its encoding.
 inline bool isWhole(std::string_view bytes, std::string_view document, const std::string& blank)
 {
     if (!bytes.starts_with(document)) {

@@ -1,10 +1,10 @@
-// A host that ends while the library is at work in it: ending_host WORK FOLDER
+// A host that ends while the library is working in it: ending_host WORK FOLDER
 //
 //     creating   threads create and destroy managers without a pause
 //     reading    threads read clips without a pause
 //     asking     the host's last destructor asks for a manager that nobody has destroyed
 //
-// The exit code is 0, and 1 when the answer was wrong. ending_test starts it.
+// The exit code is 0, or 1 when the answer was wrong. ending_test starts this program.
 #include <chrono>
 #include <cstdlib>
 #include <string>
@@ -18,7 +18,7 @@
 
 namespace {
 
-// Each thread has texts of its own: those of the program are gone while the threads go on.
+// Each thread has its own texts: those of the program are destroyed while the threads still run.
 struct Request {
     support::Text appID;
     support::Text systemFolder;

@@ -1,5 +1,5 @@
-// The end of a process that has the library in it: nothing is freed and nothing is waited for, since
-// its threads may be anywhere, in the library too.
+// The end of a process with the library in it: the library frees nothing and waits for nothing,
+// because threads may be anywhere, also in the library.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -20,7 +20,7 @@ protected:
         }
     }
 
-    // Several times: where a thread is when the process ends is a matter of chance.
+    // Several times, because where a thread is when the process ends is random.
     void expectToEnd(const char* work, int times)
     {
         for (int i = 0; i < times; ++i) {

@@ -1,5 +1,6 @@
-// Loading the library, using it and closing it: afterwards it is really gone, with all that it held.
-// A leak checker watches these tests: what the library has not freed when it is closed is lost.
+// Loading the library, using it and closing it: afterwards it is really gone, with everything that
+// it held. A leak checker watches these tests: memory that the library has not freed when it is
+// closed is a leak.
 #include <atomic>
 #include <cstdint>
 #include <functional>
@@ -126,7 +127,7 @@ void browse(const Functions& plx, KRT_PLX_Manager* manager)
     EXPECT_TRUE(plx.readPart(plx.userClip(manager, 0)));
 }
 
-// Leaves an editor and an editable clip behind, and a saved clip.
+// Leaves behind an editor, an editable clip and a saved clip.
 void edit(const Functions& plx, KRT_PLX_Manager* manager)
 {
     KRT_PLX_PropertyEditor* editor = plx.createEditor(plx.userClip(manager, 0));
@@ -244,7 +245,7 @@ TEST_F(Unload, CanBeRepeated)
 }
 
 #ifdef _WIN32
-// What a process has only so many of.
+// Resources of which a process has a limited number.
 struct Stock {
     DWORD handles = 0;
     DWORD nextSlotOfThreads = 0;
@@ -262,7 +263,7 @@ struct Stock {
     }
 };
 
-// A thread that goes on when the library that it has used is gone.
+// A thread that still runs when the library that it has used is gone.
 class LastingThread {
 public:
     LastingThread() : thread_([this] { run(); }) {}
@@ -325,7 +326,7 @@ void* noMemory(std::size_t)
     return nullptr;
 }
 
-// What the runtime notes of exceptions is there for threads that are older than the library, too.
+// The runtime's data about exceptions exists also for threads that are older than the library.
 TEST_F(Unload, FollowsAnExceptionOfAThreadThatWasThereBefore)
 {
     LastingThread older;

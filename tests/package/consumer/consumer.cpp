@@ -1,4 +1,4 @@
-// The same as consumer.c, written in the way of C++.
+// The same as consumer.c, in C++.
 
 #include <cstdint>
 #include <iostream>
