@@ -278,8 +278,7 @@ TEST_F(FsCalls, AReadOnlyEntryThatStaysKeepsItsMark)
         calls.stop();
         const DWORD attributes = GetFileAttributesW((dir / "document").c_str());
         EXPECT_EQ(attributes == INVALID_FILE_ATTRIBUTES, isRemoved) << number;
-        EXPECT_NE(attributes & FILE_ATTRIBUTE_READONLY, 0u)
-            << number; // including the invalid ones
+        EXPECT_NE(attributes & FILE_ATTRIBUTE_READONLY, 0u) << number; // including the invalid ones
         staying += isRemoved ? 0 : 1;
         SetFileAttributesW((dir / "document").c_str(), FILE_ATTRIBUTE_NORMAL);
     }

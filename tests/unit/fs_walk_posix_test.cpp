@@ -67,7 +67,7 @@ TEST_F(FsWalkPosix, PassesOverNamesThatAreNoValidText)
              "\xFF", "a\x80", "\xC3", "\xC3x", "\xE2\x82", "\xF0\x9F\x8E", "\xF8\x88\x80\x80\x80",
              "\xC0\xAF", "\xC1\xBF", "\xE0\x9F\xBF", "\xF0\x8F\xBF\xBF", // overlong
              "\xED\xA0\x80", "\xED\xBF\xBF",                             // surrogates
-             "\xF4\x90\x80\x80", "\xF7\xBF\xBF\xBF",                     // beyond the last code point
+             "\xF4\x90\x80\x80", "\xF7\xBF\xBF\xBF", // beyond the last code point
          }) {
         fileNamedByBytes(name);
     }
