@@ -82,7 +82,7 @@ bool ClipBuilder::beginObject(const keys::Shape& shape)
 bool ClipBuilder::beginPart(std::uint32_t type)
 {
     if (partTypeOf(trail_.top().members()) != type) {
-        return false; // one that comes before it was met already
+        return false; // one that precedes it in this order was found already
     }
     if (type == part_type::audio) {
         part_.beginAudio();
@@ -230,7 +230,7 @@ bool ClipBuilder::endInNote()
     }
 }
 
-// The clip's vendor name, whatever it is, is a vendor tag of a clip whose document has a filter.
+// If a document has a filter, the clip's vendor name becomes a vendor tag, even the empty one.
 void ClipBuilder::addVendorTag(bool hasFilter)
 {
     if (hasFilter) {
@@ -238,7 +238,7 @@ void ClipBuilder::addVendorTag(bool hasFilter)
     }
 }
 
-// Key and tempo are those of parts with notes.
+// Only parts with notes have a key and a tempo.
 bool ClipBuilder::endPartHeader()
 {
     const Members members = trail_.top().members();
@@ -256,7 +256,7 @@ bool ClipBuilder::endPropertyDocument()
     return hasProperties_;
 }
 
-// The part that counts is told of with the other rows, where those are wanted.
+// Reports the other parts, if there is a listener; the one that counts is reported with its rows.
 void ClipBuilder::tellOfParts(const Members& document) const
 {
     for (const PartPlace& part : parts) {

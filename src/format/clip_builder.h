@@ -8,36 +8,36 @@
 
 namespace Korvel::CANTORIS::PLX::format {
 
-// What is wanted of a document.
+// What the caller wants from a document.
 struct Wanted {
     const keys::Shape& document;
-    ClipBase* clip = nullptr;             // that the part will belong to
-    ClipProperties* properties = nullptr; // fresh ones to be filled, or null
+    ClipBase* clip = nullptr;             // the clip to which the part will belong
+    ClipProperties* properties = nullptr; // new ones to fill, or null
 };
 
-// Makes what is wanted of the objects that a walk goes through. The walk asks at each object and list
-// that the table of keys knows whether to go into it, and says when it has ended.
+// Makes what is wanted from the objects that a walk goes through. The walk asks for each object and
+// list of the table of keys whether to enter it, and reports when it has ended.
 class ClipBuilder {
 public:
     explicit ClipBuilder(Trail& trail) : trail_(trail), taker_(trail), part_(trail, taker_) {}
 
     void begin(const Wanted& wanted);
 
-    // Before the walk goes in: the innermost object or list is the one around it. What is refused here
-    // is only checked for its grammar.
+    // Called before the walk enters the object or list; the innermost one is still its parent. If
+    // this refuses, only the syntax of its content is checked.
     bool beginObject(const keys::Shape& shape);
     bool beginList(const keys::Row& row);
 
-    // When it has ended, and is the innermost one. False when it is not taken.
+    // Called when it has ended, and is still the innermost one. False when it is refused.
     bool endObject();
     void endList();
 
-    // An element of the innermost list, which is a list of texts or of integers.
+    // Called for an element of the innermost list, which is a list of texts or of integers.
     void element(const Value& value);
 
-    // Whether the document holds all properties that were wanted.
+    // Whether the document has all properties that were wanted.
     bool hasProperties() const { return hasProperties_; }
-    // Its part, if that is there and right.
+    // Its part, if there is a valid one.
     std::unique_ptr<PartBase> releasePart(const fs::Path& clipDirectory);
 
 private:
@@ -57,7 +57,7 @@ private:
     PartBuilder part_;
     const Wanted* wanted_ = nullptr;
     bool hasProperties_ = false;
-    std::uint32_t partType_ = part_type::none; // of the part that counts, right or wrong
+    std::uint32_t partType_ = part_type::none; // of the part that counts, valid or not
 };
 
 } // namespace Korvel::CANTORIS::PLX::format

@@ -1,4 +1,4 @@
-// Clips into documents.
+// Writes clips as documents.
 #pragma once
 
 #include "clip/clip_base.h"
@@ -7,7 +7,7 @@
 
 namespace Korvel::CANTORIS::PLX::format {
 
-// The property document: of a clip being built, or of a user clip that was edited.
+// Writes the property document of a clip being built, or of a user clip that was edited.
 void writeProperties(Output& out, const ClipBase& clip, const Filter& tags, StringView id,
                      StringView name);
 

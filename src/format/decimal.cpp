@@ -11,7 +11,7 @@ namespace Korvel::CANTORIS::PLX::format {
 
 namespace {
 
-// A natural number of up to 1024 bits. What is compared here needs fewer than 900.
+// A natural number of up to 1024 bits. The numbers that are compared here need fewer than 900.
 class Natural {
 public:
     explicit Natural(std::uint64_t value) { multiplyAndAdd(1, value); }
@@ -50,8 +50,8 @@ private:
     std::size_t used_ = 0;
 };
 
-// All digits as one number. So many that a border between floats has fewer; of the others it only
-// counts whether they are all zero.
+// The digits as one number. It takes more digits than a border between floats has; of the digits
+// beyond, it only matters whether they are all zero.
 Natural digitsOf(const Decimal& decimal, std::int64_t& exponent)
 {
     constexpr int most = 200;
@@ -78,7 +78,7 @@ Natural digitsOf(const Decimal& decimal, std::int64_t& exponent)
     return number;
 }
 
-// Where the decimal lies: -1 below number x 2^power, 1 above it, 0 there.
+// Compares the decimal with number x 2^power: -1 below it, 1 above it, 0 if they are equal.
 int compare(const Decimal& decimal, std::uint64_t number, int power)
 {
     std::int64_t exponent = 0;

@@ -9,7 +9,7 @@ namespace {
 
 using keys::place;
 
-// How many units all names begin with.
+// The number of units with which all names begin.
 std::size_t commonBeginning(const OwnedList<EffectParameterImpl>& parameters)
 {
     const StringView first = parameters.empty() ? StringView() : parameters[0].nameText();
@@ -24,8 +24,8 @@ std::size_t commonBeginning(const OwnedList<EffectParameterImpl>& parameters)
     return length;
 }
 
-// A name among names that begin alike. The eight units in which they may differ first are compared
-// without going to where the names lie.
+// A name, in a list of names with a common beginning. The next eight units, the first that may
+// differ, are stored here, so that they are compared without reading the names themselves.
 class NameKey {
 public:
     NameKey(const String& name, std::size_t commonLength) : name_(&name)
@@ -52,8 +52,8 @@ void sortByName(OwnedList<EffectParameterImpl>& parameters)
         });
 }
 
-// Beyond the range of a float the value is clamped: upwards to the largest one, but downwards to the
-// smallest positive one. Clips in circulation were read so, and are read so again.
+// Values beyond the range of a float are clamped: upwards to the largest float, but downwards to
+// the smallest positive one. That is how existing clips were always read.
 float clamped(double value)
 {
     if (value > largestFloat) {
@@ -62,7 +62,7 @@ float clamped(double value)
     return value < -largestFloat ? unsetFloat : static_cast<float>(value);
 }
 
-// The value is an integer, a real or a text.
+// Stores the value, which is an integer, a real or a text.
 void putValue(const Value& value, bool keepsIntegers, EffectParameterImpl& parameter, Taker& taker)
 {
     if (value.kind == Value::Kind::text) {

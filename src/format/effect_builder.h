@@ -7,15 +7,15 @@
 
 namespace Korvel::CANTORIS::PLX::format {
 
-// Makes the effects of one list. The ID may stand behind the parameters, and a parameter's name behind
-// its value: both are put when their object ends.
+// Makes the effects of one list. The ID may come after the parameters, and a parameter's name after
+// its value, so both are stored when their object ends.
 template <class Of, class EffectImpl>
 class EffectBuilder {
 public:
     EffectBuilder(const Trail& trail, Taker& taker) : trail_(trail), taker_(taker) {}
 
     void begin(PartBase& part) { effect_ = std::make_unique<EffectImpl>(part, StringView()); }
-    // Appends the effect unless it is wrong or its ID is there already.
+    // Appends the effect unless it is invalid or the list has its ID already.
     bool end(EffectList<EffectImpl>& effects);
 
     bool endParameter();

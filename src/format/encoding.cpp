@@ -15,7 +15,7 @@ struct Mark {
     Encoding encoding;
 };
 
-// The four-byte marks come first: one of them begins with a two-byte one.
+// The four-byte marks come first, because one of them begins with a two-byte one.
 constexpr std::array<Mark, 5> marks = {{
     {{"\xFF\xFE\x00\x00", 4}, Encoding::utf32LittleEndian},
     {{"\x00\x00\xFE\xFF", 4}, Encoding::utf32BigEndian},
@@ -24,7 +24,8 @@ constexpr std::array<Mark, 5> marks = {{
     {{"\xFE\xFF", 2}, Encoding::utf16BigEndian},
 }};
 
-// One bit a byte of the first four, set where it is not zero, first byte lowest.
+// One bit for each of the first four bytes, set if the byte is not zero; the first byte is the
+// lowest bit.
 Encoding encodingByZeros(std::string_view bytes)
 {
     unsigned pattern = 0;
@@ -51,7 +52,7 @@ void appendCodePoint(std::string& utf8, char32_t point)
     utf8.append(bytes.data(), encodeUtf8(point, bytes.data()));
 }
 
-// The number that `Width` bytes at `at` make.
+// The number in the `Width` bytes at `at`.
 template <std::size_t Width, bool LittleEndian>
 char32_t unitAt(const char* at)
 {

@@ -1,4 +1,4 @@
-// From the bytes of a document, in any Unicode encoding, to UTF-8.
+// Converts the bytes of a document, in any Unicode encoding, to UTF-8.
 #pragma once
 
 #include <cstddef>
@@ -15,23 +15,23 @@ struct DetectedEncoding {
     std::size_t markLength; // bytes of the byte-order mark
 };
 
-// By the byte-order mark, or else by the places of the zero bytes among the first four.
+// Detects it by the byte-order mark or, without one, by the zeros among the first four bytes.
 DetectedEncoding detectEncoding(std::string_view bytes);
 
-// How many bytes a unit has.
+// The number of bytes in a unit.
 std::size_t widthOf(Encoding encoding);
 
 // One blank in that encoding.
 std::string blankIn(Encoding encoding);
 
-// The first unit of a document, behind its mark, that is no white space; none as long as there is none.
+// The first unit of a document, after its mark, that is not white space; none if there is none yet.
 std::optional<char32_t> firstUnit(std::string_view bytes);
 
-// Turns the bytes into UTF-8 without a mark. False when they do not decode.
+// Converts the bytes to UTF-8 without a mark. False when they are not valid in their encoding.
 bool makeUtf8(std::string& bytes);
 
-// Where in the bytes of a document stands what stands at `place` of the UTF-8 that makeUtf8() makes of
-// them: a count of bytes, the mark included. The bytes decode.
+// Converts a place in the UTF-8 that makeUtf8() makes of a document to the place in its original
+// bytes, counted with the mark. The bytes must be valid.
 std::size_t placeInFile(std::string_view bytes, std::size_t place);
 
 } // namespace Korvel::CANTORIS::PLX::format

@@ -1,5 +1,5 @@
-// The table of keys: every object of both documents, every key of it, in the order in which the writer
-// emits it and the reader takes it, and what it stands for in the model.
+// The table of keys: every object of both documents, with all its keys, in the order in which the
+// writer writes them and the reader takes them, and what each key stands for in the model.
 #pragma once
 
 #include <algorithm>
@@ -15,7 +15,7 @@
 
 namespace Korvel::CANTORIS::PLX::format {
 
-// What the property document is written from.
+// The source of a property document.
 struct WrittenProperties {
     const ClipBase& clip;
     const Filter& tags;
@@ -30,7 +30,7 @@ namespace Korvel::CANTORIS::PLX::format::keys {
 using Id = Shape::Id;
 inline constexpr Need required = Need::required;
 
-// Puts a value into a data member, whatever it is.
+// Stores a value in a data member, without checking it.
 template <auto member>
 struct Into {
     template <class Target, class Value>
@@ -50,7 +50,7 @@ inline constexpr auto putType = [](ClipProperties& properties, std::string_view 
 };
 inline constexpr auto type = [](const ClipBase& clip) { return part_type::name(clip.partType()); };
 
-// A tempo of 0 is none. It is taken, but not written.
+// A tempo of 0 means none. It is read, but not written.
 constexpr auto tempo(std::string_view key)
 {
     auto entry =
@@ -62,7 +62,7 @@ constexpr auto tempo(std::string_view key)
 
 } // namespace header
 
-// The header of an audio part has the type alone.
+// The header of an audio part has only the type.
 struct AudioHeader {
     static constexpr std::tuple entries{
         word("type", TextRule::partType, header::type, header::putType),
@@ -78,7 +78,8 @@ struct PartHeader {
     };
 };
 
-// A list of tags. Vendors are no key: they follow from the clip's vendor name when it is read.
+// A list of tags. There is no key for vendors: they come from the clip's vendor name when it is
+// read.
 template <class Count, class At>
 constexpr Texts<Count, At, Tag> tags(std::string_view key, Tag tag, Count count, At at)
 {
@@ -141,7 +142,7 @@ struct Parameter {
     };
 };
 
-// The one parameter whose integers stay integers in an audio effect.
+// The only parameter whose integers stay integers in an audio effect.
 inline constexpr std::string_view bypass = "Bypass";
 
 template <Id ofKind>
@@ -157,7 +158,7 @@ using MidiEffectTable = EffectTable<Id::midiEffect>;
 
 // --- Curves -------------------------------------------------------------------------------------------
 
-// A point of a curve. Where it may stand and what it may be depends on its curve.
+// A point of a curve. Which positions and values are accepted depends on the curve.
 inline constexpr Field<std::int32_t> anyPosition{
     .initial = 0, .minimum = std::numeric_limits<std::int32_t>::min(), .maximum = lastPosition};
 
@@ -253,7 +254,7 @@ struct Weight {
     };
 };
 
-// Durations within a note go up to the note's own.
+// Durations in a note are at most that of the note.
 struct SingingSkillTable {
     static constexpr Id id = Id::singingSkill;
     static constexpr std::tuple entries{
@@ -399,14 +400,14 @@ struct AudioPartTable {
 
 // --- The data document --------------------------------------------------------------------------------
 
-// A part stands under the name of its type.
+// The key of a part is the name of its type.
 template <class Part>
 constexpr Object<Part> part()
 {
     return object<Part>(part_type::name(Part::type));
 }
 
-// Of several parts the first one counts, by this order.
+// Of several parts the first one in this order counts.
 struct DataDocument {
     static constexpr Id id = Id::dataDocument;
     static constexpr std::tuple entries{
@@ -424,7 +425,7 @@ struct DataDocument {
 
 inline constexpr std::size_t mostRows =
     std::max(widthOf(shape<PropertyDocument>), widthOf(shape<DataDocument>));
-// Objects and lists of the table in each other.
+// The greatest depth of objects and lists of the table in each other.
 inline constexpr std::size_t mostLevels =
     std::max(depthOf(shape<PropertyDocument>), depthOf(shape<DataDocument>));
 

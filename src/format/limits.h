@@ -1,4 +1,4 @@
-// How large documents may be, for those who read and those who write.
+// How large documents may be, when they are read and when they are written.
 #pragma once
 
 #include <cstdint>

@@ -9,7 +9,7 @@ namespace Korvel::CANTORIS::PLX::format {
 
 namespace {
 
-// Every document is an object. A file that begins with anything else is not worth its memory.
+// Every document is an object. A file that begins with anything else is not read further.
 fs::Verdict judge(std::string_view beginning)
 {
     constexpr std::size_t enoughForTheEncoding = 4;
@@ -24,7 +24,8 @@ fs::Verdict judge(std::string_view beginning)
 
 class Loader::Source {
 public:
-    // The bytes of a file that can be a document, good until the next call; null for another file.
+    // The bytes of a file that can be a document, valid until the next call; null for any other
+    // file.
     std::string* read(const fs::Path& path, std::uint64_t limit, fs::Kind kind)
     {
         const fs::ReadOptions options{limit, judge, kind};

@@ -1,4 +1,4 @@
-// Clip files into clips: the way into this folder for those who read.
+// Reads clip files: the interface of this folder for code that reads.
 #pragma once
 
 #include <memory>
@@ -9,25 +9,25 @@
 
 namespace Korvel::CANTORIS::PLX::format {
 
-// Reads files one after the other and keeps its memory from one to the next. A file that is missing,
-// unreadable, no document, or lacks what the schema requires gives nothing; what an element lacks
-// drops that element alone. The only exception is that of memory that runs out.
+// Reads files one after the other and reuses its memory. A file that is missing, unreadable, not a
+// document, or lacks a required key gives nothing; if an element lacks one, only that element is
+// dropped. Throws only when memory runs out.
 class Loader {
 public:
     Loader();
     ~Loader();
 
-    // The catalogue's document. True when `properties`, fresh ones, were filled.
+    // Reads the property document. True when `properties`, which must be new, were filled.
     bool loadProperties(const fs::Path& path, ClipProperties& properties,
                         fs::Kind kind = fs::Kind::unknown);
 
-    // The same, of a document that has been read already; its bytes are used up.
+    // The same for a document that has been read already; its bytes are overwritten.
     bool takeProperties(std::string& bytes, ClipProperties& properties);
 
-    // The clip's data document, whole. Its part belongs to `clip`.
+    // Reads the clip's whole data document. Its part belongs to `clip`.
     bool loadClip(const fs::Path& path, ClipBase* clip, LoadedClip& loaded);
 
-    // The part of the data document and nothing else; null when there is none to be had.
+    // Reads only the part of the data document; null when there is no valid one.
     std::unique_ptr<PartBase> loadPart(const fs::Path& path, ClipBase* clip);
 
 private:

@@ -1,4 +1,4 @@
-// What is lost when a document is read, for those who want to know.
+// What is lost when a document is read, for callers that want to know.
 #pragma once
 
 #include <cstddef>
@@ -12,15 +12,15 @@ namespace Korvel::CANTORIS::PLX::format {
 
 enum class LossReason : std::uint8_t {
     missing,     // a required key, in the object at the path
-    wrongKind,   // of a value
-    notAccepted, // a number out of its range, or a text that is not what it must be
-    tooFew,      // elements of a list
+    wrongKind,   // a value of another kind than the key's
+    notAccepted, // a number out of range, or a text that breaks its rule
+    tooFew,      // a list with too few elements
     tooMany,
     repeatedKey, // the first one counts
     unknownKey,
-    notLookedAt, // because of another key of the same object
-    duplicate,   // what may be there only once is there already
-    object,      // an object, because of what was lost in it
+    notLookedAt, // ignored because of another key of the same object
+    duplicate,   // of something that may be there only once
+    object,      // an object, because of something that was lost in it
 };
 
 struct Loss {
@@ -30,8 +30,7 @@ struct Loss {
     const keys::Shape*
         shape;            // of the object that the value belongs to, or of the object that is lost
     const keys::Row* row; // of the value; null for an element of a list and for an unknown key
-    std::string_view
-        key; // that the loss is about, as the document has it; of `missing`, as the table has it
+    std::string_view key; // the key concerned, as in the document; for `missing`, as in the table
 };
 
 class Listener {

@@ -47,7 +47,7 @@ bool NoteBuilder::endSingingSkill()
     return true;
 }
 
-// A Dvqm key of any kind keeps the singing skill from being looked at.
+// If the note has a Dvqm key, valid or not, the singing skill is ignored.
 void NoteBuilder::takeSingingSkill()
 {
     constexpr std::size_t own = place<NoteTable>("singingSkill");
@@ -96,7 +96,7 @@ bool NoteBuilder::hasLevelNames(const Members& members, const keys::Row& row) co
     return true;
 }
 
-// All of it, or nothing: the names are counted before anything is taken.
+// Takes all names or none: they are counted before anything is stored.
 template <class Of>
 bool NoteBuilder::endDvqm()
 {
@@ -128,8 +128,8 @@ bool NoteBuilder::endVibrato()
     return true;
 }
 
-// An integer that is refused ends the reading of a vibrato; what came before it stays. A value of
-// another kind does not.
+// An integer that is refused ends the reading of a vibrato; what was read before it stays. A value
+// of another kind does not.
 void NoteBuilder::takeVibrato()
 {
     const Members members = vibrato_.members("/vibrato");

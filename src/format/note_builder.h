@@ -10,17 +10,18 @@
 
 namespace Korvel::CANTORIS::PLX::format {
 
-// Makes a note of an object that the walk goes through. What depends on the note's duration, or on
-// there being a Dvqm, waits for the object's end: its keys may stand in any order.
+// Makes a note from an object that the walk goes through. Values that depend on the note's
+// duration, or on whether there is a Dvqm, wait for the end of the object, because its keys may be
+// in any order.
 class NoteBuilder {
 public:
     NoteBuilder(const Trail& trail, Taker& taker) : trail_(trail), taker_(taker) {}
 
     void begin(MidiPartBase& part) { note_ = std::make_unique<NoteImpl>(part); }
-    // Null when the note is not taken.
+    // Null when the note is refused.
     std::unique_ptr<NoteImpl> end();
 
-    // The objects in it, and their lists.
+    // Called for the objects in the note, and for their lists.
     bool endExpression();
     bool endAiExpression();
     bool endWeight();

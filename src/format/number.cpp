@@ -22,8 +22,8 @@ bool isDigit(char letter)
     return '0' <= letter && letter <= '9';
 }
 
-// The guess is good to some units of its last place. That is enough for a float, except where the
-// guess could lie on either side of a border between two.
+// The guess is exact to a few units of its last place. That is enough for a float, except where the
+// decimal and the guess could be on different sides of a border between two floats.
 double settled(const Decimal& decimal, double guess)
 {
     constexpr double doubt = 0x1p-50;
@@ -42,7 +42,7 @@ double settled(const Decimal& decimal, double guess)
 
 // --- Fractions and exponents --------------------------------------------------------------------------
 
-// Whether digits x 10^exponent is beyond what rounds to the largest double.
+// Whether digits x 10^exponent is too large to be rounded to a double.
 bool isTooLarge(std::uint64_t digits, std::int64_t exponent)
 {
     constexpr std::uint64_t largestDigits = 1'797'693'134'862'315'807;
@@ -53,7 +53,8 @@ bool isTooLarge(std::uint64_t digits, std::int64_t exponent)
     return exponent > largestExponent || (exponent == largestExponent && digits > largestDigits);
 }
 
-// The first digits of a decimal that has more than fit, and the power of ten of the last one of them.
+// The first digits of a decimal with more digits than fit, and the power of ten of the last of
+// these.
 std::uint64_t firstDigits(const Decimal& decimal, std::int64_t& exponent)
 {
     std::uint64_t digits = 0;
@@ -70,7 +71,7 @@ std::uint64_t firstDigits(const Decimal& decimal, std::int64_t& exponent)
     return digits;
 }
 
-// Ten to this power, times any digits, is nearer to zero than to the least float.
+// Ten to this power, times any digits, is nearer to zero than to the smallest positive float.
 constexpr std::int64_t leastExponent = -64;
 
 bool isZero(const Number& number)
@@ -78,7 +79,7 @@ bool isZero(const Number& number)
     return number.digits == 0 || number.exponent < leastExponent;
 }
 
-// Leaves as many digits of a real number as count. False when it is too large.
+// Keeps only as many digits of a real number as matter. False when it is too large.
 bool settle(Number& number)
 {
     constexpr std::int64_t mostExponent = 308;
@@ -90,7 +91,8 @@ bool settle(Number& number)
     return !canBeTooLarge || !isTooLarge(number.digits, number.exponent);
 }
 
-// The value of eight digits, first one lowest, or nothing when there are others among the bytes.
+// The value of eight digits, the first one in the lowest byte; nothing when not all bytes are
+// digits.
 std::optional<std::uint64_t> valueOfEight(std::uint64_t bytes)
 {
     constexpr std::uint64_t zeros = 0x3030303030303030;
@@ -106,7 +108,8 @@ std::optional<std::uint64_t> valueOfEight(std::uint64_t bytes)
     return (fours * 10000 + (fours >> 32)) & 0xFFFFFFFF;
 }
 
-// Takes what digits stand there, which go on the value. It means nothing when they were too many.
+// Reads the digits at this place, which continue the value. With too many digits the value is
+// meaningless.
 std::uint64_t takeDigits(const char*& at, const char* textEnd, std::uint64_t value)
 {
     if constexpr (std::endian::native == std::endian::little) {

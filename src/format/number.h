@@ -1,4 +1,4 @@
-// How the numbers of a document are read. No locale has a part in it.
+// Reading the numbers of a document, independently of the locale.
 #pragma once
 
 #include <cstdint>
@@ -7,10 +7,11 @@
 
 namespace Korvel::CANTORIS::PLX::format {
 
-// Doubles beyond this in either direction are no floats. It lies a little below the largest one.
+// Doubles beyond this, in either direction, do not fit into a float. It is a little below the
+// largest float.
 inline constexpr double largestFloat = 3.4028234e38;
 
-// A number as it stands in a document.
+// A number in a document.
 struct Number {
     enum class Kind : std::uint8_t {
         integer,     // written without fraction and exponent
@@ -18,23 +19,24 @@ struct Number {
         real
     };
 
-    // Of a real one, and only as good as its use wants it: as a 32-bit float, and held against
-    // `largestFloat`, it is what the double nearest to the written number would be.
+    // The value of a real number, exact enough for its use: converted to a 32-bit float, or
+    // compared with `largestFloat`, it gives the same as the double nearest to the written number.
     double toDouble() const;
 
     Kind kind;
     bool isNegative;
     std::int32_t integer;
-    const char* end; // behind the last character
+    const char* end; // after the last character
 
-    // Of a real one: its first digits, the power of ten of the last of them, and all that is written.
+    // Of a real number: its first digits, the power of ten of the last of them, and all digits as
+    // written.
     std::uint64_t digits;
     std::int64_t exponent;
     Decimal decimal;
 };
 
-// The text ends with a NUL, at `textEnd`. False when it begins with no number by the letter of the grammar, and for
-// one that is too large for a double.
+// The text ends with a NUL, at `textEnd`. False when it does not begin with a number of JSON's
+// grammar, and for a number that is too large for a double.
 bool readNumber(const char* text, const char* textEnd, Number& number);
 
 } // namespace Korvel::CANTORIS::PLX::format

@@ -10,7 +10,7 @@ namespace Korvel::CANTORIS::PLX::format {
 
 namespace json {
 
-// Indents in one step, as RapidJSON does for its own buffer but not for one with another allocator.
+// Indents in one step, as RapidJSON does only for a buffer with its own allocator.
 template <>
 inline void PutN(Output::Sink& stream, char c, std::size_t n)
 {
@@ -24,7 +24,7 @@ namespace {
 constexpr char indentUnit = ' ';
 constexpr unsigned indentWidth = 4;
 
-// RapidJSON asks for six times the room and counts it in 32 bits.
+// RapidJSON reserves six times the length, counted in 32 bits.
 constexpr std::size_t longestText = (std::numeric_limits<json::SizeType>::max() - 2) / 6;
 
 json::SizeType sizeOf(std::string_view text)
@@ -39,7 +39,7 @@ Output::Output(bool formatted) : compact_(sink_), indented_(sink_), formatted_(f
     indented_.SetIndent(indentUnit, indentWidth);
 }
 
-// A step of either writer, whichever is in use, which reports whether it could be done.
+// Calls whichever of the two writers is in use, and records whether it succeeded.
 template <class Step>
 void Output::write(Step step)
 {

@@ -1,4 +1,4 @@
-// The text of a JSON document as it is being written.
+// The text of a JSON document that is being written.
 #pragma once
 
 #include <cstdint>
@@ -11,8 +11,9 @@
 
 namespace Korvel::CANTORIS::PLX::format {
 
-// Compact, or indented by four blanks a level. Text becomes UTF-8. What a document cannot hold spoils
-// it: a number that is none, a surrogate that stands alone, a text of more than 715,827,882 bytes.
+// Compact, or indented by four blanks a level. Text becomes UTF-8. Something that a document cannot
+// contain makes it invalid: a number that is not finite, a lone surrogate, a text of more than
+// 715,827,882 bytes.
 class Output {
 public:
     explicit Output(bool formatted);
@@ -28,7 +29,7 @@ public:
     void text(StringView value);
     void ascii(std::string_view value);
 
-    // The whole document, valid as long as this object; no value when it is spoilt.
+    // The whole document, valid as long as this object; no value if it is invalid.
     std::optional<std::string_view> finish() const;
 
     using Sink = json::GenericStringBuffer<json::UTF8<char>, ThrowingAllocator>;

@@ -122,7 +122,7 @@ bool PartBuilder::isTaken(std::uint32_t lane) const
     return laneOfType(midi_->lanes(), lane) != nullptr;
 }
 
-// A name that has come already saves the memory for events that nobody will hear.
+// A lane whose name came before is not used, so its events need no memory.
 bool PartBuilder::beginEvents()
 {
     events_.clear();

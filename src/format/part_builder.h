@@ -11,8 +11,8 @@
 
 namespace Korvel::CANTORIS::PLX::format {
 
-// Makes the part of a data document. Lists are filled as the walk goes through them; what a part lacks
-// shows at its end, and then it is dropped.
+// Makes the part of a data document. Lists are filled while the walk goes through them. Whether the
+// part lacks something is known at its end; then it is dropped.
 class PartBuilder {
 public:
     PartBuilder(const Trail& trail, Taker& taker)
@@ -21,10 +21,10 @@ public:
     {
     }
 
-    // For a new document. The part will belong to the clip.
+    // Starts a new document. The part will belong to the clip.
     void reset(ClipBase* clip);
 
-    // Each takes the place of the part before.
+    // Each replaces the part before it.
     void beginAudio();
     void beginMidi(std::uint32_t type);
     bool endAudio();
@@ -47,12 +47,12 @@ public:
     bool endAudioParameter() { return audioEffects_.endParameter(); }
     bool endMidiParameter() { return midiEffects_.endParameter(); }
 
-    // Whether the events of the innermost object can come to anything.
+    // Whether the events of the innermost object can be used.
     bool beginEvents();
     bool endEvent() { return events_.append<keys::Event>(trail_, taker_); }
     bool endController();
 
-    // The part, if it was the last one that was met and its wave file is there.
+    // The part, if it was the last one in the document and its wave file exists.
     std::unique_ptr<PartBase> release(std::uint32_t type, const fs::Path& clipDirectory);
 
 private:
@@ -68,7 +68,7 @@ private:
     PointList events_;
     ClipBase* clip_ = nullptr;
     std::unique_ptr<PartBase> part_;
-    AudioPartImpl* audio_ = nullptr; // the part, as what it is
+    AudioPartImpl* audio_ = nullptr; // the part, by its type
     MidiPartImpl* midi_ = nullptr;
     String waveFileName_;
 };

@@ -27,11 +27,11 @@ private:
         rows<Of>(source);
     }
 
-    // --- Parts: of the rows of a data document only that of the part's own type is written.
+    // --- Parts: of the rows of a data document, only the one for the part's type is written.
 
     void write(As<keys::FilterTable>, PartBase&) {}
 
-    // A path without a file's name leaves nothing to write.
+    // If the path has no file name, nothing is written.
     void write(As<keys::AudioPartTable>, PartBase& part)
     {
         const MutableAudioPart* const audio = part.asMutableAudioPart();
@@ -82,7 +82,7 @@ private:
         }
     }
 
-    // A parameter that was never given a value has nothing to write.
+    // A parameter that was never given a value is not written.
     template <keys::Id effect>
     void elements(As<keys::Parameter<effect>> as, const MutableEffect& owner)
     {
@@ -111,7 +111,7 @@ private:
 
     // --- Controllers
 
-    // A lane without events has nothing to write.
+    // A lane without events is not written.
     void elements(As<keys::ControllerTable> as, const MutableMidiPart& part)
     {
         for (std::uint32_t type = 0; type < PLX::controller::unknown; ++type) {
@@ -140,8 +140,8 @@ private:
         }
     }
 
-    // Only AI voices have these values; for a voice bank every one of them is written as the neutral
-    // one, whatever the note holds.
+    // Only AI voices have these values; for a voice bank they are all written as neutral, whatever
+    // the note contains.
     void write(As<keys::AiExpressionTable>, MutableNote& note)
     {
         if (hasAiVoice_) {

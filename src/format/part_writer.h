@@ -5,7 +5,7 @@
 
 namespace Korvel::CANTORIS::PLX::format {
 
-// The data document of an editable part. False when there is nothing to write.
+// Writes the data document of an editable part. False when there is nothing to write.
 bool writePart(Output& out, PartBase& part);
 
 } // namespace Korvel::CANTORIS::PLX::format

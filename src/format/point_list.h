@@ -10,7 +10,7 @@
 
 namespace Korvel::CANTORIS::PLX::format {
 
-// The points of a list as they come. What a point must be is known when its curve is.
+// The points of a list, as they are read. Which ones are accepted is known when their curve is.
 class PointList {
 public:
     void clear()
@@ -19,7 +19,7 @@ public:
         origins_.clear();
     }
 
-    // The innermost object, which has ended. False when it is no point.
+    // Adds the innermost object, which has ended. False when it is not a point.
     template <class Of>
     bool append(const Trail& trail, Taker& taker)
     {
@@ -34,8 +34,8 @@ public:
         return true;
     }
 
-    // Takes out the points that `accepts` refuses. `below` is the path to the list from the innermost
-    // object.
+    // Removes the points that `accepts` refuses. `below` is the path from the innermost object to
+    // the list.
     template <class Accepts>
     std::vector<CurvePoint>& keepAccepted(Accepts accepts, const Trail& trail,
                                           std::string_view below)
@@ -54,7 +54,7 @@ public:
     }
 
 private:
-    // Where a point stood, as long as anyone listens.
+    // Where a point was in the document; only used with a listener.
     struct Origin {
         std::uint64_t index;
         const char* at;

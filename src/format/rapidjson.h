@@ -1,4 +1,4 @@
-// The one place that includes RapidJSON, as this library needs it.
+// The only file that includes RapidJSON, with the settings of this library.
 #pragma once
 
 #include <cstddef>
@@ -8,13 +8,13 @@
 
 namespace Korvel::CANTORIS::PLX::format {
 
-// A text that RapidJSON can only assert about, such as an escaped lone surrogate. Its own assertion
-// would end the host; ours ends the parse.
+// Thrown for a text that RapidJSON only handles by an assertion, such as an escaped lone surrogate.
+// Its own assertion would end the host; ours ends the parse.
 struct DocumentDefect {};
 
 } // namespace Korvel::CANTORIS::PLX::format
 
-// A host may carry a RapidJSON of its own, with settings of its own: ours lives in our namespace.
+// A host may contain a RapidJSON of its own, with other settings, so ours is in our namespace.
 #define RAPIDJSON_NAMESPACE Korvel::CANTORIS::PLX::format::json
 #define RAPIDJSON_NAMESPACE_BEGIN namespace Korvel::CANTORIS::PLX::format::json {
 #define RAPIDJSON_NAMESPACE_END }
@@ -28,7 +28,7 @@ struct DocumentDefect {};
 
 namespace Korvel::CANTORIS::PLX::format {
 
-// RapidJSON does not look at what its allocator returns: want of memory must leave by exception.
+// RapidJSON does not check what its allocator returns, so this one throws when memory runs out.
 class ThrowingAllocator {
 public:
     static const bool kNeedFree = true;
@@ -56,7 +56,7 @@ private:
     }
 };
 
-// UTF-8 that is known to be valid, except that an escape may still name a lone low surrogate.
+// UTF-8 that is known to be valid, except that an escape may still mean a lone low surrogate.
 struct CheckedUtf8 : json::UTF8<char> {
     template <class Output>
     static void Encode(Output& output, unsigned codepoint)
@@ -68,27 +68,29 @@ struct CheckedUtf8 : json::UTF8<char> {
 
 using Text = json::GenericInsituStringStream<CheckedUtf8>;
 
-// In place and without recursion: a document may be large, and may nest without end.
+// In place and without recursion, because a document may be large and nested to any depth.
 inline constexpr unsigned parseFlags =
     json::kParseDefaultFlags | json::kParseInsituFlag | json::kParseIterativeFlag;
 
 } // namespace Korvel::CANTORIS::PLX::format
 
-// What RapidJSON 1.1.0 gets wrong, as its list of issues tells, and how each is kept from happening here.
+// Known defects of RapidJSON 1.1.0, by their numbers in its issue tracker, and how we avoid them.
 // Reading:
-// - Exponents and fractions overflow an int (#1261, #2391), tables of powers of ten are read beyond their
-//   ends (#313, #1251), and long fractions are compared with what was never written (#1255): all while a
-//   number is read, even one that is to be handed over as text. ParseNumber is ours, see walk.cpp.
-// - Validating an encoding reads behind the text (#2327): the text is validated before it comes here.
-// - An escaped surrogate that stands alone is let through or ends the host (#1738): see CheckedUtf8.
-// - SIMD instructions read up to 15 bytes behind the text (#1227, #1723): they are not in use.
-// - Deep documents overflow the stack in the parser, in visiting and in destroying values (#1027, #2282):
-//   the parser is told not to recurse, and there are no values.
-// - Where memory runs out, its absence is written to (#1735): see ThrowingAllocator.
+// - Exponents and fractions overflow an int (#1261, #2391), tables of powers of ten are read beyond
+//   their ends (#313, #1251), and long fractions are compared with what was never written (#1255).
+//   All this happens while a number is read, even one that is to be returned as text. We read numbers
+//   ourselves: see ParseNumber in walk.cpp.
+// - Validating an encoding reads beyond the text (#2327): the text is validated before it is parsed.
+// - An escaped lone surrogate is accepted or ends the host (#1738): see CheckedUtf8.
+// - SIMD instructions read up to 15 bytes beyond the text (#1227, #1723): they are not used.
+// - Deep documents overflow the stack in the parser, in visiting and in destroying values (#1027,
+//   #2282): the parser is told not to recurse, and there are no values.
+// - When memory runs out, the parser writes to a null pointer (#1735): see ThrowingAllocator.
 // Writing:
-// - A text of 700 MB makes the room for it wrap around at 32 bits (#2336, #2348): see Output::ascii.
-// - A float with few decimals takes more room than there is (#2185): all are written with all of them.
-// Both: an empty stack counts from a null pointer (#1724). Reserve below is ours.
+// - For a text of 700 MB the reserved size overflows 32 bits (#2336, #2348): see Output::ascii.
+// - A float with few decimals takes more room than is reserved (#2185): all are written with all
+//   decimals.
+// Both: an empty stack counts from a null pointer (#1724). We define Reserve ourselves, below.
 #ifdef RAPIDJSON_SIMD
 #    error "RapidJSON would read behind the end of documents"
 #endif

@@ -1,4 +1,4 @@
-// Documents into clips.
+// Reads documents as clips.
 #pragma once
 
 #include <memory>
@@ -12,31 +12,31 @@
 
 namespace Korvel::CANTORIS::PLX::format {
 
-// A data document read whole.
+// A whole data document that was read.
 struct LoadedClip {
     ClipProperties properties;
     std::unique_ptr<PartBase> part;
 };
 
-// Reads documents one after the other and keeps some memory from one to the next. The bytes are those
-// of a file, in any Unicode encoding, and are used up. What is no document, or lacks what it must have,
-// gives nothing; what an element lacks drops that element alone, and the listener, if there is one, is
-// told. The only exception is that of memory that runs out.
+// Reads documents one after the other and reuses some memory. The bytes are those of a file, in any
+// Unicode encoding, and are overwritten. What is not a document, or lacks a required key, gives
+// nothing; if an element lacks one, only that element is dropped, and the listener, if there is
+// one, is told. Throws only when memory runs out.
 class DocumentReader {
 public:
     DocumentReader();
     ~DocumentReader();
 
-    // A property document. True when `properties`, fresh ones, were filled.
+    // Reads a property document. True when `properties`, which must be new, were filled.
     bool readProperties(std::string& bytes, ClipProperties& properties,
                         Listener* listener = nullptr);
 
-    // A data document, whole. The part will belong to the clip; its wave file is looked for below the
-    // clip's folder.
+    // Reads a whole data document. The part will belong to the clip; its wave file is looked for
+    // below the clip's folder.
     bool readClip(std::string& bytes, const fs::Path& directory, ClipBase* clip, LoadedClip& loaded,
                   Listener* listener = nullptr);
 
-    // The part of a data document and nothing else; null when there is none to be had.
+    // Reads only the part of a data document; null when there is no valid one.
     std::unique_ptr<PartBase> readPart(std::string& bytes, const fs::Path& directory,
                                        ClipBase* clip, Listener* listener = nullptr);
 

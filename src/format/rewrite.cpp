@@ -10,8 +10,8 @@ namespace Korvel::CANTORIS::PLX::format {
 
 namespace {
 
-// What makes the old document as long as the new one: blanks, which mean nothing behind a document, in
-// the old one's own encoding.
+// The blanks that make the old document as long as the new one, in the encoding of the old one.
+// Blanks after a document have no effect.
 std::string roomBehind(std::string_view old, std::size_t size)
 {
     const std::string blank = blankIn(detectEncoding(old).encoding);
@@ -22,14 +22,15 @@ std::string roomBehind(std::string_view old, std::size_t size)
     return room;
 }
 
-// The order of the steps is what keeps the document:
-// - The file grows by blanks first. A full disk shows here, where the old document is still untouched.
-// - The disk has them before they are written over. Otherwise it could have the new length with the
-//   old document's bytes and nothing behind them.
-// - The new document goes over the old one in one piece, with blanks up to the end of the file, so
-//   that nothing of the old one stands behind it.
-// - Only when the disk has it, and the path still leads to it, are the blanks cut off. With them it means
-//   the same. Until then the old document can be put back.
+// The order of the steps protects the document:
+// - First the file is extended with blanks. If the disk is full, this fails while the old document
+//   is still untouched.
+// - The blanks must be on the disk before they are overwritten. Otherwise the disk could have the
+//   new length with the old document's bytes and nothing after them.
+// - The new document is written over the old one in one piece, with blanks up to the end of the
+//   file, so that nothing of the old one is left after it.
+// - The blanks are cut off only when the document is on the disk, and the path still leads to it.
+//   They do not change its meaning, and until they are cut off the old document can be put back.
 class Rewriting {
 public:
     Rewriting(fs::HeldFile& file, std::string old, std::string_view document)
@@ -70,13 +71,13 @@ private:
     std::size_t oldSize_;
     std::size_t newSize_;
     std::string room_;
-    std::string old_; // both as long as the file is meanwhile
+    std::string old_; // both with blanks, as long as the file while it is written
     std::string new_;
 };
 
 enum class Attempt { done, failed, tryAgain };
 
-// A file that another has put there in the meantime is not the one to write.
+// A file that another program has put there in the meantime must not be written.
 Attempt rewriteHeld(fs::HeldFile& file, const fs::Path& path, std::string_view document)
 {
     if (!file.isAt(path)) {
@@ -95,8 +96,8 @@ bool isStillEmpty(fs::HeldFile& file)
     return file.read(content, propertyDocumentLimit) == fs::ReadResult::read && content.empty();
 }
 
-// A file that was made for a document goes again unless it is to stay, also when memory runs out in
-// between. What another program has put in its place, or into it, is theirs.
+// A file that was made for a document is removed again unless it is kept, also when memory runs
+// out. What another program has put in its place, or into it, stays.
 class MadeFile {
 public:
     MadeFile(const fs::Folder& folder, StringView name, fs::HeldFile& file)

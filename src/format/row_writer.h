@@ -1,4 +1,4 @@
-// Writing objects by the table of keys, row by row.
+// Writes objects by the table of keys, row by row.
 #pragma once
 
 #include <array>
@@ -13,8 +13,7 @@
 
 namespace Korvel::CANTORIS::PLX::format {
 
-// Output in which an object or a list shows only when something is in it: it is opened by the first
-// value that is written into it.
+// Output that writes an object or a list only if something is in it: its first value opens it.
 class SparseOutput {
 public:
     explicit SparseOutput(Output& out) : out_(out) {}
@@ -23,7 +22,7 @@ public:
     void openList(std::string_view key) { open({key, false}); }
     void openElement() { open({{}, true}); }
 
-    // Whether it showed.
+    // Whether it was written.
     bool close()
     {
         const Opening& opening = levels_[--depth_];
@@ -39,7 +38,7 @@ public:
         return true;
     }
 
-    // Where the next value goes: behind a key, or into the innermost list.
+    // The place of the next value: after a key, or in the innermost list.
     Output& member(std::string_view key)
     {
         show();
@@ -54,7 +53,7 @@ public:
 
 private:
     struct Opening {
-        std::string_view key; // none for the document and for an element of a list
+        std::string_view key; // empty for the document and for an element of a list
         bool isObject;
     };
 
@@ -78,18 +77,18 @@ private:
     Output& out_;
     std::array<Opening, keys::mostLevels> levels_;
     std::size_t depth_ = 0;
-    std::size_t shown_ = 0; // the others wait for their first value
+    std::size_t shown_ = 0; // levels that are written; the others wait for a first value
 };
 
-// What an object is written as; for choosing among overloads.
+// A tag that says which table an object is written by, for choosing among overloads.
 template <class Of>
 struct As {
 };
 
 // Goes through the rows of an object. `Writer`, the class that derives from this one, says for each
-// object and list what is in it:
-//     write(As<Inner>, source)     the rows of an object, if it is written at all
-//     elements(As<Inner>, source)  the elements of a list of objects
+// object and list what it contains:
+//     write(As<Inner>, source)     writes the rows of an object, if it is written at all
+//     elements(As<Inner>, source)  writes the elements of a list of objects
 template <class Writer>
 class RowWriter {
 public:
@@ -102,7 +101,7 @@ protected:
         std::apply([&](const auto&... entry) { (row(entry, source), ...); }, Of::entries);
     }
 
-    // A list's element.
+    // An element of a list.
     template <class Of, class Source>
     void object(As<Of> as, Source& source)
     {

@@ -1,7 +1,7 @@
-// What a row of the table of keys is made of.
+// The rows of the table of keys.
 //
-// A row says what a key of an object stands for: facts that anyone can go through, and, where the value
-// fills or shows a field of the model, how the reader puts it and the writer gets it.
+// A row describes a key of an object: facts that all code can read, and, if the value fills a field
+// of the model, how the reader stores it and the writer gets it.
 #pragma once
 
 #include <array>
@@ -33,30 +33,30 @@ enum class Kind : std::uint8_t {
     objects,
 };
 
-// Where a required value is missing, of another kind or not accepted, its object is not taken. In place
-// of an optional one stays what the object has from the beginning.
+// If a required value is missing, of another kind or not accepted, its object is refused. For an
+// optional one the object keeps its initial value.
 enum class Need : bool { optional, required };
 
 enum class Written : bool { always, unlessEmpty };
 
-// What a text must be. Every text ends at its first NUL, except a word and a file name: no file has a
-// NUL in its name.
+// The rule for a text. Every text ends at its first NUL, except a word and a file name, because no
+// file has a NUL in its name.
 enum class TextRule : std::uint8_t {
     any,
     notEmpty,
-    voiceBank, // of as many UTF-16 units as an identifier of a voice bank has
+    voiceBank, // has as many UTF-16 units as the identifier of a voice bank
     voiceBankOrEmpty,
     fileName,
     partType,
     controllerName,
 };
 
-// What a number must be; the initial value is the one that an object has from the beginning.
+// The accepted numbers; the initial value is that of a new object.
 struct Range {
     double initial = 0;
     double minimum = std::numeric_limits<std::int32_t>::min();
     double maximum = std::numeric_limits<std::int32_t>::max();
-    bool takesZero = false; // beside the range
+    bool takesZero = false; // in addition to the range
 };
 
 template <class Value>
@@ -68,8 +68,8 @@ constexpr Range rangeOf(const Field<Value>& field)
 
 inline constexpr std::size_t anyNumber = std::numeric_limits<std::size_t>::max();
 
-// The first bytes of a key as it is written, with its quotation mark if that is one of them: what most
-// keys differ in, in one comparison.
+// The first bytes of a key as it is written, with its closing quotation mark if that is one of
+// them. Most keys differ in these bytes, which are compared at once.
 struct Beginning {
     static constexpr std::size_t size = sizeof(std::uint64_t);
 
@@ -85,8 +85,8 @@ struct Beginning {
         mask = std::bit_cast<std::uint64_t>(used);
     }
 
-    // Nothing stands so near to the end of a document that as many bytes do not follow; if it does, it
-    // is not recognised here.
+    // False also when fewer bytes follow than are compared; no valid key is so close to the end of
+    // a document.
     bool isAt(const char* at, const char* end) const
     {
         std::uint64_t bytes = 0;
@@ -110,13 +110,13 @@ struct Row {
     Written written = Written::always;
     Range range = {};
     TextRule rule = TextRule::any;
-    std::size_t fewest = 0; // elements of a list
+    std::size_t fewest = 0; // elements that a list must have
     std::size_t most = anyNumber;
-    const Shape* inner = nullptr; // of an object, and of the objects in a list
+    const Shape* inner = nullptr; // that of an object, or of the objects in a list
     Beginning beginning = Beginning(key);
 };
 
-// An object of a document: its rows, in the order in which they are written and taken.
+// An object of a document: its rows, in the order in which they are written and stored.
 struct Shape {
     enum class Id : std::uint8_t {
         propertyDocument,
@@ -152,9 +152,9 @@ struct Shape {
     std::span<const Row> rows;
 };
 
-// --- The rows with what they fill ---------------------------------------------------------------------
+// --- Rows and what they fill --------------------------------------------------------------------------
 //
-// `get` is called with the source of the values, `put` with the object to be filled and the value; put
+// `get` is called with the source of the values, `put` with the object to fill and the value; put
 // may return whether the value was accepted.
 
 template <Kind ofKind, class Get, class Put>
@@ -207,8 +207,8 @@ constexpr Entry<Kind::word, Get, Put> word(std::string_view key, TextRule rule, 
     return {{.key = key, .kind = Kind::word, .need = Need::required, .rule = rule}, get, put};
 }
 
-// The value of an effect's parameter. What it takes depends on the effect and on the name, which may
-// come later.
+// The value of an effect's parameter. What it accepts depends on the effect and on the name, which
+// may come later.
 struct ParameterValue {
     static constexpr Kind kind = Kind::value;
 
@@ -220,7 +220,7 @@ constexpr ParameterValue parameterValue(std::string_view key, Need need)
     return {{.key = key, .kind = Kind::value, .need = need}};
 }
 
-// A list of texts. `what` tells the list from others; count and at are called with the source.
+// A list of texts. `what` distinguishes it from others; count and at are called with the source.
 template <class Count, class At, class What>
 struct Texts {
     static constexpr Kind kind = Kind::texts;
@@ -257,7 +257,7 @@ struct Objects {
 
 // --- Tables -------------------------------------------------------------------------------------------
 //
-// An object of a document is a type with its identity, `id`, and a tuple of rows, `entries`.
+// An object of a document is a type with an identity, `id`, and a tuple of rows, `entries`.
 
 template <class Of>
 inline constexpr auto rows =
@@ -279,7 +279,7 @@ constexpr Objects<Inner> objects(std::string_view key, Need need = Need::optiona
     return {{.key = key, .kind = Kind::objects, .need = need, .inner = &shape<Inner>}};
 }
 
-// The place of a key among the rows. A key that is not there does not compile.
+// The index of a key's row. A key that is not there does not compile.
 template <class Of>
 consteval std::size_t place(std::string_view key)
 {
@@ -290,13 +290,14 @@ consteval std::size_t place(std::string_view key)
     return found;
 }
 
-// By its kind: some compilers cannot compare the pointer while they compile, once sanitizers are on.
+// Looks at the kind: with sanitizers on, some compilers cannot compare the pointer at compile time.
 constexpr bool holdsObjects(const Row& row)
 {
     return row.kind == Kind::object || row.kind == Kind::objects;
 }
 
-// How many objects and lists lie in each other at most, and how many rows an object has at most.
+// The greatest depth of objects and lists in each other, and the greatest number of rows of an
+// object.
 constexpr std::size_t depthOf(const Shape& outer)
 {
     std::size_t deepest = 0;

@@ -11,8 +11,8 @@ namespace Korvel::CANTORIS::PLX::format {
 
 namespace {
 
-// A document that cannot be written makes its file all the same: a file that cannot be made is the
-// earlier failure of the two.
+// If the document cannot be written, the file is made all the same: if that fails, its failure is
+// the one to report.
 Result writeDocument(const fs::Folder& folder, StringView name,
                      const std::optional<std::string_view>& document)
 {
@@ -24,7 +24,7 @@ Result writeDocument(const fs::Folder& folder, StringView name,
                                                            : Result::documentNotWritten;
 }
 
-// What follows the last backslash may still hold slashes, and with them lead out of the clip's folder.
+// The text after the last backslash may still contain slashes, and lead out of the clip's folder.
 bool isFileName(StringView name)
 {
     return !name.empty() && name.find(static_cast<Char>('/')) == StringView::npos;
@@ -47,7 +47,7 @@ bool rewriteProperties(const fs::Path& path, const ClipBase& clip, const Filter&
            rewriteDocument(path, *document);
 }
 
-// Both texts, before there is a file: one that is too long makes none.
+// Makes both texts before there is a file, so that a text that is too long makes no file.
 class NewClipFolder::Documents {
 public:
     Documents(const MutableClipImpl& clip, StringView id, StringView name, bool formatted)
@@ -97,12 +97,12 @@ NewClipFolder::~NewClipFolder()
     try {
         remove();
     } catch (...) {
-        // Without memory the rest stays.
+        // Without memory the rest is left.
     }
 }
 
-// By the names that were given, in the folders that are held open: that needs neither memory nor
-// another open file. What others have put there goes by a walk, if it can.
+// Removes by the known names, in the folders that are held open: that needs neither memory nor
+// another open file. What other programs have put there is removed by a walk, if possible.
 void NewClipFolder::remove()
 {
     if (audioFolder_.isOpen()) {
@@ -111,7 +111,7 @@ void NewClipFolder::remove()
     }
     folder_.remove(dataName_);
     folder_.remove(propertyFileName);
-    // Some systems remove no folder that is open.
+    // Some systems do not remove an open folder.
     audioFolder_ = {};
     folder_ = {};
     if (!userFolder_.remove(id_) && !userFolder_.removeTree(id_)) {
@@ -119,8 +119,8 @@ void NewClipFolder::remove()
     }
 }
 
-// Where nothing may be deleted, an empty property document serves as well: a scan lists no clip
-// without it.
+// If nothing may be deleted, an empty property document has the same effect: a scan does not list
+// the clip.
 void NewClipFolder::emptyProperties() const
 {
     const fs::Folder folder = userFolder_.inner(id_);
@@ -182,7 +182,7 @@ Result NewClipFolder::copyWave(PartBase& part)
     return isCopied ? Result::success : Result::waveFileNotCopied;
 }
 
-// The disk has a file only when it also has the entries by which it is reached.
+// A file is on the disk only when the entries of the folders that lead to it are there too.
 Result NewClipFolder::writeDocuments(const Documents& documents) const
 {
     Result written = writeDocument(folder_, propertyFileName, documents.properties());

@@ -1,5 +1,5 @@
-// A mutable clip into a new folder of the user clip directory: the way into this folder for those who
-// write.
+// Saves a mutable clip into a new folder of the user clip directory: the interface of this folder
+// for code that writes.
 #pragma once
 
 #include <functional>
@@ -11,13 +11,13 @@
 
 namespace Korvel::CANTORIS::PLX::format {
 
-// Replaces a user clip's property document, see rewriteDocument(). What cannot be written at all is
-// found before the file is opened. False when the document was not written.
+// Replaces a user clip's property document, see rewriteDocument(). Fails before it opens the file
+// if the document cannot be written at all. False when the document was not written.
 bool rewriteProperties(const fs::Path& path, const ClipBase& clip, const Filter& tags,
                        StringView id, StringView name);
 
-// The folder of a clip that is being saved. Unless it is kept, it goes with everything in it: nothing
-// of a failed attempt is left.
+// The folder of a clip that is being saved. Unless it is kept, it is removed with everything in it,
+// so that nothing of a failed attempt is left.
 class NewClipFolder {
 public:
     using IsTaken = std::function<bool(StringView id)>;
@@ -29,8 +29,8 @@ public:
 
     fs::Path dataPath() const { return {dataPath_, userClipDirectory_.size()}; }
 
-    // Makes the folder, copies an audio part's wave file and writes both documents. Success when the
-    // disk has them.
+    // Makes the folder, copies an audio part's wave file and writes both documents. Success when
+    // they are on the disk.
     Result write(const MutableClipImpl& clip, StringView name, bool formatted);
 
     // What a scan would read of the clip that was written.
@@ -53,7 +53,7 @@ private:
     String dataPath_;
     String waveName_;
     fs::Folder userFolder_;
-    fs::Folder folder_; // open while there is something to undo
+    fs::Folder folder_; // open while there may be something to remove
     fs::Folder audioFolder_;
 };
 

@@ -9,17 +9,17 @@
 
 namespace Korvel::CANTORIS::PLX::format {
 
-// Gathers the tags of a filter, list by list: a list is added whole, when it ends.
+// Collects the tags of a filter, list by list: a list is added whole, when it ends.
 class TagBuilder {
 public:
     void beginList();
     void addText(std::string_view utf8);
     void addLanguage(std::int32_t number) { languages_.push_back(number); }
-    // The list is that of the innermost object's row.
+    // `row` is the list's row in the innermost object.
     void endList(const keys::Row& row, FilterTags& tags);
 
 private:
-    String units_; // the texts end to end
+    String units_; // all texts, one after another
     std::vector<std::size_t> ends_;
     FilterTags::Languages languages_;
 };

@@ -1,4 +1,4 @@
-// Taking the values of an object into the model, row by row.
+// Stores the values of an object in the model, row by row.
 #pragma once
 
 #include <functional>
@@ -14,9 +14,9 @@ class Taker {
 public:
     explicit Taker(const Trail& trail) : trail_(trail) {}
 
-    // Puts what is accepted into the target, in the order of the rows. False at the first required row
-    // that is missing, of another kind or not accepted. Objects and lists have been taken already:
-    // theirs are only looked at for being there.
+    // Stores the accepted values in the target, in the order of the rows. False at the first
+    // required row that is missing, of another kind or not accepted. Objects and lists have been
+    // stored already; this only checks that required ones are there.
     template <class Of, class Target>
     bool take(const Members& members, Target& target)
     {
@@ -26,7 +26,7 @@ public:
 
     enum class Outcome : std::uint8_t { taken, missing, wrongKind, notAccepted, told };
 
-    // One row of it.
+    // Stores the value of one row.
     template <class Of, std::size_t place, class Target>
     Outcome takeRow(const Members& members, Target& target)
     {
@@ -40,7 +40,7 @@ public:
         return outcome;
     }
 
-    // The text in the library's form, good until the next call.
+    // The text in UTF-16, valid until the next call.
     StringView convert(std::string_view utf8)
     {
         text_.clear();
@@ -57,7 +57,7 @@ private:
                 ...);
     }
 
-    // Puts a value, if there is one of the row's kind.
+    // Stores a value, if there is one of the row's kind.
     template <class Put, class Target, class Value>
     static Outcome store(const Put& put, Target& target, const std::optional<Value>& value)
     {

@@ -4,7 +4,7 @@ namespace Korvel::CANTORIS::PLX::format {
 
 namespace {
 
-// A key as a step of a JSON pointer.
+// Appends a key as a step of a JSON pointer.
 void appendStep(std::string& path, std::string_view key)
 {
     path += '/';
@@ -21,7 +21,7 @@ void appendStep(std::string& path, std::string_view key)
 
 } // namespace
 
-// Of the innermost object or list.
+// The path of the innermost object or list.
 std::string Trail::path() const
 {
     std::string path;

@@ -1,4 +1,5 @@
-// Where a walk through a document is: the objects and lists that are open, and what was met in them.
+// Where a walk through a document is: the open objects and lists, and the values that were found in
+// them.
 #pragma once
 
 #include <algorithm>
@@ -19,7 +20,7 @@ using keys::mostRows;
 inline constexpr std::size_t noRow = mostRows;
 static_assert(mostRows < 32);
 
-// The values of an object, by the places of their rows.
+// The values of an object, by the indexes of their rows.
 struct Members {
     // Null when the object has no such key.
     const Value* operator[](std::size_t place) const
@@ -27,7 +28,7 @@ struct Members {
         return (present >> place & 1U) != 0 ? values + place : nullptr;
     }
 
-    // Whether the object has the key, with an object or a list that was taken.
+    // Whether the object has the key, with an object or a list that was accepted.
     bool hasObject(std::size_t place) const { return hasKind(place, Value::Kind::object); }
     bool hasList(std::size_t place) const { return hasKind(place, Value::Kind::list); }
 
@@ -43,7 +44,7 @@ private:
     }
 };
 
-// The members of an object that has ended, for as long as they are waited with.
+// Keeps the members of an object that has ended, until they are needed.
 template <class Of>
 class Kept {
 public:
@@ -67,10 +68,10 @@ struct Level {
     const keys::Shape* shape; // of the object, or of the objects in the list; null for another list
     const keys::Row* list;    // null for an object
     const char* at;           // where it begins
-    std::uint64_t count;      // of the list: the elements that came before
-    std::uint32_t present;    // a bit for each row that was met
-    std::uint32_t row;        // whose value comes next, or noRow
-    std::uint32_t next;       // the row that the next key is held against first
+    std::uint64_t count;      // of a list: the number of elements so far
+    std::uint32_t present;    // a bit for each row that was found
+    std::uint32_t row;        // the row whose value comes next, or noRow
+    std::uint32_t next;       // the row with which the next key is compared first
     std::array<Value, mostRows> values;
 };
 
@@ -90,7 +91,7 @@ public:
         top_->row = noRow;
     }
 
-    // Before the document, and behind it, a level without a shape is the top.
+    // Before and after the document, the top is a level without a shape.
     bool isOutside() const { return top_ == levels_.data(); }
     Level& top() { return *top_; }
     const Level& top() const { return *top_; }
@@ -100,20 +101,21 @@ public:
     void enterList(const keys::Row& row, const char* at) { enter(row.inner, &row, at); }
     void leave() { --top_; }
 
-    // What follows costs nothing but a question where nobody listens.
+    // Without a listener, the following functions only check that there is none.
 
     bool isHeard() const { return listener_ != nullptr; }
-    // Of a row of the innermost object, or of one below it. `value` is null when it is missing.
+    // Reports the loss of a row of the innermost object, or of one below it. `value` is null when
+    // it is missing.
     void lost(LossReason reason, const Members& members, const keys::Row& row,
               const Value* value) const;
-    // Of a key of the innermost object.
+    // Reports the loss of a key of the innermost object.
     void lostKey(LossReason reason, std::string_view key, const char* at) const;
-    // Of an element of the innermost list.
+    // Reports the loss of an element of the innermost list.
     void lostElement(LossReason reason, std::uint64_t index, const char* at) const;
-    // Of an element of a list in the innermost object, which ended before.
+    // Reports the loss of an element of a list in the innermost object; that list has ended.
     void lostBelow(LossReason reason, std::string_view below, std::uint64_t index,
                    const char* at) const;
-    // Of the innermost object.
+    // Reports the loss of the innermost object.
     void lostObject(LossReason reason) const;
 
 private:

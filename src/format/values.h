@@ -1,4 +1,4 @@
-// A value as it stands in a document, before anyone has asked for its kind.
+// A value in a document, before its expected kind is known.
 #pragma once
 
 #include <cstdint>
@@ -20,11 +20,11 @@ struct Value {
         text,
         object,
         list,
-        refused // an object that was read and not taken
+        refused // an object that was read and refused
     };
 
-    // A value of another kind gives nothing. A text stays as long as the document; but for a whole one,
-    // it ends at its first NUL, as every text of the model does.
+    // No value for a value of another kind. A text is valid as long as the document; except for a
+    // whole text, it ends at its first NUL, as every text of the model does.
     std::optional<std::int32_t> asInteger() const
     {
         return kind == Kind::integer ? std::optional(number.integer) : std::nullopt;
@@ -37,10 +37,10 @@ struct Value {
     std::optional<std::string_view> asUtf8() const;
     std::optional<std::string_view> asWholeUtf8() const;
 
-    const char* at = nullptr; // where it stands
+    const char* at = nullptr; // where it begins
     union {
-        std::int32_t integer; // of a flag, too
-        std::uint32_t length; // of a text, which begins behind its quotation mark
+        std::int32_t integer; // also the value of a flag
+        std::uint32_t length; // of a text, which begins after its quotation mark
         double real;
     } number = {};
     Kind kind = Kind::null;

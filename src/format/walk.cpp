@@ -8,7 +8,8 @@ namespace Korvel::CANTORIS::PLX::format {
 
 namespace {
 
-// The place of a key among the rows: most documents have their keys in the order of the table.
+// The index of a key's row. The search begins at `first`, because most documents have their keys in
+// the order of the table.
 std::size_t find(std::span<const keys::Row> rows, std::string_view key, std::size_t first)
 {
     for (std::size_t place = first; place < rows.size(); ++place) {
@@ -24,12 +25,12 @@ std::size_t find(std::span<const keys::Row> rows, std::string_view key, std::siz
     return noRow;
 }
 
-// Whether the key stands there whole; its beginning does.
+// Whether the whole key is there; its beginning has been compared already.
 bool standsAt(const char* at, const char* end, std::string_view key)
 {
     constexpr std::size_t known = keys::Beginning::size;
     if (key.size() < known) {
-        return true; // with its quotation mark
+        return true; // its beginning contains the closing quotation mark
     }
     return static_cast<std::size_t>(end - at) > key.size() && at[key.size()] == '"' &&
            std::memcmp(at + known, key.data() + known, key.size() - known) == 0;
@@ -67,7 +68,7 @@ bool Walk::String(const char* utf8, json::SizeType length, bool)
     return scalar(value);
 }
 
-// A number becomes one only if it is asked for.
+// The number is only converted when its value is needed.
 bool Walk::number(const Number& number)
 {
     Value value = valueAt(text_.src_, Value::Kind::wideInteger);
@@ -133,7 +134,7 @@ bool Walk::takeExpectedKey(const char* begin)
     return true;
 }
 
-// Of repeated keys the first one counts.
+// Of repeated keys, the first one counts.
 bool Walk::Key(const char* utf8, json::SizeType length, bool)
 {
     if (passedOver_ != 0) {
@@ -240,7 +241,7 @@ bool Walk::EndArray(json::SizeType)
     return true;
 }
 
-// From the object or list that begins.
+// Ignores the object or list that begins here.
 void Walk::passOver()
 {
     const Level& level = trail_.top();
@@ -265,7 +266,7 @@ namespace Korvel::CANTORIS::PLX::format::json {
 
 namespace {
 
-// A byte of each that equals zero, marked by its highest bit. Those above the first one may be wrong.
+// Sets the highest bit of each byte that is zero. Bits above the lowest of them may be wrong.
 constexpr std::uint64_t zerosOf(std::uint64_t bytes)
 {
     return (bytes - 0x0101010101010101) & ~bytes;
@@ -276,8 +277,8 @@ constexpr std::uint64_t eightTimes(char letter)
     return std::uint64_t{0x0101010101010101} * std::uint64_t{static_cast<unsigned char>(letter)};
 }
 
-// The first byte of a string that is not taken as it stands: its end, an escape, or a control character,
-// which the text's final NUL is, too. Eight bytes at a time, as long as they lie before `end`.
+// Finds the first byte of a string that needs handling: its end, an escape, or a control character,
+// which the text's final NUL is, too. Reads eight bytes at a time, as far as they are before `end`.
 char* skipPlain(char* at, const char* end)
 {
     constexpr std::uint64_t highBits = eightTimes('\x80');
@@ -321,7 +322,7 @@ void GenericReader<CheckedUtf8, CheckedUtf8, ThrowingAllocator>::ParseNumber<par
     text.src_ += number.end - text.src_;
 }
 
-// A string without escapes stays where it is; the others are RapidJSON's.
+// Strings without escapes stay where they are; others are left to RapidJSON.
 template <>
 template <>
 // NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name): named for what they are here
@@ -369,7 +370,7 @@ bool parse(char* text, std::size_t size, const Wanted& wanted, Trail& trail, Cli
     } catch (const DocumentDefect&) {
         return false;
     }
-    // RapidJSON takes a NUL for the end of the text: whatever stands behind it was not looked at.
+    // RapidJSON takes a NUL for the end of the text, and does not check what follows it.
     return !reader.HasParseError() && stream.Tell() == size;
 }
 

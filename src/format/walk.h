@@ -1,4 +1,4 @@
-// The walk through a document: the parser's events, held against the table of keys.
+// The walk through a document: compares the parser's events with the table of keys.
 #pragma once
 
 #include <cstdint>
@@ -9,8 +9,8 @@
 
 namespace Korvel::CANTORIS::PLX::format {
 
-// Takes the parser's events, in the form that RapidJSON asks for. Of the text it keeps nothing but the
-// values of the objects that are open; what nobody asks for is passed over.
+// Receives the parser's events, in the form that RapidJSON requires. It only keeps the values of
+// the open objects; what is not in the table is ignored.
 class Walk {
 public:
     Walk(const keys::Shape& document, Trail& trail, ClipBuilder& builder, Text& text,
@@ -19,11 +19,11 @@ public:
     {
     }
 
-    // Of the text.
+    // The end of the text.
     const char* end() const { return end_; }
 
-    // Steps over a key that begins here, if it is the one that the table says comes next: most keys are,
-    // and need neither be searched for their end nor looked up.
+    // Skips a key that begins here, if it is the one that the table expects next. Most keys are,
+    // and then their end need not be searched, nor their row.
     bool takeExpectedKey(const char* begin);
 
     bool Null();
@@ -34,7 +34,7 @@ public:
     bool EndObject(json::SizeType members);
     bool StartArray();
     bool EndArray(json::SizeType elements);
-    bool number(const Number& number); // instead of RapidJSON's own
+    bool number(const Number& number); // called instead of RapidJSON's event
 
 private:
     bool isAskedFor() const
@@ -53,11 +53,11 @@ private:
     ClipBuilder& builder_;
     Text& text_;
     const char* end_;
-    std::uint64_t passedOver_ = 0; // objects and lists that are open and that nobody asks for
+    std::uint64_t passedOver_ = 0; // how many open objects and lists are ignored
 };
 
-// Parses a text that is valid UTF-8 and `size` bytes long, in place. False unless it is one JSON object
-// by the letter of the grammar, with nothing but white space around it.
+// Parses a text that is valid UTF-8 and `size` bytes long, in place. False unless it is one JSON
+// object, strictly by the grammar, with only white space around it.
 bool parse(char* text, std::size_t size, const Wanted& wanted, Trail& trail, ClipBuilder& builder);
 
 } // namespace Korvel::CANTORIS::PLX::format
