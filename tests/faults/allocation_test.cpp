@@ -1,5 +1,5 @@
-// Each kind of work when memory runs out, at each of its allocations. It either reports the failure,
-// with nothing changed, or has done without and is complete.
+// Each kind of work when memory runs out, at each of its allocations. The work either reports the
+// failure and changes nothing, or manages without the memory and is complete.
 
 #include <gtest/gtest.h>
 
@@ -19,7 +19,7 @@ class AllocationTest : public testing::TestWithParam<std::tuple<std::size_t, Fai
 protected:
     static const Work& work() { return faults::works()[std::get<0>(GetParam())]; }
 
-    // False when the work came through with fewer allocations than that.
+    // False when the work needed fewer allocations than that.
     bool failAt(long number)
     {
         world_.reset();
@@ -64,7 +64,7 @@ private:
 
 TEST_P(AllocationTest, AFailureChangesNothingAndTheNextRunSucceeds)
 {
-    failAt(1000000000); // what stays for the process has been allocated
+    failAt(1000000000); // allocates what stays until the process ends
     const long step = faults::every(7);
     long number = 1;
     while (failAt(number) && !HasFailure()) {

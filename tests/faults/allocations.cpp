@@ -44,7 +44,7 @@ constexpr auto realRealloc = __libc_realloc;
 constexpr auto realFree = __libc_free;
 #endif
 
-// A set of addresses that itself allocates nothing: the first free place from the hash on.
+// A set of addresses that itself allocates nothing: a hash table with linear probing.
 class Blocks {
 public:
     void add(void* block)
@@ -63,7 +63,7 @@ public:
         }
         places_[place] = nullptr;
         --size_;
-        // Those that had to move on for this one move back.
+        // Entries that were displaced by this one move back.
         for (place = next(place); places_[place] != nullptr; place = next(place)) {
             void* const other = places_[place];
             places_[place] = nullptr;
@@ -116,7 +116,7 @@ void* noted(void* block)
     return block;
 }
 
-// A block that stays where it is, or that could not be had, is as it was.
+// A block that keeps its address, or that could not be resized, is as it was.
 void* reallocate(void* block, std::size_t size)
 {
     const bool known = blocks.remove(block);
@@ -185,7 +185,7 @@ void free(void* block) noexcept
 
 #ifdef KRT_PLX_WITH_ADDRESS_SANITIZER
 
-// The sanitizer's own operators do not ask malloc.
+// The sanitizer's own operators do not call malloc.
 
 void* operator new(std::size_t size)
 {

@@ -1,15 +1,15 @@
-// Makes the allocations of the library fail on demand, and counts its blocks. The program's own
-// definitions of the allocation functions stand before those of the C library, so that the shipped
-// library needs no seam for it. What the C library allocates for itself, as opendir does, is no
-// concern of the library: that the system call fails for want of memory is.
+// Makes the allocations of the library fail on demand, and counts its blocks. The program defines
+// the allocation functions itself, which the loader prefers to those of the C library, so that the
+// shipped library needs no hooks. What the C library allocates for itself, as opendir does, does
+// not count: for the library that is a system call that fails because memory ran out.
 #pragma once
 
 namespace faults {
 
-// From now on the library's allocations are counted from 1, and the one of that number fails.
+// Counts the library's allocations from now on, from 1, and makes the one with that number fail.
 void failAllocation(long number);
 
-// The same, and all after it fail too.
+// The same, but all later ones fail too.
 void failAllocationsFrom(long number);
 
 struct AllocationCount {
@@ -17,7 +17,7 @@ struct AllocationCount {
     long failed;
 };
 
-// Back to normal.
+// Stops this.
 AllocationCount stopFailingAllocations();
 
 // The blocks that the library has allocated since the program began, and not freed.

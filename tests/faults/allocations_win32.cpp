@@ -41,8 +41,8 @@ void* noted(void* block)
     return block;
 }
 
-// The library and this program have the same C library: its functions here are those that the library
-// would have called.
+// The library and this program use the same C library, so the functions here are those that the
+// library would have called.
 void* allocate(std::size_t size)
 {
     return fails() ? nullptr : noted(std::malloc(size));
@@ -73,7 +73,8 @@ void release(void* block)
     std::free(block);
 }
 
-// In the table of addresses by which the library reaches the C library, from before main() on.
+// Replaces an entry in the table of imports through which the library calls the C library, before
+// main() starts.
 struct Replaced {
     Replaced()
     {

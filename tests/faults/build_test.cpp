@@ -40,8 +40,8 @@ std::string describe(const Desk& desk)
 
 using Fail = void (*)(long number);
 
-// Fails the operation at one allocation after the other until it comes through untouched. It can
-// be repeated on the same objects because a failure leaves them as they were.
+// Makes the operation fail at one allocation after another until it succeeds. It can be repeated on
+// the same objects, because a failure leaves them as they were.
 void failEverywhere(const Operation& operation, Desk& desk, Fail fail)
 {
     for (long number = 1;; ++number) {
@@ -69,7 +69,7 @@ protected:
     {
         std::filesystem::create_directories(folders.system);
         support::writeFile(wave, "RIFF");
-        // What stays for the process has been allocated, for exceptions too.
+        // Allocates what stays until the process ends, also for exceptions.
         support::createManager(folders).destroy();
         EXPECT_EQ(createWithoutMemory(), nullptr);
     }
@@ -108,7 +108,7 @@ private:
 
 class BuildTest : public BuildingTest, public testing::WithParamInterface<Fail> {
 protected:
-    // The objects live as long as the manager; then no block of theirs is left.
+    // The objects live as long as the manager; after it no block of theirs is left.
     void failEverywhereIn(const std::vector<const Operations*>& sequence)
     {
         const long before = faults::liveBlocks();
@@ -131,7 +131,7 @@ protected:
     }
 };
 
-// What the runtime keeps for each thread that throws must not need the memory that has run out.
+// The runtime's data about a thread that throws must not need memory that has run out.
 TEST_F(BuildingTest, TheFirstExceptionOfAThreadNeedsNoMemory)
 {
     for (int i = 0; i < 3; ++i) {
@@ -157,7 +157,7 @@ bool addType(const Desk& desk)
     return faults::lib(KRT_PLX_MutableFilter_addType, desk.filter, tag.c_str());
 }
 
-// Somewhere on its way a list of tags gets an index.
+// At some length a list of tags gets an index.
 TEST_P(BuildTest, AFailedTagLeavesALongListAsItWas)
 {
     const Desk desk = deskWithFilter();
@@ -173,7 +173,7 @@ TEST_P(BuildTest, AFailedTagLeavesALongListAsItWas)
             ASSERT_EQ(done, failed == 0);
         }
     }
-    EXPECT_GT(failures, 2000); // of a text each, and then of the index
+    EXPECT_GT(failures, 2000); // for a text each time, and at last for the index
     for (std::uint64_t index = 0; index < numTypes(desk); ++index) {
         EXPECT_EQ(support::utf8(KRT_PLX_Filter_type(desk.filter, index)),
                   "tag " + std::to_string(index));
@@ -198,7 +198,7 @@ protected:
     }
 };
 
-// What holds the events is one block for many of them, not for each that stayed.
+// Events are held in blocks of many events, which are freed when they are removed.
 TEST_F(EditableListTest, GivesBackTheMemoryOfWhatWasRemoved)
 {
     constexpr int sparse = 500;
@@ -229,7 +229,7 @@ INSTANTIATE_TEST_SUITE_P(Memory, BuildTest,
                              return parameter.index == 0 ? "FailsOnce" : "IsExhausted";
                          });
 
-// What is not in the list would not be tested.
+// A function that is missing in the list would not be tested.
 TEST(OperationsTest, HoldEveryFunctionThatBuildsOrEdits)
 {
     std::set<std::string, std::less<>> tested;

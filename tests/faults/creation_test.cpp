@@ -1,5 +1,5 @@
-// What other threads do while one of them creates a manager: its folders may lie on a drive that takes
-// its time, and nobody else is to wait for it.
+// What other threads can do while one of them creates a manager: its folders may be on a slow
+// drive, and nobody else must wait for it.
 #include <chrono>
 #include <filesystem>
 #include <future>
@@ -32,7 +32,7 @@ protected:
             pathText(scratch.path() / userFolder).c_str(), nullptr, 0, nullptr, 0, &code);
     }
 
-    // Creates the manager "first", and in the middle of it, on another thread, one more.
+    // Creates the manager "first" and, in the middle of that, another one on another thread.
     void createTwo(std::string_view appIDOfSecond)
     {
         std::future_status status{};

@@ -1,5 +1,5 @@
-// Nothing more can be opened, while all else works: what a program meets that has used up its file
-// descriptors. What a call has begun it takes back without opening anything.
+// Nothing more can be opened, while everything else works: as in a program that has used up its
+// file descriptors. A call must clean up what it has begun without opening anything.
 
 #include <cerrno>
 #include <string>
@@ -19,7 +19,7 @@ namespace {
 using faults::Work;
 using faults::World;
 
-// At most so many more may be open, for as long as this lives.
+// While this lives, at most this many more files can be opened.
 class DescriptorLimit {
 public:
     explicit DescriptorLimit(int more)
@@ -88,7 +88,7 @@ protected:
     {
         if (!done) {
             faults::expectSameDisk(before_, support::treeOf(world_.folder("")));
-            faults::count("changes that failed for want of descriptors");
+            faults::count("changes that failed with no descriptor left");
         }
     }
 
@@ -139,7 +139,7 @@ INSTANTIATE_TEST_SUITE_P(Changes, DescriptorTest, testing::Range<std::size_t>(0,
 
 // --- Reading ----------------------------------------------------------------------------------------------
 
-// With a pipe it asks whether an address can be read.
+// The sanitizer opens a pipe to find out whether an address can be read.
 #ifdef __SANITIZE_ADDRESS__
 constexpr int ofTheSanitizer = 2;
 #else
@@ -167,7 +167,7 @@ TEST(Reading, NeedsOneDescriptorAtATime)
 
 class ReadingBack : public testing::Test {
 protected:
-    // The last calls of a save that are about its property document, by what they do.
+    // The last calls of a save that concern its property document, by name.
     long lastCall(std::string_view name)
     {
         start();

@@ -32,7 +32,7 @@ std::int64_t now()
     return std::chrono::steady_clock::now().time_since_epoch().count();
 }
 
-// A name tells who gave it and how long it is, so that a piece of it is none.
+// A name contains its editor and its own length, so that a part of it is not a valid name.
 std::string nameOf(char editor, long number)
 {
     constexpr long lengths[] = {0, 5, 700, 40, 1500, 6000};
@@ -52,13 +52,13 @@ bool edit(KRT_PLX_ClipBase* clip, const std::string& name)
            KRT_PLX_PropertyEditor_save(editor);
 }
 
-// A clip was given this name at some time between start and end.
+// A clip was renamed to this at some time between start and end.
 struct Edit {
     std::int64_t start;
     std::int64_t end;
     bool success;
 };
-using Edits = std::map<std::string, Edit>; // of one clip, by the name
+using Edits = std::map<std::string, Edit>; // of one clip, by name
 
 class EditorsTest : public testing::Test {
 protected:
@@ -91,7 +91,7 @@ protected:
 
 class TwoEditorsTest : public EditorsTest {
 protected:
-    // In a process of its own, which leaves a list of what it has done.
+    // Runs in a process of its own, which writes a list of what it has done.
     pid_t start(char letter, long rounds)
     {
         const pid_t process = ::fork();
@@ -121,7 +121,7 @@ protected:
         return scratch_.path() / std::string(1, letter);
     }
 
-    // The reader: it finds each clip in each scan, under a whole name.
+    // The reader finds each clip in each scan, under a complete name.
     void read()
     {
         const std::int64_t start = now();
@@ -151,8 +151,8 @@ protected:
         }
     }
 
-    // By when an edit must have begun that is not later than the end of another success: the latest
-    // beginning of those that had ended by a time.
+    // For each time at which a successful edit ended, the latest start of those that had ended by
+    // then. An edit that ended before that start was overwritten, and must not be seen afterwards.
     [[nodiscard]] static std::map<std::int64_t, std::int64_t> latestStarts(const Edits& edits)
     {
         std::map<std::int64_t, std::int64_t> starts;
@@ -168,8 +168,7 @@ protected:
         return starts;
     }
 
-    // What was seen was not written after it had been seen, and nothing that had been written since
-    // was lost.
+    // Checks that nothing was seen before it was written, and that no successful edit was lost.
     void expectNoSuccessLost(const std::string& id)
     {
         const Edits& edits = edits_[id];
@@ -235,7 +234,7 @@ TEST_F(TwoEditorsTest, TearNothingAndLoseNoSuccess)
 
 // --- Two at one clip ------------------------------------------------------------------------------------
 
-// Seen by both of two processes.
+// In memory that both processes share.
 struct Start {
     std::atomic<int> ready;
 };
@@ -251,7 +250,7 @@ protected:
     }
     ~TwoAtOnceTest() override { ::munmap(start_, sizeof(Start)); }
 
-    // Both in the same moment, give or take a little, each by a program of its own.
+    // Runs both at nearly the same moment, each in a program of its own.
     struct Answers {
         bool first;
         bool second;
@@ -267,7 +266,7 @@ protected:
 
     static long rounds() { return faults::isExhaustive() ? 1000 : 40; }
 
-    // Whatever happens to "one", the others are as they were.
+    // Whatever happens to "one", the others are unchanged.
     void expectOthers(const support::OwnedManager& manager) const
     {
         for (const std::string id : {"two", "three", "four"}) {
@@ -288,7 +287,7 @@ protected:
     static bool remove(KRT_PLX_ClipBase* clip) { return KRT_PLX_UserClip_remove(clip); }
 
 private:
-    // In nanoseconds, how much later the second begins at most: by then the first has ended.
+    // In nanoseconds, the greatest delay of the second program; by then the first has ended.
     static constexpr std::size_t latest = 3000000;
 
     pid_t start(const support::OwnedManager& manager, Call call, std::int64_t pause)

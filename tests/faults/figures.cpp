@@ -28,7 +28,7 @@ public:
 };
 
 #ifndef _WIN32
-// Thousands of small folders are made and removed: where there is a disk in memory, it is used.
+// Thousands of small folders are made and removed, so a disk in memory is used if there is one.
 [[maybe_unused]] const bool usesMemory =
     std::filesystem::is_directory("/dev/shm") &&
     ::setenv("TMPDIR", "/dev/shm", 0) == 0; // NOLINT(concurrency-mt-unsafe)

@@ -1,5 +1,5 @@
-// Editing and saving on disks that take no more: with every number of blocks that are left, and every
-// size beyond which no file may grow.
+// Editing and saving on full disks: with every number of free blocks, and every limit of the file
+// size.
 
 #include <algorithm>
 #include <fstream>
@@ -20,7 +20,7 @@ using support::Tree;
 
 constexpr std::size_t longName = 20000;
 
-// Takes up what room there is, and gives it back one block after the other.
+// Uses up all free space, and frees it again one block after another.
 class Filler {
 public:
     explicit Filler(const Path& file) : file_(file)
@@ -49,7 +49,7 @@ private:
     std::uintmax_t size_ = 0;
 };
 
-// A clip of a manager of its own, and an editor of it that makes its document longer.
+// A manager with a clip, and an editor of it that makes its document longer.
 class FullDiskTest : public testing::Test {
 protected:
     void openEditor(std::size_t nameLength)
@@ -63,7 +63,7 @@ protected:
         document_ = world_.folder(world_.folderOf(world_.clip)) / "property.json";
     }
 
-    // The clip folders, without what takes up the room beside them.
+    // The clip folders, without the file that fills the disk.
     [[nodiscard]] std::map<Path, Tree> disk() const
     {
         std::map<Path, Tree> clips;
@@ -75,7 +75,7 @@ protected:
         return clips;
     }
 
-    // True says that the new document stands there, false that nothing has changed.
+    // Checks that true means the new document is there, and false that nothing has changed.
     bool edit()
     {
         const auto before = disk();
@@ -93,7 +93,7 @@ protected:
         return done;
     }
 
-    // Whether it could be saved; if not, nothing is left.
+    // Whether it could be saved; checks that otherwise nothing is left.
     bool save()
     {
         const auto before = disk();
@@ -107,7 +107,7 @@ protected:
         return result.clip != nullptr;
     }
 
-    // With no block left, with one, and so on until both succeed.
+    // With no free block, with one, and so on until both succeed.
     void fillAndChange()
     {
         openEditor(longName);
@@ -166,7 +166,7 @@ TEST_F(FullDiskTest, AFileSystemInMemory)
     world_.destroyManager();
 }
 
-// Of a disk with these mount options.
+// On a disk with these mount options.
 class FullFileSystemTest : public FullDiskTest, public testing::WithParamInterface<const char*> {};
 
 TEST_P(FullFileSystemTest, OnADisk)

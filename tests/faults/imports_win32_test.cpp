@@ -1,4 +1,4 @@
-// That the library calls nothing of the system that these tests cannot make fail.
+// Checks that the library calls no system function that these tests cannot make fail.
 #ifdef _WIN32
 
 #    include <algorithm>
@@ -12,7 +12,7 @@
 
 namespace {
 
-// What cannot fail, what closes, and what the C++ runtime calls for itself.
+// Functions that cannot fail, that close something, or that the C++ runtime calls for itself.
 const std::regex harmless(
     "mem\\w+|str\\w+|wcslen|_nextafter|Sleep|SwitchToThread|(Acquire|Release)SRWLockExclusive|"
     "(Get|Set)LastError|RtlNtStatusToDosError|GetSystemTimeAsFileTime|CloseHandle|FindClose|"
@@ -21,7 +21,7 @@ const std::regex harmless(
     "GetProcAddress|_amsg_exit|_initterm|_errno|_(un)?lock|__iob_func|f(put[cs]|write)|vfprintf|"
     "_read|_close|localeconv|___lc_codepage_func|___mb_cur_max_func|IsDBCSLeadByteEx|"
     "MultiByteToWideChar|WideCharToMultiByte|"
-    "FormatMessageA|LocalFree|getenv"); // of the runtime of GCC 14: texts of errors, and its tunables
+    "FormatMessageA|LocalFree|getenv"); // by the runtime of GCC 14: messages of errors, and its settings
 
 TEST(Imports, AreMadeToFailOrHarmless)
 {

@@ -1,5 +1,5 @@
-// The process is killed at each system call of saving, editing and removing, and in the middle of each
-// write. The next host scans without trouble, and every other clip is whole.
+// The process is killed at each system call of saving, editing and removing, and in the middle of
+// each write. Another host then scans without error, and every other clip is whole.
 
 #include <csignal>
 #include <iostream>
@@ -31,7 +31,7 @@ constexpr std::array killed = {
     "remove an audio clip, its part not read",
 };
 
-// The folder below "user" that one tree has and another has not, as a path in the tree.
+// The folder below "user" that is in one tree and not in the other, as a path in the tree.
 std::string newFolder(const Tree& tree, const Tree& other)
 {
     for (const auto& [path, content] : tree) {
@@ -42,7 +42,7 @@ std::string newFolder(const Tree& tree, const Tree& other)
     return {};
 }
 
-// Only the files of one folder, by their names in it, with its ID made known.
+// Only the files of one folder, by their names in it, with its ID replaced by a known one.
 Tree filesIn(const Tree& tree, const std::string& folder)
 {
     Tree files;
@@ -56,7 +56,7 @@ Tree filesIn(const Tree& tree, const std::string& folder)
     return files;
 }
 
-// Of which state a file is: that before the work, that after it, or one in between.
+// Which content a file has: that before the work, that after it, or something in between.
 std::string stateOf(const std::string& name, const std::string& content, const Tree& before,
                     const Tree& finished)
 {
@@ -99,7 +99,7 @@ protected:
         folder_ = world_.clip == nullptr ? "" : world_.folderOf(world_.clip);
     }
 
-    // What there is to be killed at, and what would come of it.
+    // Finds the calls at which it can be killed, and the result without a kill.
     SystemCalls rehearse()
     {
         start();
@@ -128,7 +128,7 @@ protected:
         world_.destroyManager();
     }
 
-    // A row of the table of what can be left: what is there, and what the next host makes of it.
+    // A row of the table of what can be left: the files, and what the next host reads from them.
     std::string look()
     {
         const Tree disk = support::treeOf(world_.folder(""));
@@ -155,7 +155,7 @@ protected:
         return hasPart ? "listed, whole" : "listed, `readPart` says false";
     }
 
-    // Of the clip that is being saved, or that is there.
+    // The clip file of the clip that is being saved, or of the existing one.
     std::string expectedData()
     {
         const Tree files = folder_.empty() ? finished_ : filesIn(before_.disk, folder_);

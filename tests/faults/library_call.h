@@ -1,12 +1,12 @@
-// Calls into the library, marked as such: what the program does by itself is never disturbed.
+// Marks calls into the library: calls that the program makes itself are never disturbed.
 #pragma once
 
 namespace faults {
 
-// Whether the library is at work. One thread alone disturbs and is disturbed.
+// Whether the library is working. Only one thread disturbs it and is disturbed.
 extern bool insideLibrary;
 
-// For a stretch of code, the library is at work or is not.
+// Sets this for a scope.
 class Inside {
 public:
     explicit Inside(bool inside) : before_(insideLibrary) { insideLibrary = inside; }

@@ -26,7 +26,7 @@ bool run(const std::string& command)
     return std::system(line.c_str()) == 0; // NOLINT(concurrency-mt-unsafe)
 }
 
-// What this process mounts ends with it, even if it is killed.
+// Mounts of this process end with it, even if it is killed.
 bool haveOwnMounts()
 {
     static const bool own = ::unshare(CLONE_NEWNS) == 0 &&
@@ -34,7 +34,7 @@ bool haveOwnMounts()
     return own;
 }
 
-// Nothing but the disk that was made here must ever be shut down.
+// Only the disk that was made here may ever be shut down.
 bool isDiskOfItsOwn(const support::Path& folder)
 {
     struct stat inner;

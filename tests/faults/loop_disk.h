@@ -7,23 +7,23 @@
 
 namespace faults {
 
-// ext4 on a loop device, mounted on a folder. It begins with what the folder holds. Only this process
-// and its children see it; it ends with them.
+// ext4 on a loop device, mounted on a folder, with the folder's old content. Only this process and
+// its children see it; it ends with them.
 class LoopDisk {
 public:
-    // Further mount options, behind a comma.
+    // `options` are further mount options, after a comma.
     LoopDisk(const support::Path& folder, const support::Path& image, const std::string& options);
     LoopDisk(const LoopDisk&) = delete;
     LoopDisk& operator=(const LoopDisk&) = delete;
     ~LoopDisk();
 
-    // Why there is none; empty when there is one.
+    // Why the disk could not be made; empty when it was.
     [[nodiscard]] const std::string& missing() const { return missing_; }
 
-    // From now on nothing reaches the disk, and what has not reached it is lost.
+    // From now on nothing reaches the disk; what has not been written to it is lost.
     void cutPower() const;
 
-    // After that: mounted again, as after the next start of the computer.
+    // Mounts the disk again after that, as after a restart of the computer.
     void restart();
 
 private:

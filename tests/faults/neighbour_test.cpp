@@ -1,5 +1,5 @@
-// Others are at work in the same folders: between any two system calls files and folders vanish,
-// appear, or become something else. Only the clip that they touch may suffer.
+// Other programs work in the same folders: between any two system calls files and folders vanish,
+// appear, or are replaced. Only the clip that these programs touch may be affected.
 
 #include <algorithm>
 #include <array>
@@ -35,7 +35,7 @@ constexpr std::array disturbedWorks = {
     "remove an audio clip",
 };
 
-// What the neighbour does to a clip's folder, which may not be there (any more).
+// What another program does to a clip's folder, which may not exist (any more).
 struct Deed {
     const char* name;
     void (*commit)(const Path& folder, const Path& elsewhere);
@@ -79,7 +79,7 @@ void putFolders(const Path& folder, const Path&)
     std::filesystem::create_directories(clipFile(folder) / "deep");
 }
 
-// The folder has files of the same names as that of the wave file.
+// Replaces the audio folder by a link to one that has files with the same names as the wave file.
 void leadElsewhere(const Path& folder, const Path& elsewhere)
 {
     if (std::filesystem::is_directory(folder / "audio")) {
@@ -116,7 +116,7 @@ class NeighbourTest : public testing::TestWithParam<const char*> {
 protected:
     static const Work& work() { return faults::workNamed(GetParam()); }
 
-    // What hangs at a pipe would hang for ever.
+    // Without a limit, a call that opens a pipe would wait for ever.
     void SetUp() override
     {
         ::alarm(300);
@@ -136,7 +136,7 @@ protected:
         victim_ = chooseVictim();
     }
 
-    // The folder of the clip that the work is about; for a scan, one of an audio clip.
+    // The folder of the clip that the work changes; for a scan, that of an audio clip.
     [[nodiscard]] Path chooseVictim() const
     {
         if (world_.clip != nullptr) {
@@ -151,7 +151,7 @@ protected:
         return {};
     }
 
-    // That of the clip that is just being saved, if there is one already.
+    // The folder of the clip that is being saved, if there is one already.
     [[nodiscard]] Path newFolder() const
     {
         for (const auto& entry : std::filesystem::directory_iterator(world_.folder("user"))) {
@@ -186,7 +186,7 @@ protected:
         return id != victim_.filename() && id != "appeared";
     }
 
-    // Of the clips that nobody has touched, none is lost or changed.
+    // None of the clips that nobody has touched is lost or changed.
     void expectOthers(const std::map<std::string, std::string>& expected,
                       const std::map<std::string, std::string>& found) const
     {

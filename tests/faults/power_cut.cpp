@@ -23,7 +23,7 @@ std::string relativeTo(const support::Path& root, const std::string& path)
     return relative == "." ? "" : relative.string();
 }
 
-// The folder in which a path is an entry, as a tree spells it; the root itself is empty.
+// The folder that contains the path, as a tree spells it; empty for the root itself.
 std::string folderOf(const std::string& path)
 {
     const std::size_t end = path.rfind('/');
@@ -35,14 +35,14 @@ bool isOfContent(const Change& change)
     return change.kind == Kind::write || change.kind == Kind::cut;
 }
 
-// Whether the second, a synchronisation, keeps the first.
+// Whether the first argument, a synchronisation, keeps the change.
 bool keeps(const Change& sync, const Change& change)
 {
     return sync.kind == Kind::sync &&
            sync.path == (isOfContent(change) ? change.path : folderOf(change.path));
 }
 
-// Where a write can break off, within it.
+// The places at which a write can be cut off.
 std::set<std::size_t> breaks(const Change& write)
 {
     const std::size_t size = write.bytes.size();
@@ -61,7 +61,8 @@ std::string nameOf(const Change& change)
     return std::string(names[static_cast<std::size_t>(change.kind)]) + " " + change.path;
 }
 
-// An entry in a folder that is not there itself is nowhere. The path of a folder ends with a slash.
+// An entry of a folder that is not there itself cannot be made. The path of a folder ends with a
+// slash.
 void makeEntry(support::Tree& tree, const std::string& path, const char* ending)
 {
     const std::string folder = folderOf(path);
@@ -70,7 +71,7 @@ void makeEntry(support::Tree& tree, const std::string& path, const char* ending)
     }
 }
 
-// With everything in it, as nobody reaches that any more.
+// Removes everything in it too, because nothing can reach that any more.
 void removeEntry(support::Tree& tree, const std::string& path)
 {
     std::erase_if(tree, [&](const auto& entry) {

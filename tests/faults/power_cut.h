@@ -1,4 +1,4 @@
-// What a disk may hold after its power was cut.
+// What can be on a disk after a power cut.
 #pragma once
 
 #include <cstddef>
@@ -12,38 +12,42 @@
 
 namespace faults {
 
-// A disk on which changes are being made. What has not been synchronised when the power goes may be
-// there or not, each change for itself:
-// - An entry of a folder, made or removed, is the folder's: synchronising the folder keeps it.
-// - Bytes written and a new length are the file's. A file becomes longer only together with its content.
-//   What lies within the old length can be there without the rest.
+// A disk on which changes are made. When the power fails, each change that has not been
+// synchronised may or may not be on the disk, independently of the others:
+// - Entries that are made or removed belong to their folder: synchronising the folder keeps them.
+// - Written bytes and a new length belong to the file. A file becomes longer only together with its
+//   content. Changes within the old length can be there without the rest.
 // - A write of up to 4,096 bytes that stays within one page of the file is there or not. A longer one
-//   can break off at each multiple of 512 bytes, and its beginning can be missing as well as its end.
+//   can be cut off at each multiple of 512 bytes, and its beginning can be missing as well as its end.
 class PowerCut {
 public:
-    // The disk below `root` as it was, and what was then done to it.
+    // The content of the disk below `root`, and the changes that were then made to it.
     PowerCut(const support::Path& root, support::Tree before, const Changes& changes);
 
     struct State {
         support::Tree tree;
-        std::vector<std::string> torn; // files in which one content was partly replaced by another
+        std::vector<std::string>
+            torn; // files in which one content was only partly replaced by another
         std::string description;
     };
 
-    // States in which the disk may be when the power goes after that many of the changes. All of them,
-    // if they are not more than `most`. Otherwise those in which one change is missing or torn, with and
-    // without what follows it, and others by chance: as many, or `most` of them if all is false.
+    // States in which the disk may be when the power fails after that many of the changes. All of
+    // them, if there are at most `most`. Otherwise those in which one change is missing or cut off,
+    // with and without the later ones, and others chosen at random: as many, or `most` of them if
+    // all is false.
     struct Sample {
         std::size_t most;
         bool all;
     };
-    // How many there were. States that have been visited since forget() are not visited again.
+    // Returns how many there were. States that have been visited since forget() are not visited
+    // again.
     std::size_t forEachState(std::size_t count, const Sample& sample, support::Random& random,
                              const std::function<void(const State&)>& visit);
     void forget() { visited_.clear(); }
 
 private:
-    // Which bytes of a write are there: from first to last; those beyond the file's end only if it grows.
+    // Which bytes of a write are on the disk: from first to last; those beyond the file's end only
+    // if it grows.
     struct Part {
         std::size_t first;
         std::size_t last;
@@ -51,7 +55,7 @@ private:
     };
     struct Step {
         Change change;
-        std::vector<Part> parts; // the first is nothing, the second everything
+        std::vector<Part> parts; // the first one is nothing, the second everything
     };
     // The number of a part for each change that is not synchronised.
     using Choice = std::vector<std::size_t>;
@@ -72,7 +76,7 @@ private:
     std::vector<std::size_t> visited_; // sorted
 };
 
-// Makes what stands below a folder what a tree says.
+// Makes the content of a folder equal to a tree.
 class DiskWriter {
 public:
     explicit DiskWriter(support::Path root);

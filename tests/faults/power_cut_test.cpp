@@ -1,6 +1,6 @@
-// The power goes between any two changes that saving, editing and removing make to the disk. What has
-// been reported as saved is whole, an edited clip is the old or the new one, and every other clip is as
-// it was.
+// The power fails between any two changes that saving, editing and removing make to the disk. What
+// was reported as saved is whole, an edited clip is the old or the new one, and all other clips are
+// unchanged.
 
 #include <algorithm>
 #include <optional>
@@ -34,7 +34,7 @@ protected:
         writer_.emplace(session_.root());
     }
 
-    // All that can be left while the program goes from one report to the next.
+    // Tries every state that can be left between one report of the program and the next.
     void cutBetween(const Session::Report& from, const Session::Report& to)
     {
         disk_->forget();

@@ -11,7 +11,7 @@ using support::text;
 
 namespace {
 
-// Below the folder of user clips, so that it is on the same disk.
+// It is below the folder of user clips, so that it is on the same disk.
 constexpr std::string_view newUserFolder = "user/new/and/deep";
 
 std::string descriptionIn(const Seen& seen, const std::string& id)
@@ -26,7 +26,7 @@ void Session::start(std::string_view userFolder)
 {
     userFolder_ = userFolder;
     reports_ = {{0, see()}};
-    std::filesystem::remove_all(world_.folder("user/new")); // which the other host has made
+    std::filesystem::remove_all(world_.folder("user/new")); // made by the other host
     const int disk = ::open(world_.folder("user").c_str(), O_RDONLY | O_DIRECTORY);
     EXPECT_EQ(::syncfs(disk), 0);
     ::close(disk);
@@ -134,14 +134,14 @@ void saveThrice(Session& session)
     save(session, faults::aiOperations(), {});
 }
 
-// The clip whose document is edited; with its notes, the document is no help to it.
+// The clip whose document is edited. It has notes, so it is not listed without the document.
 support::Path documentOf(World& world, std::string_view name)
 {
     world.scan();
     return world.folder(world.folderOf(world.userClip(name))) / "property.json";
 }
 
-// An editor knows nothing of the edits before: each writes all that it has.
+// An editor starts empty, so each edit writes all properties.
 void edit(Session& session, std::size_t length)
 {
     World& world = session.world();
@@ -161,7 +161,7 @@ void editInTurn(Session& session)
     (edit(session, Lengths), ...);
 }
 
-// From a length to the same, whatever the clip's tags are.
+// Replaces the document by one of the same length, whatever tags the clip has.
 void editEqual(Session& session)
 {
     World& world = session.world();
@@ -182,7 +182,7 @@ void editEncoded(Session& session)
     editInTurn<Lengths...>(session);
 }
 
-// The clip is not listed without it.
+// Edits a clip that is not listed without its document.
 template <std::size_t Length>
 void editMissing(Session& session)
 {
@@ -193,7 +193,7 @@ void editMissing(Session& session)
     edit(session, Length);
 }
 
-// The clip is listed by its clip file alone.
+// Edits a clip that has only its clip file.
 void editWithoutDocument(Session& session)
 {
     World& world = session.world();

@@ -1,4 +1,4 @@
-// What programs do that change clips, for tests that stop the disk in the middle of it.
+// Programs that change clips, for tests that stop the disk in the middle.
 #pragma once
 
 #include <functional>
@@ -12,14 +12,15 @@
 
 namespace faults {
 
-// Clips by their IDs, with all that is in them.
+// The descriptions of clips, by ID.
 using Seen = std::map<std::string, std::string>;
 
-// One run of a program. What it makes ready comes before its start; after each call of the library that
-// changes the disk it reports.
+// One run of a program. It prepares everything before its start; after each call of the library
+// that changes the disk it reports.
 class Session {
 public:
-    // What happens at the start, and whether another host looks after each success.
+    // `begin` is called at the start; `looks` says whether another host reads the clips after each
+    // success.
     Session(World& world, std::function<void()> begin, bool looks)
         : world_(world), begin_(std::move(begin)), looks_(looks)
     {
@@ -34,7 +35,7 @@ public:
         std::size_t changes; // made until then, if they are recorded
         Seen seen;
     };
-    // What was to be seen at the start and after each success.
+    // What could be seen at the start and after each success.
     [[nodiscard]] const std::vector<Report>& reports() const { return reports_; }
     [[nodiscard]] std::size_t successes() const { return successes_; }
     [[nodiscard]] std::size_t failures() const { return failures_; }
@@ -42,7 +43,7 @@ public:
     // What another host sees, with all parts read.
     [[nodiscard]] Seen see() const;
 
-    // What the programs change lies below it; and how it was at the start.
+    // Everything that the programs change is below it; and its content at the start.
     [[nodiscard]] support::Path root() const { return world_.folder("user").parent_path(); }
     [[nodiscard]] const support::Tree& before() const { return before_; }
 
@@ -63,8 +64,9 @@ struct Program {
 };
 const std::vector<Program>& programs();
 
-// That each clip is as it was or as it will be. One that is about to come or to go may be without its
-// part, and so may one of those that were removed before: the disk is not waited for then.
+// Checks that each clip has its old or its new content. A clip that is about to be made or removed
+// may be without its part, and so may a clip that was removed before, because removals do not wait
+// for the disk.
 void expectBetween(
     const Seen& old, const Seen& next, const Seen& removed, const Seen& now,
     const std::function<bool(const std::string& id)>& isExempt = [](const auto&) { return false; });

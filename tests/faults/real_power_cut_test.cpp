@@ -1,5 +1,5 @@
-// The power of a real file system is cut while programs save, edit and remove. Only scripts/torture
-// does it, and only where it may.
+// The power of a real file system is cut while programs save, edit and remove. This only runs in
+// scripts/torture, and only if it has the rights.
 
 #include <algorithm>
 #include <fcntl.h>
@@ -19,7 +19,8 @@ using faults::Program;
 using faults::Seen;
 using faults::Session;
 
-// The second without the care that ext4 takes of files that are cut short and written anew.
+// The second one turns off the special handling of ext4 for files that are cut off and written
+// again.
 constexpr const char* options[] = {"", ",noauto_da_alloc"};
 
 // Programs that save make new IDs each time.
@@ -51,8 +52,8 @@ protected:
         disk_.emplace(world_.folder("user"), world_.wave().replace_filename("image"), mountOptions);
     }
 
-    // The journal reaches the disk, with what it knows of other files: their names and lengths, but not
-    // the content that still waits in memory. So it goes every few seconds.
+    // The journal reaches the disk with names and lengths of other files, but without the content
+    // that is still in memory. A real system writes it every few seconds.
     void writeJournal() const
     {
         const int file =
@@ -78,7 +79,8 @@ protected:
         return session;
     }
 
-    // After as many successes, as the undisturbed program has left it, or as its next call would have.
+    // Checks that the clips are as after this number of successes of the undisturbed program, or as
+    // after the next one.
     void expectLeft(const Session& session) const
     {
         const Seen first = reports_.front().seen;
@@ -94,7 +96,7 @@ protected:
                               withoutNewIDs(session.see(), first));
     }
 
-    std::vector<Session::Report> reports_; // of the program when nothing disturbs it
+    std::vector<Session::Report> reports_; // of the undisturbed program
 };
 
 TEST_P(RealPowerCutTest, AfterwardsLeavesWhatWasReported)
@@ -138,7 +140,7 @@ TEST_P(RealPowerCutTest, AtEachCallLeavesTheOldOrTheNew)
     }
 }
 
-// Without which the others would show nothing.
+// Without this, the other tests would show nothing.
 TEST_P(RealDiskTest, LosesWhatIsNotWaitedFor)
 {
     const support::Path file = world_.folder("user") / "file";
@@ -155,12 +157,12 @@ TEST_P(RealDiskTest, LosesWhatIsNotWaitedFor)
     EXPECT_EQ(support::readFile(file), "");
 }
 
-// In the test command there is none of this.
+// The test command runs none of these.
 std::vector<Program> programsToCut()
 {
     std::vector<Program> some =
         faults::isExhaustive() ? faults::programs() : std::vector<Program>();
-    // The new clips of this one cannot be told from each other.
+    // The new clips of this program cannot be distinguished.
     std::erase_if(some, [](const Program& program) {
         return std::string_view(program.name) == "save_three_clips";
     });

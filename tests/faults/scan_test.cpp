@@ -1,5 +1,5 @@
-// A scan that lacks memory, or meets what it should not read twice: one failure costs one clip, or one
-// folder that could not be listed.
+// A scan without enough memory, and what a scan must not read twice: one failure costs one clip, or
+// one folder that could not be listed.
 
 #include <algorithm>
 #include <filesystem>
@@ -23,7 +23,7 @@ using support::Path;
 
 using IDs = std::set<std::string>;
 
-// Clips "a1", "a2" and so on in the folders of those letters, each in a folder of its own.
+// Clips "a1", "a2" and so on in folders with these letters, each in a folder of its own.
 class ScanTest : public testing::Test {
 protected:
     ScanTest()
@@ -34,7 +34,7 @@ protected:
             for (int number = 1; number <= clipsEach; ++number) {
                 const std::string id = letter + std::to_string(number);
                 all_.insert(id);
-                // Each third one has its properties in its clip file.
+                // Every third clip has its properties in its clip file.
                 support::addClip(
                     group / id,
                     number % 3 == 0 ? std::nullopt : std::optional(support::propertyDocument(id)),
@@ -58,7 +58,7 @@ protected:
         return ids;
     }
 
-    // Whether they all lie in one folder: that of a letter, or a clip directory.
+    // Whether they are all in one folder: that of a letter, or a clip directory.
     [[nodiscard]] bool areOfOneFolder(const IDs& ids) const
     {
         const auto sameLetter = [&](const std::string& id) { return id[0] == (*ids.begin())[0]; };
@@ -88,7 +88,7 @@ protected:
 
 TEST_F(ScanTest, AFailedAllocationCostsOneClipOrOneFolder)
 {
-    EXPECT_EQ(scan(), KRT_PLX_RESULT_OK); // what stays for the process has been allocated
+    EXPECT_EQ(scan(), KRT_PLX_RESULT_OK); // allocates what stays until the process ends
     long begun = 0;                       // the first allocation that belongs to a clip or a folder
     long clips = 0;
     long listings = 0;
@@ -118,8 +118,8 @@ TEST_F(ScanTest, AFailedAllocationCostsOneClipOrOneFolder)
     EXPECT_GT(clips, static_cast<long>(all_.size()));
     EXPECT_GT(clips, 5 * listings);
     EXPECT_TRUE(missing().empty());
-    faults::count("scans that lost one clip for want of memory", clips);
-    faults::count("scans that lost one folder for want of memory", listings);
+    faults::count("scans out of memory that lost one clip", clips);
+    faults::count("scans out of memory that lost one folder", listings);
 }
 
 TEST_F(ScanTest, AMissingDirectoryIsReportedBeforeAWantOfMemory)

@@ -1,5 +1,5 @@
 // Each kind of work when a system call fails: every call that it makes, one at a time, with each of
-// the errors that occur in life. And when calls are interrupted, or read and write less than asked.
+// the usual errors. Also when calls are interrupted, or read and write less than asked.
 
 #include <algorithm>
 #include <array>
@@ -45,7 +45,7 @@ std::set<std::string> keysOf(const std::map<std::string, std::string>& map)
 
 using Disturb = void (*)(long number, int error);
 
-// Whether a failure leaves the disk as it was, when all else works.
+// Whether the work leaves the disk unchanged after one failure.
 bool takesBack(const Work& work)
 {
     return work.name.starts_with("save") || work.name.starts_with("edit");
@@ -55,7 +55,7 @@ class SystemCallTest : public testing::TestWithParam<std::size_t> {
 protected:
     static const Work& work() { return faults::works()[GetParam()]; }
 
-    // Runs the work undisturbed and tells how many calls it makes.
+    // Runs the work undisturbed and returns how many calls it makes.
     long countCalls()
     {
         start();
@@ -111,7 +111,7 @@ protected:
         }
     }
 
-    // Which clips a scan has lost, and that it lost them because of that call alone.
+    // Checks that a scan has only lost clips that depend on the failing call.
     void expectOnlyConcernedAreLost()
     {
         const auto listed = faults::describeListed(world_.manager);
@@ -162,8 +162,8 @@ TEST_P(SystemCallTest, AFailureIsReportedOrTheWorkIsDone)
     }
 }
 
-// The clean-up after a failure fails as well: what is left is nothing that a scan lists. From then
-// on nothing can be deleted; at the end, nothing at all can be done any more.
+// The clean-up after a failure fails as well: what is left must not be listed. First only deletions
+// fail from then on, then every call.
 TEST_P(SystemCallTest, AFailureThatCannotBeCleanedUpShowsNoClip)
 {
     const long calls = countCalls();
@@ -225,7 +225,7 @@ TEST_P(SystemCallTest, ShortReadsAndWritesChangeNothing)
 
 class WritingTest : public SystemCallTest {};
 
-// Of a document that is being changed a piece is written already.
+// A part of the new document has been written already.
 TEST_P(WritingTest, AWriteThatBreaksOffIsTakenBack)
 {
     constexpr std::size_t bytes = 100;

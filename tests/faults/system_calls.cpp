@@ -99,7 +99,7 @@ bool begin(const char* name, Place place, Kind kind)
     return failing;
 }
 
-// The call of the library, or what it gets instead.
+// Makes the call of the library, or disturbs it.
 template <class Place, class Result, class Call>
 Result disturbed(const char* name, Place place, Result failure, Call call, Kind kind = Kind::other)
 {
@@ -111,7 +111,7 @@ Result disturbed(const char* name, Place place, Result failure, Call call, Kind 
     return call();
 }
 
-// Remembers what a call has changed, and passes its result on.
+// Records what a call has changed, and returns its result.
 template <class Result, class Place>
 Result noted(Result result, Change::Kind kind, Place what, off_t place = 0,
              std::string_view bytes = {})
@@ -250,13 +250,13 @@ int openat(int folder, const char* path, int flags, ...)
                         flags);
 }
 
-// What a call without a mode becomes when the compiler checks the arguments.
+// The compiler turns an open() without a mode into this when it checks the arguments.
 int __openat_2(int folder, const char* path, int flags)
 {
     return ::openat(folder, path, flags);
 }
 
-// Whatever it answers, the descriptor is gone.
+// Even when it fails, the descriptor is closed.
 int close(int file)
 {
     static const auto real = next<decltype(&::close)>("close");

@@ -1,5 +1,5 @@
-// Disturbs the system calls of the library. The program's own definitions stand before those of the
-// C library, so that the shipped library needs no seam for it.
+// Disturbs the system calls of the library. The program defines these functions itself, which the
+// loader prefers to those of the C library, so that the shipped library needs no hooks.
 #pragma once
 
 #include <cstddef>
@@ -12,55 +12,57 @@ namespace faults {
 
 struct SystemCall {
     std::string name;
-    std::string path; // what it is about; of an open file, the path by which the system knows it
+    std::string path; // the path concerned; for an open file, the path that the system reports
 };
 using SystemCalls = std::vector<SystemCall>;
 
-// What a call has done to the disk, or made the disk keep.
+// What a call has changed on the disk, or synchronised.
 struct Change {
     enum class Kind { makeFile, makeFolder, write, cut, remove, sync };
     Kind kind;
     std::string path;
-    std::uint64_t place = 0; // where the bytes are written, or where the file ends now
+    std::uint64_t place = 0; // where the bytes were written, or the new end of the file
     std::string bytes = {};
 };
 using Changes = std::vector<Change>;
 
 // Each of these counts the library's system calls from 1, from now on.
 
-// Remembers the calls and disturbs none.
+// Records the calls, without disturbing them.
 void recordCalls();
 
-// Remembers what is changed as well, from now on.
+// Records the changes as well, from now on.
 void recordChanges();
 const Changes& changesSoFar();
 
-// The call of that number fails. EINTR is only given to calls that know it.
+// The call with that number fails. EINTR is only returned by calls that can return it.
 void failCall(long number, int error);
 
-// The same, and each call reads or writes this many bytes at most: what it reads or writes breaks off.
+// The same, but each call reads or writes at most this many bytes, so that reading or writing is
+// cut off.
 void failCallAndShorten(long number, int error, std::size_t bytes);
 
-// As failCall, and all calls after it that would delete something fail too.
+// As failCall, but all later calls that would delete something fail too.
 void failCallAndDeleting(long number, int error);
 
-// As failCall, and all calls after it fail too.
+// As failCall, but all later calls fail too.
 void failCallsFrom(long number, int error);
 
-// From the call of that number on nothing can be opened; all else works.
+// From the call with that number on nothing can be opened; everything else works.
 void failOpeningFrom(long number, int error);
 
-// Each call reads or writes this many bytes at most.
+// Each call reads or writes at most this many bytes.
 void limitTransfers(std::size_t bytes);
 
-// Just before the call of that number something else happens.
+// Calls `act` just before the call with that number.
 void actBefore(long number, std::function<void()> act);
 
-// The process is killed just before the call of that number; or, when that writes, half-way.
+// The process is killed just before the call with that number, or half-way if that call writes.
 enum class Moment { before, halfWay };
 void killAt(long number, Moment moment);
 
-// Back to normal; the calls since. Paths are known of the recorded ones and of the one that failed.
+// Stops this, and returns the calls since. Only recorded calls, and the one that failed, have
+// paths.
 SystemCalls stopDisturbing();
 
 } // namespace faults

@@ -34,7 +34,7 @@ Plan plan;
 SystemCalls calls;
 std::unique_ptr<support::DisturbedCalls> disturbed;
 
-// What the tests name by the numbers of the C library.
+// The errors that the tests name by numbers of the C library.
 DWORD errorOf(int number)
 {
     static const std::map<int, DWORD> errors = {{ENOSPC, ERROR_DISK_FULL},
@@ -55,7 +55,7 @@ std::string describe(const support::DisturbedCalls::Call& call)
         path.erase(0, 4);
     }
     if (path.ends_with(L"\\*")) {
-        path.resize(path.size() - 2); // of a folder that is listed
+        path.resize(path.size() - 2); // "\*" after a folder that is listed
     }
     std::replace(path.begin(), path.end(), L'\\', L'/');
     return support::utf8(path);

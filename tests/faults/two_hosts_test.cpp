@@ -1,4 +1,4 @@
-// Two processes at work in one user folder: scanning, saving, editing and removing at the same time.
+// Two processes work in one user folder: they scan, save, edit and remove at the same time.
 
 #include <fstream>
 #include <iostream>
@@ -24,7 +24,7 @@ using support::utf8;
 
 constexpr std::size_t mostClips = 12;
 
-// A part tells by its style how many notes it has to have.
+// The style of a part says how many notes it must have.
 void buildClip(KRT_PLX_ClipBase* clip, std::uint32_t notes)
 {
     KRT_PLX_PartBase* const part = support::createMidiPart(clip);
@@ -41,7 +41,7 @@ bool isWhole(KRT_PLX_ClipBase* clip)
                                   std::to_string(countOf(KRT_PLX_MidiPartBase_numNotes, part));
 }
 
-// One host, which changes its own clips only and looks at all.
+// One host, which changes only its own clips and reads all.
 class Host {
 public:
     Host(const support::Folders& folders, char letter)
@@ -108,8 +108,8 @@ private:
         }
     }
 
-    // No clip of this host is lost, and no clip of the other is seen that has a part but not all of
-    // it.
+    // No clip of this host is lost, and no clip of the other has a part with some of its notes
+    // missing.
     void scan()
     {
         EXPECT_EQ(KRT_PLX_Manager_readUserClipFiles(manager_.get()), KRT_PLX_RESULT_OK);
@@ -148,7 +148,8 @@ class TwoHostsTest : public testing::Test {
 protected:
     TwoHostsTest() { std::filesystem::create_directories(folders_.system); }
 
-    // In a process of its own; it leaves a list of its clips, and how many of the other's it has read.
+    // Runs in a process of its own, which writes a list of its clips, and how many of the other's
+    // it has read.
     pid_t start(char letter, int operations)
     {
         const pid_t process = ::fork();

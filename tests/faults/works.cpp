@@ -132,7 +132,7 @@ void openEditorAndLoseTheDocument(World& world)
     std::filesystem::remove(world.folder(world.folderOf(world.clip) + "property.json"));
 }
 
-// A new editor is part of the work: until it is saved nothing of the clip changes.
+// The work includes a new editor: until it is saved, nothing of the clip changes.
 bool fillEditor(World& world)
 {
     KRT_PLX_PropertyEditor* const editor = lib(KRT_PLX_UserClip_createPropertyEditor, world.clip);

@@ -1,4 +1,4 @@
-// What a host does with the library, one kind of work after the other.
+// What a host does with the library: one work for each kind of call.
 #pragma once
 
 #include <string>
@@ -10,17 +10,17 @@ namespace faults {
 
 struct Work {
     std::string name;
-    bool lists; // a scan: without some of its files it does what it can
+    bool lists; // a scan: it may lose some files and still succeed
     bool usesDisk;
 
     void (*prepare)(World& world);
-    bool (*run)(World& world); // nothing but calls of the library; false when it reports a failure
+    bool (*run)(World& world); // only calls the library; false when the library reports a failure
 
-    // After a run that reported success.
+    // Called after a run that reported success.
     void (*expectDone)(World& world);
 
-    // What a failure of the system may leave changed on disk: paths that begin so. When memory runs
-    // out nothing changes, except that a folder may have been made.
+    // The beginnings of the paths that may be changed on disk after a failure of the system. When
+    // memory runs out nothing changes, except that a folder may have been made.
     std::string (*mayTouch)(World& world);
     std::string_view mayMake = {};
 };
@@ -28,7 +28,7 @@ struct Work {
 const std::vector<Work>& works();
 const Work& workNamed(std::string_view name);
 
-// The name of a work, in the form that a test's may have.
+// The name of a work, as a name of a test.
 std::string caseName(std::string work);
 
 } // namespace faults

@@ -1,4 +1,4 @@
-// Clip folders with a little of everything, and a host at work on them.
+// Clip folders with a little of everything, and a host that uses them.
 #pragma once
 
 #include <map>
@@ -12,7 +12,7 @@
 
 namespace faults {
 
-// What can be seen of a world. Clips are described with all that is in them, by their IDs.
+// What can be seen of a world. Clips are described with everything in them, by ID.
 struct Sight {
     std::map<std::string, std::string> listed;
     std::string editable;
@@ -30,7 +30,7 @@ public:
     World& operator=(const World&) = delete;
     ~World();
 
-    // No manager, and the clip folders as they were in the beginning.
+    // Destroys the manager, and restores the clip folders as they were at the beginning.
     void reset();
 
     void createManager(std::string_view userFolder = "user");
@@ -50,7 +50,7 @@ public:
     [[nodiscard]] std::map<std::string, std::string> whatAnotherHostSees(
         Parts parts = Parts::read, std::string_view userFolder = "user") const;
 
-    // What the current work is about.
+    // What the current work uses.
     KRT_PLX_Manager* manager = nullptr;
     KRT_PLX_ClipBase* clip = nullptr;
     KRT_PLX_ClipBase* editable = nullptr;
@@ -67,7 +67,7 @@ private:
     support::Path disk_ = scratch_.path() / "disk";
 };
 
-// Nothing has changed but what lies below the exception, if there is one.
+// Checks that nothing has changed except below the exception, if there is one.
 void expectSameDisk(const support::Tree& before, const support::Tree& after,
                     std::string_view except = {});
 
