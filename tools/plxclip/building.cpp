@@ -82,7 +82,7 @@ void buildExpression(plx::MutableNote target, const Note& note)
     target.setRisePort(note.risePort);
 }
 
-// An editable note must have a language: one without takes that of its part.
+// An editable note must have a language: a note without one gets that of its part.
 void buildNote(plx::MutableMidiPart part, const Note& note, std::uint32_t partLanguage)
 {
     const plx::MutableNote target =
@@ -154,7 +154,7 @@ void buildMidiPart(plx::MutableMidiPart target, const MidiPart& part)
     target.setStyleName(plx::fromUtf8(part.styleName));
     target.setStylePresetID(plx::fromUtf8(part.stylePreset));
     const std::uint32_t language = part.languages.empty() ? 0 : part.languages.front();
-    // A note that is inserted goes before those at the same position.
+    // An inserted note goes before those at the same position, so the last one is inserted first.
     for (auto note = part.notes.rbegin(); note != part.notes.rend(); ++note) {
         buildNote(target, *note, language);
     }

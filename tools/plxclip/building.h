@@ -1,4 +1,4 @@
-// Making a new clip of what a snapshot holds.
+// Making a new clip from a snapshot.
 #pragma once
 
 #include <string>
@@ -10,11 +10,10 @@
 
 namespace plxclip {
 
-// Fills an empty editable clip as far as it takes what the snapshot holds.
+// Fills an empty editable clip with the snapshot, as far as the library accepts it.
 void build(korvel::plx::MutableClip clip, const Properties& properties, const Part& part);
 
-// What the copy lacks or has otherwise, in words; nothing when it is the same in everything but ID,
-// name and place.
+// Describes the differences between the copy and the original, except ID, name and path.
 std::vector<std::string> differences(const Properties& original, const Part& originalPart,
                                      const Properties& copy, const Part& copiedPart);
 

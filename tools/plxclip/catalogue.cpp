@@ -45,7 +45,8 @@ void addLibrary(Folders& folders, const std::string& folder)
     folders.user.push_back(textOf(pathOf(folder) / "user"));
 }
 
-// A manager for folders that exist; the names of its further ones have to outlive its making only.
+// Creates a manager for existing folders. The names of its additional folders must only live until
+// it is created.
 plx::Manager createManager(const Folders& folders)
 {
     const auto convert = [](const std::vector<std::string>& paths) {
@@ -78,7 +79,7 @@ std::string idsOf(const std::vector<plx::Clip>& clips)
     return text;
 }
 
-// What the user may have meant.
+// A hint at what the user may have meant.
 std::string similarTo(const std::string& name, const std::vector<plx::Clip>& clips)
 {
     std::string text;

@@ -15,19 +15,19 @@ struct Folders {
     std::vector<std::string> user;
 };
 
-// What the folders of a command line stand for. One that holds the two folders "system" and "user"
-// stands for these; any other one has system clips.
+// The folders that a command line means. One that contains the two folders "system" and "user"
+// means these; any other one has system clips.
 Folders foldersOf(const std::vector<std::string>& folders,
                   const std::vector<std::string>& userFolders);
 
-// The same for a command that changes user clips: a folder that does not hold both has user clips.
+// The same for a command that changes user clips: a folder without those two has user clips.
 Folders foldersToChange(const std::string& folder);
 
-// Fails when it is no existing folder; the advice says what to do then.
+// Fails when the folder does not exist; the advice says what to do then.
 void requireFolder(const std::string& folder,
                    std::string_view advice = "name a folder that has clips somewhere below it");
 
-// A new folder for as long as this lives, to stand where the library must have one.
+// A temporary folder, for places where the library needs one.
 class EmptyFolder {
 public:
     EmptyFolder();
@@ -58,7 +58,7 @@ public:
     // System clips first.
     std::vector<korvel::plx::Clip> clips() const;
 
-    // The clip of this ID, or the only one of this name.
+    // The clip with this ID, or the only one with this name.
     korvel::plx::Clip find(const std::string& idOrName) const;
 
     // The same among the user clips.

@@ -66,7 +66,7 @@ std::string effectsText(std::string_view title, const std::vector<Effect>& effec
     return text;
 }
 
-// What a note has beyond that which every note has.
+// The optional properties of a note.
 std::string remarksText(const Note& note)
 {
     std::vector<std::string> remarks;

@@ -1,4 +1,4 @@
-// A clip in words, for a terminal.
+// A clip as text, for a terminal.
 #pragma once
 
 #include <string>
@@ -7,13 +7,13 @@
 
 namespace plxclip {
 
-// How numbers are shown to which the library gives no meaning.
+// How to show numbers to which the library gives no meaning.
 enum class Numbers : bool { plain, named };
 
 std::string keyText(const Properties& clip, Numbers numbers);
 std::string languageText(std::int64_t language, Numbers numbers);
 
-// Types, genres, singer groups and languages in a line.
+// Types, genres, singer groups and languages in one line.
 std::string tagsText(const Tags& tags, Numbers numbers);
 
 std::string describe(const Properties& clip, Numbers numbers);

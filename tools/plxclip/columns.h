@@ -8,13 +8,13 @@
 
 namespace plxclip {
 
-// The next character of UTF-8 text, which is not empty, taken off its front.
+// Removes the first character of UTF-8 text, which must not be empty, and returns it.
 char32_t takeCharacter(std::string_view& text);
 
-// How many columns it takes: East Asian characters take two, combining ones none.
+// The number of columns: East Asian characters take two, combining ones none.
 std::size_t displayWidth(std::string_view text);
 
-// As much of the text as goes into the columns, with an ellipsis in place of what does not.
+// As much of the text as fits into the columns, with an ellipsis if something is cut off.
 std::string shortened(std::string_view text, std::size_t columns);
 
 // Rows of cells under headings; every column is as wide as its widest cell.
@@ -26,7 +26,7 @@ public:
     void add(std::vector<std::string> cells);
     std::size_t rows() const { return content.size(); }
 
-    // The lines, none wider than this: the last column gives way. 0 is for any width.
+    // The lines, none wider than this: the last column is shortened. 0 means any width.
     std::string text(std::size_t width) const;
 
 private:

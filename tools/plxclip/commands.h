@@ -14,10 +14,10 @@ namespace plxclip {
 enum ExitStatus : int {
     exitDone = 0,
     exitProblem = 1, // something was not found, could not be done or is wrong with a clip
-    exitUsage = 2    // the command line makes no sense
+    exitUsage = 2    // the command line is wrong
 };
 
-// What ends a command early. The text is shown to the user and says what to do about it.
+// Ends a command early. The text is shown to the user and says what to do about it.
 class Failure : public std::runtime_error {
 public:
     explicit Failure(const std::string& text, ExitStatus status = exitProblem)
@@ -34,7 +34,8 @@ private:
 // The work of a command, with its options bound.
 using Work = std::function<ExitStatus()>;
 
-// Each adds its command to the command line; when the user names it, `chosen` becomes its work.
+// Each adds its command to the command line; if the user chooses the command, `chosen` becomes its
+// work.
 void addList(CLI::App& app, Work& chosen);
 void addShow(CLI::App& app, Work& chosen);
 void addEdit(CLI::App& app, Work& chosen);

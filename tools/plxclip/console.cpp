@@ -53,7 +53,7 @@ bool print(std::string_view text)
 
 void printError(std::string_view text)
 {
-    std::fflush(stdout); // so that the two come in the order in which they were written
+    std::fflush(stdout); // so that the two appear in the order in which they were written
     std::fwrite(text.data(), 1, text.size(), stderr);
     std::fflush(stderr);
 }

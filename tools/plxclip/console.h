@@ -1,4 +1,4 @@
-// The terminal: arguments and output in UTF-8 on every system, colours where they can be seen.
+// The terminal: arguments and output in UTF-8 on every system, and colours on terminals.
 #pragma once
 
 #include <cstddef>
@@ -8,7 +8,7 @@
 
 namespace plxclip {
 
-// Prepares the console for UTF-8 as long as it lives, and gives it back as it was.
+// Prepares the console for UTF-8 while it lives, and restores it afterwards.
 class Console {
 public:
     Console();
@@ -30,19 +30,20 @@ enum class Stream { output, error };
 bool isTerminal(Stream stream);
 bool isInputTerminal();
 
-// How many columns the terminal has; those of a usual one when the output goes elsewhere.
+// The width of the terminal in columns; a usual width when the output goes elsewhere.
 std::size_t terminalWidth();
 
 enum class Style { plain, heading, dim, good, warning, bad };
 
-// The text in a style, or as it is when the stream is no terminal or NO_COLOR is set.
+// The text in a style, or unchanged when the stream is not a terminal or NO_COLOR is set.
 std::string styled(Style style, std::string_view text, Stream stream = Stream::output);
 
-// Write as they are, without a line end. False when the output is gone, such as a closed pipe.
+// Write the text as it is, without a line end. False when the output is closed, such as a closed
+// pipe.
 bool print(std::string_view text);
 void printError(std::string_view text);
 
-// Puts the question on the error output and reads a line. True for "y" and "yes".
+// Prints the question on standard error and reads a line. True for "y" and "yes".
 bool confirm(std::string_view question);
 
 } // namespace plxclip

@@ -41,7 +41,7 @@ Console::Console() : formerCodePage(GetConsoleOutputCP())
     SetConsoleOutputCP(CP_UTF8);
     interpretEscapes(Stream::output);
     interpretEscapes(Stream::error);
-    // A character that is written in two pieces would come out as two wrong ones.
+    // A character that is written in two pieces would be shown as two wrong ones.
     std::setvbuf(stdout, nullptr, _IOFBF, 1U << 16U);
 }
 

@@ -48,7 +48,7 @@ std::string reasonOf(std::optional<plx::Result> code)
     }
 }
 
-// The clip that is saved stands in the folder that comes first.
+// The copy is saved in the folder that comes first.
 Folders foldersOfCopy(const CopyOptions& options)
 {
     Folders folders = foldersOf({options.folder}, options.userFolders);

@@ -61,7 +61,7 @@ const std::vector<NoteField>& noteFields()
     return fields;
 }
 
-// The positions of the notes in which a field differs; the first few of them.
+// Reports the positions of the notes in which a field differs; only the first few of them.
 void compareField(Report& report, const NoteField& field, const std::vector<Note>& originals,
                   const std::vector<Note>& copies)
 {

@@ -61,7 +61,7 @@ std::vector<std::string> changed(std::vector<std::string> tags, const TagChange&
     return tags;
 }
 
-// The clip's properties as they shall be.
+// The clip's properties after the edit.
 Properties edited(Properties clip, const EditOptions& options)
 {
     clip.name = options.name.value_or(clip.name);
@@ -72,7 +72,7 @@ Properties edited(Properties clip, const EditOptions& options)
     return clip;
 }
 
-// An editor starts empty: all that is to stay has to be set as well.
+// An editor starts empty, so unchanged properties must be set as well.
 bool save(plx::UserClip clip, const Properties& wanted)
 {
     const plx::PropertyEditor editor = clip.createPropertyEditor();
@@ -106,7 +106,7 @@ ExitStatus edit(const EditOptions& options)
     return exitDone;
 }
 
-// A tempo that the library would refuse is a wrong command line.
+// A tempo that the library would refuse is an error in the command line.
 std::uint32_t tempoToSet(const std::string& text)
 {
     const std::uint32_t tempo = parseTempo(text);

@@ -21,7 +21,7 @@ public:
     void value(std::uint32_t number) { writer.Uint(number); }
     void value(std::size_t number) { writer.Uint64(number); }
 
-    // As few digits as tell this float from all others; never those of an integer.
+    // Writes as few digits as identify the float, and never an integer.
     void value(float number)
     {
         std::string text = fmt::format("{}", number);

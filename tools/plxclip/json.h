@@ -10,7 +10,7 @@
 
 namespace plxclip {
 
-// {"total": all that were looked at, "clips": [...]}
+// {"total": number of all clips before filtering, "clips": [...]}
 std::string listJson(const std::vector<Properties>& clips, std::size_t total);
 
 // {"tag": "genre", "counts": {"Folk": 3}}

@@ -49,7 +49,7 @@ std::string wrongCommand(const CLI::App& app)
                           : fmt::format("\"{}\" is no command; there are {}", others.front(), known);
 }
 
-// Help and version are asked for like this too; they are no errors.
+// CLI11 reports help and version in the same way, but they are not errors.
 int answer(const CLI::App& app, const CLI::ParseError& error)
 {
     if (error.get_exit_code() == 0) {

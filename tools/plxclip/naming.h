@@ -1,5 +1,5 @@
-// Words for numbers. Pitches are those of MIDI. The library gives keys and languages no meaning;
-// the words here are those that the example clips go by, and are used where the user asks for them.
+// Names for numbers. Pitches are those of MIDI. The library gives keys and languages no meaning;
+// the names here are those of the example clips, and are used when the user asks for them.
 #pragma once
 
 #include <cstdint>
@@ -9,15 +9,15 @@
 
 namespace plxclip {
 
-// "C4" for 60. Sharps, whatever the key.
+// "C4" for 60. Always with sharps, in any key.
 std::string pitchName(std::uint32_t number);
 bool isBlackKey(std::uint32_t number);
 
-// Nothing for a number that has no name.
+// No value for a number without a name.
 std::optional<std::string_view> keyName(std::uint32_t key);
 std::optional<std::string_view> languageName(std::int64_t language);
 
-// The number that a text is or names.
+// The number that a text contains or names.
 std::optional<std::uint32_t> findKey(std::string_view text);
 std::optional<std::int32_t> findLanguage(std::string_view text);
 

@@ -13,14 +13,14 @@
 
 namespace plxclip {
 
-// The folders that are looked at, and --user.
+// The folders to read, and --user.
 void addFolders(CLI::App& command, std::vector<std::string>& folders,
                 std::vector<std::string>& userFolders);
 
-// The one folder of a command that deals with one clip, and the clip.
+// The folder and the clip of a command that handles a single clip.
 void addClip(CLI::App& command, std::string& folder, std::string& clip);
 
-// An option whose value is a number or its name; `values` tells an error what there is.
+// An option whose value is a number or a name; `values` describes them in an error.
 template <typename Number>
 CLI::Option* addNumberOption(CLI::App& command, const std::string& name,
                              std::optional<Number>& number,

@@ -31,7 +31,7 @@ ExitStatus removeClip(const RemoveOptions& options)
         throw Failure(fmt::format("\"{}\" is kept; answer \"y\", or give --yes, to delete it",
                                   properties.name));
     }
-    clip.readPart(); // else a wave file would stay on disk
+    clip.readPart(); // otherwise a wave file would stay on disk
     if (!clip.remove()) {
         throw Failure(fmt::format("\"{}\" is not removed; see whether you may delete {}",
                                   properties.name, properties.path));

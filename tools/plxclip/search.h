@@ -11,14 +11,14 @@
 
 namespace plxclip {
 
-// What a clip must have to be shown: each that is given narrows the list down.
+// What a clip must have to be shown: it must match all fields that are set.
 struct Search {
     std::optional<PartType> part;
     std::optional<std::string> type;
     std::optional<std::string> genre;
     std::optional<std::string> vendor;
     std::optional<std::string> singerGroup;
-    std::optional<std::string> name; // part of it; the case of the letters A to Z does not count
+    std::optional<std::string> name; // a part of it; the case of the letters A to Z does not matter
     std::optional<std::int32_t> language;
     std::optional<std::uint32_t> key;
     std::optional<std::pair<std::uint32_t, std::uint32_t>> tempo; // from and to, in hundredths

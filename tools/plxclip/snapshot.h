@@ -1,5 +1,5 @@
-// What a clip holds, as plain values with texts in UTF-8: all that listing, showing and drawing
-// need, so that they know no library.
+// The content of a clip, as plain values with texts in UTF-8: everything that listing, showing and
+// drawing need, so that they do not depend on the library.
 #pragma once
 
 #include <array>
@@ -14,7 +14,7 @@ namespace plxclip {
 
 enum class PartType : std::uint8_t { audio, midiAi, midi, none };
 
-// As the clip's documents call it.
+// The name of the type in the clip's documents.
 std::string_view nameOf(PartType type);
 
 struct Tags {
@@ -78,7 +78,7 @@ struct Vibrato {
 
 inline constexpr std::size_t aiValueCount = 13;
 
-// The names of a note's AI values, as the clip's documents call them.
+// The names of a note's AI values in the clip's documents.
 extern const std::array<std::string_view, aiValueCount> aiValueNames;
 
 struct Note {
@@ -113,7 +113,7 @@ struct Lane {
     bool operator==(const Lane&) const = default;
 };
 
-// As the clip's documents call a lane of this type.
+// The name of a lane of this type in the clip's documents.
 std::string_view laneName(std::uint32_t type);
 
 struct Parameter {
@@ -132,7 +132,7 @@ struct Effect {
 
 struct MidiPart {
     std::int32_t duration = 0;
-    std::string voice; // of a voice bank or of an AI voice, whichever sings the part
+    std::string voice; // the ID of the voice bank or of the AI voice
     std::vector<std::uint32_t> languages;
     std::string styleName;
     std::string stylePreset;

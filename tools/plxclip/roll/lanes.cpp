@@ -6,9 +6,9 @@ namespace plxclip::roll {
 
 namespace {
 
-constexpr double inset = 3; // so that a curve at the bound does not lie on the frame
+constexpr double inset = 3; // so that a curve at a bound is not drawn on the frame
 
-// The heights of a lane's values.
+// Converts the values of a lane to heights.
 struct Scale {
     double top;
     double least;
@@ -40,8 +40,8 @@ void drawFrame(const Sheet& sheet, const Lane& lane, const Scale& scale)
     sheet.svg.text({left - 6, scale.y(scale.least) + 1}, "lane-value", std::to_string(lane.least));
 }
 
-// A value holds until the next event; before the first there is none. The points of the line in
-// this part of the lane, beginning with the value that holds from before.
+// A value holds until the next event; before the first there is none. Returns the points in this
+// line, beginning with the value that holds at its start.
 std::vector<Point> eventsIn(const Line& line, const Lane& lane)
 {
     std::vector<Point> events;
@@ -95,7 +95,7 @@ void drawValue(const Sheet& sheet, const Point& event, Place place, const Scale&
                    std::to_string(event.value));
 }
 
-// Numbers only where the curve stays level for as long as they are wide.
+// Writes numbers only where the curve stays level long enough for them.
 void drawEvents(const Sheet& sheet, const std::vector<Point>& events, const Scale& scale)
 {
     for (std::size_t i = 0; i < events.size(); ++i) {

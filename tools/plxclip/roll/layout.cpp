@@ -13,7 +13,8 @@ namespace {
 
 constexpr double mostPixelsPerQuarter = 150;
 constexpr double fewestPixelsPerQuarter = 30;
-constexpr double plentyOfPixels = 100; // for a quarter: words that do not fit then are squeezed
+constexpr double plentyOfPixels =
+    100; // per quarter note: lyrics that still do not fit are squeezed
 
 std::int64_t barAt(std::int64_t tick, std::int64_t ticksPerBar)
 {
@@ -21,7 +22,7 @@ std::int64_t barAt(std::int64_t tick, std::int64_t ticksPerBar)
     return tick % ticksPerBar < 0 ? bar - 1 : bar;
 }
 
-// A row of air above and below. A part without notes shows the octave of middle C.
+// Leaves an empty row above and below. A part without notes shows the octave of middle C.
 void setRows(Layout& layout, const std::vector<Note>& notes)
 {
     if (notes.empty()) {
@@ -36,7 +37,7 @@ void setRows(Layout& layout, const std::vector<Note>& notes)
     layout.highest = std::min<std::uint32_t>(high->number + 2, 127);
 }
 
-// Words that are squeezed a little still read well.
+// Lyrics that are squeezed a little are still easy to read.
 bool wordsFit(const Note& note, std::int64_t ticks, double pixelsPerTick)
 {
     constexpr double squeezed = 0.8;
@@ -45,7 +46,7 @@ bool wordsFit(const Note& note, std::int64_t ticks, double pixelsPerTick)
            squeezed * textWidth(note.phoneme, phonemeSize) <= room;
 }
 
-// One word that is far too long for its note must not stretch the whole picture.
+// One syllable that is far too long for its note must not stretch the whole picture.
 bool mostWordsFit(const std::vector<Note>& notes, double pixelsPerTick)
 {
     const std::vector<std::int64_t> ticks = wordTicks(notes);
@@ -104,7 +105,7 @@ std::vector<std::int64_t> wordTicks(const std::vector<Note>& notes)
         const std::int64_t own = notes[i].duration;
         const std::int64_t next =
             i + 1 < notes.size() ? std::int64_t{notes[i + 1].pos} - notes[i].pos : own;
-        // Notes at one position cannot help each other.
+        // Notes at the same position cannot lend each other room.
         ticks.push_back(next > 0 ? std::max(own, next) : own);
     }
     return ticks;

@@ -1,4 +1,4 @@
-// Where everything in the picture comes to stand.
+// The positions of everything in the picture.
 #pragma once
 
 #include <vector>
@@ -9,7 +9,7 @@
 namespace plxclip::roll {
 
 inline constexpr double margin = 16;
-inline constexpr double gutter = 92; // for the keys and the names of the lanes
+inline constexpr double gutter = 92; // width for the keys and the names of the lanes
 inline constexpr double keyWidth = 40;
 inline constexpr double headHeight = 58;
 inline constexpr double barNumberHeight = 16;
@@ -50,7 +50,7 @@ struct Layout {
     double height() const;
 };
 
-// Takes as many bars to a line as leave room for the words.
+// Puts as many bars on a line as leave room for the lyrics.
 Layout makeLayout(const MidiPart& part, const View& view);
 
 inline std::int64_t endOf(const Note& note)
@@ -58,13 +58,13 @@ inline std::int64_t endOf(const Note& note)
     return std::int64_t{note.pos} + note.duration;
 }
 
-// How wide a text comes out at most, in a font of this size.
+// The greatest width of a text in a font of this size.
 double textWidth(std::string_view text, double fontSize);
 
 inline constexpr double lyricSize = 11;
 inline constexpr double phonemeSize = 8.5;
 
-// From each note's start, how far the words may go: up to the next note's start.
+// The room for the lyric of each note, from its start up to the next note's start.
 std::vector<std::int64_t> wordTicks(const std::vector<Note>& notes);
 
 } // namespace plxclip::roll

@@ -13,8 +13,9 @@ std::string hintOf(const Note& note)
                        pitchName(note.number), note.pos, note.duration, note.velocity);
 }
 
-// Words that are too long for their note become smaller, so that they do not cover the next ones;
-// those that would become too small to read are drawn narrow as well, where a viewer can do that.
+// Lyrics that are too long for their note are drawn smaller, so that they do not cover the next
+// ones; those that would be too small to read are also drawn narrower, where a viewer supports
+// that.
 std::string squeeze(std::string_view text, double fontSize, double room)
 {
     constexpr double smallest = 0.6;

@@ -1,11 +1,11 @@
-// What a line of the picture is made of.
+// The pieces of a line of the picture.
 #pragma once
 
 #include "roll/layout.h"
 
 namespace plxclip::roll {
 
-// A line of a picture that is being drawn.
+// A line of the picture that is being drawn.
 struct Sheet {
     Svg& svg;
     const Layout& layout;
@@ -16,11 +16,11 @@ struct Sheet {
 void drawGrid(const Sheet& sheet);
 void drawEnd(const Sheet& sheet, std::int64_t duration);
 
-// The notes that sound in the line, with words and vibrato. The words stand where a note begins.
+// The notes that sound in the line, with lyrics and vibrato. A lyric is where its note begins.
 void drawNotes(const Sheet& sheet, const std::vector<Note>& notes);
 void drawVibrato(const Sheet& sheet, const Note& note);
 
-// The lane that has this place below the roll.
+// The lane at this index below the roll.
 void drawLane(const Sheet& sheet, const Lane& lane, std::size_t place);
 
 } // namespace plxclip::roll

@@ -1,5 +1,5 @@
-// The piano roll of a clip as a picture: keys and notes with their words, vibrato as a wavy line, the
-// controller lanes below. Like a score it goes on in lines of whole bars.
+// The piano roll of a clip as a picture: keys and notes with their lyrics, vibrato as a wavy line,
+// the controller lanes below. It is broken into lines of whole bars, like a score.
 #pragma once
 
 #include <cstdint>
@@ -11,7 +11,7 @@
 
 namespace plxclip::roll {
 
-// Clips hold neither meter nor time unit: both are the host's, and have to be told.
+// Clips contain neither meter nor time unit: the host knows both, so they must be passed.
 struct View {
     std::int64_t ticksPerQuarter = 480;
     int beats = 4;
@@ -23,10 +23,11 @@ struct View {
     std::int64_t ticksPerBar() const { return ticksPerBeat() * beats; }
 };
 
-// More bars than this would be no picture to look at.
+// A picture with more bars than this would be useless.
 inline constexpr std::int64_t mostBars = 512;
 
-// The first and the last bar that anything of the part is in, from 1; earlier ones are 0 and below.
+// The first and the last bar with anything of the part, from 1; bars before the beginning are 0 and
+// below.
 std::pair<std::int64_t, std::int64_t> barsOf(const MidiPart& part, const View& view);
 
 std::string draw(const Properties& clip, const MidiPart& part, const View& view);

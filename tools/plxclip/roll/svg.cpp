@@ -4,7 +4,7 @@ namespace plxclip::roll {
 
 namespace {
 
-// Viewers without these fonts take others; the widths leave room for that.
+// Viewers without these fonts use others; the widths leave room for that.
 constexpr std::string_view styleSheet = R"(<style>
 text { font-family: "Noto Sans", "DejaVu Sans", "Noto Sans CJK JP", "Yu Gothic", sans-serif;
        fill: #1d2430; }

@@ -1,4 +1,4 @@
-// Writing SVG: elements one after the other, with numbers of as few digits as are seen.
+// Writing SVG: one element after another, with numbers in as few digits as are visible.
 #pragma once
 
 #include <iterator>
@@ -22,14 +22,14 @@ struct Box {
     double height;
 };
 
-// Text for an element or an attribute. Characters that XML cannot hold become U+FFFD.
+// Text for an element or an attribute. Characters that XML does not allow become U+FFFD.
 std::string escaped(std::string_view text);
 
 class Svg {
 public:
     Svg(double width, double height);
 
-    // `attributes` are written as they are.
+    // `attributes` are written unchanged.
     void rectangle(const Box& box, std::string_view styleClass, std::string_view attributes = {});
     void line(Place from, Place to, std::string_view styleClass);
     void path(const std::vector<Place>& points, std::string_view styleClass, bool isClosed = false);
@@ -39,7 +39,7 @@ public:
     void openGroup(std::string_view styleClass, std::string_view attributes = {});
     void closeGroup();
 
-    // What a viewer shows of the group in a hint.
+    // The text that a viewer shows as a tooltip of the group.
     void title(std::string_view content);
 
     // The whole picture; nothing can be added afterwards.

@@ -40,7 +40,7 @@ double lengthOf(double rate)
 
 } // namespace
 
-// The vibrato is the last part of its note; the line runs along the upper edge, clear of the words.
+// The vibrato is the last part of its note; its line runs along the upper edge, above the lyric.
 void drawVibrato(const Sheet& sheet, const Note& note)
 {
     constexpr double step = 1;
