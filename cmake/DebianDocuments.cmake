@@ -1,5 +1,5 @@
-# What Debian asks of every package: its copyright file. CPack runs this before it packs; then the files
-# of each component lie in a folder of their own.
+# Debian requires a copyright file in every package. CPack runs this before it packs; at that time
+# the files of each component are in a folder of their own.
 
 if(NOT CPACK_GENERATOR STREQUAL "DEB")
     return()
@@ -9,7 +9,7 @@ foreach(component IN LISTS CPACK_COMPONENTS_ALL)
     string(TOUPPER "${component}" variable)
     set(package "${CPACK_DEBIAN_${variable}_PACKAGE_NAME}")
     set(documents "${CPACK_TEMPORARY_DIRECTORY}/${component}/usr/share/doc")
-    # It has the whole text of the licence: no further file is wanted.
+    # The file contains the whole text of the licence, so no further file is needed.
     file(GLOB licences "${documents}/*/LICENSE")
     if(licences)
         file(REMOVE ${licences})

@@ -1,8 +1,8 @@
-# What the build takes from the system's packages: RapidJSON and, for the tests, GoogleTest.
-# Both come as source, so that a cross build and a sanitized build can use them too.
+# What the build uses from the system's packages: RapidJSON and, for the tests, GoogleTest. Both are
+# packaged as source, so that a cross build and a sanitized build can use them too.
 
-# The host's include folder must never reach a cross compiler, hence a folder of its own that leads
-# to RapidJSON alone.
+# The host's include folder must never reach a cross compiler, so a folder of its own has a link to
+# RapidJSON and to nothing else.
 find_path(KRT_PLX_RAPIDJSON_PARENT rapidjson/document.h NO_CMAKE_FIND_ROOT_PATH REQUIRED
     PATHS /usr/include /usr/local/include)
 set(KRT_PLX_RAPIDJSON_INCLUDE "${PROJECT_BINARY_DIR}/rapidjson-only")

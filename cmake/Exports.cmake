@@ -1,4 +1,4 @@
-# The list of exported functions, read from the public headers, which are its only source.
+# The list of exported functions, read from the public headers, the only place where it is kept.
 #
 # A function is exported by a declaration of the form
 #
@@ -32,7 +32,7 @@ function(krt_plx_add_exports)
     add_custom_target(krt_plx_exports DEPENDS ${files})
 endfunction()
 
-# A comment can hold anything, a declaration included.
+# A comment can contain anything, even a declaration.
 function(strip_comments text result)
     string(FIND "${text}" "/*" begin)
     while(NOT begin EQUAL -1)
@@ -52,7 +52,7 @@ function(strip_comments text result)
     set(${result} "${stripped}" PARENT_SCOPE)
 endfunction()
 
-# Leaves the header's statements, one a line, without comments and directives.
+# Extracts the header's statements, one a line, without comments and directives.
 function(read_statements header result)
     file(READ "${header}" text)
     strip_comments("${text}" text)

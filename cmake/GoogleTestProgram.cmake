@@ -1,8 +1,8 @@
 # krt_plx_add_test_program(<name> <library>... [SHARDS <number>])
 #
-# A GoogleTest program of the calling folder's sources, linked to tests/support and the libraries and
-# registered with CTest. KRT_PLX_TEST_SOURCES, an expression, can choose among the *_test.cpp; a program
-# that is left without any is not made.
+# A GoogleTest program from the sources of the calling folder, linked to tests/support and the
+# libraries, and registered with CTest. The regular expression KRT_PLX_TEST_SOURCES can choose among
+# the *_test.cpp; a program that is left without any is not made.
 function(krt_plx_add_test_program name)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "SHARDS" "")
     file(GLOB_RECURSE sources CONFIGURE_DEPENDS "*.cpp" "*.h")
@@ -23,8 +23,8 @@ function(krt_plx_add_test_program name)
     krt_plx_register_test_program(${name} ${arg_SHARDS})
 endfunction()
 
-# krt_plx_choose_tests(<variable> <source>...): those of the sources that KRT_PLX_TEST_SOURCES meets, by
-# their place in the project: what the folders above it are called is its user's affair.
+# krt_plx_choose_tests(<variable> <source>...): the sources that match KRT_PLX_TEST_SOURCES. Only
+# the path within the project is compared: the folders above it may have any names.
 function(krt_plx_choose_tests variable)
     set(chosen "")
     foreach(source IN LISTS ARGN)
@@ -36,20 +36,20 @@ function(krt_plx_choose_tests variable)
     set(${variable} ${chosen} PARENT_SCOPE)
 endfunction()
 
-# There is far more test code than it takes time to run: what counts is how fast it compiles.
+# The tests take far longer to compile than to run, so what counts is how fast they compile.
 function(krt_plx_compile_fast name)
     set_target_properties(${name} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 12)
     target_compile_options(${name} PRIVATE -O0)
-    # What the library does is looked into, with all that its host does to memory; a check of each
-    # expression of the tests takes as long to compile again.
+    # The library is checked, with everything that its host does to memory; checking each expression
+    # of the tests as well would double the time to compile them.
     if(KRT_PLX_SANITIZERS MATCHES "undefined")
         target_compile_options(${name} PRIVATE -fno-sanitize=undefined)
     endif()
-    # Linking for Windows takes half as long again with it.
+    # With it, linking for Windows takes half as long again.
     if(WIN32)
         target_compile_options(${name} PRIVATE -g0)
     endif()
-    # Worth its time from the third unit on.
+    # It pays from the third unit on.
     get_target_property(sources ${name} SOURCES)
     list(FILTER sources INCLUDE REGEX "\\.cpp$")
     list(LENGTH sources count)
@@ -59,16 +59,16 @@ function(krt_plx_compile_fast name)
     endif()
 endfunction()
 
-# Where a program finds the shipped library and the sources' data: UTF-8, in the form of the system
-# that the program runs on.
+# The paths of the shipped library and of the sources' data: in UTF-8, in the form of the system on
+# which the program runs.
 function(krt_plx_describe_surroundings name)
     target_compile_definitions(${name} PRIVATE
         "KRT_PLX_TEST_LIBRARY_FILE=\"${KRT_PLX_TEST_ROOT}$<TARGET_FILE:krt_plx>\""
         "KRT_PLX_TEST_SOURCE_FOLDER=\"${KRT_PLX_TEST_ROOT}${PROJECT_SOURCE_DIR}\"")
 endfunction()
 
-# krt_plx_register_test_program(<name> [<shards>]): as one test, or as several that take turns with the
-# program's cases, so that as many processors run them.
+# krt_plx_register_test_program(<name> [<shards>]): registers the program as one test, or as several
+# that share its cases, so that they run on several processors.
 function(krt_plx_register_test_program name)
     if(KRT_PLX_SANITIZERS STREQUAL "thread")
         set(launcher "${PROJECT_SOURCE_DIR}/cmake/with-plain-addresses" $<TARGET_FILE:${name}>)

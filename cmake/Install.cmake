@@ -1,4 +1,4 @@
-# What `cmake --install` puts where, in these components:
+# What `cmake --install` installs, in these components:
 #
 #     runtime       the shared library
 #     development   headers, import libraries, the CMake package, the pkg-config file, the manual
@@ -33,7 +33,7 @@ function(krt_plx_install_headers)
     install(DIRECTORY "${PROJECT_SOURCE_DIR}/include/"
         DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}" COMPONENT development
         FILES_MATCHING PATTERN "*.h" PATTERN "*.hpp")
-    # Made at build time, and so is its target: for hosts that do not link the library.
+    # The header and its target are made at build time, for hosts that do not link the library.
     install(FILES "${KRT_PLX_LOADER_INCLUDE}/korvel/plx_loader.h"
         DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/korvel" COMPONENT development)
     set_target_properties(krt_plx_loader PROPERTIES EXPORT_NAME loader)
@@ -67,8 +67,8 @@ function(krt_plx_install_pkgconfig_file)
         DESTINATION "${KRT_PLX_PKGCONFIG_DIR}" COMPONENT development)
 endfunction()
 
-# A program finds the library of its own tree, wherever that was moved; on Windows they stand side by
-# side.
+# A program finds the library of its own installed tree, even if that was moved; on Windows they are
+# side by side.
 function(krt_plx_install_tools)
     if(NOT TARGET plxclip)
         return()

@@ -1,5 +1,5 @@
-# The interface as data: krt_plx.api.json, made at build time from the public headers, which are its
-# only source. Bindings for other languages are made from it.
+# The interface as data: krt_plx.api.json, made at build time from the public headers. Bindings for
+# other languages are made from it.
 
 option(KRT_PLX_INTERFACE "Make krt_plx.api.json, which takes clang and Python"
     ${PROJECT_IS_TOP_LEVEL})

@@ -1,12 +1,12 @@
-# The header for hosts that load the library at run time, made from the public headers, which are
-# its only source: korvel/plx_loader.h with a table of all exported functions.
+# The header for hosts that load the library at run time, made from the public headers:
+# korvel/plx_loader.h with a table of all exported functions.
 
 set(KRT_PLX_LOADER_SCRIPT "${CMAKE_CURRENT_LIST_FILE}")
 set(KRT_PLX_LOADER_TEMPLATE "${CMAKE_CURRENT_LIST_DIR}/plx_loader.h.in")
 set(KRT_PLX_LOADER_INCLUDE "${PROJECT_BINARY_DIR}/generated/include")
 
-# Makes the target krt_plx_loader: linking it gives the include folders and what loading needs of
-# the system, and does not link the library.
+# Makes the target krt_plx_loader: linking it adds the include folders and the system libraries that
+# loading needs, but does not link the library.
 function(krt_plx_add_loader)
     file(GLOB headers CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/include/korvel/plx/*.h")
     set(loader "${KRT_PLX_LOADER_INCLUDE}/korvel/plx_loader.h")

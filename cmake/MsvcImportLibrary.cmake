@@ -1,8 +1,8 @@
 # krt_plx_add_msvc_import_library(<DLL target> <module definition>)
 #
-# Makes <target>.lib, the import library in the form of Microsoft's linker, beside the one that MinGW
-# makes, and notes its path in the target's property KRT_PLX_MSVC_LIBRARY. This takes LLVM's
-# dlltool; where that is missing, the DLL is built without.
+# Makes <target>.lib, the import library for Microsoft's linker, beside the one that MinGW makes,
+# and stores its path in the target's property KRT_PLX_MSVC_LIBRARY. This needs LLVM's dlltool; if
+# that is missing, the DLL is built without it.
 function(krt_plx_add_msvc_import_library target definition)
     find_program(KRT_PLX_LLVM_DLLTOOL NAMES llvm-dlltool llvm-dlltool-14 NO_CMAKE_FIND_ROOT_PATH)
     if(NOT KRT_PLX_LLVM_DLLTOOL)

@@ -1,5 +1,5 @@
-# What CPack needs to know; scripts/package runs it. An archive holds all components, on Debian each
-# is a package of its own: the library, what hosts are built with, and the tools.
+# The settings of CPack; scripts/package runs it. An archive contains all components. On Debian each
+# is a package of its own: the library, what is needed to build hosts, and the tools.
 
 set(CPACK_PACKAGE_NAME "${PROJECT_NAME}")
 set(CPACK_PACKAGE_VENDOR "Korvel")
@@ -19,8 +19,8 @@ if(TARGET krt_plx_python)
     list(APPEND CPACK_COMPONENTS_ALL python)
 endif()
 
-# The library's package is named after its SONAME, so that two that are not compatible can be
-# installed side by side.
+# The library's package is named after its SONAME, so that two incompatible ones can be installed
+# side by side.
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_RELEASE 1)

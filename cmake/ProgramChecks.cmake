@@ -1,7 +1,7 @@
 # krt_plx_add_program_checks(<prefix> <script> <label> <case>...)
 #
-# Registers each case of a Python script of the calling folder, which runs this build's programs as a
-# user does, as the test <prefix>.<case>.
+# Registers each case of a Python script in the calling folder as the test <prefix>.<case>. The
+# script runs this build's programs as a user does.
 find_package(Python3 REQUIRED COMPONENTS Interpreter)
 
 function(krt_plx_add_program_checks prefix script label)

@@ -1,5 +1,5 @@
-# The package for Python, korvel_plx, made from krt_plx.api.json: in the folder python of the build, and
-# in a component of its own of what is installed. Linux alone; on Windows pip installs it.
+# The package for Python, korvel_plx, made from krt_plx.api.json: in the folder python of the build,
+# and in an install component of its own. Only on Linux; on Windows pip installs it.
 
 set(KRT_PLX_PYTHON_FOLDER "${PROJECT_BINARY_DIR}/python")
 

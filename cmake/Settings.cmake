@@ -17,7 +17,7 @@ set(CMAKE_C_STANDARD_REQUIRED ON)
 set(CMAKE_C_EXTENSIONS OFF)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 
-# Only what the public headers declare may be seen from outside.
+# Only what the public headers declare is exported.
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 include(CheckPIESupported)
 check_pie_supported()
@@ -25,7 +25,7 @@ set(CMAKE_C_VISIBILITY_PRESET hidden)
 set(CMAKE_CXX_VISIBILITY_PRESET hidden)
 set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 
-# One folder for programs and library: on Windows a program finds the DLL beside itself.
+# One folder for programs and library, because on Windows a program finds the DLL beside itself.
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
 set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/lib")
@@ -43,7 +43,8 @@ if(KRT_PLX_SANITIZERS)
 endif()
 
 if(KRT_PLX_COVERAGE)
-    # Some tests have threads; two that count at once would leave what no reader of counts takes.
+    # Some tests have threads; if two count at once, the counts can become values that their reader
+    # rejects.
     add_compile_options(--coverage -fprofile-update=atomic)
     add_link_options(--coverage)
 endif()
@@ -57,28 +58,29 @@ endif()
 add_library(krt_plx_warnings INTERFACE)
 target_compile_options(krt_plx_warnings INTERFACE
     -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror
-    # Where several sources are compiled at once, what is local to one may hide what is local to another.
+    # Where several sources are compiled at once, a local name in one may hide one in another.
     $<$<BOOL:$<TARGET_PROPERTY:UNITY_BUILD>>:-Wno-shadow>)
 
-# What is shipped makes it hard to turn a fault into somebody else's code. Tests are not: they would
-# only compile longer.
+# Hardening of the shipped binaries, which makes faults harder to exploit. Tests are not hardened:
+# they would only take longer to compile.
 add_library(krt_plx_hardening INTERFACE)
 if(WIN32)
-    # No stack protector: the compiler's, on this system, calls into other libraries while the loader
-    # still holds its lock.
+    # No stack protector: on this system the compiler's protector calls other libraries while the
+    # loader still holds its lock.
     target_link_options(krt_plx_hardening INTERFACE
         -Wl,--dynamicbase,--high-entropy-va,--nxcompat)
 else()
     target_compile_options(krt_plx_hardening INTERFACE -fstack-protector-strong)
     target_link_options(krt_plx_hardening INTERFACE -Wl,-z,relro,-z,now,-z,noexecstack)
-    # Without optimisation it does nothing but warn, and sanitizers look at the same calls themselves.
+    # Without optimisation it only warns, and sanitizers check the same calls themselves.
     if(NOT KRT_PLX_SANITIZERS)
         target_compile_options(krt_plx_hardening INTERFACE
             $<$<CONFIG:Release,RelWithDebInfo,MinSizeRel>:-U_FORTIFY_SOURCE$<SEMICOLON>-D_FORTIFY_SOURCE=2>)
     endif()
-    # For the shadow stack alone: marks where jumps may arrive would cost a getter a tenth of its time,
-    # and no system looks at them in programs. The linker has to be asked for the note, since the C
-    # library's start files may lack it. They return as they were called, which is all that it says.
+    # Only for the shadow stack: marking valid jump targets as well would slow down a getter by a
+    # tenth, and no system checks these marks in programs. The linker must be asked for the note,
+    # because the C library's start files may lack it. The note only says that functions return to
+    # their callers, which those files do.
     include(CheckCXXCompilerFlag)
     check_cxx_compiler_flag(-fcf-protection=return KRT_PLX_HAS_CF_PROTECTION)
     if(KRT_PLX_HAS_CF_PROTECTION)

@@ -1,10 +1,10 @@
-# The version, read from the public header that is its only source.
+# The version, read from the public header where it is set.
 #
 # Sets KRT_PLX_VERSION_MAJOR, _MINOR, _PATCH, and
 #
 #     KRT_PLX_VERSION              all three, for project()
-#     KRT_PLX_COMPATIBLE_VERSION   the part that changes when a host built before may not run any
-#                                  more: before 1.0 "0.MINOR", from then on "MAJOR"
+#     KRT_PLX_COMPATIBLE_VERSION   the part that changes when older hosts may no longer
+#                                  run: before 1.0 "0.MINOR", from then on "MAJOR"
 
 block(PROPAGATE KRT_PLX_VERSION_MAJOR KRT_PLX_VERSION_MINOR KRT_PLX_VERSION_PATCH
         KRT_PLX_VERSION KRT_PLX_COMPATIBLE_VERSION)

@@ -7,7 +7,8 @@ import tempfile
 
 INCLUDE = pathlib.Path(__file__).resolve().parents[2] / "include"
 
-# Only what a host can notice: no places in files, no names of parameters, nothing of the machine.
+# Only what a host can notice: no places in files, no names of parameters, nothing about the
+# machine.
 DESCRIBE = """abidw --exported-interfaces-only --drop-private-types --drop-undefined-syms --no-elf-needed
     --no-corpus-path --no-comp-dir-path --no-show-locs --no-parameter-names""".split()
 

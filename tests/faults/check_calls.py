@@ -11,7 +11,7 @@ sys.path.append(str(pathlib.Path(__file__).resolve().parents[1] / "symbols"))
 
 from binary import fail, output_of  # noqa: E402, the line above shows where it is
 
-# What cannot fail, and what does not ask the system for anything.
+# Functions that cannot fail, and those that do not call the system.
 HARMLESS = re.compile(r"mem\w+|str\w+|__errno_location|__cxa_\w+|pthread_mutex_(un)?lock|clock_gettime|nanosleep|"
                       r"__stack_chk_fail|frexp|ldexp|nextafter")
 
