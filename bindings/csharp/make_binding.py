@@ -27,7 +27,7 @@ def parameter(entry):
 
 
 def function(entry):
-    """A returned text belongs to the library: it comes as a pointer, from which Text() copies."""
+    """A returned text belongs to the library, so the result is a pointer, from which Text() copies."""
     result = entry["result"]["kind"]
     name = entry["name"].removeprefix(PREFIX)
     parameters = ", ".join(map(parameter, entry["parameters"]))

@@ -1,8 +1,8 @@
 """What the public headers declare, as clang reads them: functions, handles, codes and constants.
 
-Clang and not pycparser: clang keeps the comments, with their parameters and results told apart, and
-it brings the standard headers that ours include; pycparser throws comments away, and takes neither
-attributes nor the system's headers as they are. And clang is among the build's tools already.
+Uses clang and not pycparser: clang keeps the comments, with parameters and results separated, and
+brings the standard headers that ours include; pycparser drops comments, and reads neither
+attributes nor the system's headers. And the build uses clang anyway.
 """
 
 import json
@@ -10,14 +10,14 @@ import pathlib
 import re
 import subprocess
 
-# The same on every system on which the file is made; no header of the system is read.
+# Gives the same result on every system; no header of the system is read.
 OPTIONS = ["--target=x86_64-pc-linux-gnu", "-ffreestanding", "-fparse-all-comments"]
 LANGUAGES = {"c": "-std=c99", "c++": "-std=c++17"}
 PREFIX = "KRT_PLX_"
 
 
 class Reader:
-    """The headers of one include folder, through one clang."""
+    """Reads the headers of an include folder with clang."""
 
     def __init__(self, clang, include):
         self.command = [clang, *OPTIONS, f"-I{include}"]
@@ -25,7 +25,7 @@ class Reader:
         self.tree = self.parse("c")
 
     def parse(self, language, code=""):
-        """The syntax tree of the headers and of code behind them."""
+        """The syntax tree of the headers, followed by this code."""
         source = f"#include <korvel/plx.h>\n{code}"
         dump = ["-fsyntax-only", "-Xclang", "-ast-dump=json", "-x", language, LANGUAGES[language], "-"]
         result = subprocess.run([*self.command, *dump], input=source.encode("utf-8"), check=True,
@@ -43,7 +43,7 @@ class Reader:
             header = last_file(node) or header
 
     def macros(self):
-        """The names of the macros that stand for a value, with the header and the comment of each."""
+        """The names of the macros that define a value, with their headers and comments."""
         found = []
         for header in sorted((self.include / "korvel/plx").glob("*.h")):
             text = header.read_text(encoding="utf-8")
@@ -54,8 +54,8 @@ class Reader:
         return found
 
     def values(self, names):
-        """The values of macros, as (type, value) by name: clang works them out, in C++ alone to the
-        end."""
+        """The values of macros, as (type, value) by name. Clang evaluates them; only for C++ does
+        it do so completely."""
         code = "".join(f"const auto value_{name} = {name};\n" for name in names)
         variables = {node["name"].partition("_")[2]: node
                      for node in self.parse("c++", code)["inner"]
@@ -108,14 +108,14 @@ def value_of(variable, integer):
 
 
 def plain_comment(text):
-    """A comment of the source without its stars."""
+    """The text of a comment, without its stars."""
     lines = [re.sub(r"^\s*\* ?", "", line).rstrip() for line in text.strip().splitlines()]
     return "\n".join(line.strip() if index == 0 else line for index, line in enumerate(lines)).strip()
 
 
 def text_of(node):
-    """The text of a paragraph, line by line; clang says of each piece where a new line begins. What
-    looks like a tag of HTML is text of ours."""
+    """The text of a paragraph, line by line; clang says for each piece where a new line begins.
+    What looks like an HTML tag is part of our text."""
     text = ""
     for inner in node.get("inner", []):
         if inner["kind"] != "TextComment":

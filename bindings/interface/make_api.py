@@ -1,7 +1,6 @@
 """Writes the interface of the library as data: make_api.py CLANG INCLUDE_FOLDER FILE
 
-The file is what bindings are made from; the page "Bindings for other languages" of the manual tells
-what is in it.
+Bindings are made from the file; the page "Bindings for other languages" of the manual describes it.
 """
 
 import json
@@ -17,14 +16,15 @@ KINDS = {"void": "void", "_Bool": "bool", "bool": "bool", "float": "float", "int
          "uint32_t": "uint32", "uint64_t": "uint64", "const KRT_PLX_Char *": "text",
          "const KRT_PLX_Char *const *": "texts", "uint64_t *": "uint64", "uint32_t *": "uint32"}
 ROOT = "Base"
-# What a clip is to its manager; every other object fills the slot that is named after its family.
+# The slot of a clip in its manager; every other object is in the slot that is named after its
+# family.
 CLIP_SLOTS = {"systemClip": "systemClip", "userClip": "userClip", "createMutableClip": "mutableClip",
               "save": "userClip"}
 CLIP_CLASSES = {"systemClip": "Clip", "userClip": "UserClip", "mutableClip": "MutableClip"}
 EDITABLE = "Mutable"
-# Families whose objects are of an audio and of a MIDI kind.
+# Families that have audio objects and MIDI objects.
 KINDS_OF = ("PartBase", "EffectBase")
-# The classes that have none of their own name with "Base" above them.
+# The classes without a class of the same name and "Base".
 BASES = {"UserClip": "Clip", "MidiPartBase": "PartBase", "AudioPartBase": "PartBase",
          "AudioEffect": "Effect", "MidiEffect": "Effect", "MutableFilter": "Filter"}
 ROOTS = ("Manager", "PropertyEditor", "Filter")
@@ -48,7 +48,7 @@ def split_name(name):
 
 
 class Functions:
-    """Makes the entries of the functions."""
+    """Makes the entries for the functions."""
 
     def __init__(self, meaning, destroyed):
         self.meaning = meaning
@@ -142,15 +142,15 @@ class Functions:
 
 
 def slot_of(entry, families):
-    """Fills the slot of what is named after its family."""
+    """The slot of an object that is named after its family."""
     result = entry["result"]
     if result["kind"] == "handle" and result["slot"] is None and result["owner"] != "owner of self":
         result["slot"] = families[result["family"]]["slot"]
 
 
 def ended_by(functions):
-    """Adds to each result that is an object the calls that end its life, but for those that end its
-    owner's."""
+    """Adds to each result that is an object the calls that destroy it, except those that destroy
+    its owner."""
     for entry in functions:
         if entry["result"].get("slot"):
             entry["result"]["ended_by"] = [other["name"] for other in functions if ends(other, entry)]
@@ -168,8 +168,8 @@ def ends_this(death, other, entry):
 
 
 def class_of_object(entry):
-    """The narrowest class that takes the object which a function returns; none for a parent, which
-    can be of several."""
+    """The narrowest class that accepts the object which a function returns; none for a parent,
+    which can be of several classes."""
     result = entry["result"]
     if result["slot"] is None:
         return None
@@ -181,7 +181,7 @@ def class_of_object(entry):
 
 
 def base_of(name):
-    """The class whose functions take the objects of a class too; none for the root of a family."""
+    """The class whose functions also accept the objects of a class; none for the root of a family."""
     if name in BASES:
         return BASES[name]
     plain = name.removeprefix(EDITABLE)

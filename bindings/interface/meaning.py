@@ -1,7 +1,7 @@
-"""What the comments of the public headers say in words that a program can use.
+"""What the comments of the public headers say, in a form that a program can use.
 
-The comments are written in a small vocabulary. What is not in it is an error here, so that a new
-comment either says it in the same words or teaches this file its own.
+The comments use a small vocabulary. Anything else is an error here: a new comment must either use
+the same words, or this file must be extended.
 """
 
 import re
@@ -24,7 +24,7 @@ class Meaning:
         self.enums = enums
 
     def number(self, text):
-        """A value as the comments write it: a constant, the largest integer, or digits."""
+        """A value as the comments write it: a constant, the name of the largest integer, or digits."""
         if text.startswith("#"):
             return self.constants[text[1:]]
         if text == "INT32_MAX":
@@ -32,7 +32,7 @@ class Meaning:
         return float(text) if "." in text else int(text)
 
     def range_of(self, kind, text):
-        """The numbers that a parameter takes, or that a result can be."""
+        """The numbers that a parameter accepts, or that a result can be."""
         low, high = LIMITS.get(kind, (None, None))
         whole = re.match(r"(?:.*?(?:, | ))?0 for none, or (\d+) to (\d+)", text)
         if whole:
@@ -100,7 +100,7 @@ class Meaning:
         return float(value) if kind == "float" else value
 
     def marks(self, text):
-        """The values that stand for "there is none" of a living object, each with when."""
+        """The values that a living object returns to say "there is none", each with when."""
         found = []
         for clause in (clause.strip() for clause in text.split(";")):
             mark = re.match(rf"({VALUE}) (?:when|for) (.*)", clause)
@@ -110,7 +110,7 @@ class Meaning:
 
 
 def text_rule(parameter, text, result):
-    """What a text parameter takes."""
+    """Which texts a text parameter accepts."""
     lengths = re.search(r"exactly (\d+) UTF-16 units(, or the empty text)?", text)
     rule = {"null": bool(re.search(r"(?i)null (?:empties|stands)", text))}
     if lengths:
@@ -126,8 +126,8 @@ def lifetime(text):
     return said[1].strip() if said else None
 
 
-# In the table of the main header: what each call destroys. A child is named by its slot: the place
-# of its owner that it fills.
+# In the table of the main header: what each call destroys. A child is named by its slot in its
+# owner.
 DESTROYED = {
     "the manager": [{"what": "self"}],
     "the clip": [{"what": "self"}],

@@ -18,7 +18,7 @@ def name_of(text):
 
 
 def type_of(entry, handles):
-    """Each family of handles is a type of its own: the compiler tells them apart."""
+    """Each family of handles is a type of its own, so that the compiler keeps them apart."""
     if entry["kind"] == "handle":
         return handles[entry["family"]]
     pointer = "P" if entry.get("direction") == "out" else ""

@@ -8,20 +8,20 @@ import sites
 JOBS = '2'
 FLAGS = ('-O0 -w -D_GLIBCXX_ASSERTIONS -ferror-limit=0 -fmacro-backtrace-limit=1 '
          '-Wno-invalid-constexpr -Wno-c++11-narrowing -include ')
-# All sources are compiled as one, which takes a fraction of the time; the document code must not be
-# left out of it for an option of its own.
+# All sources are compiled as one, which takes a fraction of the time; the document code must be
+# included although it has options of its own.
 AS_ONE = '''
 set_property(SOURCE ${format_sources} PROPERTY COMPILE_OPTIONS)
 target_compile_options(krt_plx_objects PRIVATE -isystem "${KRT_PLX_RAPIDJSON_INCLUDE}")
 '''
 
-# The messages that name the place of an error, and those that may.
+# The messages that give the place of an error, and those that may.
 DEFINITE = '(?:error|note: declared here|note: initializer of)'
 ANY = '(?:error|note)'
 
 
 class Programs:
-    """Tests that take the library as it is shipped, and so every changed one too."""
+    """Tests that load the shipped library, and so also every changed one."""
 
     def __init__(self, folder):
         self.contract = folder / 'contract_tests'
@@ -35,7 +35,7 @@ class Programs:
 
 
 class CopyOfTree:
-    """Holds every change as a switch, except those at places where C++ wants a constant."""
+    """Contains every change as a switch, except those at places where C++ needs a constant."""
 
     def __init__(self, root, everything):
         self.root = root
@@ -43,7 +43,7 @@ class CopyOfTree:
         self.tree = self.folder / 'tree'
         self.build_folder = self.folder / 'build'
         self.everything = everything
-        self.fixed = set()  # (file, line) of what must stay a constant
+        self.fixed = set()  # (file, line) where a constant is needed
         self.originals = {site.file: self.original(site.file) for site in everything}
 
     @property
@@ -85,13 +85,14 @@ class CopyOfTree:
         self.write('src/CMakeLists.txt', (self.original('src/CMakeLists.txt') + AS_ONE).encode())
 
     def remove_others(self, files):
-        """Of an earlier copy. The build would take a source that is no more."""
+        """Removes files of an earlier copy. Otherwise the build would use sources that no longer
+        exist."""
         for path in self.tree.rglob('*'):
             if path.is_file() and str(path.relative_to(self.tree)) not in files:
                 path.unlink()
 
     def write(self, file, content):
-        """Leaves a file alone that has this content already: nothing is then built again."""
+        """Does not touch a file that already has this content, so that it is not built again."""
         path = self.tree / file
         if not path.is_file() or path.read_bytes() != content:
             path.parent.mkdir(parents=True, exist_ok=True)
@@ -101,7 +102,7 @@ class CopyOfTree:
         return (self.root / file).read_text(encoding='utf-8')
 
     def source(self, file, change=None):
-        """With all switches, or with none and one change."""
+        """The source with all switches, or with none and one change."""
         source = self.originals[file]
         kept = {line for fixed, line in self.fixed if fixed == file}
         if change is not None:
@@ -114,7 +115,7 @@ class CopyOfTree:
         self.write(file, self.source(file, change).encode('utf-8'))
 
     def build_with_switches(self):
-        """Takes switches out where the compiler objects, until it is content."""
+        """Removes switches where the compiler reports errors, until there are none."""
         while True:
             for file in {site.file for site in self.everything}:
                 self.write_source(file)
@@ -132,7 +133,7 @@ class CopyOfTree:
         return lines[line - 1] if line <= len(lines) else ''
 
     def remember_fixed(self):
-        """Finding these takes a build, which the next run can save."""
+        """Finding these places takes a build, which the next run can skip."""
         rows = [f'{file}:{line}:{self.line_text(file, line)}\n'
                 for file, line in sorted(self.fixed)]
         (self.folder / 'fixed.txt').write_text(''.join(rows), encoding='utf-8')
@@ -145,12 +146,12 @@ class CopyOfTree:
                 yield file, int(line)
 
     def blamed(self, messages, kinds):
-        """The places that these messages point at."""
+        """The places to which these messages point."""
         pattern = re.compile(rf'{re.escape(str(self.tree))}/(src/[\w/.]+):(\d+):\d+: {kinds}')
         return {(file, int(line)) for file, line in pattern.findall(messages)}
 
     def build(self, *targets):
-        """The compiler's words if it fails."""
+        """Returns the compiler's output if it fails."""
         done = subprocess.run(['cmake', '--build', self.build_folder, '--parallel', JOBS,
                                '--target', *targets, '--', '-k', '0', '--quiet'],
                               capture_output=True, text=True, check=False)

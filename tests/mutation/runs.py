@@ -1,5 +1,5 @@
-"""Runs the tests against each change: those of what a host sees, and, when these notice nothing, those
-of faults and those that link the objects."""
+"""Runs the tests against each change: first those of what a host sees and, when these notice
+nothing, those of faults and those that link the objects."""
 
 import collections
 import concurrent.futures
@@ -9,18 +9,19 @@ import resource
 import subprocess
 import tempfile
 
-# Of the processor; the clock may show far more on a busy machine.
+# Processor time; on a busy machine the clock may show far more.
 SECONDS = 60
 SECONDS_BY_THE_CLOCK = 900
 MEMORY = 4 << 30
 
-# About time, memory and file systems, not about rules; they would take most of the time.
+# Tests about time, memory and file systems, not about rules; they would take most of the time.
 LEFT_OUT = ['Shapes/HostileSizeTest*', 'Lists/HostileTagsTest*', 'HostilePropertiesTest*',
             'SaveFullDisk*', 'SaveLongPath*', 'HostileDocumentTest*',
             'Neighbour*',
             # The copy is compiled without optimisation, where Clang looks at one bit of a bool.
             'ForeignBool*']
-# Random clips and long sequences, of which a few are enough, and every document in five encodings.
+# Random clips and long sequences, of which a few are enough, and tests of every document in five
+# encodings.
 SLOW = ['Seeds/*', 'Encodings/EncodingTest*']
 FEW_OF_THE_SLOW = ['Seeds/*/1', 'Encodings/EncodingTest*']
 
@@ -28,7 +29,7 @@ FAILED = re.compile(r'^\[  FAILED  \] ([\w/]+\.[\w/]+)', re.MULTILINE)
 BEGUN = re.compile(r'^\[ RUN      \] ([\w/]+\.[\w/]+)', re.MULTILINE)
 
 
-# Where files are read and written, the tests that see a disk.
+# For code that reads and writes files: the tests that observe a disk.
 UNITS_OF_STEPS = ['Fs*', 'Rewrite*', 'Patience*']
 UNITS_FIRST = ('src/fs/', 'src/format/rewrite.cpp')
 CONTRACTS_OF_STEPS = ['Catalogue*', 'ManagerCreation*', 'Neighbour*', 'PropertyEditor*', 'Remove*',
@@ -58,7 +59,7 @@ class Tests:
         self.successful = collections.defaultdict(list)  # (program, suite) that noticed, by file, last first
 
     def run(self, identity, suites, program):
-        """The name of the test that notices; None when all pass."""
+        """The name of the test that notices the change; None when all pass."""
         try:
             done = subprocess.run(
                 [program, '--gtest_fail_fast', '--gtest_brief=0',
@@ -74,7 +75,8 @@ class Tests:
         return names[0] if names else 'crash at the start'
 
     def stages(self, site):
-        """(program, suites): what noticed other changes of the file first, the slow ones last."""
+        """(program, suites): first those that noticed other changes of the file, last the slow
+        ones."""
         contract, faults, unit = self.programs.contract, self.programs.faults, self.tree.unit_tests
         successful = self.successful[site.file][:8]
         for program in dict.fromkeys(program for program, _ in successful):
@@ -97,7 +99,7 @@ class Tests:
         return None
 
     def notice_nothing(self):
-        """What fails without any change."""
+        """The tests that fail without any change."""
         known = [(self.programs.contract, all_but(LEFT_OUT + SLOW)),
                  (self.programs.contract, only(CONTRACTS_OF_STEPS)),
                  (self.programs.contract, only(FEW_OF_THE_SLOW)),

@@ -5,7 +5,7 @@ import re
 
 import steps
 
-# Strings and comments, which hide what looks like code, and what is changed in code.
+# Strings and comments, which hide text that looks like code, and the code that is changed.
 HIDDEN = re.compile(r'//[^\n]*|^[ \t]*#[^\n]*', re.MULTILINE)
 STRING = re.compile(r'"(?:[^"\\\n]|\\.)*"(?:_t)?')
 CHARACTER = re.compile(r"'(?:[^'\\\n]|\\.)+'")
@@ -27,7 +27,7 @@ OPPOSITES = {'<': '<=', '<=': '<', '>': '>=', '>=': '>', '==': '!=', '!=': '==',
 
 @dataclasses.dataclass
 class Site:
-    """One change of one place: `original`, at `start` of the file, becomes `changed`."""
+    """One change at one place: `original`, at `start` of the file, becomes `changed`."""
     file: str
     start: int
     original: str
@@ -35,7 +35,7 @@ class Site:
     line: int = 0
     text: str = ''
     number: int = 0  # among the same changes of one line
-    is_of_steps: bool = False  # lies where steps are left out
+    is_of_steps: bool = False  # in code where steps are left out
 
     @property
     def is_comparison(self):
@@ -64,7 +64,7 @@ def blanked(pattern, text):
 
 
 def hide_comments(source):
-    """Comments and directives blanked, but not inside strings."""
+    """Blanks comments and directives, but not inside strings."""
     either = re.compile(f'(?P<string>{STRING.pattern})|{HIDDEN.pattern}', re.MULTILINE)
     return either.sub(lambda m: m.group() if m.group('string') else ' ' * len(m.group()), source)
 
@@ -74,7 +74,7 @@ def changed_string(literal):
 
 
 def changed_numbers(text):
-    """One more and one less; for a fraction a hundredth part."""
+    """One more and one less; for a fraction, a hundredth."""
     if re.search(r'\d\.\d', text):
         if float(text.rstrip('F')) == 0:
             return [f'{text} + 0.01F', f'{text} - 0.01F']
@@ -149,7 +149,7 @@ def find(file, source, has_steps=False):
 
 
 def around(site, identity):
-    """What stands before and behind the site's code to make it a switch."""
+    """The text before and after the site's code that makes it a switch."""
     if site.is_comparison:
         return f'{site.original} ::mutation::On{{{identity}}} ', ''
     if site.changed == ';':
@@ -162,8 +162,8 @@ def around(site, identity):
 
 
 def with_switches(source, sites):
-    """The source with a switch for each of its (identity, site), all off. Where several begin or end
-    at one place, the longest stands outside."""
+    """The source with a switch for each of its (identity, site), all off. Where several begin or
+    end at one place, the longest is the outermost."""
     inserted = []
     for rank, (identity, site) in enumerate(sites):
         before, behind = around(site, identity)
@@ -183,7 +183,7 @@ def with_change(source, site):
 
 
 def without_constants(source, kept_lines):
-    """What depends on a switch is no constant any more, except in the lines that must be one."""
+    """Removes constexpr from code that depends on a switch, except in the lines that need it."""
     lines = source.split('\n')
     for index, line in enumerate(lines):
         if index + 1 not in kept_lines and not line.endswith(')'):

@@ -4,7 +4,7 @@ import re
 
 FLAG = re.compile(r'\b(?:O_(?:APPEND|CLOEXEC|CREAT|DIRECTORY|EXCL|NOCTTY|NOFOLLOW|NONBLOCK|TRUNC)|'
                   r'AT_(?:REMOVEDIR|SYMLINK_NOFOLLOW)|LOCK_NB)\b')
-# What a function says when it has failed, and what it says otherwise.
+# What a function returns when it has failed, and what it returns otherwise.
 FAILURES = {'WriteResult::failed': 'written', 'WriteResult::notOpened': 'written',
             'ReadResult::refused': 'read', 'ReadResult::notOpened': 'read',
             'Attempt::failed': 'done', 'Attempt::tryAgain': 'failed',
@@ -15,7 +15,7 @@ FAILURE = re.compile(r'(?<!case )(?<!case HeldFile::)(?<!case fs::HeldFile::)(?<
                      rf'\b(?:{"|".join(FAILURES)})\b')
 ANSWER = re.compile(r'(?<=return )(?:true|false)(?=;)')
 CONDITION = re.compile(r'\b(?:if|while) \(')
-# An expression whose value nobody takes: a call, or something that is set.
+# An expression whose value is not used: a call or an assignment.
 STATEMENT = re.compile(r'\s*(?!(?:return|else|delete|throw|if|while|for|switch|do|case|default)\b)'
                        r'(?:\+\+|--)?(?:::)?[\w:]+(?:(?:\.|->)\w+|\[[^]\n]*\]|\(\))*\s*'
                        r'(?:\(|=|[-+]=|\+\+;|;)')
@@ -23,7 +23,8 @@ PAIRS = {'(': ')', '[': ']', '{': '}'}
 
 
 def end_of(code, start, stops):
-    """Where, from `start` on, one of `stops` stands outside all brackets, or the last one closes."""
+    """The place, from `start` on, of the first of `stops` outside all brackets, or where the last
+    bracket closes."""
     depth = 0
     for place in range(start, len(code)):
         if depth == 0 and code.startswith(stops, place):
@@ -38,7 +39,7 @@ def end_of(code, start, stops):
 
 
 def start_of(code, end, stops):
-    """The same backwards: behind the stop."""
+    """The same backwards: the place after the stop."""
     depth = 0
     for place in range(end, 0, -1):
         if depth == 0 and code.endswith(stops, 0, place):
@@ -65,7 +66,7 @@ NEUTRAL = {'&&': 'true', '||': 'false'}
 
 
 def operands(code):
-    """(start, end, what it is when it is left out) of each operand of && and ||."""
+    """(start, end, replacement when it is left out) of each operand of && and ||."""
     found = set()
     for match in re.finditer(r'(?<=[\s)])(?:&&|\|\|)(?=\s)', code):
         inner = ('&&', '||') if match.group() == '&&' else ('||',)
@@ -85,7 +86,7 @@ def conditions(code):
 
 
 def is_in_function(code, place):
-    """Whether the innermost open bracket is a brace, and it is not that of a class or a namespace."""
+    """Whether the innermost open bracket is a brace, but not that of a class or a namespace."""
     open_at = start_of(code, place, ())
     head = code[max(code.rfind(c, 0, max(open_at - 1, 0)) for c in ';{}') + 1:open_at]
     return open_at > 0 and code[open_at - 1] == '{' and not re.search(
@@ -104,7 +105,7 @@ def statements(code):
 
 
 def words(code):
-    """(start, end, what takes its place) of flags and of what a function answers."""
+    """(start, end, replacement) of flags and of the results of functions."""
     for match in FLAG.finditer(code):
         yield match.start(), match.end(), '0'
     for match in FAILURE.finditer(code):

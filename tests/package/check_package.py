@@ -19,7 +19,7 @@ MSVC = pathlib.Path(__file__).parent / "msvc"
 
 
 class Tree(PackageTest):
-    """What is installed, and that it is free of the places where it was made."""
+    """The installed files, which must not contain the paths of the build."""
 
     def files(self):
         return {str(path.relative_to(self.tree)) for path in self.tree.rglob("*")
@@ -61,7 +61,7 @@ class Tree(PackageTest):
 
 
 class Licences(PackageTest):
-    """Whoever gets the binaries also gets the terms of all that is in them."""
+    """Everyone who gets the binaries must also get the licences of everything in them."""
 
     def stanzas(self):
         text = (self.tree / "share/doc/krt_plx/copyright").read_text(encoding="utf-8")
@@ -126,7 +126,7 @@ class DebianPackages(PackageTest):
 
 
 class Python(PackageTest):
-    """The package for Python and its command find the library of their own tree. (Linux alone.)"""
+    """The package for Python and its command find the library of their own tree. (Only on Linux.)"""
 
     components = (*PackageTest.components, "python")
 
@@ -147,7 +147,7 @@ class Python(PackageTest):
 
 
 class RuntimePath(PackageTest):
-    """Where the libraries that the library needs are is the system's business. (ELF only.)"""
+    """The system decides where the libraries are that the library needs. (Only for ELF.)"""
 
     def test_there_is_none(self):
         entries = output_of([tool("readelf"), "--dynamic", self.tree / "lib/libkrt_plx.so"])
@@ -194,7 +194,7 @@ class PkgConfigConsumers(Consumers):
     def libraries(self):
         if not self.surroundings.is_windows:
             return self.flags("--libs")
-        # The compiler's own libraries go into the program, the DLL does not.
+        # The compiler's own libraries are linked into the program, the DLL is not.
         return ["-static", "-Wl,-Bdynamic", *self.flags("--libs"), "-Wl,-Bstatic"]
 
     def check(self, compiler, source, *options):
@@ -211,7 +211,7 @@ class PkgConfigConsumers(Consumers):
 
 
 class MsvcConsumer(Consumers):
-    """A host made by tools that know Microsoft's ways alone."""
+    """A host made by tools that work only like Microsoft's."""
 
     def test_linked_with_the_import_library(self):
         host = self.folder / "host.obj"

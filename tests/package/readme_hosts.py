@@ -1,4 +1,4 @@
-"""The manual's way from the installed package to three hosts, as it is written there."""
+"""The steps of the manual from the installed package to three hosts."""
 
 import re
 import subprocess
@@ -7,12 +7,12 @@ from surroundings import PackageTest
 
 from readme import blocks, figures  # noqa: E402, surroundings shows where it is
 
-# What those who run this test have done already.
+# The steps that were done before this test.
 BUILDING = r"scripts/install-packages\n|cmake --preset .*\n|cmake --build build/install\S*\n"
 
 
 class ReadmeHosts(PackageTest):
-    """A folder like the top folder of the sources, in which the library is built but not installed."""
+    """A folder like the top folder of the sources, where the library is built but not installed."""
 
     def setUp(self):
         self.readme = self.surroundings.sources / "README.md"
@@ -38,7 +38,7 @@ class ReadmeHosts(PackageTest):
             (self.top / "my-hosts" / name).write_text(content, encoding="utf-8")
 
     def commands(self):
-        """The commands of this system but for those that build the library."""
+        """The commands for this system, except those that build the library."""
         system = "-windows" if self.surroundings.is_windows else ""
         text = "".join(text for text in blocks(self.page, "sh")
                        if "my-hosts" in text and "pkg-config" not in text
@@ -49,7 +49,7 @@ class ReadmeHosts(PackageTest):
         return left + self.by_pkg_config()
 
     def by_pkg_config(self):
-        """The same host in C by the manual's way, which is for Linux."""
+        """Builds the same C host with pkg-config, as the manual says for Linux."""
         if self.surroundings.is_windows:
             return ""
         return next(text for text in blocks(self.page, "sh") if "pkg-config" in text)

@@ -1,4 +1,4 @@
-"""The installed package in a folder of its own, and the tools that hosts are built with."""
+"""The installed package in a folder of its own, and the tools that build hosts."""
 
 import dataclasses
 import os
@@ -36,7 +36,7 @@ def call(command, **options):
 
 
 def checked(result):
-    """What a command printed; an error when it failed or complained."""
+    """The output of a command; an error when it failed or printed errors."""
     output, errors = (text.decode("utf-8", "replace") for text in (result.stdout, result.stderr))
     if result.returncode != 0 or errors:
         raise AssertionError(f"{result.args}: {result.returncode}\n{output}\n{errors}")
@@ -63,12 +63,12 @@ def versions_in(header):
 
 
 def package_environment(tree):
-    """The environment in which pkg-config finds the package below tree and no other."""
+    """The environment in which pkg-config finds only the package below tree."""
     return dict(os.environ, PKG_CONFIG_LIBDIR=str(tree / "lib/pkgconfig"))
 
 
 class PackageTest(unittest.TestCase):
-    """A test with the installed package in self.tree, where nothing is as it was when installed."""
+    """A test with the installed package in self.tree, which was moved after installing."""
 
     surroundings = None
     components = ("runtime", "development")
@@ -92,7 +92,7 @@ class PackageTest(unittest.TestCase):
 
     @property
     def compatible_version(self):
-        """What changes when a host that was built before may not run any more."""
+        """The part of the version that changes when older hosts may no longer run."""
         return ".".join(map(str, self.version[: 2 if self.version[0] == 0 else 1]))
 
     def library_folder(self):

@@ -1,4 +1,4 @@
-"""That the version is the same wherever a host can meet it."""
+"""Checks that the version is the same everywhere."""
 
 import pathlib
 import re
@@ -33,7 +33,7 @@ def version_string(library, key):
 
 class Versions(PackageTest):
     def found_when_asked_for(self, *versions):
-        """The version that CMake finds for each that is asked for; None where it refuses."""
+        """The version that CMake finds for each requested one; None where it refuses."""
         source = pathlib.Path(tempfile.mkdtemp(dir=self.folder))
         calls = "\n".join(
             f"find_package(krt_plx {version} CONFIG QUIET)\n"
@@ -59,7 +59,7 @@ class Versions(PackageTest):
         self.assertEqual(self.found_when_asked_for(*accepted, *refused), expected)
 
     def example(self, language):
-        """The one example in a language on the manual's page about versions."""
+        """The only example in a language on the manual's page about versions."""
         (code,) = blocks(self.surroundings.sources / "docs/versioning.md", language)
         return code.strip()
 
@@ -81,7 +81,7 @@ class Versions(PackageTest):
         self.assertEqual(text.strip(), self.version_text)
 
     def test_changelog(self):
-        """The newest entry is of this version."""
+        """The newest entry is for this version."""
         text = (self.tree / "share/doc/krt_plx/CHANGELOG.md").read_text(encoding="utf-8")
         newest = re.search(r"^## \[([^\]]+)\]", text, re.MULTILINE)[1]
         self.assertIn(newest, (self.version_text, "Unreleased"))

@@ -1,4 +1,4 @@
-"""That scripts/count-results counts each way in which a test can end.
+"""Checks that scripts/count-results counts every result that a test can have.
 
 check_counts.py CTEST PROJECT
 """
@@ -50,7 +50,7 @@ class Counts(unittest.TestCase):
         self.add(name, command)
 
     def counted(self):
-        """What is counted of the tests, as passed, failed and skipped, and what is said of them."""
+        """The counts of passed, failed and skipped tests, and the lines printed about them."""
         (self.folder / "CTestTestfile.cmake").write_text("\n".join(self.lines), encoding="utf-8")
         subprocess.run([CTEST, "--test-dir", self.folder, "--output-junit", self.folder / "ctest.xml"],
                        capture_output=True, check=False)

@@ -1,4 +1,4 @@
-"""That what the lists of reasons speak of is still in the sources: the changes that no test can notice,
+"""Checks that the lists of reasons refer to existing code: the changes that no test can notice,
 in tests/mutation/equivalent.txt, and the lines that no test runs, in tests/uncovered.txt.
 
 check_reasons.py PROJECT
@@ -15,7 +15,7 @@ PROJECT = None
 
 
 def script(name):
-    """One of scripts/ as a module."""
+    """Imports one of the scripts as a module."""
     loader = importlib.machinery.SourceFileLoader(name, str(PROJECT / "scripts" / name))
     module = importlib.util.module_from_spec(importlib.util.spec_from_loader(name, loader))
     loader.exec_module(module)

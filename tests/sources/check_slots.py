@@ -1,13 +1,14 @@
-"""That the virtual operations of every interface stand in their order.
+"""Checks that the virtual operations of every interface are declared in their order.
 
 check_slots.py PROJECT
 
-An object is called by the place of an operation in its table, and the declarations alone decide that
-place. Where two change places, the library is compiled anew and does all as before, so that no test
-of what it does would notice. Only the casts of an interface, which follow its operations, are free.
+The caller of a virtual operation uses its index in the table of the object, which only the order of
+the declarations decides. If two operations change places, the library is compiled again and behaves
+as before, so no test of its behaviour would notice. Only the casts of an interface, which follow
+its operations, may be in any order.
 
-The check tries itself on copies in which two neighbours are swapped, or an operation is missing or
-added.
+The check also tests itself, on copies in which two neighbours are swapped, or an operation is
+missing or added.
 """
 
 import pathlib
@@ -16,7 +17,7 @@ import sys
 
 FOLDERS = ("src/model", "src/clip", "src/manager")
 
-# The tilde is the destructor, with which the operations of a root end.
+# The tilde is the destructor, which is the last operation of a root.
 SLOTS = {name: slots.split() for name, slots in {
     "Manager": """destroy appID systemClipDirPath readAllClipFiles readUserClipFiles numSystemClips
         systemClip hasSystemClip userClipDirPath numUserClips userClip hasUserClip createMutableClip
@@ -106,7 +107,7 @@ def classes(project):
 
 
 def wrong(name, body):
-    """What is wrong with the interface, if anything."""
+    """Describes what is wrong with the interface, if anything."""
     expected = SLOTS[name]
     slots = [slot for slot, _ in operations(body)]
     if slots[:len(expected)] != expected:

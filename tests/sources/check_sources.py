@@ -1,9 +1,9 @@
-"""That the build chooses its sources by where they lie in the project, wherever the project lies.
+"""Checks that the build finds its sources by their places in the project, wherever the project is.
 
 check_sources.py CMAKE PROJECT SCRATCH
 
-The project is copied below folders that are named as its own are, which nobody forbids its users, and
-configured there. An expression that meets whole paths loses sources there, or finds too many.
+The project is copied into folders that have the same names as its own folders, as users may do, and
+configured there. An expression that matches full paths would lose sources there, or find too many.
 """
 
 import json
@@ -13,13 +13,13 @@ import subprocess
 import sys
 
 LANGUAGES = (".c", ".cpp")
-# Compiled by tests of their own, or for a fuzzer alone.
+# Compiled by tests of their own, or only for a fuzzer.
 OTHERS = ("src/fs/win32/", "src/process/win32/", "tests/package/", "tests/face/codegen_",
           "fuzz/entry.cpp", "fuzz/json_")
 
 
 def own_folders(project):
-    """The names of all folders that hold sources."""
+    """The names of all folders that contain sources."""
     names = {part for folder in project.iterdir() if (folder / "CMakeLists.txt").is_file()
              for file in folder.rglob("*") if file.suffix in LANGUAGES
              for part in file.relative_to(project).parts[:-1]}
@@ -55,7 +55,7 @@ def check(cmake, place):
     error, built = configure(cmake, place, "-DKRT_PLX_BENCHMARKS=ON")
     if error:
         return error
-    # What Linux replaces is for other systems.
+    # Files that Linux replaces are for other systems.
     error, elsewhere = configure(cmake, place, "-DKRT_PLX_FS=posix", "-DKRT_PLX_TESTS=OFF")
     if error:
         return error
@@ -66,7 +66,7 @@ def check(cmake, place):
     if not built & sources:
         return "no source found"
 
-    # A choice among the tests that only the folders above the project would meet.
+    # An expression that only matches the folders above the project.
     error, _ = configure(cmake, place, f"-DKRT_PLX_TEST_SOURCES={place.name}")
     if not error or "No contract test matches" not in error:
         return error or "tests are chosen by the folders above the project"

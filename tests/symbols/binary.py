@@ -23,7 +23,7 @@ def fail(*lines):
 
 
 def compare(what, expected, found):
-    """Ends the check: well only when both hold the same, each once."""
+    """Ends the check, successfully only when both contain the same names, each once."""
     missing = sorted(set(expected) - set(found))
     foreign = sorted(set(found) - set(expected))
     if not expected:
@@ -38,7 +38,7 @@ def compare(what, expected, found):
 
 
 def allow_only(what, allowed, found):
-    """Ends the check: well only when nothing but the allowed was found, and something was."""
+    """Ends the check, successfully only when nothing but allowed names was found, and at least one."""
     foreign = sorted(set(found) - set(allowed))
     if foreign or not found:
         fail(f"{what}: {' '.join(sorted(found)) or 'none'}; not allowed: {' '.join(foreign)}")

@@ -16,7 +16,7 @@ def without_comments_and_texts(source):
 
 
 def end_of(pair, source, begin):
-    """The place behind the bracket that closes the one at begin."""
+    """The place after the bracket that closes the one at begin."""
     opening, closing = pair
     depth = 0
     for place in range(begin, len(source)):
@@ -35,8 +35,9 @@ def bodies_in(source):
 
 
 def is_guarded(body, guards):
-    """True for one statement that is a call of a guard, whose arguments call nothing themselves: they
-    are worked out before the guard is there. What a lambda among them calls is within the guard."""
+    """True for one statement that is a call of a guard whose arguments contain no calls: these
+    would be evaluated outside the guard. Calls in a lambda among the arguments are inside the
+    guard."""
     start = re.match(rf"\s*(?:return\s+)?(?:{'|'.join(map(re.escape, guards))})\s*(?=[<(])", body)
     if not start:
         return False

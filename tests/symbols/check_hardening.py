@@ -1,10 +1,10 @@
-"""Checks what a shipped binary says of its own protection.
+"""Checks how a shipped binary is protected.
 
 check_hardening.py elf READELF BINARY TARGET
 check_hardening.py pe OBJDUMP BINARY
 
-Whether calls look at sizes is not in a binary when there is no call for which the compiler knows one, so
-that is read from the commands by which the TARGET's sources were compiled, in the
+Whether calls check sizes cannot be seen in a binary without a call for which the compiler knows
+one, so that is read from the commands that compiled the TARGET's sources, in the
 compile_commands.json of the folder above the binary's.
 """
 
@@ -51,7 +51,7 @@ def faults_of_sizes(build, target):
 def pe_faults(objdump, binary):
     headers = output_of(objdump, "--private-headers", binary)
     yield from (f"lacks {mark}" for mark in PE_MARKS if not re.search(rf"^\s+{mark}$", headers, re.M))
-    # Without them the loader cannot move it, whatever the mark says.
+    # Without relocations the loader cannot move it, whatever the mark says.
     if not re.search(r"^Entry 5 [0-9a-f]+ (?!0+ )[0-9a-f]+ Base Relocation", headers, re.M):
         yield "has no relocations"
 

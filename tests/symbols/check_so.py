@@ -15,7 +15,7 @@ SYSTEM_LIBRARIES = {
 
 
 def dynamic_symbols(readelf, library):
-    """Yields (binding, section, name) of each symbol that the loader sees."""
+    """Yields (binding, section, name) for each symbol that the loader sees."""
     row = re.compile(r"^\s*\d+:\s+\S+\s+\S+\s+\S+\s+(\S+)\s+\S+\s+(\S+)\s+(\S+)")
     for line in output_of(readelf, "--dyn-syms", "--wide", library).splitlines():
         match = row.match(line)

@@ -29,7 +29,7 @@ EPOCH = (1980, 1, 1, 0, 0, 0)
 
 
 def interface_of(folder):
-    """The interface file: as it is in a source distribution, else fresh from the headers."""
+    """The interface file: from the source distribution, or else made from the headers."""
     if (HERE / INTERFACE).is_file():
         return HERE / INTERFACE
     clang = shutil.which(os.environ.get("CLANG", "clang"))
@@ -71,7 +71,7 @@ def entry(path, data):
 
 
 def add(archive, name, data):
-    """The same wheel from the same files, whenever it is made."""
+    """Makes the wheel the same from the same files, at any time."""
     info = zipfile.ZipInfo(name, EPOCH)
     info.compress_type = zipfile.ZIP_DEFLATED
     info.external_attr = 0o644 << 16
@@ -98,7 +98,8 @@ def build_wheel(wheel_directory, config_settings=None, metadata_directory=None):
 
 
 def build_sdist(sdist_directory, config_settings=None):
-    """What the package is made of, with the interface, so that it can be built without the headers."""
+    """Everything that the package is made from, with the interface, so that it can be built without
+    the headers."""
     with tempfile.TemporaryDirectory() as folder:
         interface = interface_of(folder)
         version = json.loads(interface.read_text(encoding="utf-8"))["version"]["text"]

@@ -1,4 +1,4 @@
-"""One call of the library: arguments and results as Python has them, and what the call ends."""
+"""Calling the library: converts arguments and results, and marks what the call destroys as dead."""
 
 from __future__ import annotations
 
@@ -14,13 +14,13 @@ from ._table import FUNCTIONS
 
 _LIMITS = {"int32": (-(2**31), 2**31 - 1), "uint32": (0, 2**32 - 1), "uint64": (0, 2**64 - 1)}
 _LARGEST_FLOAT = float.fromhex("0x1.fffffep+127")
-# What stands in an out-parameter that the library leaves alone.
+# The initial value of an out-parameter, to see whether the library has written it.
 _UNTOUCHED = {"uint32": 0xFFFFFFFF, "uint64": 2**64 - 1}
 
 
 def call(name: str, *arguments: Any) -> Any:
     """Calls a function by its name without KRT_PLX_. Pointers for counts and codes are not passed:
-    their values come back. Nor are the sizes of arrays."""
+    their values are returned. Sizes of arrays are not passed either."""
     entry = FUNCTIONS[name]
     owner = _self_of(entry, name, arguments)
     with _list_of_managers(entry, owner), _manager_of(owner):
@@ -36,7 +36,7 @@ def _locked_call(name: str, entry: Dict[str, Any], owner: Optional[Handle], argu
     ending = _ended_by(entry, owner, arguments)
     _mark(ending, False)
     result = function(*passed)
-    # Python may be interrupted here. Then the objects stay dead, and can be asked for again.
+    # Python may be interrupted here. Then the objects stay dead, and can be fetched again.
     if _has_ended_nothing(entry, result):
         _mark(ending, True)
     return _result(entry["result"], result, owner, out)
@@ -54,21 +54,21 @@ def _self_of(entry: Dict[str, Any], name: str, arguments: Any) -> Optional[Handl
 
 
 def _list_of_managers(entry: Dict[str, Any], owner: Optional[Handle]) -> ContextManager[Any]:
-    """One thread at a time makes managers and ends them."""
+    """Only one thread at a time creates or destroys managers."""
     if owner is None or (owner._owner is None and entry["destroys"]):
         return MANAGERS.lock
     return contextlib.nullcontext()
 
 
 def _manager_of(owner: Optional[Handle]) -> ContextManager[Any]:
-    """One thread at a time works in a manager."""
+    """Only one thread at a time calls functions of a manager."""
     if owner is None:
         return contextlib.nullcontext()
     return owner._world.lock
 
 
 def _asks_for_a_dead_element(entry: Dict[str, Any], arguments: Any) -> bool:
-    """A new object may stand at the address of a dead one, which then counts as found."""
+    """A new object may have the address of a dead one, so that the library would find it."""
     if not entry["operation"].lower().startswith("has"):
         return False
     return any(isinstance(argument, Handle) and not argument._lives()
@@ -162,7 +162,7 @@ def _convert_integer(name: str, parameter: Dict[str, Any], argument: Any) -> int
 
 
 def _ended_by(entry: Dict[str, Any], owner: Optional[Handle], arguments: Any) -> List[Handle]:
-    """What a call ends unless it fails. Only what Python knows has to be told."""
+    """What a call destroys unless it fails. Only objects that Python knows must be marked."""
     found: List[Handle] = []
     if owner is None:
         return found
@@ -178,7 +178,7 @@ def _ended_by(entry: Dict[str, Any], owner: Optional[Handle], arguments: Any) ->
 
 
 def _siblings_at(owner: Handle, arguments: Any) -> List[Handle]:
-    """What another is about to be moved onto."""
+    """The objects at the position to which another is about to be moved."""
     family, position = owner.FAMILY, operator.index(arguments[1])
     siblings = [other for other in list(owner._owner._children) if other is not owner
                 and other.FAMILY == family and other._lives()] if owner._owner else []
@@ -192,7 +192,7 @@ def _mark(objects: List[Handle], alive: bool) -> None:
 
 
 def _has_ended_nothing(entry: Dict[str, Any], result: Any) -> bool:
-    """A false or null result says so; a code does not."""
+    """True for a false or null result; a code does not say so."""
     return entry["result"]["kind"] in ("bool", "handle") and not result
 
 

@@ -1,10 +1,10 @@
-"""Handles that know when they have died.
+"""Handles that know when their object was destroyed.
 
-The library does not recognise a dead handle. So this package keeps count: each object knows its
-owner and its children, and what a call may end, by the table of the interface, is marked before the
-call. The mark is taken away when the call has ended nothing. So an object is never used that a call
-has ended, not even when a signal interrupts Python right after the call. What has a dead owner is
-dead too.
+The library does not recognise a dead handle. So this package keeps track: each object knows its
+owner and its children, and objects that a call may destroy, by the table of the interface, are
+marked before the call. If the call has destroyed nothing, the mark is removed. So a destroyed
+object is never used, not even when a signal interrupts Python right after the call. An object with
+a dead owner is dead too.
 """
 
 from __future__ import annotations
@@ -17,8 +17,8 @@ from .errors import DeadObjectError
 
 
 class World:
-    """A manager and all that hangs from it: one call at a time, and one Python object for each object
-    of the library."""
+    """A manager and everything that it owns: one call at a time, and one Python object for each
+    object of the library."""
 
     def __init__(self) -> None:
         self.lock = threading.RLock()
@@ -26,12 +26,12 @@ class World:
             weakref.WeakValueDictionary())
 
 
-# The managers of the process are a world of their own; each is the root of another.
+# The list of managers is a world of its own; each manager is the root of another.
 MANAGERS = World()
 
 
 class Handle:
-    """An object of the library. It is made by the library's functions, never by hand."""
+    """An object of the library. Only the library's functions make it."""
 
     FAMILY: ClassVar[str] = ""
     SHOWN: ClassVar[Tuple[str, ...]] = ()
@@ -48,18 +48,19 @@ class Handle:
             raise TypeError(f"{type(self).__name__} objects come from the library")
 
     def __reduce_ex__(self, _: Any) -> NoReturn:
-        """Asked for copies and by pickle: nobody would tell a copy when the object dies."""
+        """Called for copies and by pickle. Forbidden, because a copy would not be marked when the
+        object dies."""
         raise TypeError(f"a {type(self).__name__} cannot be copied: it stands for an object of the library")
 
     @property
     def is_alive(self) -> bool:
-        """Whether the object is there still; any other use of a dead one raises DeadObjectError."""
+        """Whether the object still exists; any other use of a dead one raises DeadObjectError."""
         with self._world.lock:
             return self._lives()
 
     def _lives(self) -> bool:
-        """An object that a finalizer brought back is not known any more, and nobody would tell it of
-        its end. So it counts as dead."""
+        """An object that a finalizer has kept is no longer known here, so it would not be marked
+        when it dies. It counts as dead."""
         world = MANAGERS if self._owner is None else self._world
         return (self._alive and world.known.get((self.FAMILY, self._address)) is self
                 and all(owner._alive for owner in self._owners()))
@@ -87,13 +88,13 @@ _CLASSES: Dict[str, type] = {}
 
 
 def register(classes: Dict[str, type]) -> None:
-    """Tells the Python class of each class of the interface."""
+    """Sets the Python class for each class of the interface."""
     _CLASSES.update(classes)
 
 
 def adopt(address: Optional[int], name: Optional[str], family: str, slot: Optional[str],
           owner: Optional[Handle]) -> Optional[Handle]:
-    """The Python object of an object of the library: the one that there is, or a new one."""
+    """The Python object for an object of the library: the existing one, or a new one."""
     if not address:
         return None
     world = MANAGERS if owner is None else owner._world
@@ -114,7 +115,8 @@ def _make(address: int, kind: type, family: str, slot: str, owner: Optional[Hand
     made._world = World() if owner is None else world
     made._alive = True
     made._children = weakref.WeakSet()
-    # In this order: what is known is always told of its end, even if this is interrupted in between.
+    # In this order, because an object that is known is always marked, even if this is interrupted
+    # in between.
     if owner is not None:
         owner._children.add(made)
     world.known[(family, address)] = made

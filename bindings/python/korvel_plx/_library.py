@@ -1,4 +1,4 @@
-"""Finds and loads the library, and gives its functions the types that they have."""
+"""Finds and loads the library, and sets the types of its functions."""
 
 from __future__ import annotations
 
@@ -27,7 +27,8 @@ _path = ""
 
 
 def compatible_version() -> str:
-    """The part of the version that must be equal: the minor version too, as long as the major is 0."""
+    """The part of the version that must be equal: with the minor version, while the major version
+    is 0."""
     major, minor, _ = VERSION.split(".")
     return major if major != "0" else f"{major}.{minor}"
 
@@ -39,7 +40,8 @@ def file_names() -> "list[str]":
 
 
 def folders() -> "Iterator[pathlib.Path]":
-    """Beside the package, and where an installed tree or environment that holds it has libraries."""
+    """The folder beside the package, and the library folders of the installed tree or environment
+    that contains it."""
     package = pathlib.Path(__file__).resolve().parent
     yield package
     for root in [*package.parents, pathlib.Path(sys.prefix)]:
@@ -48,7 +50,7 @@ def folders() -> "Iterator[pathlib.Path]":
 
 
 def candidates() -> "Iterator[str]":
-    """What is tried, in this order; a name without a folder is looked for by the system."""
+    """What is tried, in this order; the system searches for a name without a folder."""
     said = os.environ.get("KRT_PLX_LIBRARY")
     if said:
         place = pathlib.Path(said)

@@ -1,4 +1,4 @@
-"""What the methods of objects make of the library's answers: results, or exceptions."""
+"""Turns the library's results into those of the methods of objects, or into exceptions."""
 
 from __future__ import annotations
 
@@ -14,15 +14,15 @@ def none_if(value: Any, mark: Any) -> Any:
 
 
 def expect_class(name: str, owner: Any) -> None:
-    """Asked when a call has failed: the methods of a class may have been given another object."""
+    """Called when a call has failed: the object may be of a class that the method does not accept."""
     needed = FUNCTIONS[name]["class"]
     if needed not in (kind.__name__ for kind in type(owner).__mro__):
         raise TypeError(f"{name} takes a {needed}, not {owner!r:.60}")
 
 
 def accept(name: str, *arguments: Any) -> None:
-    """For what the library can refuse by its value. A property that is a text is never None, though
-    the library takes a null text for an empty one."""
+    """For calls that refuse some values. A property that is a text is never None, although the
+    library accepts a null text for an empty one."""
     if None in arguments:
         raise TypeError(f"{name}: a value is needed, not None")
     if not call(name, *arguments):
@@ -31,7 +31,7 @@ def accept(name: str, *arguments: Any) -> None:
 
 
 def made(name: str, *arguments: Any) -> Any:
-    """For what returns a new object; without arguments only memory can be the reason for none."""
+    """For calls that return a new object; without arguments they fail only when memory runs out."""
     result = call(name, *arguments)
     if result is None:
         expect_class(name, arguments[0])
@@ -40,7 +40,7 @@ def made(name: str, *arguments: Any) -> Any:
 
 
 def do(name: str, *arguments: Any) -> None:
-    """For what the library can fail to do."""
+    """For calls that can fail."""
     if not call(name, *arguments):
         expect_class(name, arguments[0])
         raise PlxError(f"{name} was not done")

@@ -1,4 +1,4 @@
-"""Lists of the library, as sequences that look into it each time."""
+"""Lists of the library, as sequences that ask the library each time."""
 
 from __future__ import annotations
 
@@ -13,8 +13,8 @@ T = TypeVar("T")
 
 
 class PlxSequence(Sequence[T]):
-    """What an object has several of, by place. Changes show at once; it is no copy. No other thread
-    comes between the count and what stands at a place."""
+    """The elements of an object, by index. Changes are visible at once, because it is not a copy.
+    No other thread can come between reading the count and the element."""
 
     def __init__(self, owner: Handle, count: str, item: str, has: Optional[str] = None,
                  *which: Any) -> None:

@@ -1,4 +1,4 @@
-"""Texts as the library has them: 16-bit units, ended by a zero."""
+"""Texts of the library: 16-bit units, ended by a zero."""
 
 from __future__ import annotations
 
@@ -11,19 +11,20 @@ _PAGE = 4096
 
 
 def encode(text: str) -> bytes:
-    """Lone surrogates pass: the library stores them, and refuses to save them."""
+    """Lone surrogates are allowed: the library stores them, but refuses to save them."""
     if "\0" in text:
         raise ValueError("a text with a NUL would be cut there")
     return text.encode(_ENCODING, "surrogatepass") + b"\0\0"
 
 
 def decode(address: Optional[int]) -> Optional[str]:
-    """A copy of a text of the library's."""
+    """A copy of a text that belongs to the library."""
     if not address:
         return None
     found = bytearray()
     while True:
-        # Never beyond the page in which the end has not been seen: the next one may not be there.
+        # Reads only up to the end of a page before it looks for the end of the text: the next page
+        # may not exist.
         piece = ctypes.string_at(address, _PAGE - address % _PAGE)
         end = _end_of(piece)
         if end is not None:
@@ -41,5 +42,5 @@ def _end_of(piece: bytes) -> Optional[int]:
 
 
 def units(text: str) -> int:
-    """How many 16-bit units a text has."""
+    """The number of 16-bit units of a text."""
     return len(text.encode(_ENCODING, "surrogatepass")) // 2

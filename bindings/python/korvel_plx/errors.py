@@ -1,4 +1,4 @@
-"""What goes wrong, as exceptions."""
+"""The exceptions of this package."""
 
 from __future__ import annotations
 
@@ -8,7 +8,7 @@ from .constants import Result
 
 
 class PlxError(Exception):
-    """The library could not do what was asked. `code` is its result code, where it gave one."""
+    """The library could not do what was asked. `code` is its result code, if it returned one."""
 
     def __init__(self, what: str, code: Optional[int] = None) -> None:
         self.code = None if code is None else Result(code)
@@ -16,8 +16,8 @@ class PlxError(Exception):
 
 
 class DeadObjectError(PlxError):
-    """An object was used after the call that ended its life."""
+    """An object was used after the call that destroyed it."""
 
 
 class LibraryNotFoundError(PlxError):
-    """There is no krt_plx library where it was looked for, or it is not of this version."""
+    """The krt_plx library was not found, or is not of this version."""

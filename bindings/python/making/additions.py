@@ -1,7 +1,7 @@
-"""Members of the classes that are written by hand. This file is never imported: the classes that are
-made from the interface take over what stands here in the class of the same name."""
+"""Hand-written members of the classes. This file is never imported: the generator copies its
+members into the generated class of the same name."""
 
-# Imports of the classes.
+# Imports of the generated classes.
 import os
 import pathlib
 from typing import Any, Iterable, List, Optional, Sequence, Union, cast
@@ -22,8 +22,8 @@ class Manager:
     def __new__(cls, app_id: str, system_dir: PathText, user_dir: PathText,
                 extra_system_dirs: Iterable[PathText] = (),
                 extra_user_dirs: Iterable[PathText] = (), read: bool = True) -> "Manager":
-        """Creates the manager of an application ID and reads its clips, or finds the one that there
-        is. As a context manager it destroys itself at the end."""
+        """Creates the manager of an application ID and reads its clips, or returns the existing
+        one. As a context manager it destroys itself at the end."""
         manager, code = call("CreateManager", app_id, os.fspath(system_dir), os.fspath(user_dir),
                              [os.fspath(folder) for folder in extra_system_dirs],
                              [os.fspath(folder) for folder in extra_user_dirs])
@@ -87,7 +87,7 @@ class UserClip:
     def change(self, name: Optional[str] = None, types: Optional[Iterable[str]] = None,
                genres: Optional[Iterable[str]] = None, part_key: Optional[int] = None,
                part_tempo: Optional[int] = None) -> None:
-        """Changes what is given of the clip's properties on disk, and keeps the rest."""
+        """Changes the given properties of the clip on disk, and keeps the others."""
         editor = self.create_property_editor()
         try:
             editor.set_clip_name(self.name if name is None else name)
@@ -149,7 +149,7 @@ class MutableMidiPart:
 
 class MutableAudioPart:
     def set_wave_file(self, path: PathText) -> None:
-        """Sets the wave file by a path as the system writes it: the library wants backslashes."""
+        """Sets the wave file by a path of the system; the library needs backslashes."""
         whole = os.path.abspath(os.fspath(path))
         self.wav_file_path = whole.replace("/", "\\")
 
@@ -241,11 +241,11 @@ class MutableVibrato:
         return self._curve(constants.VibratoPointKind.RATE)
 
     def insert_depth(self, pos: int, value: int) -> "MutableVibratoParameter":
-        """Puts a point into the depth curve, or sets the one that stands there."""
+        """Inserts a point into the depth curve, or changes the one at that position."""
         return self.insert_parameter(constants.VibratoPointKind.DEPTH, pos, value)
 
     def insert_rate(self, pos: int, value: int) -> "MutableVibratoParameter":
-        """Puts a point into the rate curve, or sets the one that stands there."""
+        """Inserts a point into the rate curve, or changes the one at that position."""
         return self.insert_parameter(constants.VibratoPointKind.RATE, pos, value)
 
 

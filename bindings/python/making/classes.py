@@ -1,5 +1,5 @@
-"""Writes the classes of the package: a property for what can be read and set, a sequence for what is
-counted, a method for the rest. What is written by hand stands in additions.py and is taken over."""
+"""Writes the classes of the package: properties for values that can be read and set, sequences for
+lists, methods for everything else. The hand-written members in additions.py are added."""
 
 import ast
 import pathlib
@@ -10,7 +10,7 @@ from plain import HEAD
 
 ADDITIONS = pathlib.Path(__file__).parent / "additions.py"
 ACTIONS = ("read", "remove", "save", "destroy", "create", "add", "insert", "move", "protect")
-# Told by additions.py.
+# Documented in additions.py.
 BY_HAND = {"protect"}
 NO_LANGUAGE = 0xFFFFFFFF
 
@@ -27,7 +27,7 @@ class Model:
             self.place(name)
 
     def place(self, name):
-        """Bases before the classes that are derived of them."""
+        """Sorts bases before the classes that are derived from them."""
         base = self.classes[name]["base"]
         if base:
             self.place(base)
@@ -119,7 +119,7 @@ def property_of(name, kind, comment, expression):
 
 
 def result_kind(entry):
-    """The type of what a living object says."""
+    """The type that a living object returns."""
     result = entry["result"]
     if result["kind"] == "handle":
         may_miss = re.search(r"NULL (?:when|,)", result["comment"])
@@ -145,7 +145,7 @@ def getter(entry):
 
 
 def said_of_living(text):
-    """Without what a null handle gives: there is none here."""
+    """Without the result for a null handle, which does not occur here."""
     clauses = [clause.strip() for clause in text.split(";")]
     return "; ".join(clause for clause in clauses if not re.search(r"null handle|handle that is", clause))
 
@@ -156,13 +156,13 @@ def read_text(entry):
 
 
 def getter_of(model, name, entry):
-    """The function that reads what another sets."""
+    """The getter that belongs to a setter."""
     what = entry["operation"].removeprefix("set")
     return model.find(name, small(what)) or model.find(name, f"is{what}")
 
 
 def setter(model, name, entry, getter_name):
-    """A property with a setter repeats its getter."""
+    """A property with a setter repeats the getter."""
     read = model.functions[getter_name]
     key, kind = snake(read["operation"]), result_kind(read)
     text = f"{read_text(read)}\n\nTo be set: {values(entry)[0]['comment']}"
@@ -176,7 +176,7 @@ def setter(model, name, entry, getter_name):
 
 
 def sequence(model, name, entry):
-    """What is counted and asked for by its place."""
+    """A list, which has a function for its size and one for its elements."""
     operation = entry["operation"]
     if operation == "aiLangIDByIndex":
         key, count = "ai_lang_ids", "MidiPartBase_aiLangIDSize"
@@ -200,7 +200,7 @@ def argument(parameter):
 
 
 def method(entry):
-    """A refusal is an exception: of what was passed, or of the library without a reason of ours."""
+    """A refused call becomes an exception: ValueError for a wrong argument, or that of the library."""
     name, operation = bare(entry["name"]), entry["operation"]
     arguments = "".join(f", {argument(parameter)}" for parameter in values(entry))
     passed = "".join(f", {snake(parameter['name'])}" for parameter in values(entry))
@@ -217,7 +217,7 @@ def method_text(entry):
 
 
 def outcome(entry):
-    """The type of a method, and the helper that makes its result or its exception."""
+    """The type that a method returns, and the helper that makes its result or its exception."""
     operation, kind = entry["operation"], entry["result"]["kind"]
     if operation.startswith("has"):
         return "bool", "call"
@@ -236,7 +236,7 @@ def outcome(entry):
 
 
 class Additions:
-    """The members that are written by hand, class by class, and the imports above them."""
+    """The hand-written members, class by class, and the imports above them."""
 
     def __init__(self):
         source = ADDITIONS.read_text(encoding="utf-8")

@@ -23,7 +23,7 @@ def small(name):
 
 
 def common_prefix(names):
-    """Up to the last underline that all have in common."""
+    """Up to the last underscore that all have in common."""
     return os.path.commonprefix(names).rpartition("_")[0] + "_"
 
 
@@ -32,7 +32,7 @@ def plural(name):
 
 
 def docstring(text, indent):
-    """A text as a docstring; the comments of the headers are Markdown and fit as they are."""
+    """A text as a docstring; the comments of the headers are Markdown and are used unchanged."""
     text = text.replace("\\", "\\\\").replace('"""', "'''").strip()
     lines = text.splitlines() or [""]
     if len(lines) == 1 and not text.endswith('"'):

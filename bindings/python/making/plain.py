@@ -1,5 +1,5 @@
-"""Writes the parts of the package that are one entry of the interface each: the table for the calls,
-the constants, and the functions."""
+"""Writes the parts of the package that have one item for each entry of the interface: the table for
+the calls, the constants, and the functions."""
 
 from names import TYPES, bare, common_prefix, docstring
 
@@ -7,7 +7,7 @@ HEAD = '"""{}\n\nMade from krt_plx.api.json; do not edit.\n"""\n\nfrom __future_
 
 
 def table(interface):
-    """What a call needs to know, as a literal."""
+    """The data that a call needs, as a literal."""
     yield HEAD.format("What each function takes, returns and ends.")
     yield "from typing import Any, Dict\n"
     yield f"VERSION = {interface['version']['text']!r}\n"
@@ -54,7 +54,7 @@ def enumeration(entry):
 
 
 def functions(interface):
-    """A function for each of the library's, which tells mypy its types."""
+    """A function for each function of the library, with types for mypy."""
     yield HEAD.format("The functions of the library, by their names without KRT_PLX_.\n\n"
                       "A handle of another family is a TypeError, a dead one a DeadObjectError. For None,\n"
                       "and for a handle of the wrong kind within its family, a function returns its\n"

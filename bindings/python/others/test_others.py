@@ -1,8 +1,8 @@
-"""Files that others made, and programs that others wrote, beside plxsong. scripts/songs runs this.
+"""plxsong with files and programs of others. scripts/songs runs this.
 
-midicsv reads the same MIDI files, note by note. MuseScore plays the same MusicXML (whatever it plays is
-read by midicsv), draws what is exported, and writes MusicXML that is read here. timidity plays what is
-exported as MIDI.
+midicsv reads the same MIDI files, note by note. MuseScore plays the same MusicXML (midicsv reads
+what it plays), draws the exported MusicXML, and writes MusicXML that plxsong reads. timidity plays
+the exported MIDI.
 """
 
 import array
@@ -35,7 +35,7 @@ FILES = sorted(file for folder in FOLDERS for file in pathlib.Path(folder).rglob
 COUNTS = pathlib.Path(__file__).parent / "counts.json"
 DRUMS = 9
 ROUNDED = 6  # ticks
-# MuseScore takes minutes for the others.
+# For larger files MuseScore takes minutes.
 SHORT_FILES = [file for file in FILES if file.stat().st_size < 19_000]
 
 
@@ -55,7 +55,7 @@ def ticks(at, unit):
 
 
 def notes_by_midicsv(file):
-    """(track, channel) to its notes, put together from the rows of midicsv."""
+    """Maps (track, channel) to its notes, from the rows of midicsv."""
     unit, found, begun, ends = 480, collections.defaultdict(list), collections.defaultdict(list), {}
     for row in rows_of(file):
         track, at, kind = int(row[0]), int(row[1]), row[2]
@@ -79,7 +79,7 @@ def notes_by_midicsv(file):
 
 
 def test_midi_files_of_others_note_by_note():
-    """The counts are kept: they tell that the same files were read."""
+    """The recorded counts show that the same files were read."""
     assert len(FILES) >= 30
     counts = {}
     for file in FILES:
@@ -123,7 +123,7 @@ def test_the_order_of_playing_is_that_of_musescore(name, tmp_path):
 
 
 def overlapped(song):
-    """Of two notes of a pitch that overlap in a part, MuseScore lets one sound."""
+    """Of two notes of the same pitch that overlap in a part, MuseScore plays only one."""
     spans, found = collections.defaultdict(list), collections.Counter()
     for line in song.lines:
         for note in line.notes:
@@ -136,7 +136,8 @@ def overlapped(song):
 
 
 def unmatched(found, played):
-    """Onsets of each that the other does not have within a few ticks: tuplets are written rounded."""
+    """The onsets in each list that the other does not have within a few ticks, because tuplets are
+    written rounded."""
     alone = {"found": [], "played": []}
     for number in {number for _, number in [*found, *played]}:
         ours, theirs = (sorted(at for at, other in counted.elements() if other == number)

@@ -36,7 +36,7 @@ def interface():
 
 @pytest.fixture
 def library(tmp_path):
-    """A manager of the example clips, with an empty folder for the user's."""
+    """A manager of the example clips, with an empty user folder."""
     with plx.Manager(next(IDS), LIBRARY / "system", tmp_path / "user") as manager:
         yield manager
 
@@ -48,7 +48,7 @@ def living(library):
 
 @pytest.fixture(scope="module")
 def untouched(tmp_path_factory):
-    """Living objects for tests that change nothing; the last one looks whether that holds."""
+    """Living objects for tests that must not change anything; checked at the end."""
     folder = tmp_path_factory.mktemp("user")
     with plx.Manager(next(IDS), LIBRARY / "system", folder) as manager:
         objects = Living(manager)
@@ -58,7 +58,7 @@ def untouched(tmp_path_factory):
 
 
 def pytest_sessionfinish(session):
-    """A report in the form of the other test programs, case by case."""
+    """Writes a report in the format of the other test programs, case by case."""
     target = os.environ.get("KRT_PLX_RESULTS")
     if target:
         report = {"testsuites": [{"name": "python", "testsuite": CASES}]}

@@ -6,7 +6,7 @@ VOICE = "0123456789abcdef"
 
 
 def fill_part(part):
-    """Something of everything that a MIDI part can hold."""
+    """Adds something of everything that a MIDI part can have."""
     part.voice_bank_id = part.ai_voice_bank_id = VOICE
     part.lang_id = 1
     part.add_ai_lang_id(1)
@@ -65,7 +65,7 @@ class Living:
         return any(kind.__name__ == name for kind in type(one).__mro__)
 
     def snapshot(self):
-        """What all living objects say, as text."""
+        """What all living objects return, as text."""
         return "\n".join(f"{name}: {self.values(one)}" for name, one in self.objects.items())
 
     @staticmethod

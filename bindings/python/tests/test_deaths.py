@@ -1,4 +1,4 @@
-"""What each call ends, and that nothing else dies."""
+"""What each call destroys, and that it destroys nothing else."""
 
 import copy
 import gc
@@ -153,7 +153,7 @@ def test_a_manager_that_cannot_be_made_names_the_code(tmp_path):
 
 
 def test_threads_take_turns(library):
-    """A manager takes one call at a time; the package sees to it."""
+    """A manager handles one call at a time; the package ensures that."""
     failures = []
 
     def work():
@@ -224,7 +224,7 @@ def test_these_are_all_functions_that_end_something():
 
 
 def all_of(living):
-    """Every object, and the siblings of those that are moved."""
+    """Every object, including the siblings of those that are moved."""
     return living.objects | {"first event": living.clip.midi_part.midi_controllers[0].events[0]}
 
 
@@ -243,8 +243,7 @@ def two_livings(tmp_path):
 
 @pytest.mark.parametrize("name", ENDING)
 def test_what_a_call_ends_is_dead_even_if_a_signal_comes_right_after_it(name, two_livings, monkeypatch):
-    """Ctrl-C that is pressed while the library works raises when the call is back, before its result
-    has been looked at."""
+    """Ctrl-C during a call raises an exception when the call returns, before its result is checked."""
     usual, disturbed = two_livings
     function = _library.load()[name]
 
@@ -276,7 +275,7 @@ def test_what_is_interrupted_before_it_is_done_can_be_asked_for_again(living, mo
 
 
 def test_objects_have_no_copies(living):
-    """Nobody would tell a copy of its end."""
+    """A copy would not be marked when the object dies."""
     note = living.clip.notes[0]
     for copied in (copy.copy, copy.deepcopy, pickle.dumps, lambda one: copy.deepcopy([one])):
         with pytest.raises(TypeError, match="a MutableNote cannot be copied"):
@@ -292,7 +291,7 @@ def test_objects_that_were_never_given_out_are_dead():
 
 
 def test_what_a_finalizer_brings_back_is_dead(living):
-    """The collector forgets it before the finalizer runs, so nothing would tell it of its end."""
+    """The collector drops it before the finalizer runs, so it would not be marked when it dies."""
     kept = []
 
     class Keeper:
@@ -327,7 +326,7 @@ def test_iterators_outlive_what_they_go_through(living):
 
 
 def test_no_thread_comes_between_the_count_and_the_element(library):
-    """A sequence never shows a place where nothing stands any more."""
+    """A sequence never returns an element that no longer exists."""
     part = library.create_mutable_clip().create_midi_part()
     is_done = threading.Event()
 
@@ -354,7 +353,7 @@ def test_no_thread_comes_between_the_count_and_the_element(library):
 
 
 def test_a_process_ends_well_with_open_managers_and_threads_at_work(tmp_path):
-    """And with objects that are asked for something by what runs last."""
+    """Also with objects that are used by the last code that runs."""
     script = f"""
         import atexit, threading, time
         import korvel_plx as plx
@@ -378,7 +377,7 @@ def test_a_process_ends_well_with_open_managers_and_threads_at_work(tmp_path):
 
 
 class Lanes(RuleBasedStateMachine):
-    """A lane and a plain dictionary go through the same: what dies is what the dictionary loses."""
+    """Makes the same changes to a lane and to a dictionary: what the dictionary loses must be dead."""
 
     positions = st.integers(-3, 6)
     values = st.integers(0, 127)
@@ -439,7 +438,7 @@ class Lanes(RuleBasedStateMachine):
 
     @rule()
     def begin_anew(self):
-        """The lane's address may be given to the next one."""
+        """The next lane may get the address of this one."""
         self.lane.remove()
         assert not any(event.is_alive for event in self.kept)
         self.kept = dict.fromkeys(self.kept)

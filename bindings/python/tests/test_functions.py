@@ -1,5 +1,5 @@
-"""Every function, called with what it does not take. None of these calls may reach an object: the
-fixture `untouched` compares at the end what all of them say."""
+"""Calls every function with arguments that it does not accept. None of these calls may reach an
+object: at the end the fixture `untouched` compares what all objects return."""
 
 import inspect
 import pathlib
@@ -22,7 +22,7 @@ def taken(name):
 
 
 def arguments(name, living, first=None):
-    """Arguments that the function accepts, but for its handle."""
+    """Valid arguments for the function, except for its handle."""
     elements = {one.FAMILY: one for one in living.objects.values()}
     return [first if p["role"] == "self" else elements[p["family"]] if p["kind"] == "handle"
             else GOOD[p["kind"]] for p in taken(name)]
@@ -33,7 +33,7 @@ def call(name, *passed):
 
 
 def default(name):
-    """What comes back for a handle that is not taken, as Python has it."""
+    """The result for a handle that is not accepted, in Python's form."""
     entry = FUNCTIONS[name]
     value = entry["result"]["rejected"]
     out = [p for p in entry["parameters"] if p["role"] == "result"]
@@ -69,7 +69,7 @@ def test_objects_of_other_classes_of_the_family_give_the_default(untouched):
 
 
 def test_objects_of_a_class_are_taken_by_the_functions_of_its_bases(untouched):
-    """What the interface says of bases is what the library takes."""
+    """The library accepts what the interface says about bases."""
     answers = 0
     for name in sorted(CLASSES):
         entry = FUNCTIONS[name]
@@ -117,7 +117,7 @@ def required(method):
 
 
 def of_another_family(living, one):
-    """One that no method takes."""
+    """An object that no method accepts."""
     return living.objects["Filter" if one.FAMILY != "Filter" else "Manager"]
 
 
@@ -137,7 +137,7 @@ def test_every_property_refuses_values_of_other_kinds(untouched):
 
 
 def test_every_method_refuses_values_of_other_kinds(untouched):
-    """Those that take nothing are given something, and all the others nothing at all too."""
+    """Methods without parameters get an argument; all others are also called without one."""
     refusals = 0
     for one in untouched.objects.values():
         other = of_another_family(untouched, one)
@@ -168,7 +168,7 @@ def test_changing_a_clip_by_values_of_other_kinds_changes_nothing(living):
 
 
 def test_methods_of_a_class_refuse_objects_of_other_classes(untouched):
-    """Even where the family is right, and the library would only say that nothing was done."""
+    """Even if the family is right, where the library itself would only return false."""
     refusals = 0
     for name in plx.objects.__all__:
         for key, member in vars(getattr(plx, name)).items():
@@ -191,7 +191,7 @@ def test_wrong_numbers_of_arguments_are_type_errors(untouched):
 
 
 def test_dead_objects_are_errors_in_every_function(living):
-    """The objects die with the manager, all of them by one call."""
+    """The objects die with the manager, all by one call."""
     objects = dict(living.objects)
     passed = {name: arguments(name, living) for name in CLASSES}
     living.library.destroy()

@@ -1,4 +1,5 @@
-"""The package as it is installed: by pip, with its types, and with the library where it may lie."""
+"""The installed package: installed by pip, with its types, and with the library in each place where
+it may be."""
 
 import os
 import pathlib
@@ -31,8 +32,8 @@ def tell_path(python, **environment):
 
 @pytest.fixture(scope="module")
 def environment(tmp_path_factory):
-    """A virtual environment into which pip has put the package, from a copy of its folder: with the
-    interface beside it, as in a source distribution."""
+    """A virtual environment into which pip has installed the package from a copy of its folder,
+    with the interface beside it, as in a source distribution."""
     folder = tmp_path_factory.mktemp("pip")
     shutil.copytree(HERE, folder / "python", ignore=shutil.ignore_patterns("__pycache__"))
     shutil.copy(os.environ["KRT_PLX_INTERFACE"], folder / "python/krt_plx.api.json")
@@ -117,7 +118,7 @@ BAD = """
 
 
 def test_mypy_accepts_the_package_and_what_uses_it_well_and_nothing_else(tmp_path):
-    """In one run: most of the time mypy takes for what the package imports."""
+    """In one run, because mypy spends most of its time on what the package imports."""
     for name, code in (("good", GOOD), ("bad", BAD)):
         (tmp_path / f"{name}.py").write_text(textwrap.dedent(code), encoding="utf-8")
     code, output, _ = run("/usr/bin/python3", "-m", "mypy", "--strict", "--cache-dir", tmp_path / "cache",

@@ -1,4 +1,4 @@
-"""The scripts of the manual print what their pages say."""
+"""The scripts in the manual print what their pages show."""
 
 import os
 import pathlib

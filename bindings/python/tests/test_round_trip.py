@@ -1,4 +1,5 @@
-"""Random clips: built, saved, read, and equal as far as a clip keeps what it is given."""
+"""Random clips are built, saved and read, and must be equal as far as a clip stores what it is
+given."""
 
 import contextlib
 import random
@@ -28,7 +29,8 @@ def manager():
 
 
 def build(clip, dice):
-    """Fills a clip by dice; AI and plain parts hold what the other loses."""
+    """Fills a clip at random; AI parts and other parts contain values that the other kind does not
+    keep."""
     is_ai = dice.random() < 0.5
     part = clip.create_midi_ai_part() if is_ai else clip.create_midi_part()
     clip.vendor_name = dice.choice(["", *TEXTS])
@@ -97,7 +99,8 @@ def build_effects(part, dice):
 
 
 def described(one):
-    """Everything that an object and what it owns say, but for what differs between the two kinds."""
+    """Everything that an object and its children return, except for the differences between the two
+    kinds."""
     if isinstance(one, (plx.PlxSequence, list)):
         return [described(inner) for inner in one]
     if not isinstance(one, plx.objects.Handle):

@@ -25,7 +25,7 @@ SONG = midi(track((0, tempo(100)), (0, lyric(b"Hal")), (0, on(60)), (480, off(60
 
 
 def run(*words, cwd=None):
-    """As the command would, in this process: starting one takes longer than most of the tests."""
+    """Runs the command in this process: starting a new one takes longer than most of the tests."""
     output, errors, before = io.StringIO(), io.StringIO(), os.getcwd()
     os.chdir(cwd or before)
     try:

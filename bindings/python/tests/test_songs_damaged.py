@@ -1,4 +1,4 @@
-"""Damaged files: an error that says what is wrong, and never more time or memory than a file is worth."""
+"""Damaged files must give an error that says what is wrong, and never take too much time or memory."""
 
 import io
 import random
@@ -22,7 +22,7 @@ MUTATIONS = 40 * EFFORT
 PART = 8 if EFFORT == 1 else 1  # of the largest files
 SECONDS = 5
 MEGABYTES = 512
-# Where: a byte, a track, a line and column, a part and measure; or the file as a whole.
+# The place: a byte, a track, a line and column, a part and measure; or the file as a whole.
 PLACES = re.compile(r"at byte \d|before byte \d|the header says|line \d+, column \d|part [^,]*, measure .*: .|"
                     r"the archive|no notes|reaches beyond tick|the score has no measures|the document is a|"
                     r"more than \d+ notes|the file is larger|is timewise")
@@ -44,7 +44,7 @@ def song_xml():
 
 
 def with_other_numbers(data, dice):
-    """What stays well-formed, and means something else."""
+    """Changes numbers: the file stays well-formed, but means something else."""
     changed = bytearray(data)
     digits = [at for at, sign in enumerate(data) if 0x30 <= sign <= 0x39]
     for at in dice.sample(digits, dice.choice([1, 2, 5, 40])):
@@ -53,7 +53,7 @@ def with_other_numbers(data, dice):
 
 
 def mutated(data, dice):
-    """Bytes changed, lost, doubled, moved; the end cut."""
+    """Changes, removes, doubles and moves bytes; cuts off the end."""
     if data.startswith(b"<") and dice.random() < 0.5:
         return with_other_numbers(data, dice)
     changed = bytearray(data)
@@ -77,7 +77,7 @@ def mutated(data, dice):
 
 @pytest.fixture
 def little_memory():
-    """What is asked for beyond is a MemoryError, which fails the test."""
+    """Allocating more is a MemoryError, which fails the test."""
     before = resource.getrlimit(resource.RLIMIT_AS)
     used = int(open("/proc/self/statm", encoding="ascii").read().split()[0]) * resource.getpagesize()
     resource.setrlimit(resource.RLIMIT_AS, (used + MEGABYTES * 2**20, before[1]))
@@ -86,7 +86,7 @@ def little_memory():
 
 
 def read(reader, data):
-    """Whether the file was taken; anything but a song or a SongError is a failure."""
+    """Whether the file was accepted; anything but a song or a SongError is a failure."""
     begin = time.process_time()
     try:
         made = plan_of(reader(data), Options(), "x")
@@ -116,7 +116,7 @@ def test_cut_files(reader, data, little_memory):
 
 
 def bomb(size, depth):
-    """An archive whose document is far larger than it, in another one."""
+    """An archive with a document that is far larger than the archive."""
     target = io.BytesIO()
     with zipfile.ZipFile(target, "w", zipfile.ZIP_DEFLATED) as file:
         with file.open("song.xml", "w", force_zip64=True) as member:
@@ -130,7 +130,7 @@ def track_of(content):
 
 
 def notes_of(count):
-    """With the status once: three bytes for each event."""
+    """With a running status: three bytes for each event."""
     return midi(track_of(b"\0\x90\x3c\x40" + b"\1\x3c\0\1\x3c\x40" * count))
 
 
@@ -160,7 +160,7 @@ SHORT = "<note><pitch><step>C</step></pitch><duration>1</duration></note>"
 LYRICS = "".join(f'<lyric number="{at}"><text>a</text></lyric>' for at in range(1, 9000))
 ENDING = barline('<ending number="1" type="start"/><ending number="1" type="stop"/>')
 CAPO = SHORT + '<sound dacapo="yes"/>'
-# What is said of them, or nothing where they are taken.
+# The messages for them, or nothing where they are accepted.
 LARGE = {
     "a million tracks": (read_midi, lambda: b"MThd" + struct.pack(">IHHH", 6, 1, 65535, 96) + track() * 65_535,
                          "the header says 65535 tracks; more than 256"),
@@ -208,7 +208,7 @@ LARGE = {
 
 @pytest.mark.parametrize("name", LARGE)
 def test_large_files(name, little_memory):
-    """All that is counted is bounded, and so are time and memory."""
+    """Everything that is counted has a limit, and so have time and memory."""
     reader, make, said = LARGE[name]
     data = make()
     begin = time.process_time()

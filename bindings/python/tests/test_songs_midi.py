@@ -1,4 +1,4 @@
-"""MIDI files, written byte by byte, and what becomes of them."""
+"""Reads MIDI files that are written byte by byte."""
 
 import pytest
 

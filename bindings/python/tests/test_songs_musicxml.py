@@ -1,4 +1,4 @@
-"""MusicXML, written by hand, and what becomes of it."""
+"""Reads MusicXML that is written by hand."""
 
 import io
 import zipfile
@@ -66,7 +66,7 @@ def test_tuplets_do_not_drift():
 
 
 def test_bars_of_rounded_tuplets_are_as_long_as_their_meter():
-    """Three times 160.33 is more than a quarter, as some programs write it."""
+    """Some programs write a triplet as three times 160.33, which is more than a quarter."""
     fine = ATTRIBUTES.replace("<divisions>1<", "<divisions>479<")
     triplet = "".join(note("C", duration=160) for _ in range(3))
     made = planned(score([fine + triplet * 4, bar("a").replace("<duration>4<", "<duration>1916<")]))

@@ -1,4 +1,4 @@
-"""What `plxsong play` writes, heard by its frequency and its loudness."""
+"""Checks frequency and loudness of what `plxsong play` writes."""
 
 import array
 import math
@@ -15,7 +15,7 @@ SEMITONE = 2 ** (1 / 12)
 
 
 class Heard:
-    """A wave file, looked at between two places that are given in seconds."""
+    """A wave file between two places, in seconds."""
 
     def __init__(self, file):
         with wave.open(str(file)) as wav:
@@ -32,7 +32,7 @@ class Heard:
         return math.sqrt(sum(value * value for value in piece) / len(piece))
 
     def rises(self, begin, end):
-        """The places where the wave comes up through zero, once in each turn of the tone."""
+        """The places where the wave rises through zero, once in each cycle of the tone."""
         piece = self.between(begin, end)
         return [place + low / (low - high) for place, (low, high) in enumerate(zip(piece, piece[1:]))
                 if low < 0 <= high]
@@ -42,13 +42,13 @@ class Heard:
         return (len(rises) - 1) * self.rate / (rises[-1] - rises[0])
 
     def frequencies(self, begin, end):
-        """Turn by turn."""
+        """The frequency of each cycle."""
         rises = self.rises(begin, end)
         return [self.rate / (after - before) for before, after in zip(rises, rises[1:])]
 
 
 def heard_of(library, folder, number=69, velocity=127, lanes=(), prepare=None):
-    """A note of a second after half a second of silence: 60 quarters a minute."""
+    """Plays a note of a second after half a second of silence: 60 quarters a minute."""
     with library.create_mutable_clip() as clip:
         clip.part_tempo = 6000
         part = clip.create_midi_part()
@@ -94,7 +94,7 @@ def vibrato(depth, rate):
 
 
 def swings(frequencies):
-    """How often the tone comes up through its middle."""
+    """How often the frequency rises through its middle."""
     return sum(low < 440 <= high for low, high in zip(frequencies, frequencies[1:]))
 
 

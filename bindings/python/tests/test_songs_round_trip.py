@@ -1,4 +1,4 @@
-"""Clips out and in again: equal as far as the table of the manual says."""
+"""Clips are exported and imported again: they must be equal as far as the table of the manual says."""
 
 import pathlib
 import random
@@ -18,13 +18,13 @@ from test_round_trip import manager
 CLIPS = 8 if EFFORT == 1 else 20 * EFFORT
 WORDS = ["la", "さ", "Ж", "𝄞", "don't", "<&>", "a b", "ö" * 50, "-", "1", "]]>", "&amp;"]
 FORMATS = {"midi": (write_midi, read_midi), "musicxml": (write_musicxml, read_musicxml)}
-# What MIDI has controllers for; MusicXML has the loudness alone.
+# The lanes for which MIDI has controllers; MusicXML only has the loudness.
 LANES = {"midi": ("DYNAMICS", "PORTAMENTO", "PITCH_BEND_SENS", "PITCH_BEND", "BREATHINESS", "BRIGHTNESS"),
          "musicxml": ("DYNAMICS",)}
 
 
 def build(clip, dice):
-    """A melody of one note at a time, as the table asks for."""
+    """A melody of single notes, as the table requires."""
     part = clip.create_midi_part()
     part.voice_bank_id, part.lang_id = VOICE, 1
     clip.part_key, clip.part_tempo = dice.randint(0, 30), dice.choice([0, 2000, 30000, dice.randint(2000, 30000)])
@@ -43,7 +43,7 @@ def build(clip, dice):
 
 
 def content(clip, name):
-    """What the table says that survives."""
+    """Everything that survives, according to the table."""
     part = clip.midi_part
     notes = [(note.pos, note.duration, note.number, note.velocity, note.lyric) for note in part.notes]
     lanes = {lane.type.name: [(event.pos, event.value) for event in lane.events]
@@ -54,7 +54,7 @@ def content(clip, name):
 
 
 def sent(library, clip, name, meter):
-    """Out, in, and as a clip again."""
+    """Exports a clip and imports it as a clip again."""
     write, read = FORMATS[name]
     made = plan_of(read(write(song_of(clip), meter)), Options(voice_bank=VOICE), "x")
     again = library.create_mutable_clip()
@@ -84,7 +84,7 @@ def test_random_clips(name):
 
 
 def sung_at_once(clip):
-    """Notes as the table asks for: none before the begin, none together, none over another."""
+    """Notes as the table requires: none before the beginning, no two together, no overlaps."""
     notes = list(clip.notes)
     return all(note.pos >= 0 for note in notes) and all(
         before.pos + before.duration <= after.pos for before, after in zip(notes, notes[1:]))

@@ -1,4 +1,4 @@
-"""Properties take their ranges and refuse the rest; what is refused changes nothing."""
+"""Properties accept their ranges and refuse everything else; a refused value changes nothing."""
 
 import ctypes
 import math
@@ -65,7 +65,7 @@ def equal(found, number):
 @settings(max_examples=5 * EFFORT)
 @given(data=st.data())
 def test_numbers(data, interface):
-    """For each property: a number inside of its range and one of any size."""
+    """For each property: a number in its range and one of any size."""
     with manager() as library:
         living = Living(library)
         tried = 0
@@ -118,7 +118,7 @@ def test_texts_come_back_as_they_were(text):
 
 @pytest.mark.parametrize("length", [1, 2047, 2048, 2049, 5000, 100_000])
 def test_long_texts(living, length):
-    """Longer than what is read at once, which is a page."""
+    """Longer than a page, the amount that is read at once."""
     note = living.objects["MutableNote"]
     for text in ("a" * length, "\u0100" * length, "\U0001f3b5" * length):
         note.lyric = text
@@ -126,7 +126,7 @@ def test_long_texts(living, length):
 
 
 def test_a_text_at_the_end_of_what_may_be_read():
-    """Behind its page there may be none."""
+    """There may be no page after it."""
     page = mmap.PAGESIZE
     memory = mmap.mmap(-1, 2 * page)
     begin = ctypes.addressof(ctypes.c_char.from_buffer(memory))

@@ -1,4 +1,4 @@
-"""Bytes of MIDI files and texts of MusicXML, put together by hand."""
+"""Builds MIDI files from bytes and MusicXML from text."""
 
 import struct
 

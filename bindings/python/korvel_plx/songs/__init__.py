@@ -1,4 +1,4 @@
-"""Songs in and out: Standard MIDI Files and MusicXML to clips, clips to both, and to a plain tone.
+"""From Standard MIDI Files and MusicXML to clips, from clips to both, and to a plain tone.
 
 The command is `plxsong`, or `python3 -m korvel_plx.songs`.
 """

@@ -110,7 +110,7 @@ def voice_bank(text: str) -> str:
 
 
 def files_of(places: List[pathlib.Path]) -> List[pathlib.Path]:
-    """The files that are named, and those of the folders that are."""
+    """The named files, and the files in the named folders."""
     found: List[pathlib.Path] = []
     for place in places:
         found += sorted(file for file in place.iterdir()
@@ -143,14 +143,14 @@ def import_files(arguments: argparse.Namespace) -> int:
 
 def attempt(file: pathlib.Path, options: Options, manager: Any, place: int,
             arguments: argparse.Namespace, count: int) -> Dict[str, Any]:
-    """One file; whatever is wrong with it is its own affair."""
+    """Handles one file; whatever is wrong with it does not stop the others."""
     try:
         made = plan(file, options)
         clip_id = save(manager, made, options) if manager else None
         result = told(file, made, clip_id)
     except ERRORS as problem:
         result = {"file": str(file), "error": str(problem)}
-    except Exception as problem:  # pylint: disable=broad-except # what nobody thought of costs one file too
+    except Exception as problem:  # pylint: disable=broad-except # unexpected errors must not stop the others either
         result = {"file": str(file), "error": f"cannot be imported: {type(problem).__name__} {problem}".rstrip()}
     if not arguments.json or count > 1:
         show(result, place, count, arguments.json)
@@ -173,7 +173,7 @@ def told(file: pathlib.Path, made: Plan, clip_id: Optional[str]) -> Dict[str, An
 
 
 def show(result: Dict[str, Any], place: int, count: int, quiet: bool) -> None:
-    """For people; beside JSON to the error output, as progress."""
+    """Prints for people; with JSON to standard error, as progress."""
     begin = f"[{place}/{count}] " if count > 1 else ""
     stream = sys.stderr if quiet or "error" in result else sys.stdout
     if "error" in result:

@@ -1,4 +1,4 @@
-"""Songs to clips and clips to songs."""
+"""Turns songs into clips and clips into songs."""
 
 from __future__ import annotations
 
@@ -19,13 +19,13 @@ from .phonemes import phonemes_of, source_of
 MIDI_FILES = (".mid", ".midi", ".kar", ".rmi")
 XML_FILES = (".musicxml", ".xml", ".mxl")
 LEAST_TEMPO, MOST_TEMPO = 2000, 30000
-# Keys by fifths, flats below 0: 1 to 15 major, 16 to 30 minor, 0 none.
+# Keys by fifths, flats below 0: 1 to 15 major, 16 to 30 minor, 0 no key.
 MAJOR_KEY, MINOR_KEY = 8, 23
 
 
 @dataclasses.dataclass
 class Options:
-    """What an import is told; the defaults are those of the command."""
+    """The options of an import; the defaults are those of the command."""
 
     part: Optional[str] = None
     voice: Optional[str] = None
@@ -42,7 +42,8 @@ class Options:
 
 
 def read_song(file: pathlib.Path) -> Song:
-    """The song of a file, by the name's extension; a name without one that is known is looked into."""
+    """The song in a file. The format is chosen by the extension, or by the content if the extension
+    is unknown."""
     try:
         data = file.read_bytes()
     except OSError as problem:
@@ -54,7 +55,7 @@ def read_song(file: pathlib.Path) -> Song:
 
 @dataclasses.dataclass
 class Plan:
-    """What an import will write, worked out before anything is."""
+    """What an import will write, prepared before anything is written."""
 
     song: Song
     line: Line
@@ -74,7 +75,7 @@ def plan(file: pathlib.Path, options: Options) -> Plan:
 
 
 def plan_of(song: Song, options: Options, name: str = "") -> Plan:
-    """What becomes of a song; the name is for one that has none."""
+    """The plan for a song; the name is used if the song has none."""
     line = song.line_named(options.part, options.voice)
     if options.bars:
         in_bars(line, song, options.bars)
@@ -114,7 +115,7 @@ def key_of(song: Song) -> int:
 
 
 def lanes_of(line: Line, song: Song) -> Dict[ControllerType, Lane]:
-    """One value at a position: the last that the file gives there."""
+    """One value at each position: the last in the file."""
     found = {}
     for kind, lane in line.lanes.items():
         found[kind] = sorted(dict(lane).items())
@@ -123,7 +124,7 @@ def lanes_of(line: Line, song: Song) -> Dict[ControllerType, Lane]:
 
 
 def fill(clip: "objects.MutableClip", made: Plan, options: Options) -> None:
-    """Puts a plan into an editable clip."""
+    """Writes a plan into an editable clip."""
     is_ai = options.kind == "midiAi"
     part = clip.create_midi_ai_part() if is_ai else clip.create_midi_part()
     if is_ai:
@@ -148,7 +149,7 @@ def fill(clip: "objects.MutableClip", made: Plan, options: Options) -> None:
 
 
 class Folder:
-    """A folder of user clips, through a manager of its own; its system folder is an empty one."""
+    """A folder of user clips, with a manager of its own; its system folder is empty."""
 
     def __init__(self, folder: pathlib.Path, must_exist: bool = False) -> None:
         if must_exist and not folder.is_dir():
@@ -170,7 +171,7 @@ class Folder:
 
 
 def find_clip(manager: "objects.Manager", asked: str) -> "objects.Clip":
-    """By its ID, or by a name that one clip alone has."""
+    """Finds it by its ID, or by a name that only one clip has."""
     found = [clip for clip in manager.user_clips if clip.id == asked] or [
         clip for clip in manager.user_clips if clip.name == asked]
     if len(found) != 1:
@@ -180,7 +181,7 @@ def find_clip(manager: "objects.Manager", asked: str) -> "objects.Clip":
 
 
 def song_of(clip: "objects.ClipBase") -> Song:
-    """A clip's part as a song; what a song cannot say is lost and told."""
+    """A clip's part as a song; what a song cannot contain is listed as lost."""
     part = clip.part if isinstance(clip, objects.Clip) else getattr(clip, "midi_part", None)
     if not isinstance(part, (objects.MidiPart, objects.MutableMidiPart)):
         raise SongError("an audio clip has no notes")
@@ -207,7 +208,7 @@ def fifths_of(key: int) -> List[Tuple[int, int, bool]]:
 
 
 def lose_expression(song: Song, part: Any) -> None:
-    """What no song file can hold of a part and its notes."""
+    """Lists what no song file can contain of a part and its notes."""
     song.lose("phonemes", sum(note.phoneme != note.lyric for note in part.notes))
     song.lose("vibratos", sum(note.vibrato.duration > 0 for note in part.notes))
     song.lose("attacks and releases", sum(bool(dvqm.comp_id) for note in part.notes

@@ -1,5 +1,5 @@
-"""Reads Standard MIDI Files of formats 0 and 1. mido reads the messages of a track; what the file
-consists of is looked at before, so that a damaged file is refused with the place of its damage."""
+"""Reads Standard MIDI Files of formats 0 and 1. mido reads the messages of a track; the structure
+of the file is checked first, so that a damaged file is refused with the place of its damage."""
 
 from __future__ import annotations
 
@@ -15,7 +15,7 @@ from .model import LAST_TICK, TICKS, Lane, Line, Lyric, Note, Song, SongError, s
 LARGEST_FILE = 2**20
 MOST_TRACKS = 256
 ENCODINGS = ("utf-8", "cp932", "cp1252", "latin-1")
-# The controllers that MIDI knows; the first that a track has counts.
+# The controllers of MIDI for each lane; the first one in a track counts.
 CONTROLLERS = {11: ControllerType.DYNAMICS, 7: ControllerType.DYNAMICS, 5: ControllerType.PORTAMENTO,
                2: ControllerType.BREATHINESS, 74: ControllerType.BRIGHTNESS}
 DAMAGES = {EOFError: "it ends within a message", IndexError: "a message is too short"}
@@ -27,7 +27,8 @@ MINOR = {"Abm": -7, "Ebm": -6, "Bbm": -5, "Fm": -4, "Cm": -3, "Gm": -2, "Dm": -1
 
 
 def mido() -> Any:
-    """By its name: it has no types, and what mypy calls that depends on mypy's version."""
+    """Imported by name: it has no types, and the error that mypy reports for that depends on mypy's
+    version."""
     try:
         return importlib.import_module("mido")
     except ImportError as problem:
@@ -35,7 +36,7 @@ def mido() -> Any:
 
 
 def read_midi(data: bytes) -> Song:
-    """The song of a file's content."""
+    """The song in a file's content."""
     if len(data) > LARGEST_FILE:
         raise SongError(f"the file is larger than {LARGEST_FILE} bytes")
     kind, unit, chunks = chunks_of(data)
@@ -81,7 +82,7 @@ def tracks_of(data: bytes, at: int, count: int) -> Iterator[Tuple[int, bytes]]:
 
 
 def quarter(unit: int, song: Song) -> int:
-    """Units to the quarter note. A file in seconds is taken at 120 beats a minute."""
+    """Units to the quarter note. A file with times in seconds is read at 120 beats a minute."""
     if unit > 0:
         return unit
     frames, parts = -(unit >> 8), unit & 0xFF
@@ -92,7 +93,7 @@ def quarter(unit: int, song: Song) -> int:
 
 
 class Track:
-    """One track, sorted out."""
+    """The content of one track, by kind."""
 
     def __init__(self, number: int, place: int, content: bytes, unit: int, song: Song) -> None:
         self.number, self.place, self.unit, self.song = number, place, unit, song
@@ -110,12 +111,12 @@ class Track:
         self.read(content)
 
     def messages(self, content: bytes) -> List[Any]:
-        """mido takes whole files: the track becomes the only one of a file."""
+        """mido only reads whole files, so the track is wrapped in a file of its own."""
         header = struct.pack(">4sIHHH4sI", b"MThd", 6, 0, 1, TICKS, b"MTrk", len(content))
         reader, file = mido().MidiFile, io.BytesIO(header + content)
         try:
             tracks = reader(file=file, charset="latin-1", clip=True).tracks
-        except Exception as problem:  # whatever mido meets in a damaged track; it names no common kind
+        except Exception as problem:  # mido raises unrelated exceptions for damaged tracks
             damaged = self.place + 8 + file.tell() - len(header)
             raise SongError(f"track {self.number}, at byte {self.place}, is damaged before byte {damaged}: "
                             f"{DAMAGES.get(type(problem)) or problem}") from problem
@@ -212,7 +213,7 @@ class Track:
 
 
 def gather(song: Song, tracks: List[Track]) -> None:
-    """Lines of the tracks, and the syllables with the line that they are for."""
+    """The lines of the tracks, and the syllables with the line to which they belong."""
     song.tempos.sort()
     song.keys.sort()
     song.meters.sort()
@@ -238,7 +239,7 @@ def guess_encoding(tracks: List[Track]) -> str:
 
 
 def can_be(text: bytes, encoding: str) -> bool:
-    """Nearly everything can be read as Japanese; what has no kana is none."""
+    """Nearly all bytes can be read as Japanese; a text without kana is not Japanese."""
     try:
         found = text.decode(encoding)
     except UnicodeDecodeError:
@@ -251,7 +252,7 @@ def decoded(text: bytes, encoding: str) -> str:
 
 
 def syllables_of(track: Track, song: Song) -> List[Tuple[int, str]]:
-    """Lyric events; where there are none, the texts of a karaoke file."""
+    """The lyric events or, if there are none, the texts of a karaoke file."""
     is_karaoke = any(text.startswith(b"@") for _, text in track.texts)
     if track.lyrics:
         found = [(at, decoded(text, song.encoding)) for at, text in track.lyrics]
@@ -264,14 +265,15 @@ def syllables_of(track: Track, song: Song) -> List[Tuple[int, str]]:
 
 
 def clean(text: str) -> str:
-    """Without blanks and line ends around it, and without the hyphen to the next syllable."""
+    """Removes blanks and line ends around it, and the hyphen before the next syllable."""
     text = text.strip()
     return text.rstrip("-").rstrip() if len(text) > 1 else text
 
 
 def give_lyrics(song: Song, track: Track, found: List[Tuple[int, str]],
                 places: List[Tuple[Line, Set[int]]]) -> None:
-    """To the line that has notes where the syllables stand; of several the track's own."""
+    """Assigns the syllables to the line with notes at most of their positions; of several such
+    lines, to that of their own track."""
     if not found:
         return
     wanted = {at for at, _ in found}

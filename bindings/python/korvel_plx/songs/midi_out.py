@@ -12,7 +12,7 @@ from .model import TICKS, Line, Song, SongError
 CONTROLS = {ControllerType.DYNAMICS: 11, ControllerType.PORTAMENTO: 5, ControllerType.BREATHINESS: 2,
             ControllerType.BRIGHTNESS: 74}
 LONGEST_WAIT = 2**28 - 1
-# What stands at one tick, in this order.
+# The order of events at the same tick.
 OFF, LYRIC, CONTROL, ON = range(4)
 Events = List[Tuple[int, int, Any]]
 
@@ -32,7 +32,7 @@ def write_midi(song: Song, meter: Tuple[int, int]) -> bytes:
 
 
 def track(module: Any, events: Events, end: int) -> Any:
-    """Positions become waiting times."""
+    """Converts positions to delta times."""
     made, now = module.MidiTrack(), 0
     for at, _, message in sorted(events, key=lambda event: event[:2]):
         made.append(message.copy(time=waiting(at - now)))
@@ -65,7 +65,7 @@ def melody_events(module: Any, line: Line, song: Song) -> Events:
         lyric = note.lyric(1)
         if lyric:
             events.append((note.pos, LYRIC, module.MetaMessage("lyrics", text=lyric.text)))
-        # A velocity of 0 would switch off.
+        # A velocity of 0 would end the note.
         song.lose("velocities of 0, which become 1", note.velocity == 0)
         events.append((note.pos, ON, module.Message("note_on", note=note.number,
                                                     velocity=max(1, note.velocity))))

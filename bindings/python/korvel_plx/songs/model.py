@@ -1,4 +1,4 @@
-"""A song as the readers leave it and the writers take it, with positions in ticks."""
+"""A song as the readers make it and the writers use it, with positions in ticks."""
 
 from __future__ import annotations
 
@@ -10,18 +10,18 @@ from typing import Any, Dict, List, Optional, Tuple, TypeVar
 from ..constants import ControllerType
 
 TICKS = 480  # to the quarter note
-EXTENDED = "-"  # the lyric of a note on which the syllable before it goes on
+EXTENDED = "-"  # the lyric of a note that continues the syllable before it
 UNSUNG = "la"  # the lyric of a line that has none
 LAST_TICK = 2**31 - 2
 
 
 class SongError(Exception):
-    """A file cannot be read, or not be written; the text says what is wrong, and where."""
+    """A file cannot be read or written; the text says what is wrong, and where."""
 
 
 @dataclasses.dataclass
 class Lyric:
-    """A syllable. An extended one goes on over the notes that follow without one."""
+    """A syllable. An extended one continues over the following notes without lyrics."""
 
     text: str
     extended: bool = False
@@ -34,14 +34,14 @@ class Note:
     number: int
     velocity: int = 80
     lyrics: Dict[int, Lyric] = dataclasses.field(default_factory=dict)  # by verse, from 1
-    turn: int = 1  # the how many-th time that a repeat is played
+    turn: int = 1  # which time of a repeat this is
 
     @property
     def end(self) -> int:
         return self.pos + self.duration
 
     def lyric(self, verse: int) -> Optional[Lyric]:
-        """That of a verse; a repeat goes on with the next one, if there is one."""
+        """The lyric of a verse; a repeat continues with the next verse, if there is one."""
         return self.lyrics.get(verse + self.turn - 1) or self.lyrics.get(verse)
 
 
@@ -77,17 +77,17 @@ class Song:
     tempos: List[Tuple[int, float]] = dataclasses.field(default_factory=list)
     keys: List[Tuple[int, int, bool]] = dataclasses.field(default_factory=list)  # fifths, is minor
     meters: List[Tuple[int, int, int]] = dataclasses.field(default_factory=list)
-    bars: List[int] = dataclasses.field(default_factory=list)  # the starts, as they are played
+    bars: List[int] = dataclasses.field(default_factory=list)  # their starts, in the order of playing
     end: int = 0
     losses: "Counter[str]" = dataclasses.field(default_factory=Counter)
 
     def lose(self, what: str, count: int = 1) -> None:
-        """Notes what a clip cannot hold, or what was not understood."""
+        """Records what a clip cannot contain, or what was not understood."""
         if count:
             self.losses[what] += count
 
     def bar_starts(self) -> List[int]:
-        """The bars, from the file or counted out by its meters."""
+        """The starts of the bars, from the file or computed from its meters."""
         if self.bars:
             return self.bars
         starts, at = [0], 0
@@ -126,8 +126,8 @@ def scaled(at: int, unit: int) -> int:
 
 
 def melody(line: Line, song: Song) -> List[Note]:
-    """One note at a time: of notes that begin together the highest, and none beyond the next one's
-    begin. What that costs is told."""
+    """One note at a time: of notes that begin together the highest, and each ends at the latest
+    where the next begins. Records what is lost."""
     notes: List[Note] = []
     chords = cut = 0
     for note in sorted(line.notes, key=lambda note: (note.pos, -note.number)):
@@ -146,7 +146,7 @@ def melody(line: Line, song: Song) -> List[Note]:
 
 
 def syllables(notes: List[Note], verse: int, song: Song) -> List[str]:
-    """A lyric for each note: its own, that of the note before going on, or one that stands in."""
+    """A lyric for each note: its own, a sign that the one before continues, or a substitute."""
     if not any(note.lyric(verse) for note in notes):
         song.lose(f'there are no lyrics: each note is given "{UNSUNG}"', len(notes))
         return [UNSUNG] * len(notes)
@@ -161,7 +161,7 @@ def syllables(notes: List[Note], verse: int, song: Song) -> List[str]:
 
 
 def in_bars(line: Line, song: Song, bars: Tuple[int, int]) -> None:
-    """Keeps a range of bars, counted from 1 as they are played, and moves it to the begin."""
+    """Keeps a range of bars, counted from 1 in the order of playing, and moves it to the beginning."""
     starts = song.bar_starts()
     first, last = bars
     if first > len(starts) - 1:
@@ -181,7 +181,8 @@ def in_bars(line: Line, song: Song, bars: Tuple[int, int]) -> None:
 
 
 def in_force(entries: List[Placed], begin: int, end: int) -> List[Placed]:
-    """What holds at the begin, and what follows up to the end. The place stands first."""
+    """The entry in force at the beginning, and those that follow up to the end. The first item of
+    an entry is its place."""
     before = [entry for entry in entries if entry[0] <= begin]
     return before[-1:] + [entry for entry in entries if begin < entry[0] < end]
 

@@ -1,5 +1,5 @@
-"""Reads MusicXML, partwise, compressed or not. Measures are read one by one, and then put together in
-the order in which they are played."""
+"""Reads MusicXML, partwise, compressed or not. Measures are read one by one, and then put together
+in the order of playing."""
 
 from __future__ import annotations
 
@@ -21,18 +21,18 @@ LOUDNESS = {"pppp": 8, "ppp": 16, "pp": 33, "p": 49, "mp": 64, "mf": 80, "f": 96
             "rfz": 104}
 DECIMAL = re.compile(r"[+-]?(\d{1,12}(\.\d{0,20})?|\.\d{1,20})", re.ASCII)
 FINEST = 10**40  # parts of a quarter note
-MOST_PLAYED = 500_000  # notes, lyrics and signs, each as often as it is played
+MOST_PLAYED = 500_000  # notes, lyrics and signs, counted each time that they are played
 ROUNDED = 15  # ticks: less than the shortest value that is written
 PERCENT = 0.9  # loudness is written in hundredths of a velocity of 90
 
 
 @dataclasses.dataclass
 class Event:
-    """A note of a measure, its place counted from the measure's begin."""
+    """A note of a measure, with its place from the beginning of the measure."""
 
     note: Note
     line: Tuple[str, str]
-    tied_to: bool = False  # goes on from the note before
+    tied_to: bool = False  # continues the note before
     ties: bool = False
 
 
@@ -54,7 +54,7 @@ class Measure:
 
 
 def read_musicxml(data: bytes) -> Song:
-    """The song of a file's content."""
+    """The song in a file's content."""
     root = parse(document_of(data))
     strip_namespaces(root)
     if root.tag == "score-timewise":
@@ -83,7 +83,7 @@ def title(root: Element) -> str:
 
 
 class PartReader:
-    """Reads the measures of a part; what stands until it is changed is kept here."""
+    """Reads the measures of a part, and keeps what is in force until it is changed."""
 
     def __init__(self, part: Element, song: Song) -> None:
         self.song = song
@@ -116,13 +116,12 @@ class PartReader:
         return self.into
 
     def keep_meter(self) -> None:
-        """A bar whose tuplets were rounded when it was written is as long as its meter says. The last
-        bar may end where it will."""
+        """A bar with rounded tuplets gets the length of its meter. The last bar may be shorter."""
         if self.measures and abs(self.measures[-1].length - self.bar) < ROUNDED:
             self.measures[-1].length = self.bar
 
     def ticks(self, at: Fraction) -> int:
-        """Rounded half up. The sum is what is rounded, so nothing drifts."""
+        """Rounded half up. Sums are rounded, not their terms, so errors do not add up."""
         exact = at * TICKS
         if exact.denominator != 1:
             self.song.lose("times that do not fall on a tick of 480 to the quarter are rounded")
@@ -218,7 +217,7 @@ class PartReader:
                 self.into.loudness.append((self.ticks(at), LOUDNESS[mark.tag]))
 
     def barlines(self, element: Element) -> None:
-        """Endings hold from the measure in which they start to the one in which they stop."""
+        """Endings last from the measure in which they start to the one in which they stop."""
         barlines = element.findall("barline")
         for barline in barlines:
             for ending in barline.iterfind("ending"):
@@ -280,7 +279,8 @@ class PartReader:
 
 
 def number_of(text: str, what: str) -> Fraction:
-    """A decimal, as MusicXML has them: an exponent would make large numbers of few signs."""
+    """A decimal as MusicXML allows it. Exponents are refused: with them a few characters would make
+    huge numbers."""
     if not DECIMAL.fullmatch(text.strip()):
         raise ValueError(f"{what}: {text[:30]!r} is no number that is read")
     return Fraction(text.strip())
@@ -301,7 +301,7 @@ def velocity_of(element: Element) -> int:
 
 
 def lyrics_of(element: Element) -> Dict[int, Lyric]:
-    """By verse. A lyric of an extender line alone goes on from the syllable before."""
+    """The lyrics, by verse. A lyric that is only an extender line continues the syllable before."""
     found: Dict[int, Lyric] = {}
     for place, lyric in enumerate(element.iterfind("lyric"), 1):
         text = "".join(child.text or "" if child.tag == "text" else "\u203f"
@@ -314,7 +314,7 @@ def lyrics_of(element: Element) -> Dict[int, Lyric]:
 
 
 def play(song: Song, parts: List[Tuple[str, List[Measure]]], names: Dict[str, str]) -> None:
-    """Puts the measures together. The first part tells the order and the lengths for all."""
+    """Puts the measures together. The first part decides the order and the lengths for all."""
     columns: List[List[Measure]] = [[] for _ in range(max((len(each) for _, each in parts), default=0))]
     for _, measures in parts:
         for column, measure in zip(columns, measures):
@@ -338,7 +338,7 @@ def play(song: Song, parts: List[Tuple[str, List[Measure]]], names: Dict[str, st
 
 
 def refuse_too_much(columns: List[List[Measure]], order: List[Tuple[int, int]]) -> None:
-    """A short file whose repeats repeat much may be endless."""
+    """A short file with many repeats could be nearly endless."""
     weights = [sum(measure.weight() for measure in column) for column in columns]
     if sum(weights[place] for place, _ in order) > MOST_PLAYED:
         raise SongError(f"more than {MOST_PLAYED} notes, lyrics and signs, as they are played with all repeats")
@@ -346,7 +346,7 @@ def refuse_too_much(columns: List[List[Measure]], order: List[Tuple[int, int]]) 
 
 def tell(song: Song, columns: List[List[Measure]], played: List[List[Tuple[int, int]]],
          first: List[Measure]) -> None:
-    """What holds for all lines: tempos of any part, keys and meters of the first."""
+    """Sets what applies to all lines: tempos of any part, keys and meters of the first."""
     song.tempos = sorted({(start + at, value) for column, starts in zip(columns, played)
                           for measure in column for at, value in measure.tempos for start, _ in starts})
     for measure, starts in zip(first, played):
@@ -358,7 +358,7 @@ def tell(song: Song, columns: List[List[Measure]], played: List[List[Tuple[int, 
 
 
 def merged(all_signs: List[Signs]) -> Signs:
-    """Not every part writes every sign."""
+    """Joins the signs of all parts, because not every part has all of them."""
     found = Signs()
     for signs in all_signs:
         for field in dataclasses.fields(Signs):
@@ -388,7 +388,7 @@ def lines_of(part: str, name: str, measures: List[Measure],
 
 def add_played(line: Line, event: Event, start: int, turn: int,
                tied: Dict[Tuple[str, int], Note]) -> None:
-    """A note that is tied to the one before makes that longer, if they meet."""
+    """Adds a note. A tied note makes the one before longer, if they touch."""
     key = (line.voice, event.note.number)
     before = tied.pop(key, None)
     at = start + event.note.pos

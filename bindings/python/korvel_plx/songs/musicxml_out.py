@@ -1,4 +1,4 @@
-"""Writes MusicXML 4.0, partwise: one part, one voice, at a meter that is given."""
+"""Writes MusicXML 4.0, partwise: one part, one voice, in the given meter."""
 
 from __future__ import annotations
 
@@ -31,7 +31,7 @@ LONGEST = 20_000  # bars
 
 @dataclasses.dataclass
 class Piece:
-    """A stretch of a bar: a rest, or a part of a note."""
+    """A section of a bar: a rest, or a part of a note."""
 
     ticks: int
     note: Optional[Note] = None
@@ -85,7 +85,7 @@ def lose_lanes(song: Song) -> None:
 
 
 def pieces_of(notes: List[Note], bar: int, end: int) -> List[List[Piece]]:
-    """What stands in each bar, rests included."""
+    """The pieces in each bar, with rests."""
     bars: List[List[Piece]] = [[] for _ in range(max(1, -(-end // bar)))]
     at = 0
     for note in notes:
@@ -105,7 +105,8 @@ def spread(bars: List[List[Piece]], bar: int, begin: int, end: int, note: Option
 
 
 def write_bars(part: Element, bars: List[List[Piece]], song: Song, meter: Tuple[int, int], bar: int) -> None:
-    """The last bar is as long as the song: what it lacks would be silence that nobody wrote."""
+    """The last bar is only as long as the song: rests to fill it would be silence that the clip
+    does not have."""
     loudness = song.lines[0].lanes.get(ControllerType.DYNAMICS, [])
     end = max([song.end, *(note.end for note in song.lines[0].notes)])
     song.lose("events of the dynamics after the end", sum(at >= end for at, _ in loudness))
@@ -156,7 +157,7 @@ def write_tempo(measure: Element, song: Song) -> None:
 
 def write_measure(measure: Element, pieces: List[Piece], marks: List[Tuple[int, int]],
                   song: Song) -> None:
-    """Loudness stands before what begins with it or after, told from there by an offset."""
+    """Loudness is written next to a note, with an offset to its time."""
     at = 0
     for piece in pieces:
         while marks and marks[0][0] < at + piece.ticks:
@@ -176,7 +177,7 @@ def write_loudness(measure: Element, mark: Tuple[int, int], at: int) -> None:
 
 
 def values_of(ticks: int) -> "Iterator[Tuple[int, Optional[Tuple[str, int, bool]]]]":
-    """The written values that a length is made of; what none is left for has no sign of its own."""
+    """The note values that add up to a length; a remainder that no value fits gets no sign."""
     if ticks in TRIPLETS:
         yield ticks, TRIPLETS[ticks]
         return
@@ -241,7 +242,7 @@ def write_ties(element: Element, stops: bool, starts: bool) -> None:
 
 
 def write_lyric(element: Element, note: Note) -> None:
-    """A note that goes on has no lyric of its own: the extender line of the syllable before says it."""
+    """A note that continues a syllable has no lyric: the extender line of that syllable shows it."""
     lyric = note.lyric(1)
     if lyric is None:
         return
@@ -253,7 +254,8 @@ def write_lyric(element: Element, note: Note) -> None:
 
 
 def with_extenders(notes: List[Note]) -> List[Note]:
-    """Marks the syllables that go on, and takes the sign for it from the notes on which they do."""
+    """Marks the syllables that continue, and removes the sign for it from the notes on which they
+    do."""
     found: List[Note] = []
     sung: Optional[Lyric] = None
     for note in notes:

@@ -29,7 +29,7 @@ Phonemes = Callable[[List[str]], Dict[str, str]]
 
 
 def x_sampa(ipa: str) -> str:
-    """Separated by blanks, as voices take them; what has no sign there is left out."""
+    """Separated by blanks, as voices need them; signs without X-SAMPA are left out."""
     found: List[str] = []
     for sign in re.findall(PATTERN.pattern + "|.", ipa, re.DOTALL):
         if sign in X_SAMPA and X_SAMPA[sign] in (":", "~", "=", "'") and found:
@@ -42,7 +42,8 @@ def x_sampa(ipa: str) -> str:
 
 
 def source_of(choice: str) -> "tuple[str, Phonemes]":
-    """What a choice means: `none`, `table:FILE` or `espeak:LANGUAGE`; with words for the result."""
+    """The source for an option: `none`, `table:FILE` or `espeak:LANGUAGE`; with a description for
+    the result."""
     kind, _, what = choice.partition(":")
     if kind == "none":
         return "none: the lyric stands in, as no note can be without", lambda syllables: {}
@@ -57,7 +58,8 @@ def source_of(choice: str) -> "tuple[str, Phonemes]":
 
 
 def table_of(file: pathlib.Path) -> Dict[str, str]:
-    """A line for each syllable: the syllable, a tab or blanks, and its phonemes. # begins a remark."""
+    """A line for each syllable: the syllable, a tab or blanks, and its phonemes. # begins a
+    comment."""
     try:
         lines = file.read_text(encoding="utf-8").splitlines()
     except (OSError, UnicodeDecodeError) as problem:
@@ -80,7 +82,7 @@ def from_table(table: Dict[str, str], syllables: List[str]) -> Dict[str, str]:
 
 
 def by_espeak(language: str, syllables: List[str]) -> Dict[str, str]:
-    """All syllables in one run, one a line."""
+    """All syllables in one run, one in each line."""
     asked = [syllable for syllable in syllables if bare(syllable)]
     done = subprocess.run(["espeak-ng", "-q", "--ipa", "-v", language], input="\n\n".join(
         bare(syllable) for syllable in asked) + "\n", text=True, encoding="utf-8", capture_output=True,
@@ -94,7 +96,7 @@ def by_espeak(language: str, syllables: List[str]) -> Dict[str, str]:
 
 
 def phonemes_of(syllables: List[str], source: Phonemes, song: Song, is_none: bool) -> List[str]:
-    """Those of each note. A note that goes on is sung with the sign that its lyric has."""
+    """The phonemes of each note. A note that continues a syllable gets the same sign as its lyric."""
     known = source(list(dict.fromkeys(syllables)))
     missing = [syllable for syllable in syllables if syllable not in known and syllable != EXTENDED]
     if missing and not is_none:

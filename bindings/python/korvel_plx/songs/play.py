@@ -17,8 +17,9 @@ FADE = RATE // 200
 VOLUME = 12_000
 CONCERT_PITCH, CONCERT_NUMBER = 440.0, 69
 BEND_RANGE = 2  # semitones, when the clip does not say
-STEP = 32  # samples for which pitch and loudness stay as they are
-# Vibrato has values without a unit: full depth is a semitone, full rate twelve swings a second.
+STEP = 32  # samples for which pitch and loudness stay the same
+# The values of a vibrato have no unit: here full depth is a semitone, full rate twelve cycles a
+# second.
 DEEPEST, FASTEST, USUAL_DEPTH, USUAL_RATE = 1.0, 12.0, 40, 60
 PLAIN_TEMPO = 12_000
 
@@ -30,7 +31,7 @@ class Curve:
         self.points, self.value, self.next = sorted(points), before, 0
 
     def at(self, tick: float) -> int:
-        """Asked in the order of time."""
+        """Must be called in the order of time."""
         while self.next < len(self.points) and self.points[self.next][0] <= tick:
             self.value = self.points[self.next][1]
             self.next += 1
@@ -77,7 +78,7 @@ class Tone:
         return Curve([(point.pos, point.value) for point in points], usual)
 
     def pitch(self, tick: float) -> float:
-        """In semitones; the vibrato takes the end of the note."""
+        """In semitones; the vibrato is at the end of the note."""
         bent: float = self.number + self.bend.at(tick) / 8192 * self.range.at(tick)
         if tick < self.vibrato_begin:
             return bent

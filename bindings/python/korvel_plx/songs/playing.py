@@ -13,11 +13,11 @@ MOST_MEASURES = 100_000
 
 @dataclasses.dataclass
 class Signs:
-    """What stands in a measure for the order of playing."""
+    """The signs in a measure that decide the order of playing."""
 
     opens: bool = False  # a repeat begins here
-    closes: int = 0  # how many times what was opened is played
-    ending: Tuple[int, ...] = ()  # the turns for which the measure is there
+    closes: int = 0  # how many times the repeated section is played
+    ending: Tuple[int, ...] = ()  # in which turns the measure is played
     segno: bool = False
     coda: bool = False
     jump: str = ""  # "capo" or "segno", after the measure
@@ -26,7 +26,7 @@ class Signs:
 
 
 def order_of(measures: List[Signs], song: Song) -> List[Tuple[int, int]]:
-    """The places of the measures as they are played, each with its turn."""
+    """The indexes of the measures in the order of playing, each with its turn."""
     player = Player(measures)
     while player.at < len(measures) and len(player.played) < MOST_MEASURES:
         player.step()
@@ -36,7 +36,7 @@ def order_of(measures: List[Signs], song: Song) -> List[Tuple[int, int]]:
 
 
 def last_endings(measures: List[Signs]) -> List[bool]:
-    """For each measure whether no other ending follows it at once."""
+    """For each measure, whether no other ending follows it directly."""
     found = [True] * len(measures)
     for place in range(len(measures) - 2, -1, -1):
         behind = measures[place + 1].ending
@@ -67,7 +67,7 @@ class Player:
         self.go_on(signs)
 
     def takes_ending(self, signs: Signs) -> bool:
-        """After a jump no repeat is played again: the last ending is the one that is taken."""
+        """After a jump, repeats are not played again, and the last ending is taken."""
         if self.after_jump:
             return self.is_last_ending[self.at]
         return self.turn in signs.ending
@@ -94,7 +94,8 @@ class Player:
                 self.leave(here)
 
     def leave(self, here: int) -> None:
-        """Behind a repeat the turns begin anew, but for the endings that still belong to it."""
+        """After a repeat the turns start again at 1, except for the endings that still belong to
+        it."""
         behind = self.measures[here + 1] if here + 1 < len(self.measures) else Signs()
         if not behind.ending:
             self.opened, self.turn = here + 1, 1

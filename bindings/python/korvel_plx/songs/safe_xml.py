@@ -1,5 +1,5 @@
-"""Reads XML and compressed MusicXML that nobody vouches for: no entities, nothing fetched, and no more
-than a song needs of size, depth and elements."""
+"""Reads XML and compressed MusicXML from untrusted sources: no entities, nothing fetched, and
+limits of size, depth and number of elements."""
 
 from __future__ import annotations
 
@@ -65,7 +65,7 @@ class Reader:
         except expat.ExpatError as problem:
             message = expat.ErrorString(problem.code)
             raise SongError(f"line {problem.lineno}, column {problem.offset + 1}: {message}") from problem
-        except (ValueError, LookupError) as problem:  # an encoding that is not there
+        except (ValueError, LookupError) as problem:  # an unknown encoding
             raise SongError(f"{self.place()}: {problem}") from problem
         return self.builder.close()
 
@@ -77,7 +77,7 @@ def parse(text: bytes) -> Element:
 
 
 def document_of(data: bytes) -> bytes:
-    """The document of a file, which is compressed or not."""
+    """The document in a file, which may be compressed."""
     if len(data) > LARGEST_FILE:
         raise SongError(f"the file is larger than {LARGEST_FILE} bytes")
     if not data.startswith(b"PK"):
@@ -90,7 +90,7 @@ def document_of(data: bytes) -> bytes:
 
 
 def root_file(archive: zipfile.ZipFile) -> str:
-    """The document that the container names, or the only one there is."""
+    """The document that the container names, or its only one."""
     names = archive.namelist()
     if len(names) > MOST_MEMBERS:
         raise SongError(f"the archive has {len(names)} files")
@@ -106,7 +106,8 @@ def root_file(archive: zipfile.ZipFile) -> str:
 
 
 def member(archive: zipfile.ZipFile, name: str) -> bytes:
-    """What the archive says of sizes is not believed: no more than the largest document is unpacked."""
+    """The sizes in the archive are not trusted: no more than the largest allowed document is
+    unpacked."""
     if name not in archive.namelist():
         raise SongError(f"the archive has no {name!r}, which it names")
     try:
