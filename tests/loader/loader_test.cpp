@@ -68,7 +68,7 @@ protected:
     support::ScratchFolder scratch;
 };
 
-TEST_F(Loader, FillsEveryPlaceOfTheTableWithItsFunction)
+TEST_F(Loader, FillsEachMemberOfTheTableWithItsFunction)
 {
     static_assert(KRT_PLX_FUNCTION_COUNT == exportedFunctions.size());
     ASSERT_TRUE(load(wholeLibrary()));
@@ -212,7 +212,7 @@ TEST_F(Loader, RefusesNullArguments)
     EXPECT_FALSE(KRT_PLX_unload(nullptr));
 }
 
-TEST_F(Loader, NeedsNobodyToReportTo)
+TEST_F(Loader, WorksWithoutAReportFunction)
 {
     EXPECT_FALSE(KRT_PLX_load(&api, partialLibrary().c_str(), nullptr, nullptr));
     expectNothingLoaded();

@@ -82,7 +82,7 @@ TEST_F(EditableTextListTest, HoldsEachTextOnceInTheOrderOfAdding)
     check();
 }
 
-TEST_F(EditableTextListTest, KeepsTextsWhereTheyAre)
+TEST_F(EditableTextListTest, KeepsTheAddressesOfItsTexts)
 {
     add(::someText(0));
     add(::someText(1));
@@ -98,7 +98,7 @@ TEST_F(EditableTextListTest, KeepsTextsWhereTheyAre)
 }
 
 // Removing the text also ends the view that is passed.
-TEST_F(EditableTextListTest, RemovesWhatItsOwnTextNames)
+TEST_F(EditableTextListTest, RemovesATextThatIsPassedFromTheListItself)
 {
     for (const std::size_t size : {3u, 1200u}) {
         for (std::size_t number = 0; number < size; ++number) {

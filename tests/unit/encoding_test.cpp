@@ -58,7 +58,7 @@ TEST(FormatEncoding, WhiteSpaceAloneHasNoFirstUnit)
 }
 
 // A block may end in the middle of a unit.
-TEST(FormatEncoding, AnUnfinishedUnitIsNone)
+TEST(FormatEncoding, AnIncompleteUnitDoesNotCount)
 {
     for (const support::Encoding encoding : rewriting::encodings) {
         for (const support::ByteOrderMark mark : rewriting::marks) {
@@ -73,7 +73,7 @@ TEST(FormatEncoding, AnUnfinishedUnitIsNone)
     }
 }
 
-TEST(FormatEncoding, ZerosAreUnitsAndNoWhiteSpace)
+TEST(FormatEncoding, ZerosAreUnitsButNotWhiteSpace)
 {
     EXPECT_EQ(format::firstUnit(std::string(16, '\0')), U'\0');
 }

@@ -95,7 +95,7 @@ TEST(FormatKeys, SayTheRangesAndInitialValuesOfANote)
 }
 
 // In the longest note, the objects can be as long as their fields allow.
-TEST(FormatKeys, SayTheRangesAndInitialValuesOfWhatHangsOnANote)
+TEST(FormatKeys, SayTheRangesAndInitialValuesOfTheObjectsInANote)
 {
     Objects objects;
     ASSERT_TRUE(objects.note.assignDuration(plx::lastPosition));
@@ -131,7 +131,7 @@ std::vector<const keys::Shape*> allShapes()
     return shapes;
 }
 
-TEST(FormatKeys, CanBeGoneThroughFromTheTwoDocuments)
+TEST(FormatKeys, AreReachableFromTheTwoDocuments)
 {
     std::set<keys::Id> ids;
     for (const keys::Shape* const shape : allShapes()) {
@@ -140,7 +140,7 @@ TEST(FormatKeys, CanBeGoneThroughFromTheTwoDocuments)
     EXPECT_EQ(ids.size(), static_cast<std::size_t>(keys::Id::depth) + 1);
 }
 
-TEST(FormatKeys, StandOnceInAnObject)
+TEST(FormatKeys, AreUniqueInAnObject)
 {
     for (const keys::Shape* const shape : allShapes()) {
         std::set<std::string_view> known;

@@ -73,7 +73,7 @@ std::vector<Told> lossesOfNote(const std::string& members)
     return lossesOfPart(midi(R"(,"notes":[)" + note(members) + "]"));
 }
 
-TEST(FormatLosses, AreNoneInADocumentThatIsTakenWhole)
+TEST(FormatLosses, AreNoneInAValidDocument)
 {
     EXPECT_THAT(lossesOfNote(R"(,"exp":{"accent":100})"), IsEmpty());
 }
@@ -93,7 +93,7 @@ TEST(FormatLosses, CountTheElementsOfAListFromZero)
                             Told{LossReason::wrongKind, "/midi/notes/4", "null"}));
 }
 
-TEST(FormatLosses, TellValuesOfAnotherKindFromThoseOutOfRange)
+TEST(FormatLosses, DistinguishWrongKindsFromValuesOutOfRange)
 {
     EXPECT_THAT(lossesOfNote(R"(,"exp":{"accent":101,"decay":1.5,"fallPort":true,"risePort":0})"),
                 ElementsAre(Told{LossReason::notAccepted, "/midi/notes/0/exp/accent", "101,"},
@@ -101,7 +101,7 @@ TEST(FormatLosses, TellValuesOfAnotherKindFromThoseOutOfRange)
                             Told{LossReason::wrongKind, "/midi/notes/0/exp/risePort", "0}}]"}));
 }
 
-TEST(FormatLosses, NameKeysThatNobodyKnowsAndKeysThatStandTwice)
+TEST(FormatLosses, NameUnknownAndRepeatedKeys)
 {
     EXPECT_THAT(lossesOfNote(R"(,"exp":{"acent":1,"decay":1,"de~/cay":{"a":[]},"decay":2})"),
                 ElementsAre(Told{LossReason::unknownKey, "/midi/notes/0/exp/acent", "\"ace"},
@@ -120,7 +120,7 @@ TEST(FormatLosses, OfWhatWaitsForItsNoteHaveTheirOwnPlaces)
                     Told{LossReason::notAccepted, "/midi/notes/0/vibrato/rates/1", "{\"po"}));
 }
 
-TEST(FormatLosses, TellOfASkillThatADvqmHides)
+TEST(FormatLosses, ReportASkillThatADvqmHides)
 {
     EXPECT_THAT(lossesOfNote(R"(,"singingSkill":{},"dvqm":{})"),
                 ElementsAre(Told{LossReason::notLookedAt, "/midi/notes/0/singingSkill", "{},\""}));

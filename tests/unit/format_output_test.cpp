@@ -12,7 +12,7 @@ std::string_view textOfLength(std::size_t bytes)
     return {"x", bytes};
 }
 
-TEST(Output, RefusesATextForWhichItCouldNotCountTheRoom)
+TEST(Output, RefusesATextWhoseReservedSizeWouldOverflow)
 {
     for (const std::size_t bytes : {std::size_t{715'827'883}, std::size_t{716'000'000},
                                     std::size_t{0xFFFFFFFF}, std::size_t{0x100000001}}) {

@@ -421,7 +421,7 @@ TEST_F(FsFailingCalls, OfMakingAFileLeaveItWholeOrNotAtAll)
              [this] { prepare(); });
 }
 
-TEST_F(FsFailingCalls, OfReadingGiveAllOrSaySo)
+TEST_F(FsFailingCalls, OfReadingGiveTheWholeFileOrAreReported)
 {
     const auto check = [this] {
         if (read == fs::ReadResult::read) {
@@ -437,7 +437,7 @@ TEST_F(FsFailingCalls, OfReadingGiveAllOrSaySo)
              [this] { prepare(); });
 }
 
-TEST_F(FsFailingCalls, OfAChangeAreTold)
+TEST_F(FsFailingCalls, OfAChangeAreReported)
 {
     const auto check = [this] {
         if (isDone) {
@@ -447,7 +447,7 @@ TEST_F(FsFailingCalls, OfAChangeAreTold)
     failEach({"change", [this] { isDone = changeDocument(); }, check}, [this] { prepare(); });
 }
 
-TEST_F(FsFailingCalls, OfRemovingAreTold)
+TEST_F(FsFailingCalls, OfRemovingAreReported)
 {
     const auto check = [this] {
         if (isDone) {
@@ -459,7 +459,7 @@ TEST_F(FsFailingCalls, OfRemovingAreTold)
              [this] { prepare(); });
 }
 
-TEST_F(FsFailingCalls, OfMakingFoldersAreTold)
+TEST_F(FsFailingCalls, OfMakingFoldersAreReported)
 {
     const auto check = [this] {
         if (isDone) {
@@ -470,7 +470,7 @@ TEST_F(FsFailingCalls, OfMakingFoldersAreTold)
              [this] { prepare(); });
 }
 
-TEST_F(FsFailingCalls, OfAWalkCostOnlyWhatTheyAreAbout)
+TEST_F(FsFailingCalls, OfAWalkLoseOnlyTheFilesConcerned)
 {
     std::vector<std::string> names;
     const auto check = [&] {

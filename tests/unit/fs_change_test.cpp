@@ -39,7 +39,7 @@ TEST_F(FsCreateDirectories, MakesAllMissingAncestors)
     EXPECT_TRUE(fs::isDirectory(dir / "a\\b\\e\\f"));
 }
 
-TEST_F(FsCreateDirectories, AFolderThatExistsIsAsGood)
+TEST_F(FsCreateDirectories, AnExistingFolderIsSuccess)
 {
     writeBytes(dir / "folder\\file", "x");
     EXPECT_TRUE(fs::createDirectories(dir / "folder"));
@@ -71,14 +71,14 @@ TEST_F(FsCreateDirectories, TakesDoubledAndTrailingSeparators)
     EXPECT_TRUE(fs::createDirectories(dir / "a\\b\\"));
 }
 
-TEST_F(FsCreateDirectories, TakesDetours)
+TEST_F(FsCreateDirectories, ResolvesDotAndDoubleDot)
 {
     makeFolder(dir / "here");
     EXPECT_TRUE(fs::createDirectories(dir / "here\\..\\there\\.\\inner"));
     EXPECT_TRUE(fs::isDirectory(dir / "there\\inner"));
 }
 
-TEST_F(FsCreateDirectories, KnowsNamesOfAllScripts)
+TEST_F(FsCreateDirectories, AcceptsNamesInAllScripts)
 {
     EXPECT_TRUE(fs::createDirectories(dir / "Île\\さくら\\🎵"));
     EXPECT_TRUE(exists(dir / "Île\\さくら\\🎵"));
@@ -93,7 +93,7 @@ TEST_F(FsCreateDirectories, FailsAtAFile)
     EXPECT_EQ(support::readBytes(dir / "file"), "x");
 }
 
-TEST_F(FsCreateDirectories, FailsForAPathThatTheHostCannotSpell)
+TEST_F(FsCreateDirectories, FailsForAPathThatTheSystemCannotExpress)
 {
     EXPECT_FALSE(fs::createDirectories(String{}));
     EXPECT_FALSE(fs::createDirectories(dir / "a" + Char{} + text("\\b")));
@@ -152,7 +152,7 @@ TEST_F(FsRemoveEmptyFolder, RemovesAnEmptyFolderAndNothingElse)
     EXPECT_TRUE(exists(dir / "full\\file"));
 }
 
-TEST_F(FsRemoveEmptyFolder, ALinkToOneIsNone)
+TEST_F(FsRemoveEmptyFolder, ALinkToAnEmptyFolderStays)
 {
     makeFolder(dir / "empty");
     if (!makeLink(dir / "link", text("empty"))) {

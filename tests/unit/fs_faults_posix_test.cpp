@@ -451,7 +451,7 @@ TEST_F(FsFaults, MakingFoldersGoesOnAfterInterruptions)
     interruptEachCall(work);
 }
 
-TEST_F(FsFaults, AFolderThatIsMadeByAnotherMeanwhileIsAsGood)
+TEST_F(FsFaults, AFolderThatAnotherProgramMakesMeanwhileIsSuccess)
 {
     Work work = makingDeep();
     work.check = [this] { EXPECT_TRUE(result && fs::isDirectory(dir / "new\\one\\two")); };

@@ -350,7 +350,7 @@ TEST_F(FsFolder, DevicesAreNeitherReadNorWritten)
 
 // Wherever the limit of the system or the file system is, what can be made can also be read and
 // removed.
-TEST_F(FsFolder, LongPathsHoldTogetherOrFailTogether)
+TEST_F(FsFolder, WhatIsMadeAtALongPathCanBeReadAndRemoved)
 {
     String path = dir.path();
     while (path.size() < 1000 && fs::createDirectories(path + text("\\sixteen letters."))) {

@@ -143,7 +143,7 @@ TEST(FsSystemPathNames, FollowWhateverTheHostHasGiven)
 }
 
 // Documents may name wave files by paths with "." and "..".
-TEST(FsSystemPathNames, MayBeDetours)
+TEST(FsSystemPathNames, MayBeDotAndDoubleDot)
 {
     EXPECT_EQ(systemForm(R"(C:\clips)", R"(\a\..\b)"), R"(\\?\C:\clips\b)");
     EXPECT_EQ(systemForm(R"(C:\clips)", R"(\a\.\\b/c)"), R"(\\?\C:\clips\a\b\c)");
@@ -153,7 +153,7 @@ TEST(FsSystemPathNames, MayBeDetours)
               R"(\\?\UNC\server\share\other)");
 }
 
-TEST(FsSystemPathLength, IsNoneOfTheOldLimits)
+TEST(FsSystemPathLength, MayExceedTheOldLimits)
 {
     const std::string deep = R"(C:\)" + std::string(200, 'a') + "\\" + std::string(200, 'b');
     EXPECT_EQ(systemForm(text(deep)), R"(\\?\)" + deep);

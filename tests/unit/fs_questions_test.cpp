@@ -85,7 +85,7 @@ TEST_F(FsQuestions, AreAboutTheExactPath)
     expectNothing(dir / "f?lder");
 }
 
-TEST_F(FsQuestions, KnowNamesOfAllScripts)
+TEST_F(FsQuestions, AcceptNamesInAllScripts)
 {
     for (const char* name : {"Frère Jacques", "さくら", "🎵🎶", "Ä\xCC\x88"}) {
         writeBytes(dir / (std::string(name) + "\\x"), "x");
@@ -94,7 +94,7 @@ TEST_F(FsQuestions, KnowNamesOfAllScripts)
     }
 }
 
-TEST_F(FsQuestions, APathThatTheHostCannotSpellLeadsNowhere)
+TEST_F(FsQuestions, APathThatTheSystemCannotExpressLeadsNowhere)
 {
     writeBytes(dir / "file", "x");
     const Char high = static_cast<Char>(0xD83C);

@@ -84,7 +84,7 @@ TEST_F(FsReadFile, UsesTheMemoryThatIsThere)
     EXPECT_EQ(content.capacity(), 2000u);
 }
 
-TEST_F(FsReadFile, KnowsNamesOfAllScripts)
+TEST_F(FsReadFile, AcceptsNamesInAllScripts)
 {
     writeBytes(dir / "Île\\さくら\\🎵", "x");
     ASSERT_TRUE(readWhole(dir / "Île\\さくら\\🎵", content));

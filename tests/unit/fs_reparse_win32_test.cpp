@@ -91,14 +91,14 @@ TEST(FsTag, OfAnEntryWithoutAMarkMeansNothing)
     EXPECT_EQ(sortOf(FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN, 0x80000024), Sort::file);
 }
 
-TEST(FsTag, OfATagThatNobodyKnowsTheBitDecides)
+TEST(FsTag, OfAnUnknownKindIsDecidedByItsBit)
 {
     EXPECT_EQ(sortOf(marked, 0x0000ABCD), Sort::file);
     EXPECT_EQ(sortOf(marked | folder, 0x1000ABCD), Sort::folder);
     EXPECT_EQ(sortOf(marked | folder, 0x2000ABCD), Sort::link);
 }
 
-TEST(FsAttributes, OfADeviceAreNoFile)
+TEST(FsAttributes, OfADeviceAreNotThoseOfAFile)
 {
     EXPECT_EQ(sortOf(FILE_ATTRIBUTE_DEVICE, 0), Sort::special);
     EXPECT_EQ(sortOf(FILE_ATTRIBUTE_DEVICE | folder, 0), Sort::special);

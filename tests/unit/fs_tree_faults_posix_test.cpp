@@ -180,7 +180,7 @@ TEST_F(FsTreeFaults, ATreeThatAnotherRemovesMeanwhileIsGone)
                           [this] { std::filesystem::remove_all(hostPath(dir / "tree")); });
 }
 
-TEST_F(FsTreeFaults, AWalkStandsFilesAndFoldersThatVanish)
+TEST_F(FsTreeFaults, AWalkSurvivesFilesAndFoldersThatVanish)
 {
     Work work = walking();
     work.prepare = [this] {

@@ -129,7 +129,7 @@ TEST_F(FsWalk, GoesInTheOrderOfTheFileSystemAndDescendsInPlace)
     EXPECT_EQ(paths, filesInSystemOrder(dir.path()));
 }
 
-TEST_F(FsWalk, KnowsNamesOfAllScripts)
+TEST_F(FsWalk, FindsNamesInAllScripts)
 {
     file("Frère Jacques\\fête.kxclip");
     file("さくら\\桜.kxclip");
@@ -147,7 +147,7 @@ TEST_F(FsWalk, KeepsTheFolderAsItWasPassed)
     EXPECT_THAT(filesIn(folder), ElementsAre("a"));
 }
 
-TEST_F(FsWalk, APathIsGoodForOpeningTheFile)
+TEST_F(FsWalk, APathCanBeUsedToOpenTheFile)
 {
     writeBytes(dir / "さくら\\🎵\\song", "la la");
     std::string content;
@@ -213,7 +213,7 @@ TEST_F(FsWalk, AnExceptionOfTheVisitorPassesThrough)
     EXPECT_EQ(std::filesystem::remove_all(support::hostPath(dir / "a")), 3u);
 }
 
-TEST_F(FsWalk, AFileThatThereIsNoMemoryForCostsNoOther)
+TEST_F(FsWalk, WhenMemoryRunsOutForAFileTheOthersAreVisited)
 {
     for (const char* path : {"1\\a", "1\\b", "2\\c", "2\\3\\d"}) {
         file(path);

@@ -17,7 +17,7 @@ using namespace Korvel::CANTORIS::PLX;
 
 // --- Ranges -------------------------------------------------------------------------------------------
 
-TEST(ModelFields, TakeBothBoundsAndNothingBeyond)
+TEST(ModelFields, AcceptBothBoundsAndNothingBeyond)
 {
     constexpr Field<std::int32_t> field{.initial = 0, .minimum = -3, .maximum = 5};
     EXPECT_TRUE(field.accepts(-3));
@@ -26,7 +26,7 @@ TEST(ModelFields, TakeBothBoundsAndNothingBeyond)
     EXPECT_FALSE(field.accepts(6));
 }
 
-TEST(ModelFields, TakeANumberThatIsNone)
+TEST(ModelFields, AcceptNaN)
 {
     EXPECT_TRUE(field::aiExpression.accepts(std::numeric_limits<float>::quiet_NaN()));
     EXPECT_FALSE(field::aiExpression.accepts(std::numeric_limits<float>::infinity()));

@@ -67,7 +67,7 @@ void addBothWays(EditableTags& oneByOne, FilterTags& atOnce, Tag tag, const Text
     ASSERT_EQ(viewsOf(atOnce.texts(tag)), viewsOf(oneByOne.texts(tag)));
 }
 
-TEST(ModelFilterTags, AddingAllIsAddingOneByOne)
+TEST(ModelFilterTags, AddingAllEqualsAddingOneByOne)
 {
     for (const Tag tag : allTags) {
         Random random(1);
@@ -81,7 +81,7 @@ TEST(ModelFilterTags, AddingAllIsAddingOneByOne)
     }
 }
 
-TEST(ModelFilterTags, AddingManyIsAddingOneByOne)
+TEST(ModelFilterTags, AddingManyEqualsAddingOneByOne)
 {
     for (const Tag tag : allTags) {
         Random random(2);
@@ -94,7 +94,7 @@ TEST(ModelFilterTags, AddingManyIsAddingOneByOne)
     }
 }
 
-TEST(ModelFilterTags, AddingAllLanguagesIsAddingOneByOne)
+TEST(ModelFilterTags, AddingAllLanguagesEqualsAddingOneByOne)
 {
     Random random(3);
     for (int round = 0; round < 300; ++round) {

@@ -340,7 +340,7 @@ TEST(ModelFixedList, ReplacesWhatItHeld)
     EXPECT_EQ(alive, 0);
 }
 
-TEST(ModelFixedList, HasByTheAddressOfTheRoot)
+TEST(ModelFixedList, FindsElementsByTheAddressOfTheirRoot)
 {
     FixedList<Item> list;
     list.build(factor, Numbers{1, 2});

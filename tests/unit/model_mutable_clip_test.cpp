@@ -58,7 +58,7 @@ protected:
     MutableClipImpl clip{owner};
 };
 
-TEST_F(ModelMutableClip, IsWrittenByItsOwnerAsAsked)
+TEST_F(ModelMutableClip, PassesItsArgumentsToItsOwner)
 {
     savablePart();
     EXPECT_EQ(save(), code(Result::success));
@@ -69,7 +69,7 @@ TEST_F(ModelMutableClip, IsWrittenByItsOwnerAsAsked)
     EXPECT_FALSE(owner.writtenFormatted);
 }
 
-TEST_F(ModelMutableClip, PassesOnWhatItsOwnerSays)
+TEST_F(ModelMutableClip, ReturnsTheResultOfItsOwner)
 {
     savablePart();
     owner.answer = Result::documentNotWritten;

@@ -58,7 +58,7 @@ std::vector<std::int32_t> somePositions(Random& random)
     return positions;
 }
 
-TEST(ModelPositions, FirstNotBeforeIsTheFirstAtOrBehindAPosition)
+TEST(ModelPositions, FirstNotBeforeIsTheFirstAtOrAfterAPosition)
 {
     Marks list;
     EXPECT_EQ(firstNotBefore(list, 0), 0u);
@@ -72,7 +72,7 @@ TEST(ModelPositions, FirstNotBeforeIsTheFirstAtOrBehindAPosition)
     EXPECT_EQ(firstNotBefore(list, largest), 4u);
 }
 
-TEST(ModelPositions, IndexAtFindsTheVeryElementAmongEquals)
+TEST(ModelPositions, IndexAtFindsTheElementItselfAmongEquals)
 {
     Marks list;
     filled(list, {1, 2, 2, 2, 3});
@@ -83,7 +83,7 @@ TEST(ModelPositions, IndexAtFindsTheVeryElementAmongEquals)
     EXPECT_EQ(indexAt(list, &other, other.pos()), list.size());
 }
 
-TEST(ModelPositions, TheVeryElementIsRemovedAmongEquals)
+TEST(ModelPositions, TheElementItselfIsRemovedAmongEquals)
 {
     for (std::size_t index = 0; index < 5; ++index) {
         Marks list;

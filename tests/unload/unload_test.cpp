@@ -152,12 +152,12 @@ TEST_F(Unload, FindsEveryExportedFunctionByItsName)
     EXPECT_EQ(library.find("KRT_PLX_NoSuchFunction"), nullptr);
 }
 
-TEST_F(Unload, HappensWithoutAnyUse)
+TEST_F(Unload, IsPossibleWithoutAnyUse)
 {
     const LoadedLibrary library;
 }
 
-TEST_F(Unload, HappensAfterUse)
+TEST_F(Unload, IsPossibleAfterUse)
 {
     const LoadedLibrary library;
     const Functions plx(library);
@@ -170,7 +170,7 @@ TEST_F(Unload, HappensAfterUse)
     EXPECT_TRUE(plx.destroy(manager));
 }
 
-TEST_F(Unload, TakesTheManagersWithIt)
+TEST_F(Unload, DestroysTheManagers)
 {
     const LoadedLibrary library;
     const Functions plx(library);
@@ -300,7 +300,7 @@ private:
     std::thread thread_;
 };
 
-TEST_F(Unload, KeepsNothingHoweverOftenItIsRepeated)
+TEST_F(Unload, LeaksNothingHoweverOftenItIsRepeated)
 {
     LastingThread other;
     const auto useOnce = [&] {
