@@ -23,7 +23,7 @@ const char* result_text(uint32_t code)
     case KRT_PLX_RESULT_EMPTY_NAME:
         return "the name is empty";
     case KRT_PLX_RESULT_UNKNOWN_CLIP:
-        return "the clip is none of this manager's";
+        return "the clip does not belong to this manager";
     case KRT_PLX_RESULT_NO_PART:
         return "the clip has no part";
     case KRT_PLX_RESULT_WAVE_FILE_MISSING:

@@ -33,7 +33,7 @@ std::function<void()> interference;
 bool hidingKinds = false;
 long inheritable = 0;
 long syncs = 0;
-std::array<int, 2> errorsOfKinds{}; // by kind; 0 for a kind that works
+std::array<int, 2> errorsOfKinds{}; // the error for each kind; 0 for a kind that works
 
 bool fails()
 {
