@@ -10,7 +10,7 @@ namespace {
 std::uint32_t readType(const Value* name)
 {
     const auto text = asWholeUtf8(name);
-    return text ? controller::fromName(*text) : controller::unknown;
+    return text ? controller::fromName(*text) : KRT_PLX_CONTROLLER_NONE;
 }
 
 void readController(const Value& element, MidiPartBase& part, OwnedList<MidiControllerImpl>& lanes)
@@ -18,7 +18,7 @@ void readController(const Value& element, MidiPartBase& part, OwnedList<MidiCont
     const Members members(element, schema::controller::keys);
     const std::uint32_t type = readType(members[schema::controller::name]);
     const Value* const events = asArray(members[schema::controller::events]);
-    if (type == controller::unknown || events == nullptr || laneOfType(lanes, type) != nullptr) {
+    if (type == KRT_PLX_CONTROLLER_NONE || events == nullptr || laneOfType(lanes, type) != nullptr) {
         return;
     }
     auto points = readPoints(*events, [type](std::int32_t, std::int32_t value) {

@@ -94,7 +94,7 @@ private:
         for (std::uint64_t index = 0; index < part.numNotes(); ++index) {
             note(*part.note(index));
         }
-        for (std::uint32_t type = 0; type < controller::unknown; ++type) {
+        for (std::uint32_t type = 0; type < KRT_PLX_CONTROLLER_NONE; ++type) {
             lane(part.midiController(type));
         }
     }

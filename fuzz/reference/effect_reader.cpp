@@ -59,7 +59,7 @@ float clamped(double value)
     if (value > largestFloat) {
         return static_cast<float>(largestFloat);
     }
-    return value < -largestFloat ? unsetFloat : static_cast<float>(value);
+    return value < -largestFloat ? KRT_PLX_VALUE_UNSET_FLOAT : static_cast<float>(value);
 }
 
 // False when the value is of no kind that a parameter can hold.
@@ -98,7 +98,7 @@ std::unique_ptr<EffectParameterImpl> readParameter(const Value& element, EffectB
     }
     auto parameter = std::make_unique<EffectParameterImpl>(effect, *name);
     const bool keepsIntegers =
-        effect.type() == midiEffectType || asWholeUtf8(nameValue) == schema::effect::bypass;
+        effect.type() == KRT_PLX_EFFECT_MIDI || asWholeUtf8(nameValue) == schema::effect::bypass;
     return readValue(*value, keepsIntegers, *parameter) ? std::move(parameter) : nullptr;
 }
 

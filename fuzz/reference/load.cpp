@@ -51,7 +51,7 @@ bool readPartHeader(const Value* value, ClipProperties& properties)
             properties.assignPartTempo(static_cast<std::uint32_t>(*tempo));
         }
     }
-    return properties.partType != part_type::none;
+    return properties.partType != KRT_PLX_PART_NONE;
 }
 
 // False without a root, too.

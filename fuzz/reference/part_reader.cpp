@@ -33,7 +33,7 @@ std::unique_ptr<PartBase> readAudioPart(const Value& object, const fs::Path& cli
         return nullptr;
     }
     auto part = std::make_unique<AudioPartImpl>(clip);
-    part->setType(part_type::audio);
+    part->setType(KRT_PLX_PART_AUDIO);
     part->assignWavFilePath(std::move(path));
     readEffects(members[keys::audioEffects], *part, part->audioEffects());
     return part;
@@ -97,7 +97,7 @@ std::unique_ptr<PartBase> readMidiPart(const Value& object, std::uint32_t type, 
     if (const auto id = asText(members[keys::stylePresetID])) {
         part->assignStylePresetID(*id);
     }
-    const bool hasVoice = type == part_type::midi ? readVoice(members[keys::voice], *part)
+    const bool hasVoice = type == KRT_PLX_PART_MIDI ? readVoice(members[keys::voice], *part)
                                                   : readAiVoice(members[keys::aiVoice], *part);
     if (!hasVoice) {
         return nullptr;

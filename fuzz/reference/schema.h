@@ -107,9 +107,9 @@ enum Key : std::size_t { id, name, vendor, audio, midiAi, midi, filter };
 inline constexpr Keys<7> keys = {"id",
                                  "name",
                                  "vendor",
-                                 part_type::name(part_type::audio),
-                                 part_type::name(part_type::midiAi),
-                                 part_type::name(part_type::midi),
+                                 part_type::name(KRT_PLX_PART_AUDIO),
+                                 part_type::name(KRT_PLX_PART_MIDI_AI),
+                                 part_type::name(KRT_PLX_PART_MIDI),
                                  "filter"};
 
 struct PartKey {
@@ -117,7 +117,7 @@ struct PartKey {
     std::uint32_t type;
 };
 inline constexpr std::array<PartKey, 3> parts = {
-    {{audio, part_type::audio}, {midiAi, part_type::midiAi}, {midi, part_type::midi}}};
+    {{audio, KRT_PLX_PART_AUDIO}, {midiAi, KRT_PLX_PART_MIDI_AI}, {midi, KRT_PLX_PART_MIDI}}};
 } // namespace data
 
 namespace audio_part {
@@ -257,7 +257,7 @@ struct Curve {
     std::uint32_t type;
 };
 inline constexpr std::array<Curve, vibratoCurves> curves = {
-    {{rates, ratePoints}, {depths, depthPoints}}};
+    {{rates, KRT_PLX_VIBRATO_RATE}, {depths, KRT_PLX_VIBRATO_DEPTH}}};
 } // namespace vibrato
 
 } // namespace Korvel::CANTORIS::PLX::reference::schema

@@ -31,7 +31,7 @@ struct ClipBaseProperties {
 struct ClipProperties : ClipBaseProperties {
     String id;
     String name;
-    std::uint32_t partType = part_type::none;
+    std::uint32_t partType = KRT_PLX_PART_NONE;
     FilterTags filter;
 };
 

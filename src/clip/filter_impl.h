@@ -25,7 +25,7 @@ public:
     std::uint64_t numLanguages() const noexcept override { return tags_.languages().size(); }
     std::int32_t language(std::uint64_t index) const noexcept override
     {
-        return index < numLanguages() ? tags_.languages()[index] : unsetInt32;
+        return index < numLanguages() ? tags_.languages()[index] : KRT_PLX_NO_INT32;
     }
     std::uint64_t numSingerIDs() const noexcept override { return count(Tag::singerID); }
     const Char* singerID(std::uint64_t index) const noexcept override

@@ -7,28 +7,28 @@ namespace Korvel::CANTORIS::PLX {
 
 namespace {
 
-Result checkVoice(const MutableMidiPart& part)
+KRT_PLX_Result checkVoice(const MutableMidiPart& part)
 {
     if (isNullOrEmpty(part.voiceBankID())) {
-        return Result::noVoiceBank;
+        return KRT_PLX_RESULT_NO_VOICE_BANK;
     }
-    return field::language.accepts(part.langID()) ? Result::success : Result::badLanguage;
+    return field::language.accepts(part.langID()) ? KRT_PLX_RESULT_OK : KRT_PLX_RESULT_BAD_LANGUAGE;
 }
 
-Result checkAiVoice(const MutableMidiPart& part)
+KRT_PLX_Result checkAiVoice(const MutableMidiPart& part)
 {
     if (isNullOrEmpty(part.aiVoiceBankID())) {
-        return Result::noAiVoiceBank;
+        return KRT_PLX_RESULT_NO_AI_VOICE_BANK;
     }
     if (part.aiLangIDSize() == 0) {
-        return Result::noAiLanguage;
+        return KRT_PLX_RESULT_NO_AI_LANGUAGE;
     }
     for (std::uint64_t index = 0; index < part.aiLangIDSize(); ++index) {
         if (!field::language.accepts(part.aiLangIDByIndex(index))) {
-            return Result::badAiLanguage;
+            return KRT_PLX_RESULT_BAD_AI_LANGUAGE;
         }
     }
-    return Result::success;
+    return KRT_PLX_RESULT_OK;
 }
 
 // Compares addresses. Null equals null: it is "the part" of a clip that has no part of that kind.
@@ -46,7 +46,7 @@ MutableClipImpl::MutableClipImpl(MutableClipOwner& owner)
 
 std::uint32_t MutableClipImpl::partType() const noexcept
 {
-    return part_ == nullptr ? part_type::none : part_->type();
+    return part_ == nullptr ? std::uint32_t{KRT_PLX_PART_NONE} : part_->type();
 }
 
 void MutableClipImpl::destroy()
@@ -62,7 +62,7 @@ void MutableClipImpl::setVendorName(const Char* text)
 MutableAudioPart* MutableClipImpl::createAudioPart()
 {
     auto part = std::make_unique<MutableAudioPartImpl>(this);
-    part->setType(part_type::audio);
+    part->setType(KRT_PLX_PART_AUDIO);
     MutableAudioPart* const created = part.get();
     part_ = std::move(part);
     return created;
@@ -79,12 +79,12 @@ MutableMidiPart* MutableClipImpl::createMidi(std::uint32_t type)
 
 MutableMidiPart* MutableClipImpl::createMidiAiPart()
 {
-    return createMidi(part_type::midiAi);
+    return createMidi(KRT_PLX_PART_MIDI_AI);
 }
 
 MutableMidiPart* MutableClipImpl::createMidiPart()
 {
-    return createMidi(part_type::midi);
+    return createMidi(KRT_PLX_PART_MIDI);
 }
 
 MutableAudioPart* MutableClipImpl::audioPart() const noexcept
@@ -109,39 +109,39 @@ bool MutableClipImpl::hasMidiPart(const PartBase* element) const noexcept
 
 UserClip* MutableClipImpl::save(const Char* name, bool formatted, std::uint32_t* errorCode)
 {
-    Result result = check(name);
+    KRT_PLX_Result result = check(name);
     UserClip* saved = nullptr;
-    if (result == Result::success) {
+    if (result == KRT_PLX_RESULT_OK) {
         saved = owner_.write(*this, name, formatted, result);
     }
     if (errorCode != nullptr) {
-        *errorCode = code(result);
+        *errorCode = result;
     }
     return saved;
 }
 
-Result MutableClipImpl::check(const Char* name) const
+KRT_PLX_Result MutableClipImpl::check(const Char* name) const
 {
     if (name == nullptr) {
-        return Result::nullArgument;
+        return KRT_PLX_RESULT_NULL_ARGUMENT;
     }
     if (!owner_.owns(*this)) {
-        return Result::unknownClip;
+        return KRT_PLX_RESULT_UNKNOWN_CLIP;
     }
-    return *name == Char{} ? Result::emptyName : checkPart();
+    return *name == Char{} ? KRT_PLX_RESULT_EMPTY_NAME : checkPart();
 }
 
-Result MutableClipImpl::checkPart() const
+KRT_PLX_Result MutableClipImpl::checkPart() const
 {
     switch (partType()) {
-    case part_type::audio:
-        return Result::success;
-    case part_type::midi:
-        return midiPart() == nullptr ? Result::noUsablePart : checkVoice(*midiPart());
-    case part_type::midiAi:
-        return midiPart() == nullptr ? Result::noUsablePart : checkAiVoice(*midiPart());
+    case KRT_PLX_PART_AUDIO:
+        return KRT_PLX_RESULT_OK;
+    case KRT_PLX_PART_MIDI:
+        return midiPart() == nullptr ? KRT_PLX_RESULT_NO_PART : checkVoice(*midiPart());
+    case KRT_PLX_PART_MIDI_AI:
+        return midiPart() == nullptr ? KRT_PLX_RESULT_NO_PART : checkAiVoice(*midiPart());
     default:
-        return Result::noUsablePart;
+        return KRT_PLX_RESULT_NO_PART;
     }
 }
 

@@ -4,8 +4,8 @@
 
 #include "clip/clip_base_impl.h"
 #include "clip/filter_impl.h"
+#include "korvel/plx/common.h"
 #include "model/mutable_part_impl.h"
-#include "result.h"
 
 namespace Korvel::CANTORIS::PLX {
 
@@ -19,7 +19,7 @@ public:
     virtual void discard(const MutableClipImpl& clip) = 0;
     // Writes a checked clip as a new user clip.
     virtual UserClip* write(const MutableClipImpl& clip, StringView name, bool formatted,
-                            Result& result) = 0;
+                            KRT_PLX_Result& result) = 0;
 
 protected:
     ~MutableClipOwner() = default;
@@ -53,8 +53,8 @@ public:
 
 private:
     MutableMidiPart* createMidi(std::uint32_t type);
-    Result check(const Char* name) const;
-    Result checkPart() const;
+    KRT_PLX_Result check(const Char* name) const;
+    KRT_PLX_Result checkPart() const;
 
     MutableClipOwner& owner_;
     MutableFilterImpl filter_;

@@ -34,7 +34,7 @@ std::uint32_t partTypeOf(const Members& document)
             return part.type;
         }
     }
-    return part_type::none;
+    return KRT_PLX_PART_NONE;
 }
 
 } // namespace
@@ -43,7 +43,7 @@ void ClipBuilder::begin(const Wanted& wanted)
 {
     wanted_ = &wanted;
     hasProperties_ = false;
-    partType_ = part_type::none;
+    partType_ = KRT_PLX_PART_NONE;
     part_.reset(wanted.clip);
 }
 
@@ -60,11 +60,11 @@ bool ClipBuilder::beginObject(const keys::Shape& shape)
     case Id::filter:
         return wanted_->properties != nullptr;
     case Id::audioPart:
-        return beginPart(part_type::audio);
+        return beginPart(KRT_PLX_PART_AUDIO);
     case Id::midiAiPart:
-        return beginPart(part_type::midiAi);
+        return beginPart(KRT_PLX_PART_MIDI_AI);
     case Id::midiPart:
-        return beginPart(part_type::midi);
+        return beginPart(KRT_PLX_PART_MIDI);
     case Id::audioEffect:
         part_.beginAudioEffect();
         return true;
@@ -84,7 +84,7 @@ bool ClipBuilder::beginPart(std::uint32_t type)
     if (partTypeOf(trail_.top().members()) != type) {
         return false; // one that precedes it in this order was found already
     }
-    if (type == part_type::audio) {
+    if (type == KRT_PLX_PART_AUDIO) {
         part_.beginAudio();
     } else {
         part_.beginMidi(type);
@@ -103,10 +103,10 @@ bool ClipBuilder::beginList(const keys::Row& row)
     case Id::event:
         return part_.beginEvents();
     case Id::rate:
-        part_.notes().beginCurve(ratePoints);
+        part_.notes().beginCurve(KRT_PLX_VIBRATO_RATE);
         return true;
     case Id::depth:
-        part_.notes().beginCurve(depthPoints);
+        part_.notes().beginCurve(KRT_PLX_VIBRATO_DEPTH);
         return true;
     default:
         return true;
@@ -222,9 +222,9 @@ bool ClipBuilder::endInNote()
     case Id::vibrato:
         return note.endVibrato();
     case Id::rate:
-        return note.endPoint<keys::Rate>(ratePoints);
+        return note.endPoint<keys::Rate>(KRT_PLX_VIBRATO_RATE);
     case Id::depth:
-        return note.endPoint<keys::Depth>(depthPoints);
+        return note.endPoint<keys::Depth>(KRT_PLX_VIBRATO_DEPTH);
     default:
         return false;
     }

@@ -57,7 +57,7 @@ private:
     PartBuilder part_;
     const Wanted* wanted_ = nullptr;
     bool hasProperties_ = false;
-    std::uint32_t partType_ = part_type::none; // of the part that counts, valid or not
+    std::uint32_t partType_ = KRT_PLX_PART_NONE; // of the part that counts, valid or not
 };
 
 } // namespace Korvel::CANTORIS::PLX::format

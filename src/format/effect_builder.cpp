@@ -59,7 +59,7 @@ float clamped(double value)
     if (value > largestFloat) {
         return static_cast<float>(largestFloat);
     }
-    return value < -largestFloat ? unsetFloat : static_cast<float>(value);
+    return value < -largestFloat ? KRT_PLX_VALUE_UNSET_FLOAT : static_cast<float>(value);
 }
 
 // Stores the value, which is an integer, a real or a text.

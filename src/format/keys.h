@@ -46,7 +46,7 @@ namespace header {
 
 inline constexpr auto putType = [](ClipProperties& properties, std::string_view name) {
     properties.partType = part_type::fromName(name);
-    return properties.partType != part_type::none;
+    return properties.partType != KRT_PLX_PART_NONE;
 };
 inline constexpr auto type = [](const ClipBase& clip) { return part_type::name(clip.partType()); };
 
@@ -181,7 +181,7 @@ using Depth = Point<Id::depth>;
 
 inline constexpr auto putLaneType = [](std::uint32_t& type, std::string_view name) {
     type = controller::fromName(name);
-    return type != controller::unknown;
+    return type != KRT_PLX_CONTROLLER_NONE;
 };
 inline constexpr auto laneType = [](const MidiControllerBase& lane) {
     return controller::type(lane.type()).name;
@@ -359,10 +359,10 @@ struct AiVoice {
 
 template <std::uint32_t ofType>
 struct MidiPartTable {
-    static constexpr Id id = ofType == part_type::midi ? Id::midiPart : Id::midiAiPart;
+    static constexpr Id id = ofType == KRT_PLX_PART_MIDI ? Id::midiPart : Id::midiAiPart;
     static constexpr std::uint32_t type = ofType;
     static constexpr auto voice = [] {
-        if constexpr (ofType == part_type::midi) {
+        if constexpr (ofType == KRT_PLX_PART_MIDI) {
             return object<Voice>("voice", required);
         } else {
             return object<AiVoice>("aiVoice", required);
@@ -381,8 +381,8 @@ struct MidiPartTable {
         objects<ControllerTable>("controllers"),
     };
 };
-using MidiAiPartTable = MidiPartTable<part_type::midiAi>;
-using MidiVoicePartTable = MidiPartTable<part_type::midi>;
+using MidiAiPartTable = MidiPartTable<KRT_PLX_PART_MIDI_AI>;
+using MidiVoicePartTable = MidiPartTable<KRT_PLX_PART_MIDI>;
 
 inline constexpr auto waveFileName = [](const AudioPartBase& part) {
     return fs::fileName(part.wavFilePath());
@@ -391,7 +391,7 @@ inline constexpr auto putFileName = [](String& name, StringView text) { name = t
 
 struct AudioPartTable {
     static constexpr Id id = Id::audioPart;
-    static constexpr std::uint32_t type = part_type::audio;
+    static constexpr std::uint32_t type = KRT_PLX_PART_AUDIO;
     static constexpr std::tuple entries{
         requiredText("wavFileName", TextRule::fileName, waveFileName, putFileName),
         objects<AudioEffectTable>("audioEffects"),

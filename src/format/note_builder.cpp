@@ -143,8 +143,8 @@ void NoteBuilder::takeVibrato()
     if (duration == Taker::Outcome::notAccepted) {
         return;
     }
-    takeCurve<place<VibratoTable>("rates")>(members, ratePoints, "/vibrato/rates");
-    takeCurve<place<VibratoTable>("depths")>(members, depthPoints, "/vibrato/depths");
+    takeCurve<place<VibratoTable>("rates")>(members, KRT_PLX_VIBRATO_RATE, "/vibrato/rates");
+    takeCurve<place<VibratoTable>("depths")>(members, KRT_PLX_VIBRATO_DEPTH, "/vibrato/depths");
 }
 
 template <std::size_t place>

@@ -30,7 +30,7 @@ bool PartBuilder::keepIf(bool isRight)
 void PartBuilder::beginAudio()
 {
     auto part = std::make_unique<AudioPartImpl>(clip_);
-    part->setType(part_type::audio);
+    part->setType(KRT_PLX_PART_AUDIO);
     audio_ = part.get();
     midi_ = nullptr;
     part_ = std::move(part);
@@ -54,7 +54,7 @@ bool PartBuilder::findWaveFile(const fs::Path& clipDirectory)
 std::unique_ptr<PartBase> PartBuilder::release(std::uint32_t type, const fs::Path& clipDirectory)
 {
     if (part_ == nullptr || part_->type() != type ||
-        (type == part_type::audio && !findWaveFile(clipDirectory))) {
+        (type == KRT_PLX_PART_AUDIO && !findWaveFile(clipDirectory))) {
         return nullptr;
     }
     return std::move(part_);
@@ -131,14 +131,14 @@ bool PartBuilder::beginEvents()
         return true;
     }
     const auto text = name->asWholeUtf8();
-    const std::uint32_t type = text ? controller::fromName(*text) : controller::unknown;
-    return type != controller::unknown && !isTaken(type);
+    const std::uint32_t type = text ? controller::fromName(*text) : KRT_PLX_CONTROLLER_NONE;
+    return type != KRT_PLX_CONTROLLER_NONE && !isTaken(type);
 }
 
 bool PartBuilder::endController()
 {
     const Members members = trail_.top().members();
-    std::uint32_t type = controller::unknown;
+    std::uint32_t type = KRT_PLX_CONTROLLER_NONE;
     if (!taker_.take<ControllerTable>(members, type)) {
         return false;
     }

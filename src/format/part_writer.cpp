@@ -45,14 +45,14 @@ private:
     {
         const MutableMidiPart* const midi = part.asMutableMidiPart();
         if (midi != nullptr && midi->type() == type) {
-            hasAiVoice_ = type == part_type::midiAi;
+            hasAiVoice_ = type == KRT_PLX_PART_MIDI_AI;
             rows<keys::MidiPartTable<type>>(*midi);
         }
     }
 
     void write(As<keys::Voice>, const MutableMidiPart& part)
     {
-        if (!isNullOrEmpty(part.voiceBankID()) && part.langID() != noLanguage) {
+        if (!isNullOrEmpty(part.voiceBankID()) && part.langID() != KRT_PLX_NO_LANGUAGE) {
             rows<keys::Voice>(part);
         }
     }
@@ -88,7 +88,7 @@ private:
     {
         for (std::uint64_t index = 0; index < owner.numParameters(); ++index) {
             const EffectParameterBase& parameter = *owner.parameter(index);
-            if (static_cast<ValueType>(parameter.type()) != ValueType::none) {
+            if (parameter.type() != KRT_PLX_VALUE_UNSET) {
                 object(as, parameter);
             }
         }
@@ -96,11 +96,11 @@ private:
 
     static void value(Output& out, const EffectParameterBase& parameter)
     {
-        switch (static_cast<ValueType>(parameter.type())) {
-        case ValueType::int32:
+        switch (parameter.type()) {
+        case KRT_PLX_VALUE_INT32:
             out.integer(parameter.valueInt32());
             break;
-        case ValueType::float32:
+        case KRT_PLX_VALUE_FLOAT:
             out.number(parameter.valueFloat());
             break;
         default:
@@ -114,7 +114,7 @@ private:
     // A lane without events is not written.
     void elements(As<keys::ControllerTable> as, const MutableMidiPart& part)
     {
-        for (std::uint32_t type = 0; type < PLX::controller::unknown; ++type) {
+        for (std::uint32_t type = 0; type < KRT_PLX_CONTROLLER_NONE; ++type) {
             const MutableMidiController* const lane = part.midiController(type);
             if (lane != nullptr && lane->numEvents() > 0) {
                 object(as, *lane);
@@ -182,12 +182,12 @@ private:
 
     void elements(As<keys::Rate> as, const MutableVibrato& vibrato)
     {
-        points(as, vibrato, ratePoints);
+        points(as, vibrato, KRT_PLX_VIBRATO_RATE);
     }
 
     void elements(As<keys::Depth> as, const MutableVibrato& vibrato)
     {
-        points(as, vibrato, depthPoints);
+        points(as, vibrato, KRT_PLX_VIBRATO_DEPTH);
     }
 
     template <class Of>

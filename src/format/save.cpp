@@ -13,15 +13,15 @@ namespace {
 
 // If the document cannot be written, the file is made all the same: if that fails, its failure is
 // the one to report.
-Result writeDocument(const fs::Folder& folder, StringView name,
-                     const std::optional<std::string_view>& document)
+KRT_PLX_Result writeDocument(const fs::Folder& folder, StringView name,
+                             const std::optional<std::string_view>& document)
 {
     const auto written = folder.create(name, document.value_or(std::string_view()));
     if (written == fs::WriteResult::notOpened) {
-        return Result::documentNotOpened;
+        return KRT_PLX_RESULT_FILE_NOT_OPENED;
     }
-    return written == fs::WriteResult::written && document ? Result::success
-                                                           : Result::documentNotWritten;
+    return written == fs::WriteResult::written && document ? KRT_PLX_RESULT_OK
+                                                           : KRT_PLX_RESULT_FILE_NOT_WRITTEN;
 }
 
 // The text after the last backslash may still contain slashes, and lead out of the clip's folder.
@@ -134,18 +134,18 @@ void NewClipFolder::emptyProperties() const
     }
 }
 
-Result NewClipFolder::write(const MutableClipImpl& clip, StringView name, bool formatted)
+KRT_PLX_Result NewClipFolder::write(const MutableClipImpl& clip, StringView name, bool formatted)
 {
     const Documents documents(clip, id_, name, formatted);
     if (documents.areTooLong()) {
-        return Result::documentNotWritten;
+        return KRT_PLX_RESULT_FILE_NOT_WRITTEN;
     }
     if (!make()) {
-        return Result::directoryNotCreated;
+        return KRT_PLX_RESULT_DIRECTORY_NOT_CREATED;
     }
-    if (clip.partType() == part_type::audio) {
-        const Result copied = copyWave(*clip.part());
-        if (copied != Result::success) {
+    if (clip.partType() == KRT_PLX_PART_AUDIO) {
+        const KRT_PLX_Result copied = copyWave(*clip.part());
+        if (copied != KRT_PLX_RESULT_OK) {
             return copied;
         }
     }
@@ -161,50 +161,51 @@ bool NewClipFolder::make()
     return folder_.isOpen();
 }
 
-Result NewClipFolder::copyWave(PartBase& part)
+KRT_PLX_Result NewClipFolder::copyWave(PartBase& part)
 {
     const MutableAudioPart* const audio = part.asMutableAudioPart();
     if (audio == nullptr) {
-        return Result::noUsablePart;
+        return KRT_PLX_RESULT_NO_PART;
     }
     const String wave = audio->wavFilePath();
     if (!fs::isPlainFile(wave)) {
-        return Result::noWaveFile;
+        return KRT_PLX_RESULT_WAVE_FILE_MISSING;
     }
     waveName_ = fs::fileName(wave);
     audioFolder_ = folder_.make(audioFolderName);
     if (!audioFolder_.isOpen()) {
-        return Result::directoryNotCreated;
+        return KRT_PLX_RESULT_DIRECTORY_NOT_CREATED;
     }
     const bool isCopied = isFileName(waveName_) &&
                           audioFolder_.copyInto(waveName_, wave) == fs::WriteResult::written &&
                           audioFolder_.sync();
-    return isCopied ? Result::success : Result::waveFileNotCopied;
+    return isCopied ? KRT_PLX_RESULT_OK : KRT_PLX_RESULT_WAVE_FILE_NOT_COPIED;
 }
 
 // A file is on the disk only when the entries of the folders that lead to it are there too.
-Result NewClipFolder::writeDocuments(const Documents& documents) const
+KRT_PLX_Result NewClipFolder::writeDocuments(const Documents& documents) const
 {
-    Result written = writeDocument(folder_, propertyFileName, documents.properties());
-    if (written == Result::success) {
+    KRT_PLX_Result written = writeDocument(folder_, propertyFileName, documents.properties());
+    if (written == KRT_PLX_RESULT_OK) {
         written = writeDocument(folder_, dataName_, documents.data());
     }
-    if (written != Result::success) {
+    if (written != KRT_PLX_RESULT_OK) {
         return written;
     }
-    return folder_.sync() && userFolder_.sync() ? Result::success : Result::documentNotWritten;
+    return folder_.sync() && userFolder_.sync() ? KRT_PLX_RESULT_OK
+                                                : KRT_PLX_RESULT_FILE_NOT_WRITTEN;
 }
 
-Result NewClipFolder::readBack(ClipProperties& properties) const
+KRT_PLX_Result NewClipFolder::readBack(ClipProperties& properties) const
 {
     std::string document;
     const auto read = folder_.read(propertyFileName, document, propertyDocumentLimit);
     if (read == fs::ReadResult::notOpened) {
-        return Result::documentNotOpened;
+        return KRT_PLX_RESULT_FILE_NOT_OPENED;
     }
     return read == fs::ReadResult::read && Loader().takeProperties(document, properties)
-               ? Result::success
-               : Result::documentNotWritten;
+               ? KRT_PLX_RESULT_OK
+               : KRT_PLX_RESULT_FILE_NOT_WRITTEN;
 }
 
 } // namespace Korvel::CANTORIS::PLX::format

@@ -7,7 +7,7 @@
 #include "clip/clip_properties.h"
 #include "clip/mutable_clip_impl.h"
 #include "fs/fs.h"
-#include "result.h"
+#include "korvel/plx/common.h"
 
 namespace Korvel::CANTORIS::PLX::format {
 
@@ -31,10 +31,10 @@ public:
 
     // Makes the folder, copies an audio part's wave file and writes both documents. Success when
     // they are on the disk.
-    Result write(const MutableClipImpl& clip, StringView name, bool formatted);
+    KRT_PLX_Result write(const MutableClipImpl& clip, StringView name, bool formatted);
 
     // What a scan would read of the clip that was written.
-    Result readBack(ClipProperties& properties) const;
+    KRT_PLX_Result readBack(ClipProperties& properties) const;
 
     void keep() { folder_ = {}; }
 
@@ -42,8 +42,8 @@ private:
     class Documents;
 
     bool make();
-    Result copyWave(PartBase& part);
-    Result writeDocuments(const Documents& documents) const;
+    KRT_PLX_Result copyWave(PartBase& part);
+    KRT_PLX_Result writeDocuments(const Documents& documents) const;
     void remove();
     void emptyProperties() const;
 

@@ -36,24 +36,24 @@ CatalogueScan::CatalogueScan(ManagerImpl* manager, OwnedList<SystemClipImpl>& sy
 {
 }
 
-Result CatalogueScan::readSystemClips(const String& directory)
+KRT_PLX_Result CatalogueScan::readSystemClips(const String& directory)
 {
     return read(directory, systemClips_, systemIds_,
                 [this](StringView id) { return systemIds_.contains(id); });
 }
 
-Result CatalogueScan::readUserClips(const String& directory)
+KRT_PLX_Result CatalogueScan::readUserClips(const String& directory)
 {
     return read(directory, userClips_, userIds_,
                 [this](StringView id) { return userIds_.contains(id) || systemIds_.contains(id); });
 }
 
 template <class ClipT, class IsTaken>
-Result CatalogueScan::read(const String& directory, OwnedList<ClipT>& clips, Ids& ids,
-                           IsTaken isTaken)
+KRT_PLX_Result CatalogueScan::read(const String& directory, OwnedList<ClipT>& clips, Ids& ids,
+                                   IsTaken isTaken)
 {
     if (!fs::isDirectory(directory)) {
-        return Result::noDirectory;
+        return KRT_PLX_RESULT_DIRECTORY_MISSING;
     }
     folders_.clear();
     const auto visit = [&](const String& path, const fs::Neighbours& neighbours) {
@@ -77,7 +77,7 @@ Result CatalogueScan::read(const String& directory, OwnedList<ClipT>& clips, Ids
     } catch (const std::bad_alloc&) {
         hadMemory_ = false; // not even enough to begin with this directory; the others are read
     }
-    return Result::success;
+    return KRT_PLX_RESULT_OK;
 }
 
 template <class ClipT>

@@ -7,10 +7,10 @@
 
 #include "format/load.h"
 #include "fs/fs.h"
+#include "korvel/plx/common.h"
 #include "manager/clip_impl.h"
 #include "manager/user_clip_impl.h"
 #include "model/lists.h"
-#include "result.h"
 
 namespace Korvel::CANTORIS::PLX {
 
@@ -24,8 +24,8 @@ public:
     // Appends the clips below the directory, in the order in which the file system lists them. A
     // clip is left out if its ID is taken: for a system clip by another system clip, for a user
     // clip by any.
-    Result readSystemClips(const String& directory);
-    Result readUserClips(const String& directory);
+    KRT_PLX_Result readSystemClips(const String& directory);
+    KRT_PLX_Result readUserClips(const String& directory);
 
     // False when memory ran out; then the clips for which there was none were left out.
     [[nodiscard]] bool hadMemory() const { return hadMemory_; }
@@ -58,7 +58,8 @@ private:
     };
 
     template <class ClipT, class IsTaken>
-    Result read(const String& directory, OwnedList<ClipT>& clips, Ids& ids, IsTaken isTaken);
+    KRT_PLX_Result read(const String& directory, OwnedList<ClipT>& clips, Ids& ids,
+                        IsTaken isTaken);
     template <class ClipT>
     static void list(OwnedList<ClipT>& clips, std::unique_ptr<ClipT> clip, Ids& ids);
     bool load(const fs::Path& path, fs::Kind kindOfProperties, ClipImpl& clip,

@@ -59,7 +59,7 @@ private:
     std::size_t directoryLength_ = 0; // of the clip directory that the host passed
     FilterImpl<FilterTags> filter_;
     std::unique_ptr<PartBase> part_;
-    std::uint32_t partType_ = part_type::none; // as in the property document
+    std::uint32_t partType_ = KRT_PLX_PART_NONE; // as in the property document
     ClipKind kind_;
 };
 

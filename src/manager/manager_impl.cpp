@@ -19,7 +19,7 @@ bool hasId(const Clips& clips, StringView id)
 
 std::uint32_t outcomeOf(const CatalogueScan& scan)
 {
-    return scan.hadMemory() ? code(Result::success) : noManagerCode;
+    return scan.hadMemory() ? KRT_PLX_RESULT_OK : KRT_PLX_RESULT_NO_MANAGER;
 }
 
 } // namespace
@@ -39,12 +39,12 @@ std::uint32_t ManagerImpl::readAllClipFiles()
     systemClips_.clear();
     userClips_.clear();
     CatalogueScan scan(this, systemClips_, userClips_);
-    Result result = scan.readSystemClips(systemClipDirPath_);
-    if (result == Result::success) {
+    KRT_PLX_Result result = scan.readSystemClips(systemClipDirPath_);
+    if (result == KRT_PLX_RESULT_OK) {
         result = scan.readUserClips(userClipDirPath_);
     }
-    if (result != Result::success) {
-        return code(result);
+    if (result != KRT_PLX_RESULT_OK) {
+        return result;
     }
     for (const String& directory : extraSystemClipDirs_) {
         scan.readSystemClips(directory);
@@ -59,9 +59,9 @@ std::uint32_t ManagerImpl::readUserClipFiles()
 {
     userClips_.clear();
     CatalogueScan scan(this, systemClips_, userClips_);
-    const Result result = scan.readUserClips(userClipDirPath_);
-    if (result != Result::success) {
-        return code(result);
+    const KRT_PLX_Result result = scan.readUserClips(userClipDirPath_);
+    if (result != KRT_PLX_RESULT_OK) {
+        return result;
     }
     for (const String& directory : extraUserClipDirs_) {
         scan.readUserClips(directory);
@@ -86,22 +86,22 @@ bool ManagerImpl::hasClipWithId(StringView id) const
 }
 
 UserClip* ManagerImpl::write(const MutableClipImpl& clip, StringView name, bool formatted,
-                             Result& result)
+                             KRT_PLX_Result& result)
 {
     if (!fs::isDirectory(userClipDirPath_)) {
-        result = Result::noUserClipDirectory;
+        result = KRT_PLX_RESULT_USER_DIRECTORY_MISSING;
         return nullptr;
     }
     format::NewClipFolder folder(userClipDirPath_,
                                  [this](StringView id) { return hasClipWithId(id); });
     result = folder.write(clip, name, formatted);
-    if (result != Result::success) {
+    if (result != KRT_PLX_RESULT_OK) {
         return nullptr;
     }
     auto saved = std::make_unique<UserClipImpl>(this);
     ClipProperties properties;
     result = folder.readBack(properties);
-    if (result != Result::success) {
+    if (result != KRT_PLX_RESULT_OK) {
         return nullptr;
     }
     saved->fill(std::move(properties), nullptr);

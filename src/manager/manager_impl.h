@@ -53,7 +53,7 @@ private:
     bool owns(const MutableClipImpl& clip) const noexcept override;
     void discard(const MutableClipImpl& clip) override { mutableClips_.remove(&clip); }
     UserClip* write(const MutableClipImpl& clip, StringView name, bool formatted,
-                    Result& result) override;
+                    KRT_PLX_Result& result) override;
     bool hasClipWithId(StringView id) const;
 
     String appID_;

@@ -4,38 +4,38 @@
 #include <utility>
 
 #include "fs/fs.h"
+#include "korvel/plx/common.h"
 #include "manager/manager_impl.h"
 #include "process/lock.h"
 #include "process/unloading.h"
-#include "result.h"
 
 namespace Korvel::CANTORIS::PLX {
 
 namespace {
 
-Result checkRequest(const ManagerRequest& request)
+KRT_PLX_Result checkRequest(const ManagerRequest& request)
 {
     if (request.appID == nullptr || request.systemClipDirPath == nullptr ||
         request.userClipDirPath == nullptr) {
-        return Result::nullArgument;
+        return KRT_PLX_RESULT_NULL_ARGUMENT;
     }
-    return *request.appID == Char{} ? Result::emptyAppID : Result::success;
+    return *request.appID == Char{} ? KRT_PLX_RESULT_EMPTY_APP_ID : KRT_PLX_RESULT_OK;
 }
 
-Result checkDirectories(const ManagerRequest& request)
+KRT_PLX_Result checkDirectories(const ManagerRequest& request)
 {
     if (!fs::isDirectory(request.systemClipDirPath)) {
-        return Result::noDirectory;
+        return KRT_PLX_RESULT_DIRECTORY_MISSING;
     }
     const String userDirectory = request.userClipDirPath;
     const bool isThere = fs::isDirectory(userDirectory) || fs::createDirectories(userDirectory);
-    return isThere ? Result::success : Result::directoryNotCreated;
+    return isThere ? KRT_PLX_RESULT_OK : KRT_PLX_RESULT_DIRECTORY_NOT_CREATED;
 }
 
-void report(Result result, std::uint32_t* resultCode)
+void report(KRT_PLX_Result result, std::uint32_t* resultCode)
 {
     if (resultCode != nullptr) {
-        *resultCode = code(result);
+        *resultCode = result;
     }
 }
 
@@ -68,14 +68,14 @@ Registry& Registry::instance() noexcept
 // The directories are checked without the lock, so that a slow drive delays only this call.
 Manager* Registry::create(ManagerRequest&& request, std::uint32_t* resultCode)
 {
-    Result result = checkRequest(request);
-    if (result == Result::success) {
+    KRT_PLX_Result result = checkRequest(request);
+    if (result == KRT_PLX_RESULT_OK) {
         if (Manager* const standing = withAppID(request.appID)) {
             return standing;
         }
         result = checkDirectories(request);
     }
-    if (result != Result::success) {
+    if (result != KRT_PLX_RESULT_OK) {
         report(result, resultCode);
         return nullptr;
     }
@@ -99,7 +99,7 @@ Manager* Registry::add(std::unique_ptr<ManagerImpl> manager, std::uint32_t* resu
     }
     managers_.push_back(std::move(manager));
     process::atUnload([] { instance().clear(); });
-    report(Result::success, resultCode);
+    report(KRT_PLX_RESULT_OK, resultCode);
     return managers_.back().get();
 }
 

@@ -1,42 +1,55 @@
-// The codes of part types and controller types, and the words that documents use for them.
+// The words that documents use for the codes of part types and controllers, and the values of each
+// controller.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
 #include <limits>
 #include <string_view>
 
+#include "korvel/plx/controller.h"
+
 namespace Korvel::CANTORIS::PLX {
 
 namespace part_type {
 
-inline constexpr std::uint32_t audio = 1;
-inline constexpr std::uint32_t midiAi = 2;
-inline constexpr std::uint32_t midi = 3;
-inline constexpr std::uint32_t none = 4;
+struct Type {
+    KRT_PLX_PartType code;
+    std::string_view name;
+};
 
-// Indexed by code; the empty text stands for a code that documents cannot contain.
-inline constexpr std::array<std::string_view, 4> names = {"", "audio", "midiAi", "midi"};
+inline constexpr std::array<Type, 3> types = {{
+    {KRT_PLX_PART_AUDIO, "audio"},
+    {KRT_PLX_PART_MIDI_AI, "midiAi"},
+    {KRT_PLX_PART_MIDI, "midi"},
+}};
 
+// Empty for a code that no document can hold.
 constexpr std::string_view name(std::uint32_t code)
 {
-    return code < names.size() ? names[code] : std::string_view{};
-}
-
-constexpr std::uint32_t fromName(std::string_view name)
-{
-    for (std::uint32_t code = audio; code < names.size(); ++code) {
-        if (names[code] == name) {
-            return code;
+    for (const Type& type : types) {
+        if (type.code == code) {
+            return type.name;
         }
     }
-    return none;
+    return {};
+}
+
+constexpr KRT_PLX_PartType fromName(std::string_view name)
+{
+    for (const Type& type : types) {
+        if (type.name == name) {
+            return type.code;
+        }
+    }
+    return KRT_PLX_PART_NONE;
 }
 
 constexpr bool isMidi(std::uint32_t code)
 {
-    return code == midiAi || code == midi;
+    return code == KRT_PLX_PART_MIDI_AI || code == KRT_PLX_PART_MIDI;
 }
 
 } // namespace part_type
@@ -44,6 +57,7 @@ constexpr bool isMidi(std::uint32_t code)
 namespace controller {
 
 struct Type {
+    KRT_PLX_ControllerType code;
     std::string_view name;
     std::int32_t minimum;
     std::int32_t maximum;
@@ -56,24 +70,29 @@ struct Type {
 
 // Indexed by code.
 inline constexpr std::array<Type, 12> types = {{
-    {"dynamics", 0, 127},
-    {"portamento", 0, 127},
-    {"pitchBendSens", 0, 24},
-    {"pitchBend", -8192, 8191},
-    {"breathiness", 0, 127},
-    {"brightness", 0, 127},
-    {"clearness", 0, 127},
-    {"voiceBlend", 0, 127},
-    {"growl", 0, 127},
-    {"exciter", -64, 63},
-    {"air", 0, 127},
-    {"character", -64, 63},
+    {KRT_PLX_CONTROLLER_DYNAMICS, "dynamics", 0, 127},
+    {KRT_PLX_CONTROLLER_PORTAMENTO, "portamento", 0, 127},
+    {KRT_PLX_CONTROLLER_PITCH_BEND_SENS, "pitchBendSens", 0, 24},
+    {KRT_PLX_CONTROLLER_PITCH_BEND, "pitchBend", -8192, 8191},
+    {KRT_PLX_CONTROLLER_BREATHINESS, "breathiness", 0, 127},
+    {KRT_PLX_CONTROLLER_BRIGHTNESS, "brightness", 0, 127},
+    {KRT_PLX_CONTROLLER_CLEARNESS, "clearness", 0, 127},
+    {KRT_PLX_CONTROLLER_VOICE_BLEND, "voiceBlend", 0, 127},
+    {KRT_PLX_CONTROLLER_GROWL, "growl", 0, 127},
+    {KRT_PLX_CONTROLLER_EXCITER, "exciter", -64, 63},
+    {KRT_PLX_CONTROLLER_AIR, "air", 0, 127},
+    {KRT_PLX_CONTROLLER_CHARACTER, "character", -64, 63},
 }};
 
-inline constexpr std::uint32_t unknown = types.size();
+static_assert(types.size() == KRT_PLX_CONTROLLER_NONE);
+static_assert([] {
+    std::uint32_t code = 0;
+    return std::ranges::all_of(types, [&](const Type& type) { return type.code == code++; });
+}());
 
 // An unknown controller has no name and accepts no value at all.
-inline constexpr Type unknownType = {"", std::numeric_limits<std::int32_t>::max(),
+inline constexpr Type unknownType = {KRT_PLX_CONTROLLER_NONE, "",
+                                     std::numeric_limits<std::int32_t>::max(),
                                      std::numeric_limits<std::int32_t>::min()};
 
 constexpr const Type& type(std::uint32_t code)
@@ -81,14 +100,14 @@ constexpr const Type& type(std::uint32_t code)
     return code < types.size() ? types[code] : unknownType;
 }
 
-constexpr std::uint32_t fromName(std::string_view name)
+constexpr KRT_PLX_ControllerType fromName(std::string_view name)
 {
-    for (std::uint32_t code = 0; code < types.size(); ++code) {
-        if (types[code].name == name) {
-            return code;
+    for (const Type& type : types) {
+        if (type.name == name) {
+            return type.code;
         }
     }
-    return unknown;
+    return KRT_PLX_CONTROLLER_NONE;
 }
 
 } // namespace controller

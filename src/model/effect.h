@@ -3,6 +3,7 @@
 
 #include <cstdint>
 
+#include "korvel/plx/effect.h"
 #include "model/interface.h"
 #include "text.h"
 
@@ -12,9 +13,6 @@ class PartBase;
 class EffectBase;
 class EffectParameter;
 class MutableEffectParameter;
-
-// What an effect parameter holds.
-enum class ValueType : std::uint32_t { none = 0, int32 = 1, float32 = 2, string = 3 };
 
 class EffectParameterBase : private Interface {
 public:
@@ -49,9 +47,6 @@ class MidiEffect;
 class MutableEffect;
 class MutableAudioEffect;
 class MutableMidiEffect;
-
-inline constexpr std::uint32_t audioEffectType = 0;
-inline constexpr std::uint32_t midiEffectType = 1;
 
 class EffectBase : private Interface {
 public:

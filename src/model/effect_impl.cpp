@@ -2,7 +2,7 @@
 
 namespace Korvel::CANTORIS::PLX {
 
-void EffectParameterBaseImpl::assign(ValueType type, std::int32_t int32, float float32,
+void EffectParameterBaseImpl::assign(KRT_PLX_ValueType type, std::int32_t int32, float float32,
                                      String&& text)
 {
     type_ = type;
@@ -13,17 +13,18 @@ void EffectParameterBaseImpl::assign(ValueType type, std::int32_t int32, float f
 
 void EffectParameterBaseImpl::assignInt32(std::int32_t value)
 {
-    assign(ValueType::int32, value, unsetFloat, {});
+    assign(KRT_PLX_VALUE_INT32, value, KRT_PLX_VALUE_UNSET_FLOAT, {});
 }
 
 void EffectParameterBaseImpl::assignFloat(float value)
 {
-    assign(ValueType::float32, unsetInt32, value, {});
+    assign(KRT_PLX_VALUE_FLOAT, KRT_PLX_VALUE_UNSET_INT32, value, {});
 }
 
 void EffectParameterBaseImpl::assignString(StringView text)
 {
-    assign(ValueType::string, unsetInt32, unsetFloat, String(text));
+    assign(KRT_PLX_VALUE_STRING, KRT_PLX_VALUE_UNSET_INT32, KRT_PLX_VALUE_UNSET_FLOAT,
+           String(text));
 }
 
 bool MutableEffectParameterImpl::remove()

@@ -40,13 +40,13 @@ protected:
     EffectBase* effect() const { return effect_; }
 
 private:
-    void assign(ValueType type, std::int32_t int32, float float32, String&& text);
+    void assign(KRT_PLX_ValueType type, std::int32_t int32, float float32, String&& text);
 
     EffectBase* effect_;
     String name_;
-    ValueType type_ = ValueType::none;
-    std::int32_t valueInt32_ = unsetInt32;
-    float valueFloat_ = unsetFloat;
+    KRT_PLX_ValueType type_ = KRT_PLX_VALUE_UNSET;
+    std::int32_t valueInt32_ = KRT_PLX_VALUE_UNSET_INT32;
+    float valueFloat_ = KRT_PLX_VALUE_UNSET_FLOAT;
     String valueString_;
 };
 
@@ -130,7 +130,7 @@ class AudioEffectImpl final : public ReadOnlyEffect<AudioEffect> {
 public:
     using ReadOnlyEffect::ReadOnlyEffect;
 
-    std::uint32_t type() const noexcept override { return audioEffectType; }
+    std::uint32_t type() const noexcept override { return KRT_PLX_EFFECT_AUDIO; }
     AudioEffect* asAudioEffect() noexcept override { return this; }
 };
 
@@ -138,7 +138,7 @@ class MidiEffectImpl final : public ReadOnlyEffect<MidiEffect> {
 public:
     using ReadOnlyEffect::ReadOnlyEffect;
 
-    std::uint32_t type() const noexcept override { return midiEffectType; }
+    std::uint32_t type() const noexcept override { return KRT_PLX_EFFECT_MIDI; }
     MidiEffect* asMidiEffect() noexcept override { return this; }
 };
 
@@ -235,7 +235,7 @@ class MutableAudioEffectImpl final
 public:
     using EditableEffect::EditableEffect;
 
-    std::uint32_t type() const noexcept override { return audioEffectType; }
+    std::uint32_t type() const noexcept override { return KRT_PLX_EFFECT_AUDIO; }
     MutableAudioEffect* asMutableAudioEffect() noexcept override { return this; }
 };
 
@@ -244,7 +244,7 @@ class MutableMidiEffectImpl final
 public:
     using EditableEffect::EditableEffect;
 
-    std::uint32_t type() const noexcept override { return midiEffectType; }
+    std::uint32_t type() const noexcept override { return KRT_PLX_EFFECT_MIDI; }
     MutableMidiEffect* asMutableMidiEffect() noexcept override { return this; }
 };
 

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 
+#include "korvel/plx/expression.h"
 #include "model/interface.h"
 #include "text.h"
 
@@ -74,10 +75,8 @@ public:
     virtual bool setPostWeight(std::uint32_t value) noexcept = 0;
 };
 
-// Which of a vibrato's two curves a point belongs to.
-inline constexpr std::uint32_t depthPoints = 0;
-inline constexpr std::uint32_t ratePoints = 1;
-inline constexpr std::uint32_t vibratoCurves = 2;
+// A vibrato has a curve for each kind of point; the code behind the last kind is that of none.
+inline constexpr std::uint32_t vibratoCurves = KRT_PLX_VIBRATO_NONE;
 
 class VibratoBase;
 class VibratoParameter;

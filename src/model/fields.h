@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <limits>
 
+#include "korvel/plx/common.h"
+
 namespace Korvel::CANTORIS::PLX {
 
 template <class Value>
@@ -24,19 +26,12 @@ using FloatField = Field<float>;
 // A position plus a duration may not exceed this.
 inline constexpr std::int32_t lastPosition = std::numeric_limits<std::int32_t>::max();
 
-// What a note or a part reports as its language when none was set, and an AI language past the end.
-inline constexpr std::uint32_t noLanguage = 0xFFFFFFFF;
-
 // Voice bank identifiers have this many UTF-16 units.
 inline constexpr std::size_t voiceBankIdLength = 16;
 
 // How many level names a Dvqm takes from an editing host, and from a document.
 inline constexpr std::size_t maxEditedLevelNames = 5;
 inline constexpr std::size_t maxReadLevelNames = 4;
-
-// What an effect parameter holds in the value slots that are not in use.
-inline constexpr std::int32_t unsetInt32 = std::numeric_limits<std::int32_t>::min();
-inline constexpr float unsetFloat = std::numeric_limits<float>::min();
 
 // For something within a longer object: 0 up to the duration of the longer one.
 constexpr Field<std::int32_t> within(std::int32_t duration)
@@ -53,7 +48,8 @@ inline constexpr UnsignedField partTempo{.initial = 0, .minimum = 2000, .maximum
 // Parts.
 inline constexpr Field<std::int32_t> partDuration{
     .initial = 1, .minimum = 1, .maximum = std::numeric_limits<std::int32_t>::max()};
-inline constexpr UnsignedField language{.initial = noLanguage, .minimum = 0, .maximum = 127};
+inline constexpr UnsignedField language{
+    .initial = KRT_PLX_NO_LANGUAGE, .minimum = 0, .maximum = 127};
 
 // Notes.
 inline constexpr Field<std::int32_t> notePosition{

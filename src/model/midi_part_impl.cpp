@@ -4,7 +4,7 @@ namespace Korvel::CANTORIS::PLX {
 
 std::uint32_t MidiPartBaseImpl::aiLangIDByIndex(std::uint64_t index) const noexcept
 {
-    return index < aiLangIDs_.size() ? aiLangIDs_[index] : noLanguage;
+    return index < aiLangIDs_.size() ? aiLangIDs_[index] : KRT_PLX_NO_LANGUAGE;
 }
 
 bool MidiPartBaseImpl::assignVoiceBankID(StringView text)
@@ -71,7 +71,7 @@ MutableNote* MutableMidiPartImpl::insertNote(std::int32_t pos, std::int32_t dura
 
 MutableMidiController* MutableMidiPartImpl::addMidiController(std::uint32_t type)
 {
-    if (type >= controller::unknown || laneOfType(lanes_, type) != nullptr) {
+    if (type >= KRT_PLX_CONTROLLER_NONE || laneOfType(lanes_, type) != nullptr) {
         return nullptr;
     }
     return insertLane(lanes_, std::make_unique<MutableMidiControllerImpl>(*this, lanes_, type));

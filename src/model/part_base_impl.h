@@ -14,7 +14,7 @@ public:
     void setType(std::uint32_t code) override { type_ = code; }
 
 private:
-    std::uint32_t type_ = part_type::none;
+    std::uint32_t type_ = KRT_PLX_PART_NONE;
 };
 
 } // namespace Korvel::CANTORIS::PLX

@@ -16,7 +16,7 @@ LIMIT = re.compile(r'std::numeric_limits<[\w:]+>::(?:max|min)\(\)')
 ENUMERATOR = re.compile(r"(?<=\w = )\d+(?=,| })")
 NUMBER = re.compile(r"(?<![\w.'])(?:0[xXbB][0-9a-fA-F]+|\d+\.\d+(?:e\d+)?|\d+)[FULful]*(?![\w.>])")
 COMPARISON = re.compile(r'(?<=\s)(?:<=|>=|==|!=|<|>)(?=\s)')
-CODE = re.compile(r'(?<!case )\bResult::\w+(?!\w|::)')
+CODE = re.compile(r'\bKRT_PLX_RESULT_\w+')
 NEED = re.compile(r'(?<=, )Need::(?:required|optional)\b')
 DEFAULT_FLAG = re.compile(r'(?<=_ = )(?:true|false)(?=;)')
 
@@ -95,7 +95,8 @@ def changed_limit(text):
 
 
 def changed_code(text):
-    return 'Result::nullArgument' if text == 'Result::success' else 'Result::success'
+    return ('KRT_PLX_RESULT_NULL_ARGUMENT' if text == 'KRT_PLX_RESULT_OK'
+            else 'KRT_PLX_RESULT_OK')
 
 
 KINDS = [

@@ -212,7 +212,7 @@ TEST_F(ModelDefaults, ANoteThatIsInNoListIsNotRemoved)
 TEST_F(ModelDefaults, ALaneOfAnUnknownControllerTakesNoEvent)
 {
     OwnedList<MutableMidiControllerImpl> lanes;
-    MutableMidiControllerImpl lane(editablePart, lanes, controller::unknown);
+    MutableMidiControllerImpl lane(editablePart, lanes, KRT_PLX_CONTROLLER_NONE);
     EXPECT_EQ(lane.minEventValue(), 2147483647);
     EXPECT_EQ(lane.maxEventValue(), -2147483647 - 1);
     EXPECT_EQ(lane.insertEvent(0, 0), nullptr);

@@ -62,9 +62,9 @@ TEST(ModelFields, InitialValuesAreWithinTheRange)
 
 TEST(ModelCodes, PartTypesAndTheirWords)
 {
-    EXPECT_EQ(part_type::name(part_type::audio), "audio");
-    EXPECT_EQ(part_type::name(part_type::midiAi), "midiAi");
-    EXPECT_EQ(part_type::name(part_type::midi), "midi");
+    EXPECT_EQ(part_type::name(KRT_PLX_PART_AUDIO), "audio");
+    EXPECT_EQ(part_type::name(KRT_PLX_PART_MIDI_AI), "midiAi");
+    EXPECT_EQ(part_type::name(KRT_PLX_PART_MIDI), "midi");
     for (std::uint32_t code = 1; code <= 3; ++code) {
         EXPECT_EQ(part_type::fromName(part_type::name(code)), code);
     }
@@ -76,7 +76,7 @@ TEST(ModelCodes, UnknownPartTypesHaveNoWord)
         EXPECT_EQ(part_type::name(code), "");
     }
     for (const std::string_view word : {"", "Audio", "midiAI", "midi ", "mid"}) {
-        EXPECT_EQ(part_type::fromName(word), part_type::none);
+        EXPECT_EQ(part_type::fromName(word), KRT_PLX_PART_NONE);
     }
 }
 
@@ -94,13 +94,13 @@ TEST(ModelCodes, TwoPartTypesAreMidi)
 TEST(ModelCodes, ControllersAndTheirWords)
 {
     std::set<std::string_view> words;
-    for (std::uint32_t code = 0; code < controller::unknown; ++code) {
+    for (std::uint32_t code = 0; code < KRT_PLX_CONTROLLER_NONE; ++code) {
         const std::string_view word = controller::type(code).name;
         EXPECT_FALSE(word.empty());
         EXPECT_TRUE(words.insert(word).second);
         EXPECT_EQ(controller::fromName(word), code);
     }
-    EXPECT_EQ(controller::unknown, 12u);
+    EXPECT_EQ(KRT_PLX_CONTROLLER_NONE, 12u);
 }
 
 TEST(ModelCodes, AnUnknownControllerTakesNoValue)
@@ -119,7 +119,7 @@ TEST(ModelCodes, AnUnknownControllerTakesNoValue)
 TEST(ModelCodes, OtherWordsAreUnknownControllers)
 {
     for (const std::string_view word : {"", "Dynamics", "pitchbend", "dynamics ", "volume"}) {
-        EXPECT_EQ(controller::fromName(word), controller::unknown);
+        EXPECT_EQ(controller::fromName(word), KRT_PLX_CONTROLLER_NONE);
     }
 }
 

@@ -17,7 +17,7 @@ public:
     bool owns(const MutableClipImpl&) const noexcept override { return ownsAll; }
     void discard(const MutableClipImpl& clip) override { discarded = &clip; }
     UserClip* write(const MutableClipImpl& clip, StringView name, bool formatted,
-                    Result& result) override
+                    KRT_PLX_Result& result) override
     {
         written = &clip;
         writtenName = String(name);
@@ -27,7 +27,7 @@ public:
     }
 
     bool ownsAll = true;
-    Result answer = Result::success;
+    KRT_PLX_Result answer = KRT_PLX_RESULT_OK;
     const MutableClipImpl* discarded = nullptr;
     const MutableClipImpl* written = nullptr;
     String writtenName;
@@ -61,7 +61,7 @@ protected:
 TEST_F(ModelMutableClip, PassesItsArgumentsToItsOwner)
 {
     savablePart();
-    EXPECT_EQ(save(), code(Result::success));
+    EXPECT_EQ(save(), KRT_PLX_RESULT_OK);
     EXPECT_EQ(owner.written, &clip);
     EXPECT_EQ(owner.writtenName, String("Clip"_t));
     EXPECT_TRUE(owner.writtenFormatted);
@@ -72,7 +72,7 @@ TEST_F(ModelMutableClip, PassesItsArgumentsToItsOwner)
 TEST_F(ModelMutableClip, ReturnsTheResultOfItsOwner)
 {
     savablePart();
-    owner.answer = Result::documentNotWritten;
+    owner.answer = KRT_PLX_RESULT_FILE_NOT_WRITTEN;
     EXPECT_EQ(save(), 17u);
 }
 
@@ -102,14 +102,14 @@ TEST_F(ModelMutableClip, APartOfAnUnknownTypeCannotBeSaved)
         EXPECT_EQ(clip.partType(), type);
         EXPECT_EQ(save(), 13u) << type;
     }
-    part.setType(part_type::midi);
+    part.setType(KRT_PLX_PART_MIDI);
     EXPECT_EQ(save(), 0u);
 }
 
 TEST_F(ModelMutableClip, APartThatIsNotWhatItsTypeSaysCannotBeSaved)
 {
     MutableAudioPart& part = *clip.createAudioPart();
-    for (const std::uint32_t type : {part_type::midi, part_type::midiAi}) {
+    for (const std::uint32_t type : {KRT_PLX_PART_MIDI, KRT_PLX_PART_MIDI_AI}) {
         part.setType(type);
         EXPECT_EQ(save(), 13u) << type;
     }
@@ -119,10 +119,10 @@ TEST_F(ModelMutableClip, APartThatIsNotWhatItsTypeSaysCannotBeSaved)
 TEST_F(ModelMutableClip, APartThatIsNoAudioPartIsNotWrittenAsOneAndLeavesNothing)
 {
     const support::TempDir directory;
-    savablePart().setType(part_type::audio);
+    savablePart().setType(KRT_PLX_PART_AUDIO);
     {
         format::NewClipFolder folder(directory.path(), [](StringView) { return false; });
-        EXPECT_EQ(folder.write(clip, "Clip"_t, false), Result::noUsablePart);
+        EXPECT_EQ(folder.write(clip, "Clip"_t, false), KRT_PLX_RESULT_NO_PART);
     }
     EXPECT_TRUE(std::filesystem::is_empty(support::hostPath(directory.path())));
 }

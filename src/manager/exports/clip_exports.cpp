@@ -1,6 +1,5 @@
 #include "korvel/plx/clip.h"
 
-#include "manager/exports/defaults.h"
 #include "manager/exports/guard.h"
 
 using namespace Korvel::CANTORIS::PLX;
@@ -20,17 +19,17 @@ const KRT_PLX_Char* KRT_PLX_ClipBase_vendorName(KRT_PLX_ClipBase* clip) KRT_PLX_
 
 uint32_t KRT_PLX_ClipBase_partType(KRT_PLX_ClipBase* clip) KRT_PLX_NOEXCEPT
 {
-    return call<&ClipBase::partType>(clip, part_type::none);
+    return call<&ClipBase::partType>(clip, KRT_PLX_PART_NONE);
 }
 
 uint32_t KRT_PLX_ClipBase_partKey(KRT_PLX_ClipBase* clip) KRT_PLX_NOEXCEPT
 {
-    return call<&ClipBase::partKey>(clip, noPartKey);
+    return call<&ClipBase::partKey>(clip, KRT_PLX_NO_KEY);
 }
 
 uint32_t KRT_PLX_ClipBase_partTempo(KRT_PLX_ClipBase* clip) KRT_PLX_NOEXCEPT
 {
-    return call<&ClipBase::partTempo>(clip, noPartTempo);
+    return call<&ClipBase::partTempo>(clip, KRT_PLX_NO_TEMPO);
 }
 
 // Clip
@@ -47,7 +46,7 @@ const KRT_PLX_Char* KRT_PLX_Clip_name(KRT_PLX_ClipBase* clip) KRT_PLX_NOEXCEPT
 
 uint32_t KRT_PLX_Clip_type(KRT_PLX_ClipBase* clip) KRT_PLX_NOEXCEPT
 {
-    return call<&Clip::type>(clip, noClipKind);
+    return call<&Clip::type>(clip, KRT_PLX_CLIP_NO_KIND);
 }
 
 const KRT_PLX_Char* KRT_PLX_Clip_path(KRT_PLX_ClipBase* clip) KRT_PLX_NOEXCEPT

@@ -1,6 +1,5 @@
 #include "korvel/plx/controller.h"
 
-#include "manager/exports/defaults.h"
 #include "manager/exports/guard.h"
 
 using namespace Korvel::CANTORIS::PLX;
@@ -11,13 +10,13 @@ using namespace Korvel::CANTORIS::PLX::exports;
 int32_t KRT_PLX_MidiControllerBase_maxEventValue(KRT_PLX_MidiControllerBase* controller)
     KRT_PLX_NOEXCEPT
 {
-    return call<&MidiControllerBase::maxEventValue>(controller, noInt32);
+    return call<&MidiControllerBase::maxEventValue>(controller, KRT_PLX_NO_INT32);
 }
 
 int32_t KRT_PLX_MidiControllerBase_minEventValue(KRT_PLX_MidiControllerBase* controller)
     KRT_PLX_NOEXCEPT
 {
-    return call<&MidiControllerBase::minEventValue>(controller, noMinimum);
+    return call<&MidiControllerBase::minEventValue>(controller, INT32_MAX);
 }
 
 bool KRT_PLX_MidiControllerBase_numEvents(KRT_PLX_MidiControllerBase* controller,
@@ -28,7 +27,7 @@ bool KRT_PLX_MidiControllerBase_numEvents(KRT_PLX_MidiControllerBase* controller
 
 uint32_t KRT_PLX_MidiControllerBase_type(KRT_PLX_MidiControllerBase* controller) KRT_PLX_NOEXCEPT
 {
-    return call<&MidiControllerBase::type>(controller, controller::unknown);
+    return call<&MidiControllerBase::type>(controller, KRT_PLX_CONTROLLER_NONE);
 }
 
 // MidiController
@@ -86,12 +85,12 @@ bool KRT_PLX_MutableMidiController_remove(KRT_PLX_MidiControllerBase* controller
 
 int32_t KRT_PLX_MidiEventBase_maxValue(KRT_PLX_MidiEventBase* event) KRT_PLX_NOEXCEPT
 {
-    return call<&MidiEventBase::maxValue>(event, noInt32);
+    return call<&MidiEventBase::maxValue>(event, KRT_PLX_NO_INT32);
 }
 
 int32_t KRT_PLX_MidiEventBase_minValue(KRT_PLX_MidiEventBase* event) KRT_PLX_NOEXCEPT
 {
-    return call<&MidiEventBase::minValue>(event, noMinimum);
+    return call<&MidiEventBase::minValue>(event, INT32_MAX);
 }
 
 int32_t KRT_PLX_MidiEventBase_pos(KRT_PLX_MidiEventBase* event) KRT_PLX_NOEXCEPT
@@ -101,12 +100,12 @@ int32_t KRT_PLX_MidiEventBase_pos(KRT_PLX_MidiEventBase* event) KRT_PLX_NOEXCEPT
 
 uint32_t KRT_PLX_MidiEventBase_type(KRT_PLX_MidiEventBase* event) KRT_PLX_NOEXCEPT
 {
-    return call<&MidiEventBase::type>(event, controller::unknown);
+    return call<&MidiEventBase::type>(event, KRT_PLX_CONTROLLER_NONE);
 }
 
 int32_t KRT_PLX_MidiEventBase_value(KRT_PLX_MidiEventBase* event) KRT_PLX_NOEXCEPT
 {
-    return call<&MidiEventBase::value>(event, noInt32);
+    return call<&MidiEventBase::value>(event, KRT_PLX_NO_INT32);
 }
 
 // MidiEvent

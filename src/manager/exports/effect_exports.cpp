@@ -1,6 +1,5 @@
 #include "korvel/plx/effect.h"
 
-#include "manager/exports/defaults.h"
 #include "manager/exports/guard.h"
 
 using namespace Korvel::CANTORIS::PLX;
@@ -20,7 +19,7 @@ bool KRT_PLX_EffectBase_numParameters(KRT_PLX_EffectBase* effect, uint64_t* coun
 
 uint32_t KRT_PLX_EffectBase_type(KRT_PLX_EffectBase* effect) KRT_PLX_NOEXCEPT
 {
-    return call<&EffectBase::type>(effect, noEffectType);
+    return call<&EffectBase::type>(effect, KRT_PLX_EFFECT_NONE);
 }
 
 // Effect
@@ -105,7 +104,7 @@ const KRT_PLX_Char* KRT_PLX_EffectParameterBase_name(KRT_PLX_EffectParameterBase
 
 uint32_t KRT_PLX_EffectParameterBase_type(KRT_PLX_EffectParameterBase* parameter) KRT_PLX_NOEXCEPT
 {
-    return call<&EffectParameterBase::type>(parameter, noValueType);
+    return call<&EffectParameterBase::type>(parameter, KRT_PLX_VALUE_NONE);
 }
 
 float KRT_PLX_EffectParameterBase_valueFloat(KRT_PLX_EffectParameterBase* parameter)

@@ -1,6 +1,5 @@
 #include "korvel/plx/expression.h"
 
-#include "manager/exports/defaults.h"
 #include "manager/exports/guard.h"
 
 using namespace Korvel::CANTORIS::PLX;
@@ -149,7 +148,7 @@ bool KRT_PLX_MutableSingingSkill_setPreWeight(KRT_PLX_SingingSkillBase* skill,
 
 int32_t KRT_PLX_VibratoBase_duration(KRT_PLX_VibratoBase* vibrato) KRT_PLX_NOEXCEPT
 {
-    return call<&VibratoBase::duration>(vibrato, noInt32);
+    return call<&VibratoBase::duration>(vibrato, KRT_PLX_NO_INT32);
 }
 
 bool KRT_PLX_VibratoBase_isMutable(KRT_PLX_VibratoBase* vibrato) KRT_PLX_NOEXCEPT
@@ -165,7 +164,7 @@ bool KRT_PLX_VibratoBase_numParameters(KRT_PLX_VibratoBase* vibrato, uint32_t ty
 
 uint32_t KRT_PLX_VibratoBase_type(KRT_PLX_VibratoBase* vibrato) KRT_PLX_NOEXCEPT
 {
-    return call<&VibratoBase::type>(vibrato, noVibratoType);
+    return call<&VibratoBase::type>(vibrato, KRT_PLX_VIBRATO_TYPE_NONE);
 }
 
 // Vibrato
@@ -233,17 +232,17 @@ bool KRT_PLX_VibratoParameterBase_isMutable(KRT_PLX_VibratoParameterBase* point)
 
 int32_t KRT_PLX_VibratoParameterBase_pos(KRT_PLX_VibratoParameterBase* point) KRT_PLX_NOEXCEPT
 {
-    return call<&VibratoParameterBase::pos>(point, noInt32);
+    return call<&VibratoParameterBase::pos>(point, KRT_PLX_NO_INT32);
 }
 
 uint32_t KRT_PLX_VibratoParameterBase_type(KRT_PLX_VibratoParameterBase* point) KRT_PLX_NOEXCEPT
 {
-    return call<&VibratoParameterBase::type>(point, noVibratoPointType);
+    return call<&VibratoParameterBase::type>(point, KRT_PLX_VIBRATO_NONE);
 }
 
 uint32_t KRT_PLX_VibratoParameterBase_value(KRT_PLX_VibratoParameterBase* point) KRT_PLX_NOEXCEPT
 {
-    return call<&VibratoParameterBase::value>(point, noUint32);
+    return call<&VibratoParameterBase::value>(point, KRT_PLX_NO_UINT32);
 }
 
 // VibratoParameter

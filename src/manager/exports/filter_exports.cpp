@@ -1,6 +1,5 @@
 #include "korvel/plx/filter.h"
 
-#include "manager/exports/defaults.h"
 #include "manager/exports/guard.h"
 
 using namespace Korvel::CANTORIS::PLX;
@@ -25,7 +24,7 @@ bool KRT_PLX_Filter_numLanguages(KRT_PLX_Filter* filter, uint64_t* count) KRT_PL
 
 int32_t KRT_PLX_Filter_language(KRT_PLX_Filter* filter, uint64_t index) KRT_PLX_NOEXCEPT
 {
-    return call<&Filter::language>(filter, noInt32, index);
+    return call<&Filter::language>(filter, KRT_PLX_NO_INT32, index);
 }
 
 bool KRT_PLX_Filter_numSingerGroups(KRT_PLX_Filter* filter, uint64_t* count) KRT_PLX_NOEXCEPT

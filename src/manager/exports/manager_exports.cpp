@@ -4,7 +4,6 @@
 #include <iterator>
 #include <vector>
 
-#include "manager/exports/defaults.h"
 #include "manager/exports/guard.h"
 #include "manager/registry.h"
 
@@ -64,12 +63,12 @@ const KRT_PLX_Char* KRT_PLX_Manager_userClipDirPath(KRT_PLX_Manager* manager) KR
 
 uint32_t KRT_PLX_Manager_readAllClipFiles(KRT_PLX_Manager* manager) KRT_PLX_NOEXCEPT
 {
-    return call<&Manager::readAllClipFiles>(manager, noManagerCode);
+    return call<&Manager::readAllClipFiles>(manager, KRT_PLX_RESULT_NO_MANAGER);
 }
 
 uint32_t KRT_PLX_Manager_readUserClipFiles(KRT_PLX_Manager* manager) KRT_PLX_NOEXCEPT
 {
-    return call<&Manager::readUserClipFiles>(manager, noManagerCode);
+    return call<&Manager::readUserClipFiles>(manager, KRT_PLX_RESULT_NO_MANAGER);
 }
 
 bool KRT_PLX_Manager_numSystemClips(KRT_PLX_Manager* manager, uint64_t* count) KRT_PLX_NOEXCEPT

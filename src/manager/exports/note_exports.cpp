@@ -1,16 +1,23 @@
 #include "korvel/plx/note.h"
 
-#include "manager/exports/defaults.h"
 #include "manager/exports/guard.h"
+#include "model/fields.h"
 
 using namespace Korvel::CANTORIS::PLX;
 using namespace Korvel::CANTORIS::PLX::exports;
+
+namespace {
+
+// Of a note that is not there: what a new note has.
+constexpr float noAiExpression = field::aiExpression.initial;
+
+} // namespace
 
 // NoteBase
 
 uint32_t KRT_PLX_NoteBase_accent(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT
 {
-    return call<&NoteBase::accent>(note, noUint32);
+    return call<&NoteBase::accent>(note, KRT_PLX_NO_UINT32);
 }
 
 float KRT_PLX_NoteBase_amplitudeEnd(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT
@@ -30,22 +37,22 @@ float KRT_PLX_NoteBase_amplitudeWhole(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT
 
 uint32_t KRT_PLX_NoteBase_bendDepth(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT
 {
-    return call<&NoteBase::bendDepth>(note, noUint32);
+    return call<&NoteBase::bendDepth>(note, KRT_PLX_NO_UINT32);
 }
 
 uint32_t KRT_PLX_NoteBase_bendLength(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT
 {
-    return call<&NoteBase::bendLength>(note, noUint32);
+    return call<&NoteBase::bendLength>(note, KRT_PLX_NO_UINT32);
 }
 
 uint32_t KRT_PLX_NoteBase_decay(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT
 {
-    return call<&NoteBase::decay>(note, noUint32);
+    return call<&NoteBase::decay>(note, KRT_PLX_NO_UINT32);
 }
 
 int32_t KRT_PLX_NoteBase_duration(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT
 {
-    return call<&NoteBase::duration>(note, noInt32);
+    return call<&NoteBase::duration>(note, KRT_PLX_NO_INT32);
 }
 
 bool KRT_PLX_NoteBase_fallPort(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT
@@ -80,7 +87,7 @@ bool KRT_PLX_NoteBase_isProtected(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT
 
 uint32_t KRT_PLX_NoteBase_langID(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT
 {
-    return call<&NoteBase::langID>(note, noUint32);
+    return call<&NoteBase::langID>(note, KRT_PLX_NO_UINT32);
 }
 
 const KRT_PLX_Char* KRT_PLX_NoteBase_lyric(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT
@@ -90,12 +97,12 @@ const KRT_PLX_Char* KRT_PLX_NoteBase_lyric(KRT_PLX_NoteBase* note) KRT_PLX_NOEXC
 
 uint32_t KRT_PLX_NoteBase_number(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT
 {
-    return call<&NoteBase::number>(note, noUint32);
+    return call<&NoteBase::number>(note, KRT_PLX_NO_UINT32);
 }
 
 uint32_t KRT_PLX_NoteBase_opening(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT
 {
-    return call<&NoteBase::opening>(note, noUint32);
+    return call<&NoteBase::opening>(note, KRT_PLX_NO_UINT32);
 }
 
 const KRT_PLX_Char* KRT_PLX_NoteBase_phoneme(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT
@@ -140,7 +147,7 @@ float KRT_PLX_NoteBase_pitchTransitionStart(KRT_PLX_NoteBase* note) KRT_PLX_NOEX
 
 int32_t KRT_PLX_NoteBase_pos(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT
 {
-    return call<&NoteBase::pos>(note, noPosition);
+    return call<&NoteBase::pos>(note, INT32_MAX);
 }
 
 bool KRT_PLX_NoteBase_risePort(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT
@@ -150,7 +157,7 @@ bool KRT_PLX_NoteBase_risePort(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT
 
 uint32_t KRT_PLX_NoteBase_velocity(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT
 {
-    return call<&NoteBase::velocity>(note, noUint32);
+    return call<&NoteBase::velocity>(note, KRT_PLX_NO_UINT32);
 }
 
 // Note

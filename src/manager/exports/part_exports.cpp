@@ -1,6 +1,5 @@
 #include "korvel/plx/part.h"
 
-#include "manager/exports/defaults.h"
 #include "manager/exports/guard.h"
 
 using namespace Korvel::CANTORIS::PLX;
@@ -15,7 +14,7 @@ bool KRT_PLX_PartBase_isMutable(KRT_PLX_PartBase* part) KRT_PLX_NOEXCEPT
 
 uint32_t KRT_PLX_PartBase_type(KRT_PLX_PartBase* part) KRT_PLX_NOEXCEPT
 {
-    return call<&PartBase::type>(part, part_type::none);
+    return call<&PartBase::type>(part, KRT_PLX_PART_NONE);
 }
 
 // MidiPartBase
@@ -23,7 +22,7 @@ uint32_t KRT_PLX_PartBase_type(KRT_PLX_PartBase* part) KRT_PLX_NOEXCEPT
 uint32_t KRT_PLX_MidiPartBase_aiLangIDByIndex(KRT_PLX_PartBase* part,
                                               uint64_t index) KRT_PLX_NOEXCEPT
 {
-    return call<&MidiPartBase::aiLangIDByIndex>(part, noUint32, index);
+    return call<&MidiPartBase::aiLangIDByIndex>(part, KRT_PLX_NO_UINT32, index);
 }
 
 uint64_t KRT_PLX_MidiPartBase_aiLangIDSize(KRT_PLX_PartBase* part) KRT_PLX_NOEXCEPT
@@ -38,12 +37,12 @@ const KRT_PLX_Char* KRT_PLX_MidiPartBase_aiVoiceBankID(KRT_PLX_PartBase* part) K
 
 int32_t KRT_PLX_MidiPartBase_duration(KRT_PLX_PartBase* part) KRT_PLX_NOEXCEPT
 {
-    return call<&MidiPartBase::duration>(part, noInt32);
+    return call<&MidiPartBase::duration>(part, KRT_PLX_NO_INT32);
 }
 
 uint32_t KRT_PLX_MidiPartBase_langID(KRT_PLX_PartBase* part) KRT_PLX_NOEXCEPT
 {
-    return call<&MidiPartBase::langID>(part, noUint32);
+    return call<&MidiPartBase::langID>(part, KRT_PLX_NO_UINT32);
 }
 
 bool KRT_PLX_MidiPartBase_numAudioEffects(KRT_PLX_PartBase* part, uint64_t* count) KRT_PLX_NOEXCEPT
@@ -253,12 +252,12 @@ bool KRT_PLX_MutableMidiPart_setVoiceBankID(KRT_PLX_PartBase* part,
 
 int32_t KRT_PLX_AudioPartBase_begin(KRT_PLX_PartBase* part) KRT_PLX_NOEXCEPT
 {
-    return call<&AudioPartBase::begin>(part, noInt32);
+    return call<&AudioPartBase::begin>(part, KRT_PLX_NO_INT32);
 }
 
 int32_t KRT_PLX_AudioPartBase_end(KRT_PLX_PartBase* part) KRT_PLX_NOEXCEPT
 {
-    return call<&AudioPartBase::end>(part, noInt32);
+    return call<&AudioPartBase::end>(part, KRT_PLX_NO_INT32);
 }
 
 bool KRT_PLX_AudioPartBase_numAudioEffects(KRT_PLX_PartBase* part, uint64_t* count) KRT_PLX_NOEXCEPT
