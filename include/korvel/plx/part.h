@@ -107,8 +107,8 @@ KRT_PLX_API const KRT_PLX_Char* KRT_PLX_MidiPartBase_aiVoiceBankID(
  * it.
  *
  * @param part  a MIDI part
- * @return the duration in ticks, 1 to 2147483647; #KRT_PLX_NO_INT32 for a handle that is null or no
- *         `MidiPartBase`
+ * @return the duration in ticks, 1 to 2147483647, 1 by default; #KRT_PLX_NO_INT32 for a handle that
+ *         is null or no `MidiPartBase`
  */
 KRT_PLX_API int32_t KRT_PLX_MidiPartBase_duration(KRT_PLX_PartBase* part) KRT_PLX_NOEXCEPT;
 
