@@ -42,13 +42,8 @@ FLAG = "(true|false)"
 FLAGS = {"true": 1, "false": 0, "not protected": 0, "protected": 1}
 NEW = {
     "note.h": {
-        rf"note number ({NUMBER}), velocity ({NUMBER}), accent ({NUMBER}), bend depth ({NUMBER}), bend "
-        rf"length ({NUMBER}), decay ({NUMBER}), opening ({NUMBER}), both portamento flags and the "
-        rf"protection mark {FLAG}": ["notes[].number", "notes[].velocity", "notes[].exp.accent",
-                                     "notes[].exp.bendDepth", "notes[].exp.bendLength",
-                                     "notes[].exp.decay", "notes[].exp.opening",
-                                     ("notes[].exp.fallPort", "notes[].exp.risePort",
-                                      "notes[].isProtected")],
+        rf"both portamento flags and the protection mark {FLAG}":
+            [("notes[].exp.fallPort", "notes[].exp.risePort", "notes[].isProtected")],
         rf"each of the thirteen AI expression values ({NUMBER})": ["notes[].aiExp.*"],
         rf"and ({NUMBER}) is the default": ["notes[].aiExp.*"],
         rf"carries ({NUMBER}) for all of them": ["notes[].aiExp.*"],
@@ -105,6 +100,7 @@ class Headers:
             if enum["name"] == "KRT_PLX_ControllerType":
                 self.controllers(enum)
         self.new_objects()
+        self.new_notes()
         self.level_names()
         return self.claims
 
@@ -221,6 +217,16 @@ class Headers:
                             for row in self.rows_of(each)]
                     self.claim(f"{file}, \"{said[0] if said else pattern}\"", rows, "initial",
                                number(said[place + 1]) if said else None)
+
+    def new_notes(self):
+        """The numbers of a new note, each behind its key in words: "bend depth 0"."""
+        text = re.search(r"The rest starts as: (.*?)\. ", self.texts["note.h"])[1]
+        for end in ("notes[]", "notes[].exp"):
+            for row in (row for path in self.table.objects_at(end) for row in self.table.rows if row[0] == path):
+                words = re.sub("[A-Z]", lambda capital: " " + capital[0].lower(), row[1])
+                said = re.search(rf"\b{words} ({NUMBER})", text)
+                if said:
+                    self.claim("note.h, a new note", [row], "initial", number(said[1]))
 
     def level_names(self):
         few, many = re.search(LEVELS, self.texts["expression.h"]).groups()
