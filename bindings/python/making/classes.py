@@ -244,7 +244,7 @@ class Additions:
         self.classes = {node.name: node for node in ast.parse(source).body
                         if isinstance(node, ast.ClassDef)}
         first = min(node.lineno for node in self.classes.values())
-        self.imports = source.partition("# Imports of the classes.\n")[2]
+        self.imports = source.partition("# Imports of the generated classes.\n")[2]
         self.imports = self.imports[: self.imports.index("\nclass ")].rstrip()
         assert first > 1
 
