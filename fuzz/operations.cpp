@@ -8,7 +8,7 @@
 
 #include "calls.h"
 #include "exported_functions.h"
-#include "properties.h"
+#include "require_property.h"
 
 namespace fuzz {
 
@@ -191,7 +191,7 @@ bool isSame(Value stored, Value given)
     }
 }
 
-// Whether an object is of the kind that the setters in properties.h belong to.
+// Whether an object is of the kind that has the properties of the list.
 template <class Handle>
 bool hasProperties(Handle*)
 {
@@ -209,25 +209,28 @@ class Expectation {
 public:
     Expectation(bool (*setter)(Handle*, Value), Handle* handle, Value value, bool isEditable)
     {
-        for (const Property<Handle, Value>& property : properties<Handle, Value>) {
+        support::forEachProperty<Handle, Value>([&](const auto& property) {
             if (property.set == setter && handle != nullptr && isEditable) {
                 property_ = &property;
                 accepts_ = hasProperties(handle) && property.accepts(handle, value);
+                succeeds_ = accepts_ && property.succeeds(value);
             }
-        }
+        });
     }
 
     void check(bool result, Handle* handle, Value value) const
     {
         if (property_ != nullptr) {
-            require(result == accepts_, "a setter takes the values in its range and no others");
-            require(!result || isSame(property_->get(handle), value), "and stores them");
+            requireOf(*property_, result == succeeds_, "takes the values in its range, no others");
+            requireOf(*property_, !accepts_ || isSame(property_->get(handle), value),
+                      "stores what it takes");
         }
     }
 
 private:
-    const Property<Handle, Value>* property_ = nullptr;
+    const support::Property<Handle, Value>* property_ = nullptr;
     bool accepts_ = false;
+    bool succeeds_ = false;
 };
 
 // --- Calls ----------------------------------------------------------------------------------------------
@@ -298,7 +301,8 @@ void conclude(Session& session, std::string_view name, Result result, Handle* ha
 // A clip that was saved is whole, and alone in its folder; of one that was not, nothing is left.
 void checkSaved(KRT_PLX_ClipBase* saved, std::size_t entriesBefore, std::size_t entries)
 {
-    require(entries == entriesBefore + (saved == nullptr ? 0 : 1), "a save makes a folder or nothing");
+    require(entries == entriesBefore + (saved == nullptr ? 0 : 1),
+            "a save makes a folder or nothing");
     require(saved == nullptr || KRT_PLX_Clip_readPart(saved), "what was saved can be read");
 }
 

@@ -4,8 +4,9 @@
 #include <bit>
 #include <limits>
 #include <optional>
+#include <string>
 
-#include "harness.h"
+#include "require_property.h"
 #include "walk_variants.h"
 
 namespace fuzz {
@@ -53,9 +54,25 @@ private:
     std::optional<Value> last_;
 };
 
-bool isWithin(float value, float largest)
+// What an object may have of a property, whatever it was edited before or after it.
+template <class Handle, class Value>
+bool mayBe(const support::Property<Handle, Value>& property, Value value)
 {
-    return !(value < 0.0F) && !(value > largest);
+    const bool isWithin = !(value < property.minimum) && !(value > property.maximum);
+    return isWithin || value == property.initial || (property.orZero && value == Value{});
+}
+
+template <class Handle>
+bool mayBe(const support::Property<Handle, bool>&, bool)
+{
+    return true;
+}
+
+template <class Handle>
+bool mayBe(const support::Property<Handle, const KRT_PLX_Char*>& property, const KRT_PLX_Char* text)
+{
+    return text != nullptr && (*text == 0 ? property.texts != support::Texts::notEmpty
+                                          : property.accepts(nullptr, text));
 }
 
 constexpr std::int64_t lastPosition = std::numeric_limits<std::int32_t>::max();
@@ -111,12 +128,18 @@ void Walk::number(std::uint32_t value, std::uint32_t largest)
     digest_.add(std::uint64_t{value});
 }
 
-void Walk::optionalLanguage(std::uint32_t language)
+template <class Handle>
+void Walk::values(Handle* handle)
 {
-    if (language != KRT_PLX_NO_LANGUAGE) {
-        number(language, 127);
-    }
-    digest_.add(std::uint64_t{language});
+    support::forEachProperty<Handle>([&](const auto& property) {
+        const auto value = property.get(handle);
+        requireOf(property, mayBe(property, value), "is what it may be");
+        if constexpr (std::is_integral_v<decltype(property.get(handle))>) {
+            digest_.add(static_cast<std::uint64_t>(value));
+        } else {
+            digest_.add(value);
+        }
+    });
 }
 
 // --- Clips ----------------------------------------------------------------------------------------------
@@ -160,11 +183,7 @@ template <class Variant>
 void Walk::clip(KRT_PLX_ClipBase* clip)
 {
     meet<Variant>(clip);
-    text(KRT_PLX_ClipBase_vendorName(clip));
-    number(KRT_PLX_ClipBase_partKey(clip), 30);
-    const std::uint32_t tempo = KRT_PLX_ClipBase_partTempo(clip);
-    require(tempo == 0 || tempo >= 2000, "a tempo is none or not too slow");
-    number(tempo, 30000);
+    values(clip);
     KRT_PLX_Filter* const tags = Variant::filter(clip);
     meet<Variant>(tags);
     filter(tags);
@@ -173,11 +192,11 @@ void Walk::clip(KRT_PLX_ClipBase* clip)
 
 void Walk::filter(KRT_PLX_Filter* filter)
 {
-    for (const TagList& list : tagLists) {
+    for (const support::TagList& list : support::tagLists) {
         const std::uint64_t count = countOf(list.count, filter);
         digest_.add(count);
         for (std::uint64_t index = 0; index < count; ++index) {
-            list.mayBeEmpty ? text(list.at(filter, index)) : nonEmptyText(list.at(filter, index));
+            list.takesEmpty ? text(list.at(filter, index)) : nonEmptyText(list.at(filter, index));
         }
         require(list.at(filter, count) == nullptr, "there is no tag at the count");
     }
@@ -222,12 +241,8 @@ void Walk::audioPart(KRT_PLX_PartBase* part)
 template <class Variant>
 void Walk::midiPart(KRT_PLX_PartBase* part)
 {
-    const std::int32_t duration = KRT_PLX_MidiPartBase_duration(part);
-    require(duration >= 1 || Variant::isMutable, "a part takes some time");
-    digest_.add(static_cast<std::uint64_t>(duration));
-    text(KRT_PLX_MidiPartBase_styleName(part));
-    text(KRT_PLX_MidiPartBase_stylePresetID(part));
-    voices(part);
+    values(part);
+    aiLanguages(part);
     effects<Variant>(part, KRT_PLX_MidiPartBase_numAudioEffects, Variant::audioEffect,
                      Variant::hasAudioEffect, Variant::audioEffectParent);
     effects<Variant>(part, KRT_PLX_MidiPartBase_numMidiEffects, Variant::midiEffect,
@@ -244,19 +259,13 @@ void Walk::midiPart(KRT_PLX_PartBase* part)
     require(Variant::lane(part, KRT_PLX_CONTROLLER_CHARACTER + 1) == nullptr, "no unknown lane");
 }
 
-void Walk::voices(KRT_PLX_PartBase* part)
+void Walk::aiLanguages(KRT_PLX_PartBase* part)
 {
-    for (const auto id : {KRT_PLX_MidiPartBase_voiceBankID, KRT_PLX_MidiPartBase_aiVoiceBankID}) {
-        const KRT_PLX_Char* const bank = id(part);
-        text(bank);
-        const std::size_t length = TextView(bank).size();
-        require(length == 0 || length == 16, "the ID of a voice bank has its length");
-    }
-    optionalLanguage(KRT_PLX_MidiPartBase_langID(part));
     const std::uint64_t languages = KRT_PLX_MidiPartBase_aiLangIDSize(part);
     digest_.add(languages);
     for (std::uint64_t index = 0; index < languages; ++index) {
-        number(KRT_PLX_MidiPartBase_aiLangIDByIndex(part, index), 127);
+        number(KRT_PLX_MidiPartBase_aiLangIDByIndex(part, index),
+               support::propertyOf(KRT_PLX_MidiPartBase_langID).maximum);
     }
     require(KRT_PLX_MidiPartBase_aiLangIDByIndex(part, languages) == KRT_PLX_NO_LANGUAGE,
             "there is no language at the count");
@@ -345,7 +354,10 @@ void Walk::note(KRT_PLX_NoteBase* note)
 {
     meet<Variant>(note);
     require(KRT_PLX_NoteBase_isMutable(note) == Variant::isMutable, "a note knows its variant");
-    noteValues(note);
+    values(note);
+    require(std::int64_t{KRT_PLX_NoteBase_pos(note)} + KRT_PLX_NoteBase_duration(note) <=
+                lastPosition,
+            "a note ends before the end");
     for (const bool isAttack : {true, false}) {
         KRT_PLX_DvqmBase* const one = Variant::dvqm(note, isAttack);
         require(KRT_PLX_DvqmBase_isAttack(one) == isAttack, "attack and release are told apart");
@@ -356,46 +368,17 @@ void Walk::note(KRT_PLX_NoteBase* note)
     vibrato<Variant>(Variant::vibrato(note));
 }
 
-void Walk::noteValues(KRT_PLX_NoteBase* note)
-{
-    nonEmptyText(KRT_PLX_NoteBase_lyric(note));
-    nonEmptyText(KRT_PLX_NoteBase_phoneme(note));
-    optionalLanguage(KRT_PLX_NoteBase_langID(note));
-    const std::int32_t pos = KRT_PLX_NoteBase_pos(note);
-    const std::int32_t duration = KRT_PLX_NoteBase_duration(note);
-    require(duration >= 1, "a note takes some time");
-    require(std::int64_t{pos} + duration <= lastPosition, "a note ends before the end");
-    digest_.add(static_cast<std::uint64_t>(pos));
-    digest_.add(static_cast<std::uint64_t>(duration));
-    for (const NoteNumber& field : noteNumbers) {
-        number(field.get(note), field.largest);
-    }
-    for (const auto flag : noteFlags) {
-        digest_.add(std::uint64_t{flag(note)});
-    }
-    for (const auto get : noteFloats) {
-        const float value = get(note);
-        require(isWithin(value, 1.0F), "an AI expression is in its range");
-        digest_.add(value);
-    }
-}
-
 template <class Variant>
 void Walk::dvqm(KRT_PLX_DvqmBase* dvqm)
 {
     meet<Variant>(dvqm);
-    text(KRT_PLX_DvqmBase_compID(dvqm));
+    values(dvqm);
     const std::uint64_t count = countOf(KRT_PLX_DvqmBase_numLevelNames, dvqm);
     require(count <= (Variant::isMutable ? 5 : 4), "level names are few");
     digest_.add(count);
     for (std::uint64_t index = 0; index < count; ++index) {
         text(KRT_PLX_DvqmBase_levelName(dvqm, index));
     }
-    digest_.add(std::uint64_t{KRT_PLX_DvqmBase_isProtected(dvqm)});
-    number(KRT_PLX_DvqmBase_speed(dvqm), 100);
-    const float factor = KRT_PLX_DvqmBase_topFactor(dvqm);
-    require(isWithin(factor, 2.0F), "a top factor is in its range");
-    digest_.add(factor);
 }
 
 template <class Variant>
@@ -403,22 +386,18 @@ void Walk::singingSkill(KRT_PLX_SingingSkillBase* skill)
 {
     meet<Variant>(skill);
     const std::int32_t duration = KRT_PLX_SingingSkillBase_duration(skill);
-    require(duration >= 0, "a singing skill takes no less than no time");
+    values(skill);
     require(Variant::isMutable ||
                 duration <= KRT_PLX_NoteBase_duration(Variant::skillParent(skill)),
             "and lies within its note");
-    digest_.add(static_cast<std::uint64_t>(duration));
-    number(KRT_PLX_SingingSkillBase_preWeight(skill), 127);
-    number(KRT_PLX_SingingSkillBase_postWeight(skill), 127);
 }
 
 template <class Variant>
 void Walk::vibrato(KRT_PLX_VibratoBase* vibrato)
 {
     meet<Variant>(vibrato);
-    number(KRT_PLX_VibratoBase_type(vibrato), 16);
+    values(vibrato);
     const std::int32_t duration = KRT_PLX_VibratoBase_duration(vibrato);
-    require(duration >= 0, "a vibrato takes no less than no time");
     require(Variant::isMutable ||
                 duration <= KRT_PLX_NoteBase_duration(Variant::vibratoParent(vibrato)),
             "and lies within its note");

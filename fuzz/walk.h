@@ -63,7 +63,8 @@ private:
     void text(const KRT_PLX_Char* text);
     void nonEmptyText(const KRT_PLX_Char* text);
     void number(std::uint32_t value, std::uint32_t largest);
-    void optionalLanguage(std::uint32_t language);
+    template <class Handle>
+    void values(Handle* handle);
 
     template <class Variant>
     void clip(KRT_PLX_ClipBase* clip);
@@ -74,12 +75,11 @@ private:
     void audioPart(KRT_PLX_PartBase* part);
     template <class Variant>
     void midiPart(KRT_PLX_PartBase* part);
-    void voices(KRT_PLX_PartBase* part);
+    void aiLanguages(KRT_PLX_PartBase* part);
     template <class Variant>
     void notes(KRT_PLX_PartBase* part);
     template <class Variant>
     void note(KRT_PLX_NoteBase* note);
-    void noteValues(KRT_PLX_NoteBase* note);
     template <class Variant>
     void dvqm(KRT_PLX_DvqmBase* dvqm);
     template <class Variant>

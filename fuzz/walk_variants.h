@@ -1,8 +1,6 @@
 // What the walk calls: the ways from an object to its children and back, of read-only and of editable
-// objects, and the tables of like values. Only walk.cpp needs it.
+// objects, Only walk.cpp needs it.
 #pragma once
-
-#include <array>
 
 #include "walk.h"
 
@@ -77,41 +75,5 @@ struct Walk::Editable {
     static constexpr auto event = KRT_PLX_MutableMidiController_event;
     static constexpr auto eventParent = KRT_PLX_MutableMidiEvent_parent;
 };
-
-struct TagList {
-    bool (*count)(KRT_PLX_Filter*, std::uint64_t*);
-    const KRT_PLX_Char* (*at)(KRT_PLX_Filter*, std::uint64_t);
-    bool mayBeEmpty = false;
-};
-inline constexpr std::array<TagList, 5> tagLists = {
-    {{KRT_PLX_Filter_numSingerGroups, KRT_PLX_Filter_singerGroup},
-     {KRT_PLX_Filter_numVendors, KRT_PLX_Filter_vendor, true},
-     {KRT_PLX_Filter_numSingerIDs, KRT_PLX_Filter_singerID},
-     {KRT_PLX_Filter_numTypes, KRT_PLX_Filter_type},
-     {KRT_PLX_Filter_numGenres, KRT_PLX_Filter_genre}}};
-
-struct NoteNumber {
-    std::uint32_t (*get)(KRT_PLX_NoteBase*);
-    std::uint32_t largest;
-};
-inline constexpr std::array<NoteNumber, 7> noteNumbers = {{{KRT_PLX_NoteBase_number, 127},
-                                                           {KRT_PLX_NoteBase_velocity, 127},
-                                                           {KRT_PLX_NoteBase_accent, 100},
-                                                           {KRT_PLX_NoteBase_bendDepth, 100},
-                                                           {KRT_PLX_NoteBase_bendLength, 100},
-                                                           {KRT_PLX_NoteBase_decay, 100},
-                                                           {KRT_PLX_NoteBase_opening, 127}}};
-
-inline constexpr std::array<bool (*)(KRT_PLX_NoteBase*), 3> noteFlags = {
-    KRT_PLX_NoteBase_isProtected, KRT_PLX_NoteBase_fallPort, KRT_PLX_NoteBase_risePort};
-
-inline constexpr std::array<float (*)(KRT_PLX_NoteBase*), 13> noteFloats = {
-    KRT_PLX_NoteBase_pitchFine,          KRT_PLX_NoteBase_pitchDriftStart,
-    KRT_PLX_NoteBase_pitchDriftEnd,      KRT_PLX_NoteBase_pitchScalingCenter,
-    KRT_PLX_NoteBase_pitchScalingOrigin, KRT_PLX_NoteBase_pitchTransitionStart,
-    KRT_PLX_NoteBase_pitchTransitionEnd, KRT_PLX_NoteBase_amplitudeWhole,
-    KRT_PLX_NoteBase_amplitudeStart,     KRT_PLX_NoteBase_amplitudeEnd,
-    KRT_PLX_NoteBase_formantWhole,       KRT_PLX_NoteBase_formantStart,
-    KRT_PLX_NoteBase_formantEnd};
 
 } // namespace fuzz

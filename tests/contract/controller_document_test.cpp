@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "support/properties.h"
 #include "support/reading.h"
 
 namespace {
@@ -20,18 +21,6 @@ using support::notStrings;
 using support::Object;
 
 using Events = std::vector<std::pair<std::int32_t, std::int32_t>>;
-
-struct Type {
-    std::string name;
-    std::uint32_t code;
-    support::IntegerRange range;
-};
-
-const std::vector<Type> types = {
-    {"dynamics", 0, {0, 127}},       {"portamento", 1, {0, 127}},  {"pitchBendSens", 2, {0, 24}},
-    {"pitchBend", 3, {-8192, 8191}}, {"breathiness", 4, {0, 127}}, {"brightness", 5, {0, 127}},
-    {"clearness", 6, {0, 127}},      {"voiceBlend", 7, {0, 127}},  {"growl", 8, {0, 127}},
-    {"exciter", 9, {-64, 63}},       {"air", 10, {0, 127}},        {"character", 11, {-64, 63}}};
 
 std::string event(std::int64_t pos, std::int64_t value)
 {
@@ -88,10 +77,10 @@ protected:
 // --- Each type ---
 
 class ControllerTypeTest : public ControllerDocumentTest,
-                           public testing::WithParamInterface<Type> {};
+                           public testing::WithParamInterface<support::Controller> {};
 
-INSTANTIATE_TEST_SUITE_P(Types, ControllerTypeTest, testing::ValuesIn(types),
-                         [](const auto& type) { return type.param.name; });
+INSTANTIATE_TEST_SUITE_P(Types, ControllerTypeTest, testing::ValuesIn(support::controllers),
+                         [](const auto& type) { return std::string(type.param.name); });
 
 TEST_P(ControllerTypeTest, IsKnownByItsName)
 {
@@ -109,23 +98,24 @@ TEST_P(ControllerTypeTest, TellsItsRange)
 {
     KRT_PLX_PartBase* part = readLanes({lane(GetParam().name, {event(480, 1)})});
     KRT_PLX_MidiControllerBase* controller = KRT_PLX_MidiPart_midiController(part, GetParam().code);
-    EXPECT_EQ(KRT_PLX_MidiControllerBase_minEventValue(controller), GetParam().range.minimum);
-    EXPECT_EQ(KRT_PLX_MidiControllerBase_maxEventValue(controller), GetParam().range.maximum);
+    EXPECT_EQ(KRT_PLX_MidiControllerBase_minEventValue(controller), GetParam().minimum);
+    EXPECT_EQ(KRT_PLX_MidiControllerBase_maxEventValue(controller), GetParam().maximum);
     KRT_PLX_MidiEventBase* event = KRT_PLX_MidiController_event(controller, 0);
     EXPECT_EQ(KRT_PLX_MidiEventBase_type(event), GetParam().code);
-    EXPECT_EQ(KRT_PLX_MidiEventBase_minValue(event), GetParam().range.minimum);
-    EXPECT_EQ(KRT_PLX_MidiEventBase_maxValue(event), GetParam().range.maximum);
+    EXPECT_EQ(KRT_PLX_MidiEventBase_minValue(event), GetParam().minimum);
+    EXPECT_EQ(KRT_PLX_MidiEventBase_maxValue(event), GetParam().maximum);
 }
 
 TEST_P(ControllerTypeTest, NeedsEventValuesWithinItsRange)
 {
-    support::expectRequiredInteger(GetParam().range, [this](const auto& value) {
-        const Object object = Object{{"pos", "480"}}.with("value", value);
-        const Events events =
-            readEvents({lane(GetParam().name, {event(1, 1), object})}, GetParam().code);
-        return events.size() == 2 && events[1].first == 480 &&
-               std::to_string(events[1].second) == value;
-    });
+    support::expectRequiredInteger(
+        {GetParam().minimum, GetParam().maximum}, [this](const auto& value) {
+            const Object object = Object{{"pos", "480"}}.with("value", value);
+            const Events events =
+                readEvents({lane(GetParam().name, {event(1, 1), object})}, GetParam().code);
+            return events.size() == 2 && events[1].first == 480 &&
+                   std::to_string(events[1].second) == value;
+        });
 }
 
 TEST_P(ControllerTypeTest, IsNotKnownByAnythingLikeItsName)
@@ -146,7 +136,7 @@ TEST_F(ControllerDocumentTest, TakesAllTypesInAnyOrder)
 {
     std::vector<std::string> lanes;
     std::vector<std::uint32_t> codes;
-    for (const Type& type : types) {
+    for (const support::Controller& type : support::controllers) {
         lanes.insert(lanes.begin(), lane(type.name, {event(0, 1)}));
         codes.push_back(type.code);
     }

@@ -12,10 +12,7 @@ using support::array;
 using support::count;
 using support::jsonString;
 using support::notArrays;
-using support::notBooleans;
 using support::noteObject;
-using support::notFloats;
-using support::notIntegers;
 using support::notObjects;
 using support::notStrings;
 using support::Object;
@@ -103,18 +100,6 @@ TEST_P(DvqmDocumentTest, IsIgnoredWhenItIsNoObject)
     }
 }
 
-TEST_P(DvqmDocumentTest, NeedsAComponentId)
-{
-    support::expectRequiredText([this](const auto& value) {
-        KRT_PLX_DvqmBase* dvqm = readWith("compID", value);
-        if (levelNames(dvqm).empty()) {
-            expectUnset(dvqm);
-            return false;
-        }
-        return jsonString(utf8(KRT_PLX_DvqmBase_compID(dvqm))) == value;
-    });
-}
-
 TEST_P(DvqmDocumentTest, Needs1To4LevelNames)
 {
     expectUnset(readWith("levelNames", std::nullopt));
@@ -164,41 +149,6 @@ TEST_P(DvqmDocumentTest, IsIgnoredWholeWhenItLacksWhatItNeeds)
     expectUnset(readValue(object.without("levelNames")));
     expectUnset(readValue(object.reversed().without("compID")));
     expectUnset(readValue(object.reversed().without("levelNames")));
-}
-
-TEST_P(DvqmDocumentTest, TakesASpeedFrom0To100)
-{
-    support::expectOptionalInteger({0, 100}, 50, [this](const auto& value) {
-        return std::int64_t{KRT_PLX_DvqmBase_speed(readWith("speed", value))};
-    });
-}
-
-TEST_P(DvqmDocumentTest, TakesATopFactorFrom0To2)
-{
-    const auto read = [this](const std::string& value) {
-        KRT_PLX_DvqmBase* dvqm = readWith("topFactor", value);
-        EXPECT_EQ(levelNames(dvqm).size(), 2u) << value;
-        return KRT_PLX_DvqmBase_topFactor(dvqm);
-    };
-    EXPECT_EQ(read("0.0"), 0.0F);
-    EXPECT_EQ(read("2.0"), 2.0F);
-    EXPECT_EQ(read("1.9999999"), 1.9999999F);
-    EXPECT_EQ(read("5e-1"), 0.5F);
-    for (const std::string_view value :
-         {"2.0000003", "2.01", "20.0", "3.4e38", "-0.0000001", "-1.0", "-3.4e38"}) {
-        EXPECT_EQ(read(std::string(value)), 1.0F) << value;
-    }
-    for (const std::string& value : notFloats()) {
-        EXPECT_EQ(read(value), 1.0F) << value;
-    }
-}
-
-TEST_P(DvqmDocumentTest, IgnoresAProtectionThatIsNoTruthValue)
-{
-    EXPECT_FALSE(KRT_PLX_DvqmBase_isProtected(readWith("isProtected", "false")));
-    for (const std::string& value : notBooleans()) {
-        EXPECT_FALSE(KRT_PLX_DvqmBase_isProtected(readWith("isProtected", value))) << value;
-    }
 }
 
 class NoteEndsDocumentTest : public ReaderTest {};
@@ -291,42 +241,6 @@ TEST_F(SingingSkillDocumentTest, IsUnsetWhenItIsAbsentOrEmptyOrNoObject)
     expectUnsetSkill(readWith("{}"));
     for (const std::string& value : notObjects()) {
         expectUnsetSkill(readWith(value));
-    }
-}
-
-TEST_F(SingingSkillDocumentTest, TakesADurationUpToThatOfTheNote)
-{
-    support::expectOptionalInteger({0, 240}, 0, [this](const auto& value) {
-        KRT_PLX_SingingSkillBase* skill = readWith(skillObject.with("duration", value));
-        EXPECT_EQ(KRT_PLX_SingingSkillBase_preWeight(skill), 10u);
-        return std::int64_t{KRT_PLX_SingingSkillBase_duration(skill)};
-    });
-}
-
-TEST_F(SingingSkillDocumentTest, TakesWeightsFrom0To127)
-{
-    const Object weight = {{"pre", "10"}, {"post", "20"}};
-    support::expectOptionalInteger({0, 127}, 64, [this, &weight](const auto& value) {
-        const Object changed = skillObject.with("weight", weight.with("pre", value));
-        KRT_PLX_SingingSkillBase* skill = readWith(changed);
-        EXPECT_EQ(KRT_PLX_SingingSkillBase_postWeight(skill), 20u);
-        return std::int64_t{KRT_PLX_SingingSkillBase_preWeight(skill)};
-    });
-    support::expectOptionalInteger({0, 127}, 64, [this, &weight](const auto& value) {
-        const Object changed = skillObject.with("weight", weight.with("post", value));
-        KRT_PLX_SingingSkillBase* skill = readWith(changed);
-        EXPECT_EQ(KRT_PLX_SingingSkillBase_preWeight(skill), 10u);
-        return std::int64_t{KRT_PLX_SingingSkillBase_postWeight(skill)};
-    });
-}
-
-TEST_F(SingingSkillDocumentTest, IgnoresWeightsThatAreInNoObject)
-{
-    for (const std::string& value : notObjects()) {
-        KRT_PLX_SingingSkillBase* skill = readWith(skillObject.with("weight", value));
-        EXPECT_EQ(KRT_PLX_SingingSkillBase_duration(skill), 120) << value;
-        EXPECT_EQ(KRT_PLX_SingingSkillBase_preWeight(skill), 64u) << value;
-        EXPECT_EQ(KRT_PLX_SingingSkillBase_postWeight(skill), 64u) << value;
     }
 }
 

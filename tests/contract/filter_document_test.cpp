@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "support/properties.h"
 #include "support/reading.h"
 
 namespace {
@@ -14,7 +15,9 @@ using support::notArrays;
 using support::notObjects;
 using support::notStrings;
 using support::Object;
+using support::TagList;
 using support::utf8;
+using support::vendorTags;
 
 using Texts = std::vector<std::string>;
 
@@ -36,20 +39,7 @@ const std::vector<Document> documents = {
 
 // --- Texts ---
 
-struct DocumentTags {
-    std::string key;
-    bool (*count)(KRT_PLX_Filter*, std::uint64_t*);
-    const KRT_PLX_Char* (*at)(KRT_PLX_Filter*, std::uint64_t);
-};
-
-const DocumentTags vendorTags = {"", KRT_PLX_Filter_numVendors, KRT_PLX_Filter_vendor};
-const std::vector<DocumentTags> textLists = {
-    {"singerGroups", KRT_PLX_Filter_numSingerGroups, KRT_PLX_Filter_singerGroup},
-    {"singerIDs", KRT_PLX_Filter_numSingerIDs, KRT_PLX_Filter_singerID},
-    {"types", KRT_PLX_Filter_numTypes, KRT_PLX_Filter_type},
-    {"genres", KRT_PLX_Filter_numGenres, KRT_PLX_Filter_genre}};
-
-Texts textsOf(KRT_PLX_ClipBase* clip, const DocumentTags& list)
+Texts textsOf(KRT_PLX_ClipBase* clip, const TagList& list)
 {
     KRT_PLX_Filter* filter = KRT_PLX_Clip_filter(clip);
     EXPECT_NE(filter, nullptr);
@@ -73,7 +63,7 @@ protected:
     {
         return readDocument(GetParam().object.with("filter", value));
     }
-    Texts readTexts(const DocumentTags& list, const std::string& value)
+    Texts readTexts(const TagList& list, const std::string& value)
     {
         return textsOf(readFilter(Object{{list.key, value}}), list);
     }
@@ -95,13 +85,13 @@ INSTANTIATE_TEST_SUITE_P(Documents, FilterDocumentTest, testing::ValuesIn(docume
 TEST_P(FilterDocumentTest, FillsEachListFromItsOwnKey)
 {
     Object filter = {{"languages", "[4]"}};
-    for (const DocumentTags& list : textLists) {
-        filter = filter.with(list.key, array({jsonString("of " + list.key)}));
+    for (const TagList& list : support::tagListsWithKeys) {
+        filter = filter.with(list.key, array({jsonString(std::string("of ") + list.key)}));
     }
     for (const Object& ordered : {filter, filter.reversed()}) {
         KRT_PLX_ClipBase* clip = readFilter(ordered);
-        for (const DocumentTags& list : textLists) {
-            EXPECT_EQ(textsOf(clip, list), Texts{"of " + list.key});
+        for (const TagList& list : support::tagListsWithKeys) {
+            EXPECT_EQ(textsOf(clip, list), Texts{std::string("of ") + list.key});
         }
         EXPECT_EQ(KRT_PLX_Filter_language(KRT_PLX_Clip_filter(clip), 0), 4);
     }
@@ -109,7 +99,7 @@ TEST_P(FilterDocumentTest, FillsEachListFromItsOwnKey)
 
 TEST_P(FilterDocumentTest, KeepsTextsInTheOrderOfTheFile)
 {
-    for (const DocumentTags& list : textLists) {
+    for (const TagList& list : support::tagListsWithKeys) {
         EXPECT_EQ(readTexts(list, R"(["b", "a", "さくら", "c", "𝄞"])"),
                   (Texts{"b", "a", "さくら", "c", "𝄞"}));
         EXPECT_EQ(readTexts(list, "[]"), Texts{});
@@ -118,7 +108,7 @@ TEST_P(FilterDocumentTest, KeepsTextsInTheOrderOfTheFile)
 
 TEST_P(FilterDocumentTest, SkipsEmptyAndRepeatedTexts)
 {
-    for (const DocumentTags& list : textLists) {
+    for (const TagList& list : support::tagListsWithKeys) {
         EXPECT_EQ(readTexts(list, R"(["", "Pop", "Rock", "Pop", "", "Rock"])"),
                   (Texts{"Pop", "Rock"}));
         EXPECT_EQ(readTexts(list, R"([""])"), Texts{});
@@ -140,7 +130,7 @@ TEST_P(FilterDocumentTest, KeepsTheFirstOfEqualTextsHoweverManyThereAre)
         strings.push_back(strings.front());
         strings.push_back(strings.back());
         strings.push_back(strings[number - 1]);
-        for (const DocumentTags& list : textLists) {
+        for (const TagList& list : support::tagListsWithKeys) {
             EXPECT_EQ(readTexts(list, array(strings)), different) << number;
             EXPECT_EQ(readTexts(list, array(Texts(number, strings.front()))),
                       Texts{different.front()})
@@ -156,16 +146,16 @@ TEST_P(FilterDocumentTest, TellsTextsApartUnitByUnit)
     for (const std::string& text : different) {
         strings.push_back(jsonString(text));
     }
-    for (const DocumentTags& list : textLists) {
+    for (const TagList& list : support::tagListsWithKeys) {
         EXPECT_EQ(readTexts(list, array(strings)), different);
     }
-    EXPECT_EQ(readTexts(textLists[0], R"(["A", "\u0041", "\ud834\udd1e", "𝄞"])"),
+    EXPECT_EQ(readTexts(support::tagListsWithKeys[0], R"(["A", "\u0041", "\ud834\udd1e", "𝄞"])"),
               (Texts{"A", "𝄞"}));
 }
 
 TEST_P(FilterDocumentTest, SkipsElementsThatAreNoTexts)
 {
-    for (const DocumentTags& list : textLists) {
+    for (const TagList& list : support::tagListsWithKeys) {
         Texts elements = notStrings();
         elements.insert(elements.begin() + 3, jsonString("between"));
         EXPECT_EQ(readTexts(list, array(elements)), Texts{"between"});
@@ -174,7 +164,7 @@ TEST_P(FilterDocumentTest, SkipsElementsThatAreNoTexts)
 
 TEST_P(FilterDocumentTest, IgnoresListsThatAreNoArrays)
 {
-    for (const DocumentTags& list : textLists) {
+    for (const TagList& list : support::tagListsWithKeys) {
         for (const std::string& value : notArrays()) {
             EXPECT_EQ(readTexts(list, value), Texts{}) << list.key << value;
         }
@@ -228,7 +218,7 @@ TEST_P(FilterDocumentTest, LeavesAClipWithoutFilterUntagged)
     for (const std::string& value : notObjects()) {
         KRT_PLX_ClipBase* clip = readDocument(document.with("filter", value));
         EXPECT_EQ(textsOf(clip, vendorTags), Texts{}) << value;
-        EXPECT_EQ(textsOf(clip, textLists[0]), Texts{}) << value;
+        EXPECT_EQ(textsOf(clip, support::tagListsWithKeys[0]), Texts{}) << value;
         EXPECT_EQ(utf8(KRT_PLX_ClipBase_vendorName(clip)), "Studio") << value;
     }
 }
@@ -238,7 +228,7 @@ TEST_P(FilterDocumentTest, HasNoKeyForVendors)
     for (const std::string_view key : {"vendors", "vendor", "Genres", "genre", "language"}) {
         KRT_PLX_ClipBase* clip = readFilter(Object{{std::string(key), R"(["Other"])"}});
         EXPECT_EQ(textsOf(clip, vendorTags), Texts{""}) << key;
-        EXPECT_EQ(textsOf(clip, textLists[3]), Texts{}) << key;
+        EXPECT_EQ(textsOf(clip, support::tagListsWithKeys[3]), Texts{}) << key;
     }
 }
 

@@ -5,33 +5,21 @@
 #include <vector>
 
 #include "support/host.h"
+#include "support/properties.h"
 
 using support::midiDocument;
 using support::midiDocumentWithID;
 using support::propertyDocument;
+using support::TagList;
 using support::utf8;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
 namespace {
 
-using Count = bool (*)(KRT_PLX_Filter*, std::uint64_t*);
-using TextAt = const KRT_PLX_Char* (*)(KRT_PLX_Filter*, std::uint64_t);
+const auto& [singerGroups, singerIDs, types, genres, vendors] = support::tagLists;
 
-struct TextList {
-    const char* key; // in the document; none for vendors
-    Count count;
-    TextAt at;
-};
-
-const TextList singerGroups = {"singerGroups", KRT_PLX_Filter_numSingerGroups,
-                               KRT_PLX_Filter_singerGroup};
-const TextList singerIDs = {"singerIDs", KRT_PLX_Filter_numSingerIDs, KRT_PLX_Filter_singerID};
-const TextList types = {"types", KRT_PLX_Filter_numTypes, KRT_PLX_Filter_type};
-const TextList genres = {"genres", KRT_PLX_Filter_numGenres, KRT_PLX_Filter_genre};
-const TextList vendors = {nullptr, KRT_PLX_Filter_numVendors, KRT_PLX_Filter_vendor};
-
-std::vector<std::string> texts(KRT_PLX_Filter* filter, const TextList& list)
+std::vector<std::string> texts(KRT_PLX_Filter* filter, const TagList& list)
 {
     std::vector<std::string> result;
     std::uint64_t count = 0;
@@ -81,7 +69,7 @@ TEST_F(FilterReading, GivesNothingForADocumentWithoutTags)
 {
     KRT_PLX_Filter* filter = filterOf(R"("vendor": "Studio")");
 
-    for (const TextList& list : {singerGroups, singerIDs, types, genres, vendors}) {
+    for (const TagList& list : {singerGroups, singerIDs, types, genres, vendors}) {
         EXPECT_THAT(texts(filter, list), IsEmpty());
     }
     EXPECT_THAT(languages(filter), IsEmpty());
@@ -129,7 +117,7 @@ TEST_F(FilterReading, GivesTheVendorAlsoForAClipListedFromItsClipFile)
 
 // --- The four lists of texts ----------------------------------------------------------------------------
 
-class TextLists : public FilterReading, public testing::WithParamInterface<TextList> {
+class TextLists : public FilterReading, public testing::WithParamInterface<TagList> {
 protected:
     std::vector<std::string> read(const std::string& value)
     {
@@ -202,7 +190,7 @@ TEST_P(TextLists, ReturnTheSameTextEachTime)
 }
 
 INSTANTIATE_TEST_SUITE_P(Lists, TextLists, testing::Values(singerGroups, singerIDs, types, genres),
-                         [](const testing::TestParamInfo<TextList>& tested) {
+                         [](const testing::TestParamInfo<TagList>& tested) {
                              return std::string(tested.param.key);
                          });
 

@@ -7,6 +7,7 @@
 
 #include "hostile_shapes.h"
 #include "support/cpu_time.h"
+#include "support/properties.h"
 
 namespace {
 
@@ -74,13 +75,8 @@ protected:
     KRT_PLX_Filter* filter() { return KRT_PLX_Clip_filter(systemClip(0)); }
 };
 
-struct TagList {
-    std::string key;
-    bool (*count)(KRT_PLX_Filter*, std::uint64_t*);
-    const KRT_PLX_Char* (*at)(KRT_PLX_Filter*, std::uint64_t);
-};
-
-class HostileTagsTest : public HostilePropertiesTest, public testing::WithParamInterface<TagList> {
+class HostileTagsTest : public HostilePropertiesTest,
+                        public testing::WithParamInterface<support::TagList> {
 protected:
     static constexpr std::size_t most = 50000;
 
@@ -93,14 +89,8 @@ protected:
     }
 };
 
-INSTANTIATE_TEST_SUITE_P(
-    Lists, HostileTagsTest,
-    testing::Values(TagList{"singerGroups", KRT_PLX_Filter_numSingerGroups,
-                            KRT_PLX_Filter_singerGroup},
-                    TagList{"singerIDs", KRT_PLX_Filter_numSingerIDs, KRT_PLX_Filter_singerID},
-                    TagList{"types", KRT_PLX_Filter_numTypes, KRT_PLX_Filter_type},
-                    TagList{"genres", KRT_PLX_Filter_numGenres, KRT_PLX_Filter_genre}),
-    [](const auto& list) { return list.param.key; });
+INSTANTIATE_TEST_SUITE_P(Lists, HostileTagsTest, testing::ValuesIn(support::tagListsWithKeys),
+                         [](const auto& list) { return std::string(list.param.key); });
 
 TEST_P(HostileTagsTest, AreKeptInTheOrderOfTheFileInNearLinearTime)
 {

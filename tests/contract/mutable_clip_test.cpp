@@ -24,10 +24,7 @@ TEST_F(MutableClipTest, StartsEmpty)
 {
     ASSERT_NE(clip, nullptr);
     EXPECT_EQ(KRT_PLX_ClipBase_parent(clip), manager());
-    EXPECT_EQ(utf8(KRT_PLX_ClipBase_vendorName(clip)), "");
     EXPECT_EQ(KRT_PLX_ClipBase_partType(clip), KRT_PLX_PART_NONE);
-    EXPECT_EQ(KRT_PLX_ClipBase_partKey(clip), 0u);
-    EXPECT_EQ(KRT_PLX_ClipBase_partTempo(clip), 0u);
     EXPECT_EQ(KRT_PLX_MutableClip_audioPart(clip), nullptr);
     EXPECT_EQ(KRT_PLX_MutableClip_midiPart(clip), nullptr);
 }
@@ -130,61 +127,6 @@ TEST_F(MutableClipTest, ACatalogueClipIsNone)
     EXPECT_FALSE(KRT_PLX_MutableClip_hasMidiPart(user, nullptr));
     EXPECT_EQ(KRT_PLX_ClipBase_partKey(user), 0u);
     EXPECT_EQ(utf8(KRT_PLX_ClipBase_vendorName(user)), "");
-}
-
-TEST_F(MutableClipTest, TakesKeysUpTo30)
-{
-    EXPECT_TRUE(KRT_PLX_MutableClip_setPartKey(clip, 30));
-    EXPECT_EQ(KRT_PLX_ClipBase_partKey(clip), 30u);
-    for (const std::uint32_t key : {31u, 0x80000000u, largestUnsigned}) {
-        EXPECT_FALSE(KRT_PLX_MutableClip_setPartKey(clip, key)) << key;
-        EXPECT_EQ(KRT_PLX_ClipBase_partKey(clip), 30u);
-    }
-    EXPECT_TRUE(KRT_PLX_MutableClip_setPartKey(clip, 0));
-    EXPECT_EQ(KRT_PLX_ClipBase_partKey(clip), 0u);
-}
-
-TEST_F(MutableClipTest, TakesTemposFrom2000To30000)
-{
-    for (const std::uint32_t tempo : {2000u, 12345u, 30000u}) {
-        EXPECT_TRUE(KRT_PLX_MutableClip_setPartTempo(clip, tempo));
-        EXPECT_EQ(KRT_PLX_ClipBase_partTempo(clip), tempo);
-    }
-    for (const std::uint32_t tempo : {1u, 1999u, 30001u, 0x80000000u, largestUnsigned}) {
-        EXPECT_FALSE(KRT_PLX_MutableClip_setPartTempo(clip, tempo)) << tempo;
-        EXPECT_EQ(KRT_PLX_ClipBase_partTempo(clip), 30000u);
-    }
-}
-
-TEST_F(MutableClipTest, TakesNoTempoAgain)
-{
-    EXPECT_TRUE(KRT_PLX_MutableClip_setPartTempo(clip, 2000));
-    EXPECT_TRUE(KRT_PLX_MutableClip_setPartTempo(clip, 0));
-    EXPECT_EQ(KRT_PLX_ClipBase_partTempo(clip), 0u);
-}
-
-TEST_F(MutableClipTest, TakesAnyVendorName)
-{
-    support::Text name = text("スタジオ");
-    EXPECT_TRUE(KRT_PLX_MutableClip_setVendorName(clip, name.c_str()));
-    name[0] = KRT_PLX_Char{'x'};
-    EXPECT_EQ(utf8(KRT_PLX_ClipBase_vendorName(clip)), "スタジオ");
-    EXPECT_TRUE(KRT_PLX_MutableClip_setVendorName(clip, text("").c_str()));
-    EXPECT_EQ(utf8(KRT_PLX_ClipBase_vendorName(clip)), "");
-    EXPECT_TRUE(KRT_PLX_MutableClip_setVendorName(clip, text("Studio").c_str()));
-    EXPECT_TRUE(KRT_PLX_MutableClip_setVendorName(clip, nullptr));
-    EXPECT_EQ(utf8(KRT_PLX_ClipBase_vendorName(clip)), "");
-}
-
-TEST_F(MutableClipTest, TakesItsOwnVendorName)
-{
-    for (const std::string& name : {std::string("Studio"), std::string(300, 'x')}) {
-        KRT_PLX_MutableClip_setVendorName(clip, text(name).c_str());
-        EXPECT_TRUE(KRT_PLX_MutableClip_setVendorName(clip, KRT_PLX_ClipBase_vendorName(clip)));
-        EXPECT_EQ(utf8(KRT_PLX_ClipBase_vendorName(clip)), name);
-        KRT_PLX_MutableClip_setVendorName(clip, KRT_PLX_ClipBase_vendorName(clip) + 2);
-        EXPECT_EQ(utf8(KRT_PLX_ClipBase_vendorName(clip)), name.substr(2));
-    }
 }
 
 TEST_F(MutableClipTest, VendorNameAndVendorTagsAreSeparate)

@@ -5,6 +5,7 @@
 
 #include "support/editing.h"
 #include "support/limits.h"
+#include "support/properties.h"
 
 using support::countOf;
 using support::eventsOf;
@@ -29,28 +30,14 @@ Values valuesOf(Lane* lane)
 
 // --- What a lane takes --------------------------------------------------------------------------------
 
-struct ControllerType {
-    const char* name;
-    std::uint32_t code;
-    std::int32_t minimum;
-    std::int32_t maximum;
-};
-
-const ControllerType controllerTypes[] = {
-    {"dynamics", 0, 0, 127},       {"portamento", 1, 0, 127},  {"pitchBendSens", 2, 0, 24},
-    {"pitchBend", 3, -8192, 8191}, {"breathiness", 4, 0, 127}, {"brightness", 5, 0, 127},
-    {"clearness", 6, 0, 127},      {"voiceBlend", 7, 0, 127},  {"growl", 8, 0, 127},
-    {"exciter", 9, -64, 63},       {"air", 10, 0, 127},        {"character", 11, -64, 63},
-};
-
 class MutableControllerType : public MidiPartTest,
-                              public testing::WithParamInterface<ControllerType> {
+                              public testing::WithParamInterface<support::Controller> {
 protected:
-    const ControllerType& type = GetParam();
+    const support::Controller& type = GetParam();
     Lane* const lane = KRT_PLX_MutableMidiPart_addMidiController(part, type.code);
 };
 
-INSTANTIATE_TEST_SUITE_P(Types, MutableControllerType, testing::ValuesIn(controllerTypes),
+INSTANTIATE_TEST_SUITE_P(Types, MutableControllerType, testing::ValuesIn(support::controllers),
                          [](const auto& type) { return std::string(type.param.name); });
 
 TEST_P(MutableControllerType, TellsTheRangeOfItsEvents)

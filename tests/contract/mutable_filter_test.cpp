@@ -4,36 +4,16 @@
 
 #include "support/cpu_time.h"
 #include "support/editing.h"
+#include "support/properties.h"
 
 using support::countOf;
+using support::TagList;
+using support::tagLists;
 using support::Text;
 using support::text;
 using support::utf8;
 
 namespace {
-
-// One of the five lists of text tags.
-struct TagList {
-    const char* name;
-    bool (*count)(KRT_PLX_Filter*, std::uint64_t*);
-    const KRT_PLX_Char* (*at)(KRT_PLX_Filter*, std::uint64_t);
-    bool (*add)(KRT_PLX_Filter*, const KRT_PLX_Char*);
-    bool (*remove)(KRT_PLX_Filter*, const KRT_PLX_Char*);
-    bool takesEmptyText;
-};
-
-const TagList tagLists[] = {
-    {"singerGroup", KRT_PLX_Filter_numSingerGroups, KRT_PLX_Filter_singerGroup,
-     KRT_PLX_MutableFilter_addSingerGroup, KRT_PLX_MutableFilter_removeSingerGroup, false},
-    {"vendor", KRT_PLX_Filter_numVendors, KRT_PLX_Filter_vendor, KRT_PLX_MutableFilter_addVendor,
-     KRT_PLX_MutableFilter_removeVendor, true},
-    {"singerID", KRT_PLX_Filter_numSingerIDs, KRT_PLX_Filter_singerID,
-     KRT_PLX_MutableFilter_addSingerID, KRT_PLX_MutableFilter_removeSingerID, false},
-    {"type", KRT_PLX_Filter_numTypes, KRT_PLX_Filter_type, KRT_PLX_MutableFilter_addType,
-     KRT_PLX_MutableFilter_removeType, false},
-    {"genre", KRT_PLX_Filter_numGenres, KRT_PLX_Filter_genre, KRT_PLX_MutableFilter_addGenre,
-     KRT_PLX_MutableFilter_removeGenre, false},
-};
 
 std::vector<std::string> tagsOf(const TagList& list, KRT_PLX_Filter* filter)
 {
@@ -146,12 +126,12 @@ TEST_P(MutableFilterTags, RejectNull)
 // The vendor list alone takes the empty text, once.
 TEST_P(MutableFilterTags, TakeTheEmptyTextOnlyForVendors)
 {
-    const Tags expected = list.takesEmptyText ? Tags{""} : Tags{};
-    EXPECT_EQ(add(""), list.takesEmptyText);
+    const Tags expected = list.takesEmpty ? Tags{""} : Tags{};
+    EXPECT_EQ(add(""), list.takesEmpty);
     EXPECT_EQ(tags(), expected);
-    EXPECT_EQ(add(""), list.takesEmptyText);
+    EXPECT_EQ(add(""), list.takesEmpty);
     EXPECT_EQ(tags(), expected);
-    EXPECT_EQ(remove(""), list.takesEmptyText);
+    EXPECT_EQ(remove(""), list.takesEmpty);
     EXPECT_EQ(tags(), Tags{});
 }
 
@@ -246,7 +226,7 @@ TEST_P(MutableFilterTags, AreAddedAsFastBehindALongOne)
 TEST_P(MutableFilterTags, LeaveTheOtherListsAndTheirTextsAlone)
 {
     for (const TagList& other : tagLists) {
-        ASSERT_TRUE(other.add(filter, text(other.name).c_str()));
+        ASSERT_TRUE(other.add(filter, text(other.name()).c_str()));
     }
     KRT_PLX_MutableFilter_addLanguage(filter, 3);
     std::vector<const KRT_PLX_Char*> before;
@@ -255,13 +235,13 @@ TEST_P(MutableFilterTags, LeaveTheOtherListsAndTheirTextsAlone)
     }
 
     EXPECT_TRUE(add("another"));
-    EXPECT_TRUE(remove(list.name));
+    EXPECT_TRUE(remove(list.name()));
 
     for (std::size_t index = 0; index < std::size(tagLists); ++index) {
         const TagList& other = tagLists[index];
-        if (other.name != list.name) {
-            EXPECT_EQ(tagsOf(other, filter), Tags{other.name});
-            EXPECT_EQ(utf8(before[index]), other.name);
+        if (other.key != list.key) {
+            EXPECT_EQ(tagsOf(other, filter), Tags{other.name()});
+            EXPECT_EQ(utf8(before[index]), other.name());
         }
     }
     EXPECT_EQ(tags(), Tags{"another"});
@@ -288,7 +268,7 @@ TEST_P(MutableFilterTags, OfACatalogueClipCannotBeEdited)
 }
 
 INSTANTIATE_TEST_SUITE_P(Lists, MutableFilterTags, testing::ValuesIn(tagLists),
-                         [](const auto& list) { return std::string(list.param.name); });
+                         [](const auto& list) { return std::string(list.param.name()); });
 
 TEST_F(MutableFilterTest, IsTheSameForEveryCall)
 {

@@ -36,12 +36,6 @@ TEST_P(AnyMutableMidiPart, StartsEmpty)
 {
     EXPECT_EQ(KRT_PLX_MutableMidiPart_parent(part), clip);
     EXPECT_TRUE(KRT_PLX_PartBase_isMutable(part));
-    EXPECT_EQ(KRT_PLX_MidiPartBase_duration(part), 1);
-    EXPECT_EQ(KRT_PLX_MidiPartBase_langID(part), KRT_PLX_NO_LANGUAGE);
-    EXPECT_EQ(utf8(KRT_PLX_MidiPartBase_styleName(part)), "");
-    EXPECT_EQ(utf8(KRT_PLX_MidiPartBase_stylePresetID(part)), "");
-    EXPECT_EQ(utf8(KRT_PLX_MidiPartBase_voiceBankID(part)), "");
-    EXPECT_EQ(utf8(KRT_PLX_MidiPartBase_aiVoiceBankID(part)), "");
     EXPECT_EQ(KRT_PLX_MidiPartBase_aiLangIDSize(part), 0u);
     EXPECT_EQ(KRT_PLX_MidiPartBase_aiLangIDByIndex(part, 0), KRT_PLX_NO_LANGUAGE);
 }
@@ -60,37 +54,12 @@ TEST_P(AnyMutableMidiPart, StartsWithoutChildren)
     }
 }
 
-TEST_P(AnyMutableMidiPart, TakesDurationsFromOne)
-{
-    for (const std::int32_t duration : {1920, largest, 1}) {
-        EXPECT_TRUE(KRT_PLX_MutableMidiPart_setDuration(part, duration));
-        EXPECT_EQ(KRT_PLX_MidiPartBase_duration(part), duration);
-    }
-    KRT_PLX_MutableMidiPart_setDuration(part, 1920);
-    for (const std::int32_t duration : {0, -1, smallest}) {
-        EXPECT_FALSE(KRT_PLX_MutableMidiPart_setDuration(part, duration));
-        EXPECT_EQ(KRT_PLX_MidiPartBase_duration(part), 1920);
-    }
-}
-
 TEST_P(AnyMutableMidiPart, DurationDoesNotBoundTheNotes)
 {
     KRT_PLX_MutableMidiPart_setDuration(part, 10);
     EXPECT_NE(insertNote(part, 1000, 1000), nullptr);
     EXPECT_NE(insertNote(part, -1000, 10), nullptr);
     EXPECT_TRUE(KRT_PLX_MutableMidiPart_setDuration(part, 5));
-}
-
-TEST_P(AnyMutableMidiPart, TakesLanguagesUpTo127)
-{
-    for (const std::uint32_t language : {127u, 0u, 5u}) {
-        EXPECT_TRUE(KRT_PLX_MutableMidiPart_setLangID(part, language));
-        EXPECT_EQ(KRT_PLX_MidiPartBase_langID(part), language);
-    }
-    for (const std::uint32_t language : {128u, 255u, 256u, 0x80000000u, allBits}) {
-        EXPECT_FALSE(KRT_PLX_MutableMidiPart_setLangID(part, language)) << language;
-        EXPECT_EQ(KRT_PLX_MidiPartBase_langID(part), 5u);
-    }
 }
 
 TEST_P(AnyMutableMidiPart, AppendsAiLanguagesRepeatedOnesIncluded)
@@ -108,123 +77,6 @@ TEST_P(AnyMutableMidiPart, AppendsAiLanguagesRepeatedOnesIncluded)
     }
     EXPECT_EQ(KRT_PLX_MidiPartBase_aiLangIDByIndex(part, languages.size()), KRT_PLX_NO_LANGUAGE);
     EXPECT_EQ(KRT_PLX_MidiPartBase_aiLangIDByIndex(part, farAway), KRT_PLX_NO_LANGUAGE);
-}
-
-// --- Texts ------------------------------------------------------------------------------------------
-
-struct PartText {
-    const char* name;
-    const KRT_PLX_Char* (*get)(KRT_PLX_PartBase*);
-    bool (*set)(KRT_PLX_PartBase*, const KRT_PLX_Char*);
-};
-
-class MutableMidiPartStyle : public MidiPartTest, public testing::WithParamInterface<PartText> {
-protected:
-    bool set(std::string_view value) { return GetParam().set(part, text(value).c_str()); }
-    std::string get() { return utf8(GetParam().get(part)); }
-};
-
-TEST_P(MutableMidiPartStyle, TakesAnyText)
-{
-    for (const std::string& value : {std::string("Soft"), std::string("やさしい 🎤"),
-                                     std::string(5000, 'x'), std::string("x"), std::string()}) {
-        EXPECT_TRUE(set(value));
-        EXPECT_EQ(get(), value);
-    }
-}
-
-TEST_P(MutableMidiPartStyle, NullEmptiesIt)
-{
-    EXPECT_TRUE(set("Soft"));
-    EXPECT_TRUE(GetParam().set(part, nullptr));
-    EXPECT_EQ(get(), "");
-}
-
-TEST_P(MutableMidiPartStyle, TakesItself)
-{
-    for (const std::string& value : {std::string("Soft"), std::string(300, 'x')}) {
-        set(value);
-        EXPECT_TRUE(GetParam().set(part, GetParam().get(part)));
-        EXPECT_EQ(get(), value);
-        EXPECT_TRUE(GetParam().set(part, GetParam().get(part) + 1));
-        EXPECT_EQ(get(), value.substr(1));
-    }
-}
-
-INSTANTIATE_TEST_SUITE_P(Texts, MutableMidiPartStyle,
-                         testing::Values(PartText{"styleName", KRT_PLX_MidiPartBase_styleName,
-                                                  KRT_PLX_MutableMidiPart_setStyleName},
-                                         PartText{"stylePresetID",
-                                                  KRT_PLX_MidiPartBase_stylePresetID,
-                                                  KRT_PLX_MutableMidiPart_setStylePresetID}),
-                         [](const auto& property) { return std::string(property.param.name); });
-
-struct VoiceBank {
-    PartText text;
-    bool mayBeEmpty;
-};
-
-class MutableMidiPartVoiceBank : public AnyMutableMidiPart {
-protected:
-    static constexpr VoiceBank banks[] = {
-        {{"voiceBankID", KRT_PLX_MidiPartBase_voiceBankID, KRT_PLX_MutableMidiPart_setVoiceBankID},
-         false},
-        {{"aiVoiceBankID", KRT_PLX_MidiPartBase_aiVoiceBankID,
-          KRT_PLX_MutableMidiPart_setAiVoiceBankID},
-         true},
-    };
-};
-
-// Neither setter looks at the type of the part.
-INSTANTIATE_TEST_SUITE_P(Kinds, MutableMidiPartVoiceBank, testing::Bool(),
-                         [](const auto& isAi) { return isAi.param ? "midiAi" : "midi"; });
-
-TEST_P(MutableMidiPartVoiceBank, HasExactly16Units)
-{
-    for (const VoiceBank& bank : banks) {
-        SCOPED_TRACE(bank.text.name);
-        const std::string accepted = "ABCDEFGHIJKLMNOP";
-        EXPECT_TRUE(bank.text.set(part, text(accepted).c_str()));
-        for (const std::size_t length : {1u, 8u, 15u, 17u, 32u, 1000u}) {
-            EXPECT_FALSE(bank.text.set(part, text(std::string(length, 'x')).c_str())) << length;
-        }
-        EXPECT_FALSE(bank.text.set(part, nullptr));
-        EXPECT_EQ(utf8(bank.text.get(part)), accepted);
-    }
-}
-
-TEST_P(MutableMidiPartVoiceBank, CountsUnitsNotCharacters)
-{
-    std::string pairs;
-    for (int number = 0; number < 8; ++number) {
-        pairs += "🎵";
-    }
-    for (const VoiceBank& bank : banks) {
-        EXPECT_TRUE(bank.text.set(part, text(pairs).c_str())) << bank.text.name;
-        EXPECT_EQ(utf8(bank.text.get(part)), pairs);
-        EXPECT_FALSE(bank.text.set(part, text(pairs + pairs).c_str())) << bank.text.name;
-        EXPECT_FALSE(bank.text.set(part, text(pairs.substr(4)).c_str())) << bank.text.name;
-        EXPECT_EQ(utf8(bank.text.get(part)), pairs);
-    }
-}
-
-TEST_P(MutableMidiPartVoiceBank, IsEmptiedOnlyForTheAiVoice)
-{
-    for (const VoiceBank& bank : banks) {
-        const std::string accepted = "ABCDEFGHIJKLMNOP";
-        bank.text.set(part, text(accepted).c_str());
-        EXPECT_EQ(bank.text.set(part, text("").c_str()), bank.mayBeEmpty) << bank.text.name;
-        EXPECT_EQ(utf8(bank.text.get(part)), bank.mayBeEmpty ? "" : accepted);
-    }
-}
-
-TEST_P(MutableMidiPartVoiceBank, TakesItself)
-{
-    for (const VoiceBank& bank : banks) {
-        bank.text.set(part, text("ABCDEFGHIJKLMNOP").c_str());
-        EXPECT_TRUE(bank.text.set(part, bank.text.get(part)));
-        EXPECT_EQ(utf8(bank.text.get(part)), "ABCDEFGHIJKLMNOP");
-    }
 }
 
 // --- Inserting notes ----------------------------------------------------------------------------------

@@ -4,6 +4,7 @@
 
 #include "support/editing.h"
 #include "support/limits.h"
+#include "support/properties.h"
 
 using support::farAway;
 using support::largest;
@@ -21,27 +22,13 @@ protected:
     KRT_PLX_VibratoBase* const vibrato = KRT_PLX_MutableNote_vibrato(note);
 };
 
-TEST_F(MutableVibrato, HasItsInitialValues)
+TEST_F(MutableVibrato, BelongsToItsNoteAndHasNoPoints)
 {
     EXPECT_EQ(KRT_PLX_MutableVibrato_parent(vibrato), note);
     EXPECT_TRUE(KRT_PLX_VibratoBase_isMutable(vibrato));
     EXPECT_EQ(KRT_PLX_Vibrato_parent(vibrato), nullptr);
-    EXPECT_EQ(KRT_PLX_VibratoBase_type(vibrato), 0u);
-    EXPECT_EQ(KRT_PLX_VibratoBase_duration(vibrato), 0);
     EXPECT_EQ(pointsOf(vibrato, KRT_PLX_VIBRATO_DEPTH), Points{});
     EXPECT_EQ(pointsOf(vibrato, KRT_PLX_VIBRATO_RATE), Points{});
-}
-
-TEST_F(MutableVibrato, TakesTypesUpTo16)
-{
-    for (std::uint32_t type = 0; type <= 16; ++type) {
-        EXPECT_TRUE(KRT_PLX_MutableVibrato_setType(vibrato, type));
-        EXPECT_EQ(KRT_PLX_VibratoBase_type(vibrato), type);
-    }
-    for (const std::uint32_t type : {17u, 255u, 256u, 0x80000000u, 0xFFFFFFFFu}) {
-        EXPECT_FALSE(KRT_PLX_MutableVibrato_setType(vibrato, type)) << type;
-        EXPECT_EQ(KRT_PLX_VibratoBase_type(vibrato), 16u);
-    }
 }
 
 TEST_F(MutableVibrato, HasTwoKindsOfPoint)
@@ -133,19 +120,15 @@ TEST_P(MutableVibratoPoint, OfAVibratoWithoutLengthStandsAtItsStart)
     EXPECT_EQ(values(), (PointValues{{0, 64}}));
 }
 
-TEST_P(MutableVibratoPoint, TakesValuesUpTo127)
+TEST_P(MutableVibratoPoint, IsInsertedWithAValueOfItsRangeOnly)
 {
-    Point* const point = insert(10, 127);
-    ASSERT_NE(point, nullptr);
-    for (std::uint32_t value = 0; value <= 127; ++value) {
-        EXPECT_TRUE(KRT_PLX_MutableVibratoParameter_setValue(point, value));
-        EXPECT_EQ(KRT_PLX_VibratoParameterBase_value(point), value);
+    const std::uint32_t largestValue =
+        support::propertyOf(KRT_PLX_VibratoParameterBase_value).maximum;
+    EXPECT_NE(insert(10, largestValue), nullptr);
+    for (const std::uint32_t value : {largestValue + 1, 255u, 256u, 0x80000000u, 0xFFFFFFFFu}) {
+        EXPECT_EQ(insert(20, value), nullptr) << "point.value = " << value;
     }
-    for (const std::uint32_t value : {128u, 255u, 256u, 0x80000000u, 0xFFFFFFFFu}) {
-        EXPECT_FALSE(KRT_PLX_MutableVibratoParameter_setValue(point, value)) << value;
-        EXPECT_EQ(insert(20, value), nullptr) << value;
-    }
-    EXPECT_EQ(values(), (PointValues{{10, 127}}));
+    EXPECT_EQ(values(), (PointValues{{10, largestValue}}));
 }
 
 TEST_P(MutableVibratoPoint, IsUpdatedWhenInsertedAgain)

@@ -10,7 +10,6 @@ namespace {
 
 using support::array;
 using support::jsonString;
-using support::notBooleans;
 using support::noteObject;
 using support::Object;
 using support::utf8;
@@ -20,11 +19,6 @@ constexpr std::int32_t first = std::numeric_limits<std::int32_t>::min();
 
 class NoteDocumentTest : public ReaderTest {
 protected:
-    KRT_PLX_NoteBase* readWith(std::string_view key, const std::optional<std::string>& value)
-    {
-        return readNote(noteObject().with(key, value));
-    }
-
     KRT_PLX_NoteBase* readAt(std::int64_t pos, std::int64_t duration)
     {
         return readNote(noteObject()
@@ -51,90 +45,14 @@ protected:
     }
 };
 
-TEST_F(NoteDocumentTest, FillsTheNote)
-{
-    const Object object = noteObject().with("langID", "4").with("isProtected", "true");
-    for (const Object& ordered : {object, object.reversed()}) {
-        KRT_PLX_NoteBase* note = readNote(ordered);
-        ASSERT_NE(note, nullptr);
-        EXPECT_EQ(utf8(KRT_PLX_NoteBase_lyric(note)), "la");
-        EXPECT_EQ(utf8(KRT_PLX_NoteBase_phoneme(note)), "l a");
-        EXPECT_EQ(KRT_PLX_NoteBase_langID(note), 4u);
-        EXPECT_TRUE(KRT_PLX_NoteBase_isProtected(note));
-        EXPECT_EQ(KRT_PLX_NoteBase_pos(note), 480);
-        EXPECT_EQ(KRT_PLX_NoteBase_duration(note), 240);
-        EXPECT_EQ(KRT_PLX_NoteBase_number(note), 60u);
-        EXPECT_EQ(KRT_PLX_NoteBase_velocity(note), 64u);
-        EXPECT_FALSE(KRT_PLX_NoteBase_isMutable(note));
-    }
-}
-
 TEST_F(NoteDocumentTest, BelongsToItsPart)
 {
     KRT_PLX_NoteBase* note = readNote(noteObject());
     KRT_PLX_PartBase* part = KRT_PLX_Clip_midiPart(clipOfPart());
     EXPECT_EQ(KRT_PLX_Note_parent(note), part);
+    EXPECT_FALSE(KRT_PLX_NoteBase_isMutable(note));
     EXPECT_TRUE(KRT_PLX_MidiPart_hasNote(part, note));
     EXPECT_EQ(KRT_PLX_MidiPart_note(part, 1), nullptr);
-}
-
-TEST_F(NoteDocumentTest, StartsFromTheValuesOfANewNote)
-{
-    KRT_PLX_NoteBase* note = readNote(noteObject());
-    ASSERT_NE(note, nullptr);
-    EXPECT_EQ(KRT_PLX_NoteBase_langID(note), KRT_PLX_NO_LANGUAGE);
-    EXPECT_FALSE(KRT_PLX_NoteBase_isProtected(note));
-    EXPECT_EQ(KRT_PLX_NoteBase_accent(note), 50u);
-    EXPECT_EQ(KRT_PLX_NoteBase_bendDepth(note), 0u);
-    EXPECT_EQ(KRT_PLX_NoteBase_bendLength(note), 0u);
-    EXPECT_EQ(KRT_PLX_NoteBase_decay(note), 50u);
-    EXPECT_FALSE(KRT_PLX_NoteBase_fallPort(note));
-    EXPECT_FALSE(KRT_PLX_NoteBase_risePort(note));
-    EXPECT_EQ(KRT_PLX_NoteBase_opening(note), 127u);
-}
-
-TEST_F(NoteDocumentTest, NeedsALyricAndAPhoneme)
-{
-    support::expectRequiredText([this](const auto& value) {
-        KRT_PLX_NoteBase* note = readWith("lyric", value);
-        return note != nullptr && jsonString(utf8(KRT_PLX_NoteBase_lyric(note))) == value;
-    });
-    support::expectRequiredText([this](const auto& value) {
-        KRT_PLX_NoteBase* note = readWith("phoneme", value);
-        return note != nullptr && jsonString(utf8(KRT_PLX_NoteBase_phoneme(note))) == value;
-    });
-}
-
-TEST_F(NoteDocumentTest, NeedsANumberFrom0To127)
-{
-    support::expectRequiredInteger({0, 127}, [this](const auto& value) {
-        KRT_PLX_NoteBase* note = readWith("number", value);
-        return note != nullptr && std::to_string(KRT_PLX_NoteBase_number(note)) == value;
-    });
-}
-
-TEST_F(NoteDocumentTest, NeedsAVelocityFrom0To127)
-{
-    support::expectRequiredInteger({0, 127}, [this](const auto& value) {
-        KRT_PLX_NoteBase* note = readWith("velocity", value);
-        return note != nullptr && std::to_string(KRT_PLX_NoteBase_velocity(note)) == value;
-    });
-}
-
-TEST_F(NoteDocumentTest, NeedsAPositionThatLeavesRoomForItsDuration)
-{
-    support::expectRequiredInteger({first, last - 240}, [this](const auto& value) {
-        KRT_PLX_NoteBase* note = readWith("pos", value);
-        return note != nullptr && std::to_string(KRT_PLX_NoteBase_pos(note)) == value;
-    });
-}
-
-TEST_F(NoteDocumentTest, NeedsADurationOf1OrMoreThatEndsInTime)
-{
-    support::expectRequiredInteger({1, last - 480}, [this](const auto& value) {
-        KRT_PLX_NoteBase* note = readWith("duration", value);
-        return note != nullptr && std::to_string(KRT_PLX_NoteBase_duration(note)) == value;
-    });
 }
 
 TEST_F(NoteDocumentTest, MayEndAtTheLastPositionAndNoLater)
@@ -149,23 +67,6 @@ TEST_F(NoteDocumentTest, MayEndAtTheLastPositionAndNoLater)
     EXPECT_NE(readAt(first, last), nullptr);
     EXPECT_NE(readAt(first, 1), nullptr);
     EXPECT_EQ(readAt(first, 0), nullptr);
-}
-
-TEST_F(NoteDocumentTest, TakesALanguageFrom0To127)
-{
-    support::expectOptionalInteger({0, 127}, KRT_PLX_NO_LANGUAGE, [this](const auto& value) {
-        return std::int64_t{KRT_PLX_NoteBase_langID(readWith("langID", value))};
-    });
-}
-
-TEST_F(NoteDocumentTest, IgnoresAProtectionThatIsNoTruthValue)
-{
-    EXPECT_FALSE(KRT_PLX_NoteBase_isProtected(readWith("isProtected", "false")));
-    for (const std::string& value : notBooleans()) {
-        KRT_PLX_NoteBase* note = readWith("isProtected", value);
-        ASSERT_NE(note, nullptr) << value;
-        EXPECT_FALSE(KRT_PLX_NoteBase_isProtected(note)) << value;
-    }
 }
 
 TEST_F(NoteDocumentTest, TakesMembersOfOtherObjectsForUnknown)

@@ -21,9 +21,7 @@ using support::notStrings;
 using support::Object;
 using support::utf8;
 
-const std::string fifteenUnits = "ABCDEFGHIJKLMNO";
 const std::string sixteenUnits = "ABCDEFGHIJKLMNOP";
-const std::string seventeenUnits = "ABCDEFGHIJKLMNOPQ";
 
 // --- Audio parts ---
 
@@ -156,44 +154,12 @@ TEST_P(MidiPartDocumentTest, StartsEmpty)
     EXPECT_EQ(KRT_PLX_PartBase_type(part), GetParam().type);
     EXPECT_FALSE(KRT_PLX_PartBase_isMutable(part));
     EXPECT_EQ(KRT_PLX_MidiPart_parent(part), clipOfPart());
-    EXPECT_EQ(utf8(KRT_PLX_MidiPartBase_styleName(part)), "");
-    EXPECT_EQ(utf8(KRT_PLX_MidiPartBase_stylePresetID(part)), "");
     EXPECT_EQ(KRT_PLX_MidiPartBase_aiLangIDSize(part), 0u);
     EXPECT_EQ(count(KRT_PLX_MidiPartBase_numAudioEffects, part), 0u);
     EXPECT_EQ(count(KRT_PLX_MidiPartBase_numMidiEffects, part), 0u);
     EXPECT_EQ(count(KRT_PLX_MidiPartBase_numNotes, part), 0u);
     for (std::uint32_t type = 0; type < 13; ++type) {
         EXPECT_EQ(KRT_PLX_MidiPart_midiController(part, type), nullptr) << type;
-    }
-}
-
-TEST_P(MidiPartDocumentTest, NeedsADurationOf1OrMore)
-{
-    support::expectRequiredInteger({1, 2147483647}, [this](const auto& value) {
-        KRT_PLX_PartBase* part = readWith("duration", value);
-        return part != nullptr && std::to_string(KRT_PLX_MidiPartBase_duration(part)) == value;
-    });
-}
-
-TEST_P(MidiPartDocumentTest, TakesAnyTextAsStyle)
-{
-    for (const std::string_view text : {"", " ", "Soft", "柔らかい", "𝄞"}) {
-        KRT_PLX_PartBase* part = readWith("styleName", jsonString(text));
-        EXPECT_EQ(utf8(KRT_PLX_MidiPartBase_styleName(part)), text);
-        EXPECT_EQ(utf8(KRT_PLX_MidiPartBase_stylePresetID(part)), "");
-        part = readWith("stylePresetID", jsonString(text));
-        EXPECT_EQ(utf8(KRT_PLX_MidiPartBase_stylePresetID(part)), text);
-        EXPECT_EQ(utf8(KRT_PLX_MidiPartBase_styleName(part)), "");
-    }
-}
-
-TEST_P(MidiPartDocumentTest, IgnoresAStyleThatIsNoText)
-{
-    for (const std::string& value : notStrings()) {
-        KRT_PLX_PartBase* part = readWith("styleName", value);
-        EXPECT_EQ(utf8(KRT_PLX_MidiPartBase_styleName(part)), "") << value;
-        part = readWith("stylePresetID", value);
-        EXPECT_EQ(utf8(KRT_PLX_MidiPartBase_stylePresetID(part)), "") << value;
     }
 }
 
@@ -257,38 +223,6 @@ TEST_F(VoiceDocumentTest, FillsVoiceBankAndLanguage)
     EXPECT_EQ(KRT_PLX_MidiPartBase_aiLangIDSize(part), 0u);
 }
 
-TEST_F(VoiceDocumentTest, NeedsAVoiceBankIdOf16Units)
-{
-    EXPECT_EQ(readWith("compID", std::nullopt), nullptr);
-    for (const std::string& value : notStrings()) {
-        EXPECT_EQ(readWith("compID", value), nullptr) << value;
-    }
-    for (const std::string& id :
-         {std::string(), fifteenUnits, seventeenUnits, sixteenUnits + sixteenUnits}) {
-        EXPECT_EQ(readWith("compID", jsonString(id)), nullptr) << id;
-    }
-}
-
-TEST_F(VoiceDocumentTest, CountsTheUnitsOfAVoiceBankIdInUtf16)
-{
-    const std::string eightClefs = "𝄞𝄞𝄞𝄞𝄞𝄞𝄞𝄞";
-    for (const std::string& id :
-         {eightClefs, std::string("さくらさくらさくらさくらさくらさ"), std::string(16, ' ')}) {
-        EXPECT_EQ(utf8(KRT_PLX_MidiPartBase_voiceBankID(readWith("compID", jsonString(id)))), id);
-    }
-    EXPECT_EQ(readWith("compID", jsonString(eightClefs + eightClefs)), nullptr);
-    EXPECT_EQ(readWith("compID", jsonString(fifteenUnits + "𝄞")), nullptr);
-    EXPECT_EQ(readWith("compID", R"("\u0041\u0041\u0041\u0041")"), nullptr);
-}
-
-TEST_F(VoiceDocumentTest, NeedsALanguageFrom0To127)
-{
-    support::expectRequiredInteger({0, 127}, [this](const auto& value) {
-        KRT_PLX_PartBase* part = readWith("langID", value);
-        return part != nullptr && std::to_string(KRT_PLX_MidiPartBase_langID(part)) == value;
-    });
-}
-
 TEST_F(VoiceDocumentTest, DoesNotLookAtTheAiVoice)
 {
     const Object aiVoice = {{"compID", jsonString(sixteenUnits)},
@@ -331,22 +265,6 @@ TEST_F(AiVoiceDocumentTest, FillsTheAiVoiceBankOnly)
     EXPECT_EQ(utf8(KRT_PLX_MidiPartBase_voiceBankID(part)), "");
     EXPECT_EQ(KRT_PLX_MidiPartBase_langID(part), KRT_PLX_NO_LANGUAGE);
     EXPECT_EQ(KRT_PLX_MidiPartBase_aiLangIDSize(part), 0u);
-}
-
-TEST_F(AiVoiceDocumentTest, NeedsAnAiVoiceBankIdThatIsEmptyOrHas16Units)
-{
-    EXPECT_EQ(readWith("compID", std::nullopt), nullptr);
-    for (const std::string& value : notStrings()) {
-        EXPECT_EQ(readWith("compID", value), nullptr) << value;
-    }
-    for (const std::string& id : {std::string("A"), fifteenUnits, seventeenUnits}) {
-        EXPECT_EQ(readWith("compID", jsonString(id)), nullptr) << id;
-    }
-    for (const std::string& id : {std::string(), sixteenUnits, std::string("𝄞𝄞𝄞𝄞𝄞𝄞𝄞𝄞")}) {
-        KRT_PLX_PartBase* part = readWith("compID", jsonString(id));
-        ASSERT_NE(part, nullptr) << id;
-        EXPECT_EQ(utf8(KRT_PLX_MidiPartBase_aiVoiceBankID(part)), id);
-    }
 }
 
 TEST_F(AiVoiceDocumentTest, TakesLanguagesInTheirOrderWithRepetitions)

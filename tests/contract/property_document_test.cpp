@@ -118,42 +118,6 @@ TEST_F(PropertyDocumentTest, NeedsAPartTypeThatItKnows)
     }
 }
 
-TEST_F(PropertyDocumentTest, TakesAKeyFrom0To30OfBothMidiTypes)
-{
-    for (const std::string_view type : {"midi", "midiAi"}) {
-        SCOPED_TRACE(type);
-        support::expectOptionalInteger({0, 30}, 0, [this, type](const auto& value) {
-            return std::int64_t{KRT_PLX_ClipBase_partKey(readWithPart(type, "key", value))};
-        });
-    }
-}
-
-TEST_F(PropertyDocumentTest, TakesATempoFrom2000To30000OfBothMidiTypes)
-{
-    for (const std::string_view type : {"midi", "midiAi"}) {
-        SCOPED_TRACE(type);
-        support::expectOptionalInteger({2000, 30000}, 0, [this, type](const auto& value) {
-            return std::int64_t{KRT_PLX_ClipBase_partTempo(readWithPart(type, "tempo", value))};
-        });
-        for (const std::string_view value : {"0", "1", "999", "1000"}) {
-            KRT_PLX_ClipBase* clip = readWithPart(type, "tempo", std::string(value));
-            EXPECT_EQ(KRT_PLX_ClipBase_partTempo(clip), 0u) << value;
-        }
-    }
-}
-
-TEST_F(PropertyDocumentTest, TakesATempoBesideABadKeyAndAKeyBesideABadTempo)
-{
-    const Object type = {{"type", jsonString("midi")}};
-    KRT_PLX_ClipBase* clip = readWith("part", type.with("key", "31").with("tempo", "12000"));
-    EXPECT_EQ(KRT_PLX_ClipBase_partKey(clip), 0u);
-    EXPECT_EQ(KRT_PLX_ClipBase_partTempo(clip), 12000u);
-
-    clip = readWith("part", type.with("key", "11").with("tempo", "true"));
-    EXPECT_EQ(KRT_PLX_ClipBase_partKey(clip), 11u);
-    EXPECT_EQ(KRT_PLX_ClipBase_partTempo(clip), 0u);
-}
-
 TEST_F(PropertyDocumentTest, LooksForNoKeyAndTempoInAnAudioPart)
 {
     const Object part = {{"key", "7"}, {"type", jsonString("audio")}, {"tempo", "12000"}};
@@ -170,21 +134,6 @@ TEST_F(PropertyDocumentTest, LooksForKeyAndTempoInThePartOnly)
     ASSERT_NE(clip, nullptr);
     EXPECT_EQ(KRT_PLX_ClipBase_partKey(clip), 0u);
     EXPECT_EQ(KRT_PLX_ClipBase_partTempo(clip), 0u);
-}
-
-TEST_F(PropertyDocumentTest, TakesAnyTextAsVendor)
-{
-    for (const std::string_view value : {"", " ", "Studio", "株式会社", "𝄞"}) {
-        KRT_PLX_ClipBase* clip = readWith("vendor", jsonString(value));
-        EXPECT_EQ(utf8(KRT_PLX_ClipBase_vendorName(clip)), value);
-    }
-}
-
-TEST_F(PropertyDocumentTest, IgnoresAVendorThatIsNoText)
-{
-    for (const std::string& value : notStrings()) {
-        EXPECT_EQ(utf8(KRT_PLX_ClipBase_vendorName(readWith("vendor", value))), "") << value;
-    }
 }
 
 TEST_F(PropertyDocumentTest, IgnoresKeysThatItDoesNotKnow)

@@ -3,6 +3,7 @@
 
 #include "support/editing.h"
 #include "support/limits.h"
+#include "support/properties.h"
 #include "support/saving.h"
 
 using support::largestUnsigned;
@@ -13,6 +14,8 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 namespace {
+
+const auto& [singerGroupTags, singerIDTags, typeTags, genreTags, tagsOfVendors] = support::tagLists;
 
 // A user clip with one of every property, "old" in its texts.
 class PropertyEditorTest : public HostTest {
@@ -27,37 +30,27 @@ protected:
     [[nodiscard]] std::string documentText() const { return support::readFile(document()); }
 
     // Every text of one of the clip's tag lists.
-    using Count = bool (*)(KRT_PLX_Filter*, std::uint64_t*);
-    using At = const KRT_PLX_Char* (*)(KRT_PLX_Filter*, std::uint64_t);
-    static std::vector<std::string> tags(KRT_PLX_ClipBase* of, Count count, At at)
+    static std::vector<std::string> tags(KRT_PLX_ClipBase* of, const support::TagList& list)
     {
         std::vector<std::string> texts;
         KRT_PLX_Filter* const filter = KRT_PLX_Clip_filter(of);
-        for (const KRT_PLX_Char* tag : support::elementsOf(count, at, filter)) {
+        for (const KRT_PLX_Char* tag : support::elementsOf(list.count, list.at, filter)) {
             texts.push_back(utf8(tag));
         }
         return texts;
     }
-    static std::vector<std::string> types(KRT_PLX_ClipBase* of)
-    {
-        return tags(of, KRT_PLX_Filter_numTypes, KRT_PLX_Filter_type);
-    }
-    static std::vector<std::string> genres(KRT_PLX_ClipBase* of)
-    {
-        return tags(of, KRT_PLX_Filter_numGenres, KRT_PLX_Filter_genre);
-    }
+    static std::vector<std::string> types(KRT_PLX_ClipBase* of) { return tags(of, typeTags); }
+    static std::vector<std::string> genres(KRT_PLX_ClipBase* of) { return tags(of, genreTags); }
     static std::vector<std::string> vendors(KRT_PLX_ClipBase* of)
     {
-        return tags(of, KRT_PLX_Filter_numVendors, KRT_PLX_Filter_vendor);
+        return tags(of, tagsOfVendors);
     }
 
     void expectUntouchedCategories(KRT_PLX_ClipBase* of)
     {
         KRT_PLX_Filter* const filter = KRT_PLX_Clip_filter(of);
-        EXPECT_THAT(tags(of, KRT_PLX_Filter_numSingerGroups, KRT_PLX_Filter_singerGroup),
-                    ElementsAre("Choir"));
-        EXPECT_THAT(tags(of, KRT_PLX_Filter_numSingerIDs, KRT_PLX_Filter_singerID),
-                    ElementsAre("singer"));
+        EXPECT_THAT(tags(of, singerGroupTags), ElementsAre("Choir"));
+        EXPECT_THAT(tags(of, singerIDTags), ElementsAre("singer"));
         EXPECT_EQ(KRT_PLX_Filter_language(filter, 0), 4);
         EXPECT_EQ(KRT_PLX_Filter_language(filter, 1), 0);
         EXPECT_EQ(support::countOf(KRT_PLX_Filter_numLanguages, filter), 2u);

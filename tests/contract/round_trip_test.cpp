@@ -6,23 +6,23 @@
 #include <map>
 #include <set>
 
-#include "clip_model.h"
-#include "random_clip.h"
+#include "support/clip_model.h"
+#include "support/random_clip.h"
 #include "support/saving.h"
 
-using contract::ClipModel;
-using contract::DvqmModel;
-using contract::EffectModel;
-using contract::LaneModel;
-using contract::NoteModel;
-using contract::ParameterModel;
-using contract::PartModel;
-using contract::PointModel;
-using contract::SingingSkillModel;
-using contract::VibratoModel;
+using support::ClipModel;
+using support::DvqmModel;
+using support::EffectModel;
 using support::Form;
+using support::LaneModel;
+using support::NoteModel;
+using support::ParameterModel;
+using support::PartModel;
+using support::PointModel;
+using support::propertyOf;
 using support::text;
 using support::utf8;
+using support::VibratoModel;
 
 namespace {
 
@@ -30,7 +30,7 @@ namespace {
 
 bool isWritten(const DvqmModel& dvqm)
 {
-    return !dvqm.compID.empty() && !dvqm.levelNames.empty();
+    return !dvqm.values[KRT_PLX_DvqmBase_compID].empty() && !dvqm.levelNames.empty();
 }
 
 DvqmModel reread(const DvqmModel& dvqm)
@@ -46,17 +46,19 @@ void dropPointsBeyond(std::int32_t duration, std::vector<PointModel>& points)
 
 VibratoModel reread(VibratoModel vibrato, std::int32_t noteDuration)
 {
-    if (vibrato.duration > noteDuration) {
-        return {vibrato.type, 0, {}, {}};
+    std::int32_t& duration = vibrato.values[KRT_PLX_VibratoBase_duration];
+    if (duration > noteDuration) {
+        duration = 0;
+        return {vibrato.values, {}, {}};
     }
-    dropPointsBeyond(vibrato.duration, vibrato.depths);
-    dropPointsBeyond(vibrato.duration, vibrato.rates);
+    dropPointsBeyond(duration, vibrato.depths);
+    dropPointsBeyond(duration, vibrato.rates);
     return vibrato;
 }
 
 void forgetTypeThree(NoteModel& note)
 {
-    note.aiExpression.fill(0.5f);
+    note.values.forget("aiExp");
     if (isWritten(note.attack) || isWritten(note.release)) {
         note.singingSkill = {};
     }
@@ -72,30 +74,32 @@ void forgetTypeTwo(NoteModel& note)
 
 NoteModel reread(NoteModel note, std::uint32_t partType)
 {
-    if (note.singingSkill.duration > note.duration) {
-        note.singingSkill.duration = 0;
+    const std::int32_t duration = note.values[KRT_PLX_NoteBase_duration];
+    std::int32_t& skillDuration = note.singingSkill[KRT_PLX_SingingSkillBase_duration];
+    if (skillDuration > duration) {
+        skillDuration = 0;
     }
     if (partType == KRT_PLX_PART_MIDI) {
         forgetTypeThree(note);
     } else {
         forgetTypeTwo(note);
     }
-    note.vibrato = reread(note.vibrato, note.duration);
+    note.vibrato = reread(note.vibrato, duration);
     return note;
 }
 
 constexpr std::uint32_t integerType = 1;
 constexpr std::uint32_t floatType = 2;
-constexpr float unsetFloat = std::numeric_limits<float>::min();
 
 ParameterModel reread(ParameterModel parameter, bool isAudio)
 {
+    float& number = parameter.values[KRT_PLX_EffectParameterBase_valueFloat];
     if (parameter.type == integerType && isAudio && parameter.name != "Bypass") {
-        parameter.valueFloat = static_cast<float>(parameter.valueInt32);
-        parameter.valueInt32 = std::numeric_limits<std::int32_t>::min();
+        number = static_cast<float>(parameter.values[KRT_PLX_EffectParameterBase_valueInt32]);
+        parameter.values[KRT_PLX_EffectParameterBase_valueInt32] = KRT_PLX_VALUE_UNSET_INT32;
         parameter.type = floatType;
-    } else if (parameter.valueFloat == std::numeric_limits<float>::lowest()) {
-        parameter.valueFloat = unsetFloat;
+    } else if (number == std::numeric_limits<float>::lowest()) {
+        number = propertyOf(KRT_PLX_EffectParameterBase_valueFloat).initial;
     }
     return parameter;
 }
@@ -114,11 +118,10 @@ void rereadEffects(std::vector<EffectModel>& effects, bool areAudio)
 void forgetOtherVoice(PartModel& part)
 {
     if (part.type == KRT_PLX_PART_MIDI) {
-        part.aiVoiceBankID.clear();
+        part.values.forget("aiVoice");
         part.aiLangIDs.clear();
     } else {
-        part.voiceBankID.clear();
-        part.langID = KRT_PLX_NO_LANGUAGE;
+        part.values.forget("voice");
     }
 }
 
@@ -133,21 +136,20 @@ void rereadMidi(PartModel& part)
 
 bool hasWrittenTag(const ClipModel& clip)
 {
-    return !clip.singerGroups.empty() || !clip.languages.empty() || !clip.singerIDs.empty() ||
-           !clip.types.empty() || !clip.genres.empty();
+    return !clip.languages.empty() ||
+           std::ranges::any_of(clip.tags, [](const auto& tags) { return !tags.empty(); });
 }
 
 ClipModel reread(ClipModel clip, const std::string& wavePath)
 {
-    clip.vendors.clear();
+    clip.vendors().clear();
     if (hasWrittenTag(clip)) {
-        clip.vendors.push_back(clip.vendorName);
+        clip.vendors().push_back(clip.values[KRT_PLX_ClipBase_vendorName]);
     }
     rereadEffects(clip.part.audioEffects, true);
     rereadEffects(clip.part.midiEffects, false);
     if (clip.part.type == KRT_PLX_PART_AUDIO) {
-        clip.partKey = 0;
-        clip.partTempo = 0;
+        clip.values.forget("part");
         clip.part.wavFilePath = wavePath;
     } else {
         rereadMidi(clip.part);
@@ -163,13 +165,13 @@ class RoundTrip : public SaveTest, public testing::WithParamInterface<std::uint3
 protected:
     void saveInBothForms(KRT_PLX_ClipBase* own, const std::string& name)
     {
-        const ClipModel model = contract::modelOfEditable(own);
+        const ClipModel model = support::modelOfEditable(own);
         for (const Form form : {Form::compact, Form::indented}) {
             const auto [saved, code] = support::save(own, name, form);
             ASSERT_EQ(code, KRT_PLX_RESULT_OK) << name;
             expected.emplace(utf8(KRT_PLX_Clip_id(saved)), model);
         }
-        EXPECT_EQ(describe(contract::modelOfEditable(own)), describe(model));
+        EXPECT_EQ(support::describe(support::modelOfEditable(own)), support::describe(model));
     }
 
     void expectReread(KRT_PLX_ClipBase* found)
@@ -179,7 +181,7 @@ protected:
         ASSERT_TRUE(KRT_PLX_Clip_readPart(found));
         const support::Path wave = userFolder() / id / "audio" / "take.wav";
         const ClipModel wanted = reread(expected.at(id), utf8(support::pathText(wave)));
-        EXPECT_EQ(describe(contract::modelOfRead(found)), describe(wanted));
+        EXPECT_EQ(support::describe(support::modelOfRead(found)), support::describe(wanted));
         if (wanted.part.type == KRT_PLX_PART_AUDIO) {
             EXPECT_EQ(support::readFile(wave), "RIFF");
         }
@@ -194,7 +196,7 @@ TEST_P(RoundTrip, GivesBackWhatIsNotLost)
     const support::Path wave = addWaveFile();
     for (std::uint32_t i = 0; i < clipsPerSeed; ++i) {
         KRT_PLX_ClipBase* const own = createMutableClip();
-        contract::fillRandomly(own, random, wave);
+        fillRandomly(own, random, wave);
         ASSERT_NO_FATAL_FAILURE(saveInBothForms(own, "Clip " + std::to_string(i)));
         KRT_PLX_MutableClip_destroy(own);
     }

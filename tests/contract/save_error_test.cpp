@@ -3,7 +3,7 @@
 #include <functional>
 #include <limits>
 
-#include "clip_model.h"
+#include "support/clip_model.h"
 #include "support/editing.h"
 #include "support/saving.h"
 
@@ -258,9 +258,9 @@ TEST_F(SaveError, LeavesTheEditableClipAsItWas)
     KRT_PLX_PartBase* const part = support::createMidiAiPart(clip);
     KRT_PLX_NoteBase* const note = support::insertNote(part, 0);
     KRT_PLX_MutableNote_setPitchFine(note, std::numeric_limits<float>::quiet_NaN());
-    const std::string before = describe(contract::modelOfEditable(clip));
+    const std::string before = describe(support::modelOfEditable(clip));
     expectRefused(KRT_PLX_RESULT_FILE_NOT_WRITTEN);
-    EXPECT_EQ(describe(contract::modelOfEditable(clip)), before);
+    EXPECT_EQ(describe(support::modelOfEditable(clip)), before);
     KRT_PLX_MutableNote_setPitchFine(note, 0.5f);
     EXPECT_EQ(support::save(clip).code, KRT_PLX_RESULT_OK);
 }

@@ -4,9 +4,9 @@
 #include <set>
 #include <vector>
 
-#include "clip_model.h"
-#include "random_clip.h"
+#include "support/clip_model.h"
 #include "support/editing.h"
+#include "support/random_clip.h"
 #include "support/saving.h"
 
 using support::Path;
@@ -182,10 +182,10 @@ TEST_F(SaveTest, LeavesTheEditableClipAsItWas)
     const Path wave = addWaveFile();
     for (int i = 0; i < 20; ++i) {
         KRT_PLX_ClipBase* const own = createMutableClip();
-        contract::fillRandomly(own, random, wave);
-        const std::string before = describe(contract::modelOfEditable(own));
+        support::fillRandomly(own, random, wave);
+        const std::string before = describe(support::modelOfEditable(own));
         ASSERT_NE(support::save(own).clip, nullptr);
-        EXPECT_EQ(describe(contract::modelOfEditable(own)), before);
+        EXPECT_EQ(describe(support::modelOfEditable(own)), before);
         EXPECT_TRUE(KRT_PLX_Manager_hasMutableClip(manager(), own));
     }
 }

@@ -1,7 +1,8 @@
 // Whole clips with everything in them, saved in both forms and compared byte by byte with the
 // documents in expected/. There the word ID stands for the clip's ID.
-#include "clip_model.h"
+
 #include "support/editing.h"
+#include "support/properties.h"
 #include "support/saving.h"
 
 using support::addParameter;
@@ -90,9 +91,9 @@ void setExpression(KRT_PLX_NoteBase* note, const std::array<std::uint32_t, 4>& v
 
 void setAiExpression(KRT_PLX_NoteBase* note, const std::array<float, 13>& values)
 {
-    for (std::size_t i = 0; i < values.size(); ++i) {
-        contract::aiExpressionFields[i].set(note, values[i]);
-    }
+    auto next = values.begin();
+    support::forEachProperty<KRT_PLX_NoteBase, float>(
+        [&](const auto& property) { property.set(note, *next++); });
 }
 
 void setSkill(KRT_PLX_NoteBase* note, std::int32_t duration, std::uint32_t pre, std::uint32_t post)
@@ -111,15 +112,28 @@ KRT_PLX_VibratoBase* setVibrato(KRT_PLX_NoteBase* note, std::uint32_t type, std:
     return vibrato;
 }
 
+struct Point {
+    std::int32_t pos;
+    std::uint32_t value;
+};
+
 void addPoints(KRT_PLX_VibratoBase* vibrato, std::uint32_t type,
-               std::initializer_list<contract::PointModel> points)
+               std::initializer_list<Point> points)
 {
-    for (const contract::PointModel& point : points) {
+    for (const Point& point : points) {
         KRT_PLX_MutableVibrato_insertParameter(vibrato, type, point.pos, point.value);
     }
 }
 
-void setDvqm(KRT_PLX_DvqmBase* dvqm, const contract::DvqmModel& values)
+struct Dvqm {
+    std::string compID;
+    std::vector<std::string> levelNames;
+    bool isProtected;
+    std::uint32_t speed;
+    float topFactor;
+};
+
+void setDvqm(KRT_PLX_DvqmBase* dvqm, const Dvqm& values)
 {
     KRT_PLX_MutableDvqm_setCompID(dvqm, text(values.compID).c_str());
     for (const std::string& level : values.levelNames) {
@@ -130,11 +144,21 @@ void setDvqm(KRT_PLX_DvqmBase* dvqm, const contract::DvqmModel& values)
     KRT_PLX_MutableDvqm_setTopFactor(dvqm, values.topFactor);
 }
 
-void addLane(KRT_PLX_PartBase* part, const contract::LaneModel& lane)
+struct Event {
+    std::int32_t pos;
+    std::int32_t value;
+};
+
+struct Lane {
+    std::uint32_t type;
+    std::vector<Event> events;
+};
+
+void addLane(KRT_PLX_PartBase* part, const Lane& lane)
 {
     KRT_PLX_MidiControllerBase* const own =
         KRT_PLX_MutableMidiPart_addMidiController(part, lane.type);
-    for (const contract::EventModel& event : lane.events) {
+    for (const Event& event : lane.events) {
         KRT_PLX_MutableMidiController_insertEvent(own, event.pos, event.value);
     }
 }

@@ -3,12 +3,12 @@
 #include <cmath>
 #include <limits>
 
-#include "clip_model.h"
+#include "support/clip_model.h"
 #include "support/editing.h"
 #include "support/saving.h"
 
-using contract::ClipModel;
-using contract::NoteModel;
+using support::ClipModel;
+using support::NoteModel;
 using support::text;
 using support::utf8;
 using testing::ElementsAre;
@@ -31,7 +31,7 @@ protected:
         EXPECT_EQ(KRT_PLX_Manager_readAllClipFiles(other.get()), KRT_PLX_RESULT_OK);
         KRT_PLX_ClipBase* const found = support::findUserClip(other.get(), id);
         EXPECT_TRUE(KRT_PLX_Clip_readPart(found));
-        return contract::modelOfRead(found);
+        return support::modelOfRead(found);
     }
 
     // The one note of the clip.
@@ -46,11 +46,11 @@ TEST_F(SavedLoss, VendorTagsBecomeTheVendorName)
     KRT_PLX_Filter* const tags = KRT_PLX_MutableClip_filter(clip);
     KRT_PLX_MutableFilter_addVendor(tags, text("one").c_str());
     KRT_PLX_MutableFilter_addVendor(tags, text("two").c_str());
-    EXPECT_THAT(reread().vendors, IsEmpty());
+    EXPECT_THAT(reread().vendors(), IsEmpty());
     KRT_PLX_MutableFilter_addType(tags, text("type").c_str());
-    EXPECT_THAT(reread().vendors, ElementsAre(""));
+    EXPECT_THAT(reread().vendors(), ElementsAre(""));
     KRT_PLX_MutableClip_setVendorName(clip, text("Studio").c_str());
-    EXPECT_THAT(reread().vendors, ElementsAre("Studio"));
+    EXPECT_THAT(reread().vendors(), ElementsAre("Studio"));
 }
 
 // --- Audio parts ------------------------------------------------------------------------------------
@@ -62,8 +62,8 @@ TEST_F(SavedLoss, OfAudioClipsKeyTempoAndRegion)
     KRT_PLX_PartBase* const part = support::createAudioPart(clip, addWaveFile());
     EXPECT_TRUE(KRT_PLX_MutableAudioPart_setRegion(part, 10, 20));
     const ClipModel found = reread();
-    EXPECT_EQ(found.partKey, 0u);
-    EXPECT_EQ(found.partTempo, 0u);
+    EXPECT_EQ(found.values[KRT_PLX_ClipBase_partKey], 0u);
+    EXPECT_EQ(found.values[KRT_PLX_ClipBase_partTempo], 0u);
     EXPECT_EQ(found.part.begin, 0);
     EXPECT_EQ(found.part.end, 0);
 }
@@ -84,17 +84,17 @@ TEST_F(SavedLoss, OfPartsTheVoiceOfTheOtherType)
     KRT_PLX_MutableMidiPart_setAiVoiceBankID(part, text("0123456789abcdef").c_str());
     KRT_PLX_MutableMidiPart_addAiLangID(part, 3);
     const ClipModel midi = reread();
-    EXPECT_EQ(midi.part.voiceBankID, support::voiceBankID);
-    EXPECT_EQ(midi.part.aiVoiceBankID, "");
+    EXPECT_EQ(midi.part.values[KRT_PLX_MidiPartBase_voiceBankID], support::voiceBankID);
+    EXPECT_EQ(midi.part.values[KRT_PLX_MidiPartBase_aiVoiceBankID], "");
     EXPECT_THAT(midi.part.aiLangIDs, IsEmpty());
 
     part = support::createMidiAiPart(clip);
     KRT_PLX_MutableMidiPart_setVoiceBankID(part, text("0123456789abcdef").c_str());
     KRT_PLX_MutableMidiPart_setLangID(part, 3);
     const ClipModel midiAi = reread();
-    EXPECT_EQ(midiAi.part.aiVoiceBankID, support::voiceBankID);
-    EXPECT_EQ(midiAi.part.voiceBankID, "");
-    EXPECT_EQ(midiAi.part.langID, KRT_PLX_NO_LANGUAGE);
+    EXPECT_EQ(midiAi.part.values[KRT_PLX_MidiPartBase_aiVoiceBankID], support::voiceBankID);
+    EXPECT_EQ(midiAi.part.values[KRT_PLX_MidiPartBase_voiceBankID], "");
+    EXPECT_EQ(midiAi.part.values[KRT_PLX_MidiPartBase_langID], KRT_PLX_NO_LANGUAGE);
 }
 
 TEST_F(SavedLoss, LanesWithoutEvents)
@@ -114,11 +114,15 @@ TEST_F(SavedLoss, TheAiExpressionOfVoiceBanks)
 {
     for (const auto create : {support::createMidiPart, support::createMidiAiPart}) {
         KRT_PLX_NoteBase* const note = support::insertNote(create(clip), 0);
-        for (const contract::AiExpressionField& field : contract::aiExpressionFields) {
-            field.set(note, 0.25f);
-        }
-        EXPECT_THAT(rereadNote().aiExpression,
-                    testing::Each(create == support::createMidiPart ? 0.5f : 0.25f));
+        const NoteModel before = rereadNote();
+        support::forEachProperty<KRT_PLX_NoteBase, float>(
+            [=](const auto& property) { property.set(note, 0.25f); });
+        const bool isLost = create == support::createMidiPart;
+        const NoteModel found = rereadNote();
+        support::forEachProperty<KRT_PLX_NoteBase, float>([&](const auto& property) {
+            EXPECT_EQ(found.values[property.get], isLost ? before.values[property.get] : 0.25f)
+                << support::nameOf(property);
+        });
     }
 }
 
@@ -131,11 +135,11 @@ void name(KRT_PLX_DvqmBase* dvqm, int levelNames)
     KRT_PLX_MutableDvqm_setSpeed(dvqm, 3);
 }
 
-void expectLost(const contract::DvqmModel& dvqm)
+void expectLost(const support::DvqmModel& dvqm)
 {
-    EXPECT_EQ(dvqm.compID, "");
+    EXPECT_EQ(dvqm.values[KRT_PLX_DvqmBase_compID], "");
     EXPECT_THAT(dvqm.levelNames, IsEmpty());
-    EXPECT_EQ(dvqm.speed, 50u);
+    EXPECT_EQ(dvqm.values[KRT_PLX_DvqmBase_speed], 50u);
 }
 
 TEST_F(SavedLoss, TheAttackAndReleaseOfAiVoices)
@@ -147,7 +151,7 @@ TEST_F(SavedLoss, TheAttackAndReleaseOfAiVoices)
     const NoteModel found = rereadNote();
     expectLost(found.attack);
     expectLost(found.release);
-    EXPECT_EQ(found.singingSkill.duration, 100);
+    EXPECT_EQ(found.singingSkill[KRT_PLX_SingingSkillBase_duration], 100);
 }
 
 TEST_F(SavedLoss, AnAttackWithFiveLevels)
@@ -157,9 +161,9 @@ TEST_F(SavedLoss, AnAttackWithFiveLevels)
     name(KRT_PLX_MutableNote_dvqm(note, false), 4);
     const NoteModel found = rereadNote();
     expectLost(found.attack);
-    EXPECT_EQ(found.release.compID, "ID");
+    EXPECT_EQ(found.release.values[KRT_PLX_DvqmBase_compID], "ID");
     EXPECT_THAT(found.release.levelNames, ElementsAre("1", "2", "3", "4"));
-    EXPECT_EQ(found.release.speed, 3u);
+    EXPECT_EQ(found.release.values[KRT_PLX_DvqmBase_speed], 3u);
 }
 
 TEST_F(SavedLoss, TheSingingSkillBesideAnAttackOrRelease)
@@ -174,12 +178,12 @@ TEST_F(SavedLoss, TheSingingSkillBesideAnAttackOrRelease)
             KRT_PLX_MutableSingingSkill_setPostWeight(skill, 2);
             KRT_PLX_MutableDvqm_setCompID(KRT_PLX_MutableNote_dvqm(note, isAttack),
                                           text("no levels yet").c_str());
-            EXPECT_EQ(rereadNote().singingSkill.duration, 100);
+            EXPECT_EQ(rereadNote().singingSkill[KRT_PLX_SingingSkillBase_duration], 100);
             name(KRT_PLX_MutableNote_dvqm(note, isAttack), levels);
-            const contract::SingingSkillModel found = rereadNote().singingSkill;
-            EXPECT_EQ(found.duration, 0);
-            EXPECT_EQ(found.preWeight, 64u);
-            EXPECT_EQ(found.postWeight, 64u);
+            const auto found = rereadNote().singingSkill;
+            EXPECT_EQ(found[KRT_PLX_SingingSkillBase_duration], 0);
+            EXPECT_EQ(found[KRT_PLX_SingingSkillBase_preWeight], 64u);
+            EXPECT_EQ(found[KRT_PLX_SingingSkillBase_postWeight], 64u);
         }
     }
 }
@@ -191,10 +195,10 @@ TEST_F(SavedLoss, ASingingSkillLongerThanItsShortenedNote)
     KRT_PLX_MutableSingingSkill_setDuration(skill, 480);
     KRT_PLX_MutableSingingSkill_setPreWeight(skill, 1);
     KRT_PLX_MutableNote_setDuration(note, 479);
-    EXPECT_EQ(rereadNote().singingSkill.duration, 0);
-    EXPECT_EQ(rereadNote().singingSkill.preWeight, 1u);
+    EXPECT_EQ(rereadNote().singingSkill[KRT_PLX_SingingSkillBase_duration], 0);
+    EXPECT_EQ(rereadNote().singingSkill[KRT_PLX_SingingSkillBase_preWeight], 1u);
     KRT_PLX_MutableNote_setDuration(note, 480);
-    EXPECT_EQ(rereadNote().singingSkill.duration, 480);
+    EXPECT_EQ(rereadNote().singingSkill[KRT_PLX_SingingSkillBase_duration], 480);
 }
 
 TEST_F(SavedLoss, AVibratoLongerThanItsShortenedNote)
@@ -206,9 +210,9 @@ TEST_F(SavedLoss, AVibratoLongerThanItsShortenedNote)
     KRT_PLX_MutableVibrato_insertParameter(vibrato, 0, 0, 1);
     KRT_PLX_MutableVibrato_insertParameter(vibrato, 1, 0, 1);
     KRT_PLX_MutableNote_setDuration(note, 479);
-    const contract::VibratoModel found = rereadNote().vibrato;
-    EXPECT_EQ(found.type, 5u);
-    EXPECT_EQ(found.duration, 0);
+    const support::VibratoModel found = rereadNote().vibrato;
+    EXPECT_EQ(found.values[KRT_PLX_VibratoBase_type], 5u);
+    EXPECT_EQ(found.values[KRT_PLX_VibratoBase_duration], 0);
     EXPECT_THAT(found.depths, IsEmpty());
     EXPECT_THAT(found.rates, IsEmpty());
 }
@@ -222,8 +226,8 @@ TEST_F(SavedLoss, PointsBeyondAShortenedVibrato)
         KRT_PLX_MutableVibrato_insertParameter(vibrato, 0, pos, 1);
     }
     KRT_PLX_MutableVibrato_setDuration(vibrato, 100);
-    const contract::VibratoModel found = rereadNote().vibrato;
-    EXPECT_EQ(found.duration, 100);
+    const support::VibratoModel found = rereadNote().vibrato;
+    EXPECT_EQ(found.values[KRT_PLX_VibratoBase_duration], 100);
     ASSERT_EQ(found.depths.size(), 2u);
     EXPECT_EQ(found.depths[1].pos, 100);
 }
@@ -262,13 +266,13 @@ TEST_F(SavedParameter, IntegersOfAudioEffectsBecomeFloats)
     const ClipModel found = reread();
     const auto& audio = found.part.audioEffects.at(0).parameters;
     EXPECT_EQ(audio.at(0).type, 1u);
-    EXPECT_EQ(audio.at(0).valueInt32, 1);
+    EXPECT_EQ(audio.at(0).values[KRT_PLX_EffectParameterBase_valueInt32], 1);
     EXPECT_EQ(audio.at(1).type, 2u);
-    EXPECT_EQ(audio.at(1).valueFloat, 7.0f);
-    EXPECT_EQ(audio.at(1).valueInt32, smallestInt);
+    EXPECT_EQ(audio.at(1).values[KRT_PLX_EffectParameterBase_valueFloat], 7.0f);
+    EXPECT_EQ(audio.at(1).values[KRT_PLX_EffectParameterBase_valueInt32], smallestInt);
     const auto& midi = found.part.midiEffects.at(0).parameters;
     EXPECT_EQ(midi.at(1).type, 1u);
-    EXPECT_EQ(midi.at(1).valueInt32, 7);
+    EXPECT_EQ(midi.at(1).values[KRT_PLX_EffectParameterBase_valueInt32], 7);
 }
 
 TEST_F(SavedParameter, TheLowestFloatBecomesTheUnsetMark)
@@ -280,9 +284,9 @@ TEST_F(SavedParameter, TheLowestFloatBecomesTheUnsetMark)
     const ClipModel found = reread();
     const auto& parameters = found.part.midiEffects.at(0).parameters;
     EXPECT_EQ(parameters.at(0).type, 2u);
-    EXPECT_EQ(parameters.at(0).valueFloat, smallestFloat);
-    EXPECT_EQ(parameters.at(1).valueFloat, largestFloat);
-    EXPECT_EQ(parameters.at(2).valueFloat, kept);
+    EXPECT_EQ(parameters.at(0).values[KRT_PLX_EffectParameterBase_valueFloat], smallestFloat);
+    EXPECT_EQ(parameters.at(1).values[KRT_PLX_EffectParameterBase_valueFloat], largestFloat);
+    EXPECT_EQ(parameters.at(2).values[KRT_PLX_EffectParameterBase_valueFloat], kept);
 }
 
 } // namespace

@@ -5,35 +5,18 @@
 
 #include "sequence.h"
 #include "support/editing.h"
+#include "support/properties.h"
 #include "support/random.h"
 
 using sequence::steps;
 using support::Random;
+using support::tagLists;
 using support::text;
 using support::utf8;
 
 namespace {
 
-struct TagList {
-    bool (*count)(KRT_PLX_Filter*, std::uint64_t*);
-    const KRT_PLX_Char* (*at)(KRT_PLX_Filter*, std::uint64_t);
-    bool (*add)(KRT_PLX_Filter*, const KRT_PLX_Char*);
-    bool (*remove)(KRT_PLX_Filter*, const KRT_PLX_Char*);
-};
-
-const TagList tagLists[] = {
-    {KRT_PLX_Filter_numVendors, KRT_PLX_Filter_vendor, KRT_PLX_MutableFilter_addVendor,
-     KRT_PLX_MutableFilter_removeVendor},
-    {KRT_PLX_Filter_numSingerGroups, KRT_PLX_Filter_singerGroup,
-     KRT_PLX_MutableFilter_addSingerGroup, KRT_PLX_MutableFilter_removeSingerGroup},
-    {KRT_PLX_Filter_numSingerIDs, KRT_PLX_Filter_singerID, KRT_PLX_MutableFilter_addSingerID,
-     KRT_PLX_MutableFilter_removeSingerID},
-    {KRT_PLX_Filter_numTypes, KRT_PLX_Filter_type, KRT_PLX_MutableFilter_addType,
-     KRT_PLX_MutableFilter_removeType},
-    {KRT_PLX_Filter_numGenres, KRT_PLX_Filter_genre, KRT_PLX_MutableFilter_addGenre,
-     KRT_PLX_MutableFilter_removeGenre},
-};
-constexpr std::size_t vendors = 0;
+constexpr std::size_t vendors = tagLists.size() - 1;
 
 class FilterSequence : public HostTest, public testing::WithParamInterface<std::uint32_t> {
 protected:

@@ -200,26 +200,6 @@ TEST_P(VibratoPointsDocumentTest, AreSkippedWhenTheyAreNoObjects)
     EXPECT_EQ(readPoints(array(elements)), (Points{{7, 8}}));
 }
 
-TEST_P(VibratoPointsDocumentTest, NeedAPositionWithinTheVibrato)
-{
-    support::expectRequiredInteger({0, 120}, [this](const auto& value) {
-        const Object object = Object{{"value", "64"}}.with("pos", value);
-        const Points points = readPoints(array({object}));
-        return points.size() == 1 && points[0].second == 64 &&
-               std::to_string(points[0].first) == value;
-    });
-}
-
-TEST_P(VibratoPointsDocumentTest, NeedAValueFrom0To127)
-{
-    support::expectRequiredInteger({0, 127}, [this](const auto& value) {
-        const Object object = Object{{"pos", "60"}}.with("value", value);
-        const Points points = readPoints(array({object}));
-        return points.size() == 1 && points[0].first == 60 &&
-               std::to_string(points[0].second) == value;
-    });
-}
-
 TEST_P(VibratoPointsDocumentTest, StandInTheOrderOfPositions)
 {
     EXPECT_EQ(readPoints(array({point(90, 1), point(0, 2), point(120, 3), point(45, 4)})),

@@ -9,9 +9,9 @@
 #include <gtest/gtest.h>
 
 #include "allocations.h"
-#include "contract/clip_model.h"
 #include "figures.h"
 #include "operations.h"
+#include "support/clip_model.h"
 #include "support/editing.h"
 #include "support/host.h"
 
@@ -35,7 +35,7 @@ const std::vector<std::vector<const Operations*>>& sequences()
 
 std::string describe(const Desk& desk)
 {
-    return desk.clip == nullptr ? "" : contract::describe(contract::modelOfEditable(desk.clip));
+    return desk.clip == nullptr ? "" : support::describe(support::modelOfEditable(desk.clip));
 }
 
 using Fail = void (*)(long number);

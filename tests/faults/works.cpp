@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "contract/clip_model.h"
+#include "support/clip_model.h"
 
 namespace faults {
 

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "contract/clip_model.h"
+#include "support/clip_model.h"
 
 namespace faults {
 
@@ -50,7 +50,7 @@ std::string describe(KRT_PLX_ClipBase* clip)
     const bool hasPart =
         KRT_PLX_Clip_midiPart(clip) != nullptr || KRT_PLX_Clip_audioPart(clip) != nullptr;
     return describeProperties(clip) +
-           (hasPart ? contract::describe(contract::modelOfRead(clip)) : "");
+           (hasPart ? support::describe(support::modelOfRead(clip)) : "");
 }
 
 void addListed(std::map<std::string, std::string>& listed, KRT_PLX_Manager* manager, ClipAt clipAt)
@@ -168,7 +168,7 @@ std::string World::folderOf(KRT_PLX_ClipBase* listed) const
 Sight World::look() const
 {
     return {describeListed(manager),
-            editable == nullptr ? "" : contract::describe(contract::modelOfEditable(editable)),
+            editable == nullptr ? "" : support::describe(support::modelOfEditable(editable)),
             support::treeOf(disk_)};
 }
 

@@ -33,7 +33,7 @@ protected:
         } else {
             EXPECT_EQ(Schema("data").complaint(document), "") << text;
             EXPECT_NE(readPart(text), nullptr) << text;
-            EXPECT_EQ(tallyOf(contract::modelOfRead(clipOfPart()).part), tallyOf(document)) << text;
+            EXPECT_EQ(tallyOf(support::modelOfRead(clipOfPart()).part), tallyOf(document)) << text;
         }
     }
 

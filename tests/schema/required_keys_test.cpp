@@ -2,8 +2,8 @@
 // refuses the document exactly when the reader refuses the clip or the part, or leaves something out.
 #include <set>
 
-#include "contract/random_clip.h"
 #include "schema.h"
+#include "support/random_clip.h"
 #include "support/reading.h"
 #include "support/saving.h"
 #include "tally.h"
@@ -89,7 +89,7 @@ protected:
 private:
     static bool nothingIsLeftOut(KRT_PLX_ClipBase* clip, const Document& document)
     {
-        return tallyOf(contract::modelOfRead(clip).part) == tallyOf(document);
+        return tallyOf(support::modelOfRead(clip).part) == tallyOf(document);
     }
 };
 
@@ -165,7 +165,7 @@ protected:
     Documents saveRandomClip(support::Random& random)
     {
         KRT_PLX_ClipBase* const clip = createMutableClip();
-        contract::fillRandomly(clip, random, clipFolder() / "audio" / "take.wav");
+        support::fillRandomly(clip, random, clipFolder() / "audio" / "take.wav");
         const std::string id = support::utf8(KRT_PLX_Clip_id(support::save(clip).clip));
         KRT_PLX_MutableClip_destroy(clip);
         const support::Path folder = userFolder() / id;
@@ -178,7 +178,7 @@ TEST_F(SavedClipsTest, DataDocuments)
 {
     support::Random random(61);
     std::size_t required = 0;
-    for (int left = 40; left > 0;) {
+    for (int left = 45; left > 0;) {
         const Document document = saveRandomClip(random).data;
         if (!isTakenWhole(document)) {
             continue;

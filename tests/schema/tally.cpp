@@ -85,17 +85,17 @@ const Value* partOf(const Value& document)
     return nullptr;
 }
 
-void addEffects(Tally& tally, const std::vector<contract::EffectModel>& effects)
+void addEffects(Tally& tally, const std::vector<support::EffectModel>& effects)
 {
     tally.effects += effects.size();
-    for (const contract::EffectModel& effect : effects) {
+    for (const support::EffectModel& effect : effects) {
         tally.parameters += effect.parameters.size();
     }
 }
 
-void addVoiceQuality(Tally& tally, const contract::DvqmModel& quality)
+void addVoiceQuality(Tally& tally, const support::DvqmModel& quality)
 {
-    tally.voiceQualities += quality.compID.empty() ? 0 : 1;
+    tally.voiceQualities += quality.values[KRT_PLX_DvqmBase_compID].empty() ? 0 : 1;
     tally.levelNames += quality.levelNames.size();
 }
 
@@ -126,20 +126,20 @@ Tally tallyOf(const Value& document)
     return tally;
 }
 
-Tally tallyOf(const contract::PartModel& part)
+Tally tallyOf(const support::PartModel& part)
 {
     Tally tally;
     tally.aiLanguages = part.aiLangIDs.size();
     addEffects(tally, part.audioEffects);
     addEffects(tally, part.midiEffects);
     tally.notes = part.notes.size();
-    for (const contract::NoteModel& note : part.notes) {
+    for (const support::NoteModel& note : part.notes) {
         addVoiceQuality(tally, note.attack);
         addVoiceQuality(tally, note.release);
         tally.points += note.vibrato.depths.size() + note.vibrato.rates.size();
     }
     tally.lanes = part.lanes.size();
-    for (const contract::LaneModel& lane : part.lanes) {
+    for (const support::LaneModel& lane : part.lanes) {
         tally.events += lane.events.size();
     }
     return tally;

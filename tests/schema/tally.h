@@ -4,8 +4,8 @@
 #include <cstddef>
 #include <ostream>
 
-#include "contract/clip_model.h"
 #include "schema.h"
+#include "support/clip_model.h"
 
 namespace schema {
 
@@ -28,6 +28,6 @@ std::ostream& operator<<(std::ostream& stream, const Tally& tally);
 Tally tallyOf(const Value& document);
 
 // Of the part that the library read.
-Tally tallyOf(const contract::PartModel& part);
+Tally tallyOf(const support::PartModel& part);
 
 } // namespace schema

@@ -1,6 +1,6 @@
 // Every document that the library writes is valid.
-#include "contract/random_clip.h"
 #include "schema.h"
+#include "support/random_clip.h"
 #include "support/saving.h"
 
 using schema::parse;
@@ -26,7 +26,7 @@ TEST_F(WrittenDocumentsTest, OfRandomClips)
     const support::Path wave = addWaveFile();
     support::Random random(606);
     for (int i = 0; i < 150; ++i) {
-        contract::fillRandomly(clip, random, wave);
+        support::fillRandomly(clip, random, wave);
         expectValid(save(random.oneIn(2) ? Form::compact : Form::indented));
         if (HasFailure()) {
             break;

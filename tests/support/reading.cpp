@@ -87,20 +87,6 @@ std::ostream& operator<<(std::ostream& stream, const Acceptance& acceptance)
     return stream;
 }
 
-void expectOptionalInteger(IntegerRange range, std::int64_t initial, const ReadInteger& read)
-{
-    EXPECT_EQ(read(std::nullopt), initial) << "absent";
-    for (const std::int64_t value : within(range)) {
-        EXPECT_EQ(read(std::to_string(value)), value);
-    }
-    for (const std::int64_t value : outside(range)) {
-        EXPECT_EQ(read(std::to_string(value)), initial) << value;
-    }
-    for (const std::string& value : notIntegers()) {
-        EXPECT_EQ(read(value), initial) << value;
-    }
-}
-
 void expectRequiredInteger(IntegerRange range, const Accepts& accepts)
 {
     EXPECT_FALSE(accepts(std::nullopt)) << "absent";

@@ -52,20 +52,14 @@ std::uint64_t count(bool (*function)(Handle*, std::uint64_t*), Handle* handle)
     return result;
 }
 
-// Reads a document with this value at the key in question, or without the key, and tells what the
-// field then holds.
-using ReadInteger = std::function<std::int64_t(const std::optional<std::string>& value)>;
-// The same, and tells whether the object that needs the key was taken.
+// Reads a document with this value at the key in question, or without the key, and tells whether the
+// object that needs the key was taken.
 using Accepts = std::function<bool(const std::optional<std::string>& value)>;
 
 struct IntegerRange {
     std::int64_t minimum;
     std::int64_t maximum;
 };
-
-// The values on the bounds and within are read as they are; all others, and a missing key, leave the
-// initial value.
-void expectOptionalInteger(IntegerRange range, std::int64_t initial, const ReadInteger& read);
 
 // The values on the bounds and within are accepted; all others, and a missing key, are not.
 void expectRequiredInteger(IntegerRange range, const Accepts& accepts);

@@ -1,22 +1,17 @@
-#include "random_clip.h"
+#include "support/random_clip.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <string>
+#include <type_traits>
 
-#include "clip_model.h"
-#include "support/limits.h"
+#include "support/properties.h"
 #include "support/text.h"
 
-namespace contract {
-
-using support::largest;
-using support::smallest;
+namespace support {
 
 namespace {
-
-using support::Random;
-using support::Text;
 
 // Every control character, what JSON escapes, and each length of UTF-8.
 Text someCharacter(Random& random)
@@ -47,17 +42,17 @@ Text someCharacter(Random& random)
                                              "𐀀",
                                              "𠮷",
                                              "\xF4\x8F\xBF\xBF"};
-    return support::text(random.oneOf(characters));
+    return text(random.oneOf(characters));
 }
 
 Text someText(Random& random, std::size_t shortest = 0)
 {
-    Text text;
+    Text result;
     const std::size_t length = shortest + random.below(random.oneIn(30) ? 600 : 8);
-    while (text.size() < length) {
-        text += someCharacter(random);
+    while (result.size() < length) {
+        result += someCharacter(random);
     }
-    return text;
+    return result;
 }
 
 // Few different ones, so that repetitions occur.
@@ -65,7 +60,7 @@ Text someTag(Random& random)
 {
     static const char* const tags[] = {"",     "Pop",    "pop",
                                        "Rock", "ロック", "A longer tag, \"quoted\""};
-    return random.oneIn(3) ? someText(random) : support::text(random.oneOf(tags));
+    return random.oneIn(3) ? someText(random) : text(random.oneOf(tags));
 }
 
 Text someVoiceBankID(Random& random)
@@ -122,16 +117,76 @@ bool coin(Random& random)
     return random.oneIn(2);
 }
 
+// --- Properties -------------------------------------------------------------------------------------
+
+// Wide ranges are short at their beginning.
+template <class Handle>
+std::int32_t someValue(const Property<Handle, std::int32_t>& property, Handle* handle,
+                       Random& random)
+{
+    const std::int32_t low = property.leastOf(handle);
+    const std::int32_t high = property.mostOf(handle);
+    const std::int32_t bounds[] = {low, high};
+    return random.oneIn(3) ? random.oneOf(bounds)
+                           : random.between(low, std::min(high, std::max(low, 0) + 9999));
+}
+
+template <class Handle>
+std::uint32_t someValue(const Property<Handle, std::uint32_t>& property, Handle*, Random& random)
+{
+    return property.orZero && coin(random)
+               ? 0
+               : property.minimum + random.below(property.maximum - property.minimum + 1);
+}
+
+template <class Handle>
+float someValue(const Property<Handle, float>& property, Handle*, Random& random)
+{
+    return someFraction(random, property.maximum);
+}
+
+template <class Handle>
+bool someValue(const Property<Handle, bool>&, Handle*, Random& random)
+{
+    return coin(random);
+}
+
+// No voice bank is left out: without its own a part is not saved.
+template <class Handle>
+Text someValue(const Property<Handle, TextPointer>& property, Handle*, Random& random)
+{
+    switch (property.texts) {
+    case Texts::any:
+    case Texts::name:
+        return someText(random);
+    case Texts::notEmpty:
+        return someText(random, 1);
+    default:
+        return someVoiceBankID(random);
+    }
+}
+
+// But for the place in time, on which other things depend.
+template <class Handle>
+void setAll(Handle* handle, Random& random)
+{
+    forEachProperty<Handle>([&](const auto& property) {
+        const auto value = someValue(property, handle, random);
+        using Value = std::remove_const_t<decltype(value)>;
+        if constexpr (std::is_same_v<Value, Text>) {
+            property.set(handle, value.c_str());
+        } else if (!std::is_same_v<Value, std::int32_t> || property.need != Need::argument) {
+            property.set(handle, value);
+        }
+    });
+}
+
 // --- Tags -------------------------------------------------------------------------------------------
 
 void addTags(KRT_PLX_Filter* filter, Random& random)
 {
-    using Add = bool (*)(KRT_PLX_Filter*, const KRT_PLX_Char*);
-    const Add adds[] = {KRT_PLX_MutableFilter_addSingerGroup, KRT_PLX_MutableFilter_addSingerID,
-                        KRT_PLX_MutableFilter_addType, KRT_PLX_MutableFilter_addGenre,
-                        KRT_PLX_MutableFilter_addVendor};
     for (std::uint32_t count = random.below(8); count > 0; --count) {
-        random.oneOf(adds)(filter, someTag(random).c_str());
+        random.oneOf(tagLists).add(filter, someTag(random).c_str());
     }
     for (std::uint32_t count = random.below(4); count > 0; --count) {
         KRT_PLX_MutableFilter_addLanguage(filter,
@@ -162,7 +217,7 @@ void addParameters(KRT_PLX_EffectBase* effect, Random& random)
 {
     static const char* const names[] = {"Bypass", "bypass", "Gain", "ゲイン"};
     for (std::uint32_t count = random.below(5); count > 0; --count) {
-        const Text name = coin(random) ? support::text(random.oneOf(names)) : someText(random, 1);
+        const Text name = coin(random) ? text(random.oneOf(names)) : someText(random, 1);
         setSomeValue(KRT_PLX_MutableEffect_addParameter(effect, name.c_str()), random);
     }
 }
@@ -172,7 +227,7 @@ using InsertEffect = KRT_PLX_EffectBase* (*)(KRT_PLX_PartBase*, std::uint64_t, c
 void addEffects(KRT_PLX_PartBase* part, InsertEffect insert, Random& random)
 {
     for (std::uint32_t count = random.below(4); count > 0; --count) {
-        const Text id = coin(random) ? support::text("reverb") : someText(random, 1);
+        const Text id = coin(random) ? text("reverb") : someText(random, 1);
         addParameters(insert(part, random.below(3), id.c_str()), random);
     }
 }
@@ -181,57 +236,37 @@ void addEffects(KRT_PLX_PartBase* part, InsertEffect insert, Random& random)
 
 void setDvqm(KRT_PLX_DvqmBase* dvqm, Random& random)
 {
-    if (!random.oneIn(3)) {
-        KRT_PLX_MutableDvqm_setCompID(dvqm, someText(random, 1).c_str());
+    setAll(dvqm, random);
+    if (random.oneIn(3)) {
+        KRT_PLX_MutableDvqm_setCompID(dvqm, nullptr);
     }
     for (std::uint32_t count = random.below(6); count > 0; --count) {
         KRT_PLX_MutableDvqm_addLevelName(dvqm, someText(random, 1).c_str());
     }
-    KRT_PLX_MutableDvqm_protect(dvqm, coin(random));
-    KRT_PLX_MutableDvqm_setSpeed(dvqm, random.below(101));
-    KRT_PLX_MutableDvqm_setTopFactor(dvqm, someFraction(random, 2.0f));
 }
 
-void setSingingSkill(KRT_PLX_SingingSkillBase* skill, std::int32_t duration, Random& random)
+void setVibrato(KRT_PLX_VibratoBase* vibrato, Random& random)
 {
-    KRT_PLX_MutableSingingSkill_setDuration(skill, coin(random) ? duration : duration / 2);
-    KRT_PLX_MutableSingingSkill_setPreWeight(skill, random.below(128));
-    KRT_PLX_MutableSingingSkill_setPostWeight(skill, random.below(128));
-}
-
-void setVibrato(KRT_PLX_VibratoBase* vibrato, std::int32_t duration, Random& random)
-{
-    KRT_PLX_MutableVibrato_setType(vibrato, random.below(17));
-    KRT_PLX_MutableVibrato_setDuration(vibrato, duration);
+    setAll(vibrato, random);
+    const std::int32_t duration = KRT_PLX_VibratoBase_duration(vibrato);
     for (std::uint32_t count = random.below(8); count > 0; --count) {
-        KRT_PLX_MutableVibrato_insertParameter(vibrato, random.below(2),
-                                               random.between(0, duration), random.below(128));
+        KRT_PLX_MutableVibrato_insertParameter(
+            vibrato, random.below(2), random.between(0, duration),
+            random.below(propertyOf(KRT_PLX_VibratoParameterBase_value).maximum + 1));
     }
     if (coin(random)) { // points may then lie beyond its end
         KRT_PLX_MutableVibrato_setDuration(vibrato, random.between(0, duration));
     }
 }
 
-void setExpression(KRT_PLX_NoteBase* note, Random& random)
+// What is not finite can be saved only where it is not written.
+void setSomethingNotFinite(KRT_PLX_NoteBase* note, Random& random)
 {
-    KRT_PLX_MutableNote_setAccent(note, random.below(101));
-    KRT_PLX_MutableNote_setBendDepth(note, random.below(101));
-    KRT_PLX_MutableNote_setBendLength(note, random.below(101));
-    KRT_PLX_MutableNote_setDecay(note, random.below(101));
-    KRT_PLX_MutableNote_setFallPort(note, coin(random));
-    KRT_PLX_MutableNote_setRisePort(note, coin(random));
-    KRT_PLX_MutableNote_setOpening(note, random.below(128));
-}
-
-// What is no number can be saved only where it is not written.
-void setAiExpression(KRT_PLX_NoteBase* note, std::uint32_t partType, Random& random)
-{
-    for (const AiExpressionField& field : aiExpressionFields) {
-        field.set(note, someFraction(random, 1.0f));
-    }
-    if (partType == KRT_PLX_PART_MIDI && random.oneIn(5)) {
-        random.oneOf(aiExpressionFields).set(note, std::numeric_limits<float>::quiet_NaN());
-    }
+    forEachProperty<KRT_PLX_NoteBase, float>([&](const auto& property) {
+        if (random.oneIn(13)) {
+            property.set(note, std::numeric_limits<float>::quiet_NaN());
+        }
+    });
 }
 
 void addNote(KRT_PLX_PartBase* part, Random& random)
@@ -242,18 +277,17 @@ void addNote(KRT_PLX_PartBase* part, Random& random)
     KRT_PLX_NoteBase* const note =
         KRT_PLX_MutableMidiPart_insertNote(part, pos, duration, someText(random, 1).c_str(),
                                            someText(random, 1).c_str(), random.below(128));
-    KRT_PLX_MutableNote_setNumber(note, random.below(128));
-    KRT_PLX_MutableNote_setVelocity(note, random.below(128));
-    KRT_PLX_MutableNote_setProtected(note, coin(random));
     if (random.oneIn(4)) {
-        return; // with its initial expressions
+        return; // with its initial values
     }
-    setExpression(note, random);
-    setAiExpression(note, KRT_PLX_PartBase_type(part), random);
+    setAll(note, random);
+    if (KRT_PLX_PartBase_type(part) == KRT_PLX_PART_MIDI && random.oneIn(5)) {
+        setSomethingNotFinite(note, random);
+    }
     setDvqm(KRT_PLX_MutableNote_dvqm(note, true), random);
     setDvqm(KRT_PLX_MutableNote_dvqm(note, false), random);
-    setSingingSkill(KRT_PLX_MutableNote_singingSkill(note), duration, random);
-    setVibrato(KRT_PLX_MutableNote_vibrato(note), random.between(0, duration), random);
+    setAll(KRT_PLX_MutableNote_singingSkill(note), random);
+    setVibrato(KRT_PLX_MutableNote_vibrato(note), random);
     if (random.oneIn(4)) { // singing skill and vibrato may then be too long
         KRT_PLX_MutableNote_setDuration(note, random.between(1, duration));
     }
@@ -264,7 +298,7 @@ void addNote(KRT_PLX_PartBase* part, Random& random)
 void addLane(KRT_PLX_PartBase* part, Random& random)
 {
     KRT_PLX_MidiControllerBase* const lane =
-        KRT_PLX_MutableMidiPart_addMidiController(part, random.below(12));
+        KRT_PLX_MutableMidiPart_addMidiController(part, random.below(controllers.size()));
     if (lane == nullptr) { // the part has it already
         return;
     }
@@ -280,12 +314,7 @@ void addLane(KRT_PLX_PartBase* part, Random& random)
 
 void fillMidiPart(KRT_PLX_PartBase* part, Random& random)
 {
-    KRT_PLX_MutableMidiPart_setDuration(part, random.oneIn(4) ? largest : random.between(1, 9999));
-    KRT_PLX_MutableMidiPart_setStyleName(part, someText(random).c_str());
-    KRT_PLX_MutableMidiPart_setStylePresetID(part, someText(random).c_str());
-    KRT_PLX_MutableMidiPart_setVoiceBankID(part, someVoiceBankID(random).c_str());
-    KRT_PLX_MutableMidiPart_setLangID(part, random.below(128));
-    KRT_PLX_MutableMidiPart_setAiVoiceBankID(part, someVoiceBankID(random).c_str());
+    setAll(part, random);
     for (std::uint32_t count = 1 + random.below(3); count > 0; --count) {
         KRT_PLX_MutableMidiPart_addAiLangID(part, random.below(128));
     }
@@ -299,21 +328,18 @@ void fillMidiPart(KRT_PLX_PartBase* part, Random& random)
     }
 }
 
-void fillAudioPart(KRT_PLX_PartBase* part, Random& random, const support::Path& waveFile)
+void fillAudioPart(KRT_PLX_PartBase* part, Random& random, const Path& waveFile)
 {
-    KRT_PLX_MutableAudioPart_setWavFilePath(part, support::pathText(waveFile).c_str());
+    KRT_PLX_MutableAudioPart_setWavFilePath(part, pathText(waveFile).c_str());
     KRT_PLX_MutableAudioPart_setRegion(part, someInt32(random), someInt32(random));
     addEffects(part, KRT_PLX_MutableAudioPart_insertAudioEffect, random);
 }
 
 } // namespace
 
-void fillRandomly(KRT_PLX_ClipBase* clip, Random& random, const support::Path& waveFile)
+void fillRandomly(KRT_PLX_ClipBase* clip, Random& random, const Path& waveFile)
 {
-    KRT_PLX_MutableClip_setVendorName(clip, someTag(random).c_str());
-    KRT_PLX_MutableClip_setPartKey(clip, random.below(31));
-    KRT_PLX_MutableClip_setPartTempo(
-        clip, coin(random) ? 0 : static_cast<std::uint32_t>(random.between(2000, 30000)));
+    setAll(clip, random);
     if (!random.oneIn(4)) {
         addTags(KRT_PLX_MutableClip_filter(clip), random);
     }
@@ -326,4 +352,4 @@ void fillRandomly(KRT_PLX_ClipBase* clip, Random& random, const support::Path& w
     }
 }
 
-} // namespace contract
+} // namespace support

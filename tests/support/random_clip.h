@@ -6,9 +6,9 @@
 #include "support/files.h"
 #include "support/random.h"
 
-namespace contract {
+namespace support {
 
 // The same clip for the same state of `random`. An audio part names the wave file.
-void fillRandomly(KRT_PLX_ClipBase* clip, support::Random& random, const support::Path& waveFile);
+void fillRandomly(KRT_PLX_ClipBase* clip, Random& random, const Path& waveFile);
 
-} // namespace contract
+} // namespace support

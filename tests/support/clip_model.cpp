@@ -1,31 +1,61 @@
-#include "clip_model.h"
+#include "support/clip_model.h"
+
+#include <algorithm>
+#include <type_traits>
 
 #include "support/editing.h"
 
-namespace contract {
+namespace support {
 
-using support::countOf;
-using support::utf8;
+namespace {
 
-const std::array<AiExpressionField, 13> aiExpressionFields = {{
-    {"pitchFine", KRT_PLX_NoteBase_pitchFine, KRT_PLX_MutableNote_setPitchFine},
-    {"pitchDriftStart", KRT_PLX_NoteBase_pitchDriftStart, KRT_PLX_MutableNote_setPitchDriftStart},
-    {"pitchDriftEnd", KRT_PLX_NoteBase_pitchDriftEnd, KRT_PLX_MutableNote_setPitchDriftEnd},
-    {"pitchScalingCenter", KRT_PLX_NoteBase_pitchScalingCenter,
-     KRT_PLX_MutableNote_setPitchScalingCenter},
-    {"pitchScalingOrigin", KRT_PLX_NoteBase_pitchScalingOrigin,
-     KRT_PLX_MutableNote_setPitchScalingOrigin},
-    {"pitchTransitionStart", KRT_PLX_NoteBase_pitchTransitionStart,
-     KRT_PLX_MutableNote_setPitchTransitionStart},
-    {"pitchTransitionEnd", KRT_PLX_NoteBase_pitchTransitionEnd,
-     KRT_PLX_MutableNote_setPitchTransitionEnd},
-    {"amplitudeWhole", KRT_PLX_NoteBase_amplitudeWhole, KRT_PLX_MutableNote_setAmplitudeWhole},
-    {"amplitudeStart", KRT_PLX_NoteBase_amplitudeStart, KRT_PLX_MutableNote_setAmplitudeStart},
-    {"amplitudeEnd", KRT_PLX_NoteBase_amplitudeEnd, KRT_PLX_MutableNote_setAmplitudeEnd},
-    {"formantWhole", KRT_PLX_NoteBase_formantWhole, KRT_PLX_MutableNote_setFormantWhole},
-    {"formantStart", KRT_PLX_NoteBase_formantStart, KRT_PLX_MutableNote_setFormantStart},
-    {"formantEnd", KRT_PLX_NoteBase_formantEnd, KRT_PLX_MutableNote_setFormantEnd},
-}};
+template <class Handle, class Value>
+PropertyValue initialOf(const Property<Handle, Value>& property)
+{
+    if constexpr (std::is_same_v<Value, TextPointer>) {
+        return std::string();
+    } else {
+        return property.initial;
+    }
+}
+
+} // namespace
+
+template <class Handle>
+Values<Handle>::Values() : all_(properties<Handle>().size())
+{
+    forget({});
+}
+
+template <class Handle>
+Values<Handle>::Values(Handle* handle)
+{
+    forEachProperty<Handle>(
+        [this, handle](const auto& property) { all_.push_back(asValue(property.get(handle))); });
+}
+
+template <class Handle>
+void Values<Handle>::forget(std::string_view within)
+{
+    for (std::size_t i = 0; i < all_.size(); ++i) {
+        std::visit(
+            [&](const auto& property) {
+                if (within.empty() || within == property.within) {
+                    all_[i] = initialOf(property);
+                }
+            },
+            properties<Handle>()[i]);
+    }
+}
+
+template class Values<KRT_PLX_ClipBase>;
+template class Values<KRT_PLX_PartBase>;
+template class Values<KRT_PLX_NoteBase>;
+template class Values<KRT_PLX_DvqmBase>;
+template class Values<KRT_PLX_SingingSkillBase>;
+template class Values<KRT_PLX_VibratoBase>;
+template class Values<KRT_PLX_VibratoParameterBase>;
+template class Values<KRT_PLX_EffectParameterBase>;
 
 namespace {
 
@@ -98,63 +128,28 @@ std::vector<PointModel> pointsOf(KRT_PLX_VibratoBase* vibrato, std::uint32_t typ
 template <class Access>
 VibratoModel vibratoOf(KRT_PLX_VibratoBase* vibrato)
 {
-    return {KRT_PLX_VibratoBase_type(vibrato), KRT_PLX_VibratoBase_duration(vibrato),
-            pointsOf<Access>(vibrato, 0), pointsOf<Access>(vibrato, 1)};
+    return {Values(vibrato), pointsOf<Access>(vibrato, KRT_PLX_VIBRATO_DEPTH),
+            pointsOf<Access>(vibrato, KRT_PLX_VIBRATO_RATE)};
 }
 
 DvqmModel dvqmOf(KRT_PLX_DvqmBase* dvqm)
 {
-    return {utf8(KRT_PLX_DvqmBase_compID(dvqm)),
-            listOf(KRT_PLX_DvqmBase_numLevelNames, KRT_PLX_DvqmBase_levelName, dvqm, textOf),
-            KRT_PLX_DvqmBase_isProtected(dvqm), KRT_PLX_DvqmBase_speed(dvqm),
-            KRT_PLX_DvqmBase_topFactor(dvqm)};
-}
-
-SingingSkillModel singingSkillOf(KRT_PLX_SingingSkillBase* skill)
-{
-    return {KRT_PLX_SingingSkillBase_duration(skill), KRT_PLX_SingingSkillBase_preWeight(skill),
-            KRT_PLX_SingingSkillBase_postWeight(skill)};
-}
-
-std::array<float, aiExpressionFields.size()> aiExpressionOf(KRT_PLX_NoteBase* note)
-{
-    std::array<float, aiExpressionFields.size()> values{};
-    for (std::size_t i = 0; i < values.size(); ++i) {
-        values[i] = aiExpressionFields[i].get(note);
-    }
-    return values;
+    return {Values(dvqm),
+            listOf(KRT_PLX_DvqmBase_numLevelNames, KRT_PLX_DvqmBase_levelName, dvqm, textOf)};
 }
 
 template <class Access>
 NoteModel noteOf(KRT_PLX_NoteBase* note)
 {
-    return {utf8(KRT_PLX_NoteBase_lyric(note)),
-            utf8(KRT_PLX_NoteBase_phoneme(note)),
-            KRT_PLX_NoteBase_langID(note),
-            KRT_PLX_NoteBase_isProtected(note),
-            KRT_PLX_NoteBase_pos(note),
-            KRT_PLX_NoteBase_duration(note),
-            KRT_PLX_NoteBase_number(note),
-            KRT_PLX_NoteBase_velocity(note),
-            KRT_PLX_NoteBase_accent(note),
-            KRT_PLX_NoteBase_bendDepth(note),
-            KRT_PLX_NoteBase_bendLength(note),
-            KRT_PLX_NoteBase_decay(note),
-            KRT_PLX_NoteBase_fallPort(note),
-            KRT_PLX_NoteBase_risePort(note),
-            KRT_PLX_NoteBase_opening(note),
-            aiExpressionOf(note),
-            dvqmOf(Access::dvqm(note, true)),
-            dvqmOf(Access::dvqm(note, false)),
-            singingSkillOf(Access::singingSkill(note)),
-            vibratoOf<Access>(Access::vibrato(note))};
+    return {Values(note), dvqmOf(Access::dvqm(note, true)), dvqmOf(Access::dvqm(note, false)),
+            Values(Access::singingSkill(note)), vibratoOf<Access>(Access::vibrato(note))};
 }
 
 template <class Access>
 std::vector<LaneModel> lanesOf(KRT_PLX_PartBase* part)
 {
     std::vector<LaneModel> lanes;
-    for (std::uint32_t type = 0; type < 12; ++type) {
+    for (std::uint32_t type = 0; type < controllers.size(); ++type) {
         KRT_PLX_MidiControllerBase* const lane = Access::lane(part, type);
         if (lane != nullptr) {
             lanes.push_back({KRT_PLX_MidiControllerBase_type(lane),
@@ -171,10 +166,7 @@ std::vector<LaneModel> lanesOf(KRT_PLX_PartBase* part)
 ParameterModel parameterOf(KRT_PLX_EffectParameterBase* parameter)
 {
     return {utf8(KRT_PLX_EffectParameterBase_name(parameter)),
-            KRT_PLX_EffectParameterBase_type(parameter),
-            KRT_PLX_EffectParameterBase_valueInt32(parameter),
-            KRT_PLX_EffectParameterBase_valueFloat(parameter),
-            utf8(KRT_PLX_EffectParameterBase_valueString(parameter))};
+            KRT_PLX_EffectParameterBase_type(parameter), Values(parameter)};
 }
 
 template <class Access>
@@ -202,12 +194,7 @@ PartModel midiPartOf(KRT_PLX_PartBase* part)
 {
     PartModel model;
     model.type = KRT_PLX_PartBase_type(part);
-    model.duration = KRT_PLX_MidiPartBase_duration(part);
-    model.styleName = utf8(KRT_PLX_MidiPartBase_styleName(part));
-    model.stylePresetID = utf8(KRT_PLX_MidiPartBase_stylePresetID(part));
-    model.voiceBankID = utf8(KRT_PLX_MidiPartBase_voiceBankID(part));
-    model.langID = KRT_PLX_MidiPartBase_langID(part);
-    model.aiVoiceBankID = utf8(KRT_PLX_MidiPartBase_aiVoiceBankID(part));
+    model.values = Values(part);
     for (std::uint64_t i = 0; i < KRT_PLX_MidiPartBase_aiLangIDSize(part); ++i) {
         model.aiLangIDs.push_back(KRT_PLX_MidiPartBase_aiLangIDByIndex(part, i));
     }
@@ -235,17 +222,12 @@ ClipModel clipOf(KRT_PLX_ClipBase* clip)
 {
     KRT_PLX_Filter* const filter = Access::filter(clip);
     ClipModel model;
-    model.vendorName = utf8(KRT_PLX_ClipBase_vendorName(clip));
-    model.partKey = KRT_PLX_ClipBase_partKey(clip);
-    model.partTempo = KRT_PLX_ClipBase_partTempo(clip);
-    model.singerGroups =
-        listOf(KRT_PLX_Filter_numSingerGroups, KRT_PLX_Filter_singerGroup, filter, textOf);
-    model.vendors = listOf(KRT_PLX_Filter_numVendors, KRT_PLX_Filter_vendor, filter, textOf);
+    model.values = Values(clip);
+    std::transform(tagLists.begin(), tagLists.end(), model.tags.begin(), [=](const TagList& list) {
+        return listOf(list.count, list.at, filter, textOf);
+    });
     model.languages = listOf(KRT_PLX_Filter_numLanguages, KRT_PLX_Filter_language, filter,
                              [](std::int32_t language) { return language; });
-    model.singerIDs = listOf(KRT_PLX_Filter_numSingerIDs, KRT_PLX_Filter_singerID, filter, textOf);
-    model.types = listOf(KRT_PLX_Filter_numTypes, KRT_PLX_Filter_type, filter, textOf);
-    model.genres = listOf(KRT_PLX_Filter_numGenres, KRT_PLX_Filter_genre, filter, textOf);
     model.part = partOf<Access>(clip);
     EXPECT_EQ(KRT_PLX_ClipBase_partType(clip), model.part.type);
     return model;
@@ -263,4 +245,4 @@ ClipModel modelOfRead(KRT_PLX_ClipBase* clip)
     return clipOf<ReadOnly>(clip);
 }
 
-} // namespace contract
+} // namespace support
