@@ -97,15 +97,20 @@ Char* decode(const unsigned char* at, const unsigned char* end, Char* units)
 
 } // namespace
 
-bool isValidUtf8(std::string_view bytes)
+std::size_t validUtf8Length(std::string_view bytes)
 {
-    const auto* at = reinterpret_cast<const unsigned char*>(bytes.data());
-    const auto* const end = at + bytes.size();
+    const auto* const begin = reinterpret_cast<const unsigned char*>(bytes.data());
+    const auto* const end = begin + bytes.size();
+    const auto* at = begin;
     char32_t point = 0;
-    while (at != nullptr && (at = skipAscii(at, end)) != end) {
-        at = takeMultibyte(at, end, point);
+    while ((at = skipAscii(at, end)) != end) {
+        const auto* const next = takeMultibyte(at, end, point);
+        if (next == nullptr) {
+            break;
+        }
+        at = next;
     }
-    return at != nullptr || bytes.empty();
+    return static_cast<std::size_t>(at - begin);
 }
 
 bool appendUtf16(String& text, std::string_view utf8)

@@ -79,7 +79,13 @@ inline std::size_t encodeUtf8(char32_t point, char* bytes)
     return 4;
 }
 
-bool isValidUtf8(std::string_view bytes);
+// How many bytes at the beginning are valid UTF-8.
+std::size_t validUtf8Length(std::string_view bytes);
+
+inline bool isValidUtf8(std::string_view bytes)
+{
+    return validUtf8Length(bytes) == bytes.size();
+}
 
 // Appends the text in the other encoding. False, and nothing appended, when it is not valid.
 bool appendUtf16(String& text, std::string_view utf8);

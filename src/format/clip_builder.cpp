@@ -27,6 +27,15 @@ constexpr std::array<PartPlace, 3> parts = {placeOfPart<keys::AudioPartTable>(),
                                             placeOfPart<keys::MidiAiPartTable>(),
                                             placeOfPart<keys::MidiVoicePartTable>()};
 
+// The other keys.
+Members withoutParts(Members document)
+{
+    for (const PartPlace& part : parts) {
+        document.present &= ~(1U << part.place);
+    }
+    return document;
+}
+
 std::uint32_t partTypeOf(const Members& document)
 {
     for (const PartPlace& part : parts) {
@@ -119,7 +128,9 @@ bool ClipBuilder::addElement(const keys::Shape& owner, const Value& value)
 {
     if (trail_.top().list->kind == keys::Kind::integers) {
         const auto number = value.asInteger();
-        tags_.addLanguage(number.value_or(-1));
+        if (number) {
+            tags_.addLanguage(*number);
+        }
         return number.has_value();
     }
     const auto text = value.asUtf8();
@@ -133,8 +144,11 @@ bool ClipBuilder::addElement(const keys::Shape& owner, const Value& value)
 
 void ClipBuilder::element(const Value& value)
 {
-    if (!addElement(*trail_.outer().shape, value)) {
-        trail_.lostElement(LossReason::wrongKind, trail_.top().count, value.at);
+    const keys::Shape& owner = *trail_.outer().shape;
+    if (!addElement(owner, value)) {
+        trail_.lostElement(LossReason::wrongKind, value.at);
+    } else if (trail_.isHeard() && owner.id == Id::filter) {
+        tags_.tellOfLoss(*trail_.top().list, trail_, value);
     }
 }
 
@@ -243,29 +257,54 @@ bool ClipBuilder::endPartHeader()
 {
     const Members members = trail_.top().members();
     ClipProperties& properties = *wanted_->properties;
-    return taker_.take<keys::AudioHeader>(members, properties) &&
-           (!part_type::isMidi(properties.partType) ||
-            taker_.take<keys::PartHeader>(members, properties));
+    if (!taker_.take<keys::AudioHeader>(members, properties)) {
+        return false;
+    }
+    const auto& rows = keys::rows<keys::PartHeader>;
+    constexpr std::size_t type = place<keys::PartHeader>("type");
+    trail_.took(rows[type], *members[type]);
+    if (part_type::isMidi(properties.partType)) {
+        return taker_.take<keys::PartHeader>(members, properties);
+    }
+    for (std::size_t other = type + 1; other < rows.size(); ++other) {
+        if (members[other] != nullptr) {
+            trail_.lost(LossReason::notLookedAt, members, rows[other], members[other]);
+        }
+    }
+    return true;
 }
 
 bool ClipBuilder::endPropertyDocument()
 {
     const Members members = trail_.top().members();
     hasProperties_ = taker_.take<PropertyDocument>(members, *wanted_->properties);
+    tookId<PropertyDocument>(members);
     addVendorTag(members.hasObject(place<PropertyDocument>("filter")));
     return hasProperties_;
 }
 
-// Reports the other parts, if there is a listener; the one that counts is reported with its rows.
+template <class Document>
+void ClipBuilder::tookId(const Members& document) const
+{
+    constexpr std::size_t id = place<Document>("id");
+    if (hasProperties_) {
+        trail_.took(keys::rows<Document>[id], *document[id]);
+    }
+}
+
 void ClipBuilder::tellOfParts(const Members& document) const
 {
+    if (partType_ == part_type::none) {
+        trail_.lost(LossReason::missing, document, keys::rows<DataDocument>[parts.back().place],
+                    nullptr);
+    }
     for (const PartPlace& part : parts) {
         const Value* const value = document[part.place];
         const keys::Row& row = keys::rows<DataDocument>[part.place];
         if (value != nullptr && part.type != partType_) {
             trail_.lost(LossReason::notLookedAt, document, row, value);
-        } else if (value != nullptr && wanted_->properties == nullptr &&
-                   value->kind != Value::Kind::object && value->kind != Value::Kind::refused) {
+        } else if (value != nullptr && value->kind != Value::Kind::object &&
+                   value->kind != Value::Kind::refused) {
             trail_.lost(LossReason::wrongKind, document, row, value);
         }
     }
@@ -277,7 +316,8 @@ bool ClipBuilder::endDataDocument()
     partType_ = partTypeOf(members);
     tellOfParts(members);
     if (wanted_->properties != nullptr) {
-        hasProperties_ = taker_.take<DataDocument>(members, *wanted_->properties);
+        hasProperties_ = taker_.take<DataDocument>(withoutParts(members), *wanted_->properties);
+        tookId<DataDocument>(members);
         addVendorTag(members.hasObject(place<DataDocument>("filter")));
     }
     return true;

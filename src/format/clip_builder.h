@@ -48,6 +48,8 @@ private:
     bool endPropertyDocument();
     bool endDataDocument();
     void tellOfParts(const Members& document) const;
+    template <class Document>
+    void tookId(const Members& document) const;
     void addVendorTag(bool hasFilter);
     bool addElement(const keys::Shape& owner, const Value& value);
 

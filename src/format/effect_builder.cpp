@@ -89,7 +89,12 @@ bool EffectBuilder<Of, EffectImpl>::endParameter()
     }
     const bool keepsIntegers = Of::id == keys::Id::midiEffect ||
                                members[place<Parameter>("name")]->asWholeUtf8() == keys::bypass;
-    putValue(*members[place<Parameter>("value")], keepsIntegers, *parameter, taker_);
+    const Value& value = *members[place<Parameter>("value")];
+    if (value.kind == Value::Kind::real && !value.asFloat()) {
+        trail_.lost(LossReason::clamped, members, keys::rows<Parameter>[place<Parameter>("value")],
+                    &value);
+    }
+    putValue(value, keepsIntegers, *parameter, taker_);
     effect_->parameters().append(std::move(parameter));
     return true;
 }
@@ -97,11 +102,13 @@ bool EffectBuilder<Of, EffectImpl>::endParameter()
 template <class Of, class EffectImpl>
 bool EffectBuilder<Of, EffectImpl>::end(EffectList<EffectImpl>& effects)
 {
-    if (!taker_.take<Of>(trail_.top().members(), *effect_)) {
+    const Members members = trail_.top().members();
+    if (!taker_.take<Of>(members, *effect_)) {
         return false;
     }
     if (effects.withId(effect_->idText()) != nullptr) {
-        trail_.lostObject(LossReason::duplicate);
+        trail_.lost(LossReason::duplicate, members, keys::rows<Of>[place<Of>("id")],
+                    members[place<Of>("id")]);
         return false;
     }
     sortByName(effect_->parameters());

@@ -64,44 +64,37 @@ char32_t unitAt(const char* at)
     return unit;
 }
 
+// Appends what decodes. False when that is not all.
 template <bool LittleEndian>
-std::optional<std::string> fromUtf16(std::string_view bytes)
+bool fromUtf16(std::string_view bytes, std::string& utf8)
 {
-    if (bytes.size() % 2 != 0) {
-        return std::nullopt;
-    }
     const std::size_t size = bytes.size() / 2;
     const auto unit = [bytes, size](std::size_t index) {
         return index < size ? unitAt<2, LittleEndian>(bytes.data() + 2 * index) : 0;
     };
-    std::string utf8;
     utf8.reserve(bytes.size());
     for (std::size_t index = 0; index < size;) {
         char32_t point = 0;
         if (!takeCodePoint(unit, index, point)) {
-            return std::nullopt;
+            return false;
         }
         appendCodePoint(utf8, point);
     }
-    return utf8;
+    return bytes.size() % 2 == 0;
 }
 
 template <bool LittleEndian>
-std::optional<std::string> fromUtf32(std::string_view bytes)
+bool fromUtf32(std::string_view bytes, std::string& utf8)
 {
-    if (bytes.size() % 4 != 0) {
-        return std::nullopt;
-    }
-    std::string utf8;
     utf8.reserve(bytes.size() / 2);
-    for (std::size_t place = 0; place < bytes.size(); place += 4) {
+    for (std::size_t place = 0; place + 4 <= bytes.size(); place += 4) {
         const char32_t point = unitAt<4, LittleEndian>(bytes.data() + place);
         if (isSurrogate(point) || point > lastCodePoint) {
-            return std::nullopt;
+            return false;
         }
         appendCodePoint(utf8, point);
     }
-    return utf8;
+    return bytes.size() % 4 == 0;
 }
 
 char32_t unitOf(const char* at, Encoding encoding)
@@ -125,19 +118,19 @@ bool isJsonWhiteSpace(char32_t unit)
     return unit == U' ' || unit == U'\t' || unit == U'\n' || unit == U'\r';
 }
 
-std::optional<std::string> transcode(std::string_view bytes, Encoding encoding)
+bool transcode(std::string_view bytes, Encoding encoding, std::string& utf8)
 {
     switch (encoding) {
     case Encoding::utf16LittleEndian:
-        return fromUtf16<true>(bytes);
+        return fromUtf16<true>(bytes, utf8);
     case Encoding::utf16BigEndian:
-        return fromUtf16<false>(bytes);
+        return fromUtf16<false>(bytes, utf8);
     case Encoding::utf32LittleEndian:
-        return fromUtf32<true>(bytes);
+        return fromUtf32<true>(bytes, utf8);
     case Encoding::utf32BigEndian:
-        return fromUtf32<false>(bytes);
+        return fromUtf32<false>(bytes, utf8);
     default:
-        return std::nullopt;
+        return false;
     }
 }
 
@@ -194,14 +187,18 @@ bool makeUtf8(std::string& bytes)
     const DetectedEncoding detected = detectEncoding(bytes);
     if (detected.encoding == Encoding::utf8) {
         bytes.erase(0, detected.markLength);
-        return isValidUtf8(bytes);
+        const std::size_t valid = validUtf8Length(bytes);
+        const bool isValid = valid == bytes.size();
+        if (!isValid) {
+            bytes.resize(valid);
+        }
+        return isValid;
     }
-    auto utf8 = transcode(std::string_view(bytes).substr(detected.markLength), detected.encoding);
-    if (!utf8) {
-        return false;
-    }
-    bytes = std::move(*utf8);
-    return true;
+    const auto encoded = std::string_view(bytes).substr(detected.markLength);
+    std::string utf8;
+    const bool isValid = transcode(encoded, detected.encoding, utf8);
+    bytes = std::move(utf8);
+    return isValid;
 }
 
 std::size_t placeInFile(std::string_view bytes, std::size_t place)

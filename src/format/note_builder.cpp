@@ -47,7 +47,34 @@ bool NoteBuilder::endSingingSkill()
     return true;
 }
 
-// If the note has a Dvqm key, valid or not, the singing skill is ignored.
+namespace {
+
+// Whether the integers of an object are what they would be without it.
+bool areInitial(const Members& members, std::span<const keys::Row> rows)
+{
+    for (std::size_t place = 0; place < rows.size(); ++place) {
+        const Value* const value = members[place];
+        if (rows[place].kind == keys::Kind::integer && value != nullptr &&
+            value->asInteger() != static_cast<std::int32_t>(rows[place].range.initial)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+} // namespace
+
+// Every note that was saved has a singing skill. Where it says nothing, nothing is lost.
+bool NoteBuilder::isSkillInitial() const
+{
+    using Skill = keys::SingingSkillTable;
+    const Members skill = singingSkill_.members({});
+    return areInitial(skill, keys::rows<Skill>) &&
+           (!skill.hasObject(place<Skill>("weight")) ||
+            areInitial(weight_.members({}), keys::rows<keys::Weight>));
+}
+
+// A Dvqm key of any kind keeps the singing skill from being looked at.
 void NoteBuilder::takeSingingSkill()
 {
     constexpr std::size_t own = place<NoteTable>("singingSkill");
@@ -56,7 +83,9 @@ void NoteBuilder::takeSingingSkill()
         return;
     }
     if (members[place<NoteTable>("dvqm")] != nullptr) {
-        trail_.lost(LossReason::notLookedAt, members, keys::rows<NoteTable>[own], members[own]);
+        if (members.hasObject(own) && trail_.isHeard() && !isSkillInitial()) {
+            trail_.lost(LossReason::notLookedAt, members, keys::rows<NoteTable>[own], members[own]);
+        }
         return;
     }
     if (!members.hasObject(own)) {
@@ -143,11 +172,11 @@ void NoteBuilder::takeVibrato()
     if (duration == Taker::Outcome::notAccepted) {
         return;
     }
-    takeCurve<place<VibratoTable>("rates")>(members, KRT_PLX_VIBRATO_RATE, "/vibrato/rates");
-    takeCurve<place<VibratoTable>("depths")>(members, KRT_PLX_VIBRATO_DEPTH, "/vibrato/depths");
+    takeCurve<keys::Rate, place<VibratoTable>("rates")>(members, ratePoints, "/vibrato/rates");
+    takeCurve<keys::Depth, place<VibratoTable>("depths")>(members, depthPoints, "/vibrato/depths");
 }
 
-template <std::size_t place>
+template <class Point, std::size_t place>
 void NoteBuilder::takeCurve(const Members& members, std::uint32_t curve, std::string_view path)
 {
     VibratoImpl& vibrato = *note_->vibrato();
@@ -155,11 +184,9 @@ void NoteBuilder::takeCurve(const Members& members, std::uint32_t curve, std::st
     if (!members.hasList(place)) {
         return;
     }
-    const auto accepts = [&vibrato](const CurvePoint& point) {
-        return vibrato.acceptsPosition(point.pos) &&
-               field::vibratoValue.accepts(static_cast<std::uint32_t>(point.value));
-    };
-    vibrato.buildCurve(curve, curves_[curve].keepAccepted(accepts, trail_, path));
+    constexpr auto most = static_cast<std::int32_t>(field::vibratoValue.maximum);
+    const PointRule rule{keys::shape<Point>, within(vibrato.duration()), within(most)};
+    vibrato.buildCurve(curve, curves_[curve].keepAccepted(rule, trail_, path));
 }
 
 } // namespace Korvel::CANTORIS::PLX::format

@@ -42,7 +42,8 @@ public:
 private:
     void takeSingingSkill();
     void takeVibrato();
-    template <std::size_t place>
+    bool isSkillInitial() const;
+    template <class Point, std::size_t place>
     void takeCurve(const Members& members, std::uint32_t curve, std::string_view path);
     bool hasLevelNames(const Members& members, const keys::Row& row) const;
 

@@ -153,6 +153,12 @@ bool readExponent(const char*& at, std::int64_t& exponent)
     return true;
 }
 
+bool endsWrong(const char* at, Number& number)
+{
+    number.end = at;
+    return false;
+}
+
 // The rest of a number that has a fraction or an exponent, from its point or its E.
 bool readReal(const char* begin, const char* at, const char* textEnd, Number& number)
 {
@@ -162,15 +168,15 @@ bool readReal(const char* begin, const char* at, const char* textEnd, Number& nu
         number.digits = takeDigits(at, textEnd, number.digits);
         number.decimal = {begin, at, point + 1 - at};
         if (number.decimal.exponent == 0) {
-            return false;
+            return endsWrong(at, number);
         }
     }
     if ((*at == 'e' || *at == 'E') && !readExponent(at, number.decimal.exponent)) {
-        return false;
+        return endsWrong(at, number);
     }
     number.kind = Number::Kind::real;
     number.end = at;
-    return settle(number);
+    return settle(number) || endsWrong(begin - (number.isNegative ? 1 : 0), number);
 }
 
 // --- Integers -----------------------------------------------------------------------------------------
@@ -211,7 +217,7 @@ bool readNumber(const char* text, const char* textEnd, Number& number)
         number.digits = number.digits * 10 + digitOf(*at);
     }
     if (at == begin || (*begin == '0' && at - begin > 1)) {
-        return false;
+        return endsWrong(at == begin ? at : begin + 1, number);
     }
     if (*at == '.' || *at == 'e' || *at == 'E') {
         return readReal(begin, at, textEnd, number);

@@ -35,8 +35,8 @@ struct Number {
     Decimal decimal;
 };
 
-// The text ends with a NUL, at `textEnd`. False when it does not begin with a number of JSON's
-// grammar, and for a number that is too large for a double.
+// The text ends with a NUL, at `textEnd`. False when it begins with no number by the letter of the grammar; its end is
+// then where that shows. False, too, for one that is too large for a double, whose end is then its beginning.
 bool readNumber(const char* text, const char* textEnd, Number& number);
 
 } // namespace Korvel::CANTORIS::PLX::format

@@ -38,13 +38,17 @@ void PartBuilder::beginAudio()
 
 bool PartBuilder::endAudio()
 {
-    return keepIf(taker_.take<keys::AudioPartTable>(trail_.top().members(), waveFileName_));
+    const Members members = trail_.top().members();
+    const Value* const name = members[place<keys::AudioPartTable>("wavFileName")];
+    waveFileAt_ = name != nullptr ? name->at : nullptr;
+    return keepIf(taker_.take<keys::AudioPartTable>(members, waveFileName_));
 }
 
 bool PartBuilder::findWaveFile(const fs::Path& clipDirectory)
 {
     String path = wavePath(clipDirectory.text, waveFileName_);
     if (!fs::isPlainFile({path, clipDirectory.givenLength})) {
+        trail_.lostWaveFile(waveFileAt_);
         return false;
     }
     audio_->assignWavFilePath(std::move(path));
@@ -106,6 +110,7 @@ bool PartBuilder::endNote()
     if (note == nullptr) {
         return false;
     }
+    trail_.took(*note);
     midi_->notes().append(std::move(note));
     return true;
 }
@@ -142,17 +147,20 @@ bool PartBuilder::endController()
     if (!taker_.take<ControllerTable>(members, type)) {
         return false;
     }
+    const auto tell = [&](LossReason reason, std::size_t of) {
+        trail_.lost(reason, members, keys::rows<ControllerTable>[of], members[of]);
+    };
     if (isTaken(type)) {
-        trail_.lostObject(LossReason::duplicate);
+        tell(LossReason::duplicate, place<ControllerTable>("name"));
         return false;
     }
-    const auto accepts = [type](const CurvePoint& point) {
-        return controller::type(type).accepts(point.value);
-    };
-    auto& points = events_.keepAccepted(accepts, trail_, "/events");
+    const auto& [name, least, most] = controller::type(type);
+    const PointRule rule{keys::shape<keys::Event>,
+                         keys::anyPosition,
+                         {.initial = 0, .minimum = least, .maximum = most}};
+    auto& points = events_.keepAccepted(rule, trail_, "/events");
     if (points.empty()) {
-        const auto& row = keys::rows<ControllerTable>[place<ControllerTable>("events")];
-        trail_.lost(LossReason::tooFew, members, row, members[place<ControllerTable>("events")]);
+        tell(LossReason::tooFew, place<ControllerTable>("events"));
         return false;
     }
     auto lane = std::make_unique<MidiControllerImpl>(*midi_, type);

@@ -71,6 +71,7 @@ private:
     AudioPartImpl* audio_ = nullptr; // the part, by its type
     MidiPartImpl* midi_ = nullptr;
     String waveFileName_;
+    const char* waveFileAt_ = nullptr; // in the document
 };
 
 } // namespace Korvel::CANTORIS::PLX::format

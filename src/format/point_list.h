@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -10,7 +11,19 @@
 
 namespace Korvel::CANTORIS::PLX::format {
 
-// The points of a list, as they are read. Which ones are accepted is known when their curve is.
+// What a point of a curve must be, once its curve is known.
+struct PointRule {
+    bool accepts(const CurvePoint& point) const
+    {
+        return position.accepts(point.pos) && value.accepts(point.value);
+    }
+
+    const keys::Shape& shape; // of a point
+    Field<std::int32_t> position;
+    Field<std::int32_t> value;
+};
+
+// The points of a list as they come.
 class PointList {
 public:
     void clear()
@@ -23,42 +36,36 @@ public:
     template <class Of>
     bool append(const Trail& trail, Taker& taker)
     {
+        const Members members = trail.top().members();
         CurvePoint point{};
-        if (!taker.take<Of>(trail.top().members(), point)) {
+        if (!taker.take<Of>(members, point)) {
             return false;
         }
         points_.push_back(point);
         if (trail.isHeard()) {
-            origins_.push_back({trail.outer().count, trail.top().at});
+            origins_.push_back(
+                {trail.outer().count, members[posPlace]->at, members[valuePlace]->at});
         }
         return true;
     }
 
-    // Removes the points that `accepts` refuses. `below` is the path from the innermost object to
-    // the list.
-    template <class Accepts>
-    std::vector<CurvePoint>& keepAccepted(Accepts accepts, const Trail& trail,
-                                          std::string_view below)
-    {
-        std::size_t kept = 0;
-        for (std::size_t index = 0; index < points_.size(); ++index) {
-            if (accepts(points_[index])) {
-                points_[kept++] = points_[index];
-            } else if (trail.isHeard()) {
-                trail.lostBelow(LossReason::notAccepted, below, origins_[index].index,
-                                origins_[index].at);
-            }
-        }
-        points_.resize(kept);
-        return points_;
-    }
+    // Takes out the points that the rule does not accept. `below` is the path to the list from the
+    // innermost object.
+    std::vector<CurvePoint>& keepAccepted(const PointRule& rule, const Trail& trail,
+                                          std::string_view below);
 
 private:
-    // Where a point was in the document; only used with a listener.
+    static constexpr std::size_t posPlace = keys::place<keys::Event>("pos");
+    static constexpr std::size_t valuePlace = keys::place<keys::Event>("value");
+
+    // Where a point stood, as long as anyone listens.
     struct Origin {
         std::uint64_t index;
-        const char* at;
+        const char* pos;
+        const char* value;
     };
+
+    void tellOfLosses(const PointRule& rule, const Trail& trail, std::string_view below) const;
 
     std::vector<CurvePoint> points_;
     std::vector<Origin> origins_;

@@ -9,10 +9,11 @@ class DocumentReader::State {
 public:
     bool read(std::string& bytes, const Wanted& wanted, Listener* listener)
     {
-        if (!makeUtf8(bytes)) {
-            return false;
-        }
+        const bool isText = makeUtf8(bytes);
         trail_.begin(bytes.data(), listener);
+        if (!isText) {
+            return trail_.refuse(Defect::Kind::encoding, bytes.size());
+        }
         builder_.begin(wanted);
         return parse(bytes.data(), bytes.size(), wanted, trail_, builder_);
     }
@@ -40,11 +41,14 @@ bool DocumentReader::readClip(std::string& bytes, const fs::Path& directory, Cli
     const Wanted wanted{.document = keys::shape<keys::DataDocument>,
                         .clip = clip,
                         .properties = &loaded.properties};
-    if (!state_->read(bytes, wanted, listener) || !state_->builder().hasProperties()) {
+    if (!state_->read(bytes, wanted, listener)) {
         return false;
     }
-    loaded.part = state_->builder().releasePart(directory);
-    return loaded.part != nullptr;
+    const bool hasProperties = state_->builder().hasProperties();
+    if (hasProperties || listener != nullptr) {
+        loaded.part = state_->builder().releasePart(directory);
+    }
+    return hasProperties && loaded.part != nullptr;
 }
 
 std::unique_ptr<PartBase> DocumentReader::readPart(std::string& bytes, const fs::Path& directory,

@@ -25,12 +25,31 @@ void TagBuilder::beginList()
     units_.clear();
     ends_.clear();
     languages_.clear();
+    knownTexts_.clear();
+    knownLanguages_.clear();
 }
 
 void TagBuilder::addText(std::string_view utf8)
 {
     appendValidUtf16(units_, utf8);
     ends_.push_back(units_.size());
+}
+
+void TagBuilder::tellOfLoss(const keys::Row& row, const Trail& trail, const Value& value)
+{
+    const bool isText = row.kind == keys::Kind::texts;
+    const bool isTag = isText ? !lastText().empty() : takesLanguage(languages_.back());
+    const bool isNew = isText ? knownTexts_.emplace(lastText()).second
+                              : knownLanguages_.insert(languages_.back()).second;
+    if (!isTag || !isNew) {
+        trail.lostElement(isTag ? LossReason::duplicate : LossReason::notAccepted, value.at);
+    }
+}
+
+StringView TagBuilder::lastText() const
+{
+    const std::size_t begin = ends_.size() < 2 ? 0 : ends_[ends_.size() - 2];
+    return StringView(units_).substr(begin);
 }
 
 void TagBuilder::endList(const keys::Row& row, FilterTags& tags)

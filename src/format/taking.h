@@ -20,8 +20,12 @@ public:
     template <class Of, class Target>
     bool take(const Members& members, Target& target)
     {
-        return takeRows<Of>(members, target,
-                            std::make_index_sequence<std::tuple_size_v<decltype(Of::entries)>>());
+        using Places = std::make_index_sequence<std::tuple_size_v<decltype(Of::entries)>>;
+        const bool isTaken = takeRows<Of>(members, target, Places());
+        if (!isTaken && trail_.isHeard()) {
+            tellOfOthers<Of>(members, target, Places());
+        }
+        return isTaken;
     }
 
     enum class Outcome : std::uint8_t { taken, missing, wrongKind, notAccepted, told };
@@ -57,7 +61,30 @@ private:
                 ...);
     }
 
-    // Stores a value, if there is one of the row's kind.
+    // Of the required rows that fail, the first was told of. The object is lost: what is put into it
+    // does not count.
+    template <class Of, class Target, std::size_t... places>
+    void tellOfOthers(const Members& members, Target& target, std::index_sequence<places...>)
+    {
+        bool isFirst = true;
+        (tellOfOther<Of, places>(members, target, isFirst), ...);
+    }
+
+    template <class Of, std::size_t place, class Target>
+    void tellOfOther(const Members& members, Target& target, bool& isFirst)
+    {
+        constexpr const auto& entry = std::get<place>(Of::entries);
+        if constexpr (entry.row.need == keys::Need::required) {
+            const Value* const value = members[place];
+            const Outcome outcome =
+                value == nullptr ? Outcome::missing : put(entry, *value, target);
+            if (outcome != Outcome::taken && !std::exchange(isFirst, false)) {
+                tell(outcome, members, entry.row, value);
+            }
+        }
+    }
+
+    // Puts a value, if there is one of the row's kind.
     template <class Put, class Target, class Value>
     static Outcome store(const Put& put, Target& target, const std::optional<Value>& value)
     {

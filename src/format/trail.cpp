@@ -36,14 +36,23 @@ std::string Trail::path() const
     return path;
 }
 
+std::string Trail::pathTo(std::string_view key) const
+{
+    std::string where = path();
+    appendStep(where, key);
+    return where;
+}
+
 void Trail::tell(LossReason reason, std::string&& path, const char* at, const keys::Row* row,
                  std::string_view key) const
 {
     listener_->lost({.reason = reason,
                      .path = std::move(path),
-                     .place = static_cast<std::size_t>(at - text_),
+                     .place = placeOf(at),
                      .shape = top().shape,
                      .row = row,
+                     .isElement = false,
+                     .range = row != nullptr ? row->range : keys::Range(),
                      .key = key});
 }
 
@@ -63,38 +72,103 @@ void Trail::lost(LossReason reason, const Members& members, const keys::Row& row
 
 void Trail::lostKey(LossReason reason, std::string_view key, const char* at) const
 {
-    if (!isHeard()) {
-        return;
+    if (isHeard()) {
+        tell(reason, pathTo(key), at, nullptr, key);
     }
-    std::string where = path();
-    appendStep(where, key);
-    tell(reason, std::move(where), at, nullptr, key);
 }
 
-void Trail::lostElement(LossReason reason, std::uint64_t index, const char* at) const
+void Trail::lostElement(LossReason reason, const char* at) const
 {
     if (!isHeard()) {
         return;
     }
-    std::string where = path();
-    appendStep(where, std::to_string(index));
-    tell(reason, std::move(where), at, nullptr, {});
+    const Level& list = top();
+    listener_->lost({.reason = reason,
+                     .path = pathTo(std::to_string(list.count)),
+                     .place = placeOf(at),
+                     .shape = list.shape != nullptr ? list.shape : outer().shape,
+                     .row = list.list,
+                     .isElement = true,
+                     .range = list.list->range,
+                     .key = list.list->key});
 }
 
-void Trail::lostBelow(LossReason reason, std::string_view below, std::uint64_t index,
-                      const char* at) const
+void Trail::lostBelow(LossReason reason, const std::string& below, const keys::Shape& shape,
+                      std::size_t place, const keys::Range& range, const char* at) const
 {
-    std::string where = path();
-    where += below;
-    appendStep(where, std::to_string(index));
-    tell(reason, std::move(where), at, nullptr, {});
+    const keys::Row& row = shape.rows[place];
+    std::string where = path() + below;
+    appendStep(where, row.key);
+    listener_->lost({.reason = reason,
+                     .path = std::move(where),
+                     .place = placeOf(at),
+                     .shape = &shape,
+                     .row = &row,
+                     .isElement = false,
+                     .range = range,
+                     .key = row.key});
 }
 
-void Trail::lostObject(LossReason reason) const
+void Trail::lostObject() const
+{
+    if (!isHeard()) {
+        return;
+    }
+    const bool isRoot = top_ == levels_.data() + 1;
+    const bool isElement = !isRoot && outer().list != nullptr;
+    const keys::Row* const row = isRoot      ? nullptr
+                                 : isElement ? outer().list
+                                             : &outer().shape->rows[outer().row];
+    listener_->lost({.reason = LossReason::object,
+                     .path = path(),
+                     .place = placeOf(top().at),
+                     .shape = top().shape,
+                     .row = row,
+                     .isElement = isElement,
+                     .range = {},
+                     .key = row != nullptr ? row->key : std::string_view()});
+}
+
+void Trail::lostWaveFile(const char* at) const
+{
+    if (!isHeard()) {
+        return;
+    }
+    using Part = keys::AudioPartTable;
+    const keys::Row& row = keys::rows<Part>[keys::place<Part>("wavFileName")];
+    std::string where;
+    appendStep(where, part_type::name(Part::type));
+    appendStep(where, row.key);
+    listener_->lost({.reason = LossReason::noWaveFile,
+                     .path = std::move(where),
+                     .place = placeOf(at),
+                     .shape = &keys::shape<Part>,
+                     .row = &row,
+                     .isElement = false,
+                     .range = {},
+                     .key = row.key});
+}
+
+void Trail::took(const keys::Row& row, const Value& value) const
 {
     if (isHeard()) {
-        tell(reason, path(), top().at, nullptr, {});
+        listener_->took({pathTo(row.key), placeOf(value.at), nullptr});
     }
+}
+
+void Trail::took(const NoteBase& note) const
+{
+    if (isHeard()) {
+        listener_->took({path(), placeOf(top().at), &note});
+    }
+}
+
+bool Trail::refuse(Defect::Kind kind, std::size_t place, int code) const
+{
+    if (isHeard()) {
+        listener_->refused({kind, place, code});
+    }
+    return false;
 }
 
 } // namespace Korvel::CANTORIS::PLX::format

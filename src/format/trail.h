@@ -110,13 +110,23 @@ public:
               const Value* value) const;
     // Reports the loss of a key of the innermost object.
     void lostKey(LossReason reason, std::string_view key, const char* at) const;
-    // Reports the loss of an element of the innermost list.
-    void lostElement(LossReason reason, std::uint64_t index, const char* at) const;
-    // Reports the loss of an element of a list in the innermost object; that list has ended.
-    void lostBelow(LossReason reason, std::string_view below, std::uint64_t index,
-                   const char* at) const;
-    // Reports the loss of the innermost object.
-    void lostObject(LossReason reason) const;
+    // Of the element of the innermost list that has just begun.
+    void lostElement(LossReason reason, const char* at) const;
+    // Of a value of an object in a list below the innermost object, which ended before. `below` is the
+    // path from there to the object in the list.
+    void lostBelow(LossReason reason, const std::string& below, const keys::Shape& shape,
+                   std::size_t place, const keys::Range& range, const char* at) const;
+    // The innermost object, because of what was lost in it.
+    void lostObject() const;
+    // Of the part when the document has ended.
+    void lostWaveFile(const char* at) const;
+
+    // A value of the innermost object, and that object itself, which is a note.
+    void took(const keys::Row& row, const Value& value) const;
+    void took(const NoteBase& note) const;
+
+    // The document. False.
+    bool refuse(Defect::Kind kind, std::size_t place, int code = 0) const;
 
 private:
     void enter(const keys::Shape* shape, const keys::Row* list, const char* at)
@@ -132,6 +142,8 @@ private:
     }
 
     std::string path() const;
+    std::string pathTo(std::string_view key) const;
+    std::size_t placeOf(const char* at) const { return static_cast<std::size_t>(at - text_); }
     void tell(LossReason reason, std::string&& path, const char* at, const keys::Row* row,
               std::string_view key) const;
 

@@ -100,7 +100,7 @@ bool Walk::element(Level& level, const Value& value)
     if (level.shape == nullptr) {
         builder_.element(value);
     } else {
-        trail_.lostElement(LossReason::wrongKind, level.count, value.at);
+        trail_.lostElement(LossReason::wrongKind, value.at);
     }
     ++level.count;
     return true;
@@ -191,7 +191,7 @@ bool Walk::EndObject(json::SizeType)
     }
     const bool isTaken = builder_.endObject();
     if (!isTaken) {
-        trail_.lostObject(LossReason::object);
+        trail_.lostObject();
     }
     trail_.leave();
     if (trail_.isOutside()) {
@@ -246,7 +246,7 @@ void Walk::passOver()
 {
     const Level& level = trail_.top();
     if (level.list != nullptr) {
-        trail_.lostElement(LossReason::wrongKind, level.count, text_.src_);
+        trail_.lostElement(LossReason::wrongKind, text_.src_);
     }
     passedOver_ = 1;
 }
@@ -312,7 +312,7 @@ void GenericReader<CheckedUtf8, CheckedUtf8, ThrowingAllocator>::ParseNumber<par
 {
     Number number; // NOLINT(cppcoreguidelines-pro-type-member-init)
     if (!readNumber(text.src_, walk.end(), number)) {
-        SetParseError(kParseErrorValueInvalid, text.Tell());
+        SetParseError(kParseErrorValueInvalid, static_cast<std::size_t>(number.end - text.head_));
         return;
     }
     if (!walk.number(number)) {
@@ -368,10 +368,15 @@ bool parse(char* text, std::size_t size, const Wanted& wanted, Trail& trail, Cli
     try {
         reader.Parse<parseFlags>(stream, walk);
     } catch (const DocumentDefect&) {
-        return false;
+        return trail.refuse(Defect::Kind::halfSurrogate, stream.Tell());
     }
-    // RapidJSON takes a NUL for the end of the text, and does not check what follows it.
-    return !reader.HasParseError() && stream.Tell() == size;
+    if (reader.HasParseError()) {
+        return trail.refuse(Defect::Kind::grammar, reader.GetErrorOffset(),
+                            reader.GetParseErrorCode());
+    }
+    // RapidJSON takes a NUL for the end of the text: whatever stands behind it was not looked at.
+    return stream.Tell() == size || trail.refuse(Defect::Kind::grammar, stream.Tell(),
+                                                 json::kParseErrorDocumentRootNotSingular);
 }
 
 } // namespace Korvel::CANTORIS::PLX::format

@@ -34,8 +34,12 @@ void PrintTo(const Told& told, std::ostream* out)
 class Notes final : public format::Listener {
 public:
     void lost(const format::Loss& loss) override { losses.push_back(loss); }
+    void refused(const format::Defect& defect) override { defects.push_back(defect); }
+    void took(const format::Taken& taken) override { all.push_back(taken); }
 
     std::vector<format::Loss> losses;
+    std::vector<format::Defect> defects;
+    std::vector<format::Taken> all;
 };
 
 std::vector<Told> toldOf(const std::vector<format::Loss>& losses, const std::string& document)
@@ -78,11 +82,27 @@ TEST(FormatLosses, AreNoneInAValidDocument)
     EXPECT_THAT(lossesOfNote(R"(,"exp":{"accent":100})"), IsEmpty());
 }
 
-TEST(FormatLosses, NameTheKeyThatAnObjectLacks)
+TEST(FormatLosses, NameAllKeysThatAnObjectLacks)
 {
-    EXPECT_THAT(lossesOfPart(midi(R"(,"notes":[{"pos":0,"duration":1}])")),
-                ElementsAre(Told{LossReason::missing, "/midi/notes/0", "{\"po"},
+    EXPECT_THAT(lossesOfPart(midi(R"(,"notes":[{"pos":0,"duration":0,"lyric":"a","number":1}])")),
+                ElementsAre(Told{LossReason::notAccepted, "/midi/notes/0/duration", "0,\"l"},
+                            Told{LossReason::missing, "/midi/notes/0", "{\"po"},
+                            Told{LossReason::missing, "/midi/notes/0", "{\"po"},
                             Told{LossReason::object, "/midi/notes/0", "{\"po"}));
+}
+
+TEST(FormatLosses, SayUnderWhichKeyAnObjectIsLost)
+{
+    Notes notes;
+    std::string bytes = R"({"midi":{"duration":1,"voice":{"langID":0},"notes":[{}]}})";
+    format::DocumentReader().readPart(bytes, {plx::StringView(), 0}, nullptr, &notes);
+    std::vector<std::string> lost;
+    for (const format::Loss& loss : notes.losses) {
+        if (loss.reason == LossReason::object) {
+            lost.push_back(std::string(loss.row->key) + (loss.isElement ? " element" : ""));
+        }
+    }
+    EXPECT_THAT(lost, ElementsAre("voice", "notes element", "midi"));
 }
 
 TEST(FormatLosses, CountTheElementsOfAListFromZero)
@@ -117,13 +137,49 @@ TEST(FormatLosses, OfWhatWaitsForItsNoteHaveTheirOwnPlaces)
             R"(,"vibrato":{"duration":5,"rates":[{"pos":5,"value":0},{"pos":6,"value":0}]})"),
         ElementsAre(Told{LossReason::notAccepted, "/midi/notes/0/singingSkill/duration", "10,\""},
                     Told{LossReason::notAccepted, "/midi/notes/0/singingSkill/weight/pre", "128}"},
-                    Told{LossReason::notAccepted, "/midi/notes/0/vibrato/rates/1", "{\"po"}));
+                    Told{LossReason::notAccepted, "/midi/notes/0/vibrato/rates/1/pos", "6,\"v"}));
+}
+
+TEST(FormatLosses, NamePointsWhosePlaceIsTaken)
+{
+    EXPECT_THAT(
+        lossesOfNote(R"(,"vibrato":{"depths":[{"pos":0,"value":128},{"pos":0,"value":1},)"
+                     R"({"value":2,"pos":0}]})"),
+        ElementsAre(Told{LossReason::notAccepted, "/midi/notes/0/vibrato/depths/0/value", "128}"},
+                    Told{LossReason::duplicate, "/midi/notes/0/vibrato/depths/2/pos", "0}]}"}));
+}
+
+TEST(FormatLosses, OfPointsTellTheirRange)
+{
+    Notes notes;
+    std::string bytes =
+        midi(R"(,"controllers":[{"name":"exciter","events":[{"pos":0,"value":64}]}])");
+    format::DocumentReader().readPart(bytes, {plx::StringView(), 0}, nullptr, &notes);
+    ASSERT_EQ(notes.losses.size(), 3U);
+    EXPECT_EQ(notes.losses[0].range.minimum, -64);
+    EXPECT_EQ(notes.losses[0].range.maximum, 63);
 }
 
 TEST(FormatLosses, ReportASkillThatADvqmHides)
 {
-    EXPECT_THAT(lossesOfNote(R"(,"singingSkill":{},"dvqm":{})"),
-                ElementsAre(Told{LossReason::notLookedAt, "/midi/notes/0/singingSkill", "{},\""}));
+    for (const char* const skill : {R"({"duration":1})", R"({"weight":{"pre":64,"post":65}})",
+                                    R"({"duration":0.0,"weight":{}})"}) {
+        EXPECT_THAT(lossesOfNote(std::string(R"(,"singingSkill":)") + skill + R"(,"dvqm":{})"),
+                    ElementsAre(Told{LossReason::notLookedAt, "/midi/notes/0/singingSkill",
+                                     (std::string(skill) + ",\"d").substr(0, 4)}));
+    }
+}
+
+TEST(FormatLosses, TellOnceOfASkillOfAnotherKindThatADvqmHides)
+{
+    EXPECT_THAT(lossesOfNote(R"(,"singingSkill":7,"dvqm":{})"),
+                ElementsAre(Told{LossReason::wrongKind, "/midi/notes/0/singingSkill", "7,\"d"}));
+}
+
+TEST(FormatLosses, AreNoneWhereTheSkillThatADvqmHidesSaysNothing)
+{
+    EXPECT_THAT(lossesOfNote(R"(,"singingSkill":{"duration":0,"weight":{"pre":64}},"dvqm":{})"),
+                IsEmpty());
 }
 
 TEST(FormatLosses, CountLevelNames)
@@ -139,30 +195,167 @@ TEST(FormatLosses, CountLevelNames)
 
 TEST(FormatLosses, OfALaneFollowFromItsNameWhereverThatStands)
 {
-    EXPECT_THAT(lossesOfPart(
-                    midi(R"(,"controllers":[{"events":[{"pos":0,"value":25},{"pos":1,"value":24}],)"
-                         R"("name":"pitchBendSens"},{"name":"pitchBendSens","events":[]}])")),
-                ElementsAre(Told{LossReason::notAccepted, "/midi/controllers/0/events/0", "{\"po"},
-                            Told{LossReason::duplicate, "/midi/controllers/1", "{\"na"},
-                            Told{LossReason::object, "/midi/controllers/1", "{\"na"}));
+    EXPECT_THAT(
+        lossesOfPart(
+            midi(R"(,"controllers":[{"events":[{"pos":0,"value":25},{"pos":1,"value":24}],)"
+                 R"("name":"pitchBendSens"},{"name":"pitchBendSens","events":[]}])")),
+        ElementsAre(Told{LossReason::notAccepted, "/midi/controllers/0/events/0/value", "25},"},
+                    Told{LossReason::duplicate, "/midi/controllers/1/name", "\"pit"},
+                    Told{LossReason::object, "/midi/controllers/1", "{\"na"}));
 }
 
 TEST(FormatLosses, NameAnEffectThatIsThereAlready)
 {
     EXPECT_THAT(lossesOfPart(midi(R"(,"audioEffects":[{"id":"x"},{"id":"x"}])")),
-                ElementsAre(Told{LossReason::duplicate, "/midi/audioEffects/1", "{\"id"},
+                ElementsAre(Told{LossReason::duplicate, "/midi/audioEffects/1/id", "\"x\"}"},
                             Told{LossReason::object, "/midi/audioEffects/1", "{\"id"}));
+}
+
+TEST(FormatLosses, NameValuesOfParametersThatNoFloatHolds)
+{
+    EXPECT_THAT(
+        lossesOfPart(midi(R"(,"midiEffects":[{"id":"x","parameters":)"
+                          R"([{"name":"a","value":3.5e38},{"name":"b","value":3.4e38}]}])")),
+        ElementsAre(Told{LossReason::clamped, "/midi/midiEffects/0/parameters/0/value", "3.5e"}));
+}
+
+TEST(FormatLosses, NameTheWaveFileThatIsNotThere)
+{
+    EXPECT_THAT(lossesOfPart(R"({"audio":{"wavFileName":"none.wav"}})"),
+                ElementsAre(Told{LossReason::noWaveFile, "/audio/wavFileName", "\"non"}));
+}
+
+TEST(FormatLosses, NameThePartWhereThereIsNone)
+{
+    EXPECT_THAT(lossesOfPart(R"({"id":"x"})"), ElementsAre(Told{LossReason::missing, "", "{\"id"}));
 }
 
 TEST(FormatLosses, NameThePartsThatAnotherOneComesBefore)
 {
     EXPECT_THAT(lossesOfPart(R"({"midi":{"duration":0},"audio":1,"midiAi":{"duration":0}})"),
                 ElementsAre(Told{LossReason::notAccepted, "/midi/duration", "0},\""},
+                            Told{LossReason::missing, "/midi", "{\"du"},
                             Told{LossReason::object, "/midi", "{\"du"},
                             Told{LossReason::wrongKind, "/audio", "1,\"m"},
                             Told{LossReason::notLookedAt, "/midiAi", "{\"du"},
                             Told{LossReason::notLookedAt, "/midi", "{\"du"}));
 }
+
+Notes notesOfClip(const std::string& document)
+{
+    Notes notes;
+    std::string bytes = document;
+    format::LoadedClip clip;
+    format::DocumentReader().readClip(bytes, {plx::StringView(), 0}, nullptr, clip, &notes);
+    return notes;
+}
+
+TEST(FormatLosses, OfAWholeDocumentNameEachPartOnce)
+{
+    const std::string document = R"({"midi":1,"audio":[],"name":""})";
+    EXPECT_THAT(toldOf(notesOfClip(document).losses, document),
+                ElementsAre(Told{LossReason::wrongKind, "/audio", "[],\""},
+                            Told{LossReason::notLookedAt, "/midi", "1,\"a"},
+                            Told{LossReason::missing, "", "{\"mi"},
+                            Told{LossReason::notAccepted, "/name", "\"\"}"}));
+}
+
+TEST(FormatLosses, OfAWholeDocumentNameTheWaveFileBesideOtherReasons)
+{
+    const std::string document = R"({"name":"n","audio":{"wavFileName":"none.wav"}})";
+    EXPECT_THAT(toldOf(notesOfClip(document).losses, document),
+                ElementsAre(Told{LossReason::missing, "", "{\"na"},
+                            Told{LossReason::noWaveFile, "/audio/wavFileName", "\"non"}));
+}
+
+Notes notesOfProperties(const std::string& document)
+{
+    Notes notes;
+    std::string bytes = document;
+    plx::ClipProperties properties;
+    format::DocumentReader().readProperties(bytes, properties, &notes);
+    return notes;
+}
+
+std::string properties(const std::string& members)
+{
+    return R"({"id":"i","name":"n")" + members + "}";
+}
+
+TEST(FormatLosses, NameKeyAndTempoOfAnAudioClip)
+{
+    const std::string document = properties(R"(,"part":{"tempo":1,"type":"audio","key":3})");
+    EXPECT_THAT(toldOf(notesOfProperties(document).losses, document),
+                ElementsAre(Told{LossReason::notLookedAt, "/part/key", "3}}"},
+                            Told{LossReason::notLookedAt, "/part/tempo", "1,\"t"}));
+}
+
+TEST(FormatLosses, NameTagsThatAreNoneAndTagsThatStandTwice)
+{
+    const std::string document =
+        properties(R"(,"part":{"type":"midi"},"filter":{"types":["a","","b","a",1],)"
+                   R"("genres":["a"],"languages":[1,-1,1,"x"]})");
+    EXPECT_THAT(toldOf(notesOfProperties(document).losses, document),
+                ElementsAre(Told{LossReason::notAccepted, "/filter/types/1", "\"\",\""},
+                            Told{LossReason::duplicate, "/filter/types/3", "\"a\","},
+                            Told{LossReason::wrongKind, "/filter/types/4", "1],\""},
+                            Told{LossReason::notAccepted, "/filter/languages/1", "-1,1"},
+                            Told{LossReason::duplicate, "/filter/languages/2", "1,\"x"},
+                            Told{LossReason::wrongKind, "/filter/languages/3", "\"x\"]"}));
+}
+
+TEST(FormatLosses, ComeWithTheIdTheTypeAndTheNotesThatWereTaken)
+{
+    std::vector<std::string> paths;
+    for (const format::Taken& taken :
+         notesOfProperties(properties(R"(,"part":{"type":"midi"})")).all) {
+        paths.push_back(taken.path);
+    }
+    EXPECT_THAT(paths, ElementsAre("/part/type", "/id"));
+    const Notes ofPart = notesOfClip(properties(
+        R"(,"midi":{"duration":1,"voice":{"compID":"0123456789ABCDEF","langID":0},"notes":[{},)" +
+        note("") + "]}"));
+    ASSERT_EQ(ofPart.all.size(), 2U);
+    EXPECT_EQ(ofPart.all[0].path, "/midi/notes/1");
+    EXPECT_NE(ofPart.all[0].note, nullptr);
+    EXPECT_EQ(ofPart.all[1].path, "/id");
+}
+
+// --- Texts that are no documents ----------------------------------------------------------------------
+
+struct Broken {
+    format::Defect::Kind kind;
+    std::string text;
+    std::size_t place; // of the first character that is wrong
+};
+
+class FormatDefects : public testing::TestWithParam<Broken> {};
+
+TEST_P(FormatDefects, AreToldWithTheirPlaces)
+{
+    const auto defects = notesOfProperties(GetParam().text).defects;
+    ASSERT_EQ(defects.size(), 1U);
+    EXPECT_EQ(defects[0].kind, GetParam().kind);
+    EXPECT_EQ(defects[0].place, GetParam().place);
+}
+
+using DefectKind = format::Defect::Kind;
+INSTANTIATE_TEST_SUITE_P(
+    All, FormatDefects,
+    testing::Values(Broken{DefectKind::grammar, R"({"id":"x",})", 10},
+                    Broken{DefectKind::grammar, R"({"id":-x})", 7},
+                    Broken{DefectKind::grammar, R"({"id":01})", 7},
+                    Broken{DefectKind::grammar, R"({"id":1.e5})", 8},
+                    Broken{DefectKind::grammar, R"({"id":1e+})", 9},
+                    Broken{DefectKind::grammar, R"({"id":-1e400})", 6},
+                    Broken{DefectKind::grammar, R"({"id":"x)", 8},
+                    Broken{DefectKind::grammar, std::string("{} \0", 4), 3},
+                    Broken{DefectKind::grammar, "{}{}", 2}, Broken{DefectKind::grammar, "", 0},
+                    Broken{DefectKind::grammar, " [1]", 1},
+                    Broken{DefectKind::halfSurrogate, R"({"id":"\udc00"})", 13},
+                    Broken{DefectKind::encoding, "{\"\xC3\xA4\xFF\"}", 4},
+                    Broken{DefectKind::encoding, std::string("{\0\"\0\x00\xDC\"\0", 8), 2},
+                    Broken{DefectKind::encoding, std::string("{\0}\0 ", 5), 2}));
 
 class FormatLossPlaces : public testing::TestWithParam<support::Encoding> {};
 
