@@ -314,12 +314,12 @@ bool ClipBuilder::endDataDocument()
 {
     const Members members = trail_.top().members();
     partType_ = partTypeOf(members);
-    tellOfParts(members);
     if (wanted_->properties != nullptr) {
         hasProperties_ = taker_.take<DataDocument>(withoutParts(members), *wanted_->properties);
         tookId<DataDocument>(members);
         addVendorTag(members.hasObject(place<DataDocument>("filter")));
     }
+    tellOfParts(members);
     return true;
 }
 

@@ -43,13 +43,13 @@ std::string Trail::pathTo(std::string_view key) const
     return where;
 }
 
-void Trail::tell(LossReason reason, std::string&& path, const char* at, const keys::Row* row,
-                 std::string_view key) const
+void Trail::tell(LossReason reason, std::string&& path, const char* at, const keys::Shape* shape,
+                 const keys::Row* row, std::string_view key) const
 {
     listener_->lost({.reason = reason,
                      .path = std::move(path),
                      .place = placeOf(at),
-                     .shape = top().shape,
+                     .shape = shape,
                      .row = row,
                      .isElement = false,
                      .range = row != nullptr ? row->range : keys::Range(),
@@ -67,13 +67,14 @@ void Trail::lost(LossReason reason, const Members& members, const keys::Row& row
     if (value != nullptr) {
         appendStep(where, row.key);
     }
-    tell(reason, std::move(where), value != nullptr ? value->at : top().at, &row, row.key);
+    tell(reason, std::move(where), value != nullptr ? value->at : top().at, members.shape, &row,
+         row.key);
 }
 
 void Trail::lostKey(LossReason reason, std::string_view key, const char* at) const
 {
     if (isHeard()) {
-        tell(reason, pathTo(key), at, nullptr, key);
+        tell(reason, pathTo(key), at, top().shape, nullptr, key);
     }
 }
 

@@ -34,6 +34,7 @@ struct Members {
 
     std::uint32_t present;
     const Value* values;
+    const keys::Shape* shape;
     std::string_view below = {}; // the path from the innermost open object to this one
 
 private:
@@ -54,7 +55,10 @@ public:
         std::copy_n(members.values, values_.size(), values_.begin());
     }
 
-    Members members(std::string_view below) const { return {present_, values_.data(), below}; }
+    Members members(std::string_view below) const
+    {
+        return {present_, values_.data(), &keys::shape<Of>, below};
+    }
 
 private:
     std::uint32_t present_ = 0;
@@ -63,7 +67,7 @@ private:
 
 // An object or a list that is open.
 struct Level {
-    Members members() const { return {present, values.data()}; }
+    Members members() const { return {present, values.data(), shape}; }
 
     const keys::Shape* shape; // of the object, or of the objects in the list; null for another list
     const keys::Row* list;    // null for an object
@@ -144,8 +148,8 @@ private:
     std::string path() const;
     std::string pathTo(std::string_view key) const;
     std::size_t placeOf(const char* at) const { return static_cast<std::size_t>(at - text_); }
-    void tell(LossReason reason, std::string&& path, const char* at, const keys::Row* row,
-              std::string_view key) const;
+    void tell(LossReason reason, std::string&& path, const char* at, const keys::Shape* shape,
+              const keys::Row* row, std::string_view key) const;
 
     const char* text_ = nullptr;
     Listener* listener_ = nullptr;

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "format/encoding.h"
+#include "format/keys.h"
 #include "format/read.h"
 #include "support/text.h"
 
@@ -140,6 +141,17 @@ TEST(FormatLosses, OfWhatWaitsForItsNoteHaveTheirOwnPlaces)
                     Told{LossReason::notAccepted, "/midi/notes/0/vibrato/rates/1/pos", "6,\"v"}));
 }
 
+TEST(FormatLosses, OfWhatWaitsForItsNoteNameTheObject)
+{
+    Notes notes;
+    std::string bytes = midi(
+        R"(,"notes":[)" + note(R"(,"singingSkill":{"duration":10},"vibrato":{"type":17})") + "]");
+    format::DocumentReader().readPart(bytes, {plx::StringView(), 0}, nullptr, &notes);
+    ASSERT_EQ(notes.losses.size(), 2U);
+    EXPECT_EQ(notes.losses[0].shape->id, format::keys::Id::singingSkill);
+    EXPECT_EQ(notes.losses[1].shape->id, format::keys::Id::vibrato);
+}
+
 TEST(FormatLosses, NamePointsWhosePlaceIsTaken)
 {
     EXPECT_THAT(
@@ -254,10 +266,10 @@ TEST(FormatLosses, OfAWholeDocumentNameEachPartOnce)
 {
     const std::string document = R"({"midi":1,"audio":[],"name":""})";
     EXPECT_THAT(toldOf(notesOfClip(document).losses, document),
-                ElementsAre(Told{LossReason::wrongKind, "/audio", "[],\""},
-                            Told{LossReason::notLookedAt, "/midi", "1,\"a"},
-                            Told{LossReason::missing, "", "{\"mi"},
-                            Told{LossReason::notAccepted, "/name", "\"\"}"}));
+                ElementsAre(Told{LossReason::missing, "", "{\"mi"},
+                            Told{LossReason::notAccepted, "/name", "\"\"}"},
+                            Told{LossReason::wrongKind, "/audio", "[],\""},
+                            Told{LossReason::notLookedAt, "/midi", "1,\"a"}));
 }
 
 TEST(FormatLosses, OfAWholeDocumentNameTheWaveFileBesideOtherReasons)

@@ -209,6 +209,47 @@ class Files(CheckTest):
         self.assertIn('"Property.json"', finding["message"])
 
 
+class Several(CheckTest):
+    """Clips with more than one damage: what each of them brings about, and nothing that follows."""
+
+    def places_of(self, *damages):
+        text = DATA
+        for old, new in damages:
+            self.assertEqual(text.count(old), 1, old)
+            text = text.replace(old, new)
+        self.write("a/property.json", PROPERTIES.encode())
+        self.write("a/clip.kxclip", text.encode())
+        (clip,) = self.check_scratch()["clips"]
+        return [finding["pointer"] for finding in clip["findings"]]
+
+    def test_all_reasons_for_which_a_note_is_lost_and_no_others(self):
+        self.assertEqual(self.places_of(('"lyric": "Freu"', '"lyric": ""'),
+                                        ('"velocity": 90', '"velocity": 128'),
+                                        ('"accent": 54', '"acent": 54')),
+                         ["/midi/notes/0/lyric", "/midi/notes/0/velocity"])
+
+    def test_a_part_that_is_lost(self):
+        self.assertEqual(self.places_of(('"lyric": "Freu"', '"lyric": ""'),
+                                        ('"voralin-alto-001"', '"voralin"'),
+                                        ('"duration": 1920', '"duration": 0')),
+                         ["/midi/duration", "/midi/voice/compID"])
+
+    def test_a_part_that_another_one_hides(self):
+        self.assertEqual(self.places_of(('"lyric": "Freu"', '"lyric": ""'),
+                                        ('"midiEffects": [{ "id": "echo" }]\n    }',
+                                         '"midiEffects": 1 }, "audio": {}')),
+                         ["/midi", "/audio/wavFileName"])
+
+    def test_a_lane_without_a_good_event(self):
+        self.assertEqual(self.places_of(('"value": 80', '"value": 128')),
+                         ["/midi/controllers/0/events", "/midi/controllers/0/events/0/value"])
+
+    def test_a_vibrato_that_ends(self):
+        self.assertEqual(self.places_of(('"type": 1, "duration": 240, "depths": [',
+                                         '"type": 1.0, "duration": 481, "depths": [{}, ')),
+                         ["/midi/notes/0/vibrato/type", "/midi/notes/0/vibrato/duration"])
+
+
 class Random(CheckTest):
     """Whatever is wrong with a clip: what the check explains is what the library does."""
 
@@ -281,23 +322,63 @@ class Library(CheckTest):
         self.run_check(PROGRAMS.path(SOURCES / "examples/library/system/factory"), code=0)
 
 
+class Notes(CheckTest):
+    """What is said of clips that lose nothing."""
+
+    def lines_of(self, old, new, code):
+        self.write("a/property.json", PROPERTIES.encode())
+        self.write("a/clip.kxclip", DATA.replace(old, new).encode())
+        return self.run_check(PROGRAMS.path(self.scratch), code=code).lines
+
+    def test_nothing_is_lost(self):
+        lines = self.lines_of('"pos": 480', '"pos": 479', code=0)
+        self.assertEqual(lines[2:], [
+            "    clip.kxclip:11:13: /midi/notes/1 begins before /midi/notes/0 ends",
+            "",
+            "1 clip file: 1 listed, 0 not listed; 0 parts of listed clips cannot be read; "
+            "0 things are not taken",
+            "1 place that loses nothing to look at again",
+        ])
+
+    def test_nearest_key(self):
+        for wrong, right in (("acent", "accent"), ("ACCENT", "accent"), ("bendLenght", "bendLength"),
+                             ("openin", "opening"), ("fallport", "fallPort")):
+            with self.subTest(wrong):
+                lines = self.lines_of('"accent"', f'"{wrong}"', code=1)
+                self.assertTrue(lines[2].endswith(
+                    f'/midi/notes/0/exp/{wrong} is no key; did you mean "{right}"?'), lines[2])
+
+    def test_key_that_is_like_none(self):
+        for wrong in ("mine", "x", "", "a" * 1000):
+            with self.subTest(wrong):
+                lines = self.lines_of('"accent"', f'"{wrong}"', code=0)
+                self.assertTrue(lines[2].endswith(" is no key that the library knows"), lines[2])
+
+
 class Output(CheckTest):
     """What people and scripts see."""
 
     def test_text(self):
         self.write_good_clip("fine", "fine")
         self.write("bad/property.json", b'{ "id": "bad", "name": "",\n "part": {"type": "midi"} }')
-        self.write("bad/clip.kxclip", b"[1,]")
+        self.write("bad/clip.kxclip", b'{ "x": [1,] }')
         lines = self.run_check(PROGRAMS.path(self.scratch), code=1).lines
         self.assertEqual(lines, [
             f"{PROGRAMS.path(self.scratch)}/bad/clip.kxclip",
             "  not listed",
             '    property.json:1:24: /name "" is empty; the document gives no clip',
-            "    clip.kxclip:1:4: a comma before the closing ]",
+            "    clip.kxclip:1:11: a comma before the closing ]",
             "",
             "2 clip files: 1 listed, 1 not listed; 0 parts of listed clips cannot be read; "
             "0 things are not taken",
         ])
+
+    def test_order_of_names(self):
+        names = [f"{number:02}" for number in range(20)]
+        for name in names[1::2] + names[-2::-2]:
+            self.write_good_clip(name, name)
+        answer = self.check(PROGRAMS.path(self.scratch), code=0)
+        self.assertEqual([clip["id"] for clip in answer["clips"]], names)
 
     def test_nothing_found(self):
         self.write_good_clip("fine")

@@ -22,7 +22,7 @@ NOTE = """{ "pos": 0, "duration": 480, "lyric": "Freu", "phoneme": "f R OY", "la
               "aiExp": { "pitchFine": 0.25 }, "singingSkill": { "duration": 9, "weight": { "pre": 1 } },
               "vibrato": { "type": 1, "duration": 240, "depths": [{ "pos": 0, "value": 40 }] } }"""
 
-SECOND_NOTE = """{ "pos": 480, "duration": 480, "lyric": "de", "phoneme": "d @", "number": 67,
+SECOND_NOTE = """{ "pos": 480, "duration": 480, "lyric": "de", "phoneme": "d @", "langID": 3, "number": 67,
               "velocity": 91, "dvqm": { "attack": { "compID": "A", "levelNames": ["x"],
               "speed": 20, "topFactor": 1.5 } } }"""
 
@@ -134,7 +134,8 @@ class Collector:
         """The clip file is damaged beside a good property document."""
         text = self.put_id(damaged(base, old, new), name)
         finding = found(text, reason, effect, pointer, "clip")
-        self.add(Damage(name, self.put_id(PROPERTIES, name).encode(),
+        properties = PROPERTIES.replace('"midi"', '"midiAi"') if base is AI else PROPERTIES
+        self.add(Damage(name, self.put_id(properties, name).encode(),
                         text.replace(MARK, "").encode(), [finding],
                         part_reads=effect != "refused"))
 
@@ -151,6 +152,7 @@ def damaged_clips():
     add_parts(make)
     add_notes(make)
     add_lists(make)
+    add_second_looks(make)
     add_files(make)
     return make.clips
 
@@ -238,7 +240,7 @@ def add_parts(make):
               "/midiAi/aiVoice/compID", base=AI)
     make.loss("ai-language", '[{ "langID": 3 }]', '[{ "langID": ⟦"de" }]', "wrong-type",
               "/midiAi/aiVoice/langIDs/0/langID", base=AI)
-    make.loss("two-parts", '"midiAi":', '⟦"midi": {}, "midiAi":', "not-looked-at", "/midi",
+    make.loss("two-parts", '"midiAi":', '"midi": ⟦{}, "midiAi":', "not-looked-at", "/midi",
               base=AI)
 
 
@@ -268,14 +270,19 @@ def add_notes(make):
               "wrong-type", f"{first}/aiExp/pitchFine", **ignored)
     make.loss("pitch-1.5", '"pitchFine": 0.25', '"pitchFine": ⟦1.5', "out-of-range",
               f"{first}/aiExp/pitchFine", **ignored)
+    make.loss("pitch-beyond-floats", '"pitchFine": 0.25', '"pitchFine": ⟦3.5e38', "out-of-range",
+              f"{first}/aiExp/pitchFine", **ignored)
     make.loss("skill-longer", '"duration": 9', '"duration": ⟦481', "out-of-range",
               f"{first}/singingSkill/duration", **ignored)
-    make.loss("skill-beside-dvqm", '"velocity": 91,', '"velocity": 91, ⟦"singingSkill": '
-              '{ "duration": 7 },', "not-looked-at", "/midi/notes/1/singingSkill")
+    make.loss("skill-beside-dvqm", '"velocity": 91,', '"velocity": 91, "singingSkill": '
+              '⟦{ "duration": 7 },', "not-looked-at", "/midi/notes/1/singingSkill")
     make.loss("vibrato-type-17", '"type": 1', '"type": ⟦17', "out-of-range",
               f"{first}/vibrato/type")
     make.loss("vibrato-longer", '"duration": 240', '"duration": ⟦481', "out-of-range",
               f"{first}/vibrato/duration")
+    make.loss("points-of-a-vibrato-that-ends", '"type": 1, "duration": 240, "depths": [',
+              '"type": ⟦17, "duration": 240, "depths": [{}, ', "out-of-range",
+              f"{first}/vibrato/type")
     make.loss("point-behind", '[{ "pos": 0, "value": 40 }]', '[{ "pos": ⟦241, "value": 40 }]',
               "out-of-range", f"{first}/vibrato/depths/0/pos")
     make.loss("five-levels", '["x"]', '⟦["x", "x", "x", "x", "x"]', "wrong-value",
@@ -311,6 +318,30 @@ def add_lists(make):
               "/midi/audioEffects/0/parameters/0/value")
     make.loss("parameter-huge", '"value": 0.5', '"value": ⟦-1e300', "out-of-range",
               "/midi/audioEffects/0/parameters/0/value", "ignored")
+
+
+def add_second_looks(make):
+    """What may be a mistake."""
+    noted = {"effect": "noted"}
+    make.properties("type-of-another-part", '"type": "midi"', '"type": ⟦"midiAi"', "other-type",
+                    "/part/type", **noted)
+    make.loss("key-misspelt", '"accent": 54', '⟦"acent": 54', "unknown-key",
+              "/midi/notes/0/exp/acent", "ignored")
+    make.loss("key-of-another-object", '"name": "dynamics"', '"name": "dynamics", ⟦"lyric": ""',
+              "unknown-key", "/midi/controllers/0/lyric", **noted)
+    make.loss("key-of-its-own", '"styleName"', '⟦"x-~made/by": {}, "styleName"', "unknown-key",
+              "/midi/x-~0made~1by", **noted)
+    second = '{ "pos": 480, "duration": 480, "lyric": "de"'
+    make.loss("note-behind-the-part", second, second.replace('{ "pos": 480', '⟦{ "pos": 1441'),
+              "beyond-end", "/midi/notes/1", **noted)
+    make.loss("notes-overlap", second, second.replace('{ "pos": 480', '⟦{ "pos": 479'), "overlap",
+              "/midi/notes/1", **noted)
+    make.loss("note-without-language", second, f"⟦{second}", "no-language", "/midi/notes/1",
+              base=DATA.replace('"langID": 3, "number": 67', '"number": 67'), **noted)
+    first = second.replace('480', '0', 1).replace('"de"', '"Freu"')
+    make.loss("no-language-at-all", first, f"⟦{first}", "no-language", "/midi/notes/0",
+              base=DATA.replace('"langID": 3, "number": 67', '"number": 67').replace(
+                  '"langID": 3,\n', "\n"), **noted)
 
 
 def add_files(make):

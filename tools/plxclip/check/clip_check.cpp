@@ -1,10 +1,10 @@
 #include "check/clip_check.h"
 
 #include <algorithm>
-#include <array>
 #include <unordered_set>
 #include <utility>
 
+#include "check/comparison.h"
 #include "check/diagnosis.h"
 #include "check/files.h"
 #include "check/library.h"
@@ -23,69 +23,30 @@ void report(ClipReport& clip, Effect effect, Reason reason, std::string message)
     clip.findings.push_back({effect, reason, {}, {}, {}, std::move(message)});
 }
 
-// --- Where the library and the diagnosis differ, which must be said ----------------------------------
+// --- Where the library and the documents differ, which must be said ---------------------------------
 
-struct Count {
-    std::string_view name;
-    std::size_t Contents::*field;
-};
-
-constexpr std::array<Count, 9> counts = {{{"notes", &Contents::notes},
-                                          {"vibrato points", &Contents::vibratoPoints},
-                                          {"level names", &Contents::levelNames},
-                                          {"lanes", &Contents::lanes},
-                                          {"events", &Contents::events},
-                                          {"audio effects", &Contents::audioEffects},
-                                          {"MIDI effects", &Contents::midiEffects},
-                                          {"effect parameters", &Contents::parameters},
-                                          {"AI languages", &Contents::aiLanguages}}};
-
-void reportDifference(ClipReport& clip, std::string_view what, std::size_t has,
-                      std::size_t expected)
+void reportDifferences(ClipReport& clip, const std::vector<std::string>& lines)
 {
-    if (has != expected) {
-        report(clip, Effect::dropped, Reason::unexplained,
-               "the library has " + std::to_string(has) + ' ' + std::string(what) +
-                   ", this check expects " + std::to_string(expected) + "; no reason was found");
+    for (const std::string& line : lines) {
+        report(clip, Effect::ignored, Reason::unexplained, line + "; no reason was found");
     }
 }
 
-void compareParts(ClipReport& clip, const std::optional<Contents>& has,
-                  const std::optional<Contents>& expected)
-{
-    if (has.has_value() != expected.has_value()) {
-        report(clip, Effect::refused, Reason::unexplained,
-               has ? "the library reads the part, though by this check it cannot be read"
-                   : "the library does not read the part; no reason was found");
-        return;
-    }
-    if (!has) {
-        return;
-    }
-    for (const Count& count : counts) {
-        reportDifference(clip, count.name, (*has).*count.field, (*expected).*count.field);
-    }
-    if (has->values != expected->values) {
-        report(clip, Effect::ignored, Reason::unexplained,
-               "the numbers of the notes or the events are not what this check expects; no reason "
-               "was found");
-    }
-}
-
-void compare(ClipReport& clip, const LibraryClip& listed, const Diagnosis& diagnosis)
+void compare(ClipReport& clip, korvel::plx::Clip listed, const Diagnosis& diagnosis)
 {
     if (!diagnosis.isListable) {
         report(clip, Effect::passedOver, Reason::unexplained,
                "the library lists this clip, though by this check it cannot be listed");
         return;
     }
-    if (listed.id != diagnosis.id) {
-        report(clip, Effect::ignored, Reason::unexplained,
-               "the library has the ID \"" + listed.id + "\", this check expects \"" +
-                   diagnosis.id + '"');
+    reportDifferences(clip, differences(listed, diagnosis.properties));
+    if (clip.partReads != (diagnosis.part != nullptr)) {
+        report(clip, Effect::refused, Reason::unexplained,
+               clip.partReads ? "the library reads the part, though by this check it cannot be read"
+                              : "the library does not read the part; no reason was found");
+    } else if (clip.partReads) {
+        reportDifferences(clip, differences(listed, *diagnosis.part));
     }
-    reportDifference(clip, "tags", listed.tags, diagnosis.tags);
-    compareParts(clip, listed.contents, diagnosis.contents);
 }
 
 // --- Clips that are not listed --------------------------------------------------------------------------
@@ -95,15 +56,17 @@ void explainAbsence(ClipReport& clip, const Library& library, const Diagnosis& d
     if (!diagnosis.isListable) {
         return;
     }
-    const std::string other = library.fileWithID(diagnosis.id, clip.isUserClip);
+    const std::string other = library.fileWithID(diagnosis.properties.id, clip.isUserClip);
     if (other.empty()) {
         report(clip, Effect::passedOver, Reason::unexplained,
                "the library does not list this clip; no reason was found");
         return;
     }
-    clip.findings.push_back({Effect::passedOver, Reason::duplicate, diagnosis.idDocument,
-                             diagnosis.idPointer, diagnosis.idPosition,
-                             "is the ID of " + other + ", which was met first"});
+    Finding finding = diagnosis.id;
+    finding.effect = Effect::passedOver;
+    finding.reason = Reason::duplicate;
+    finding.message = "is the ID of " + other + ", which was met first";
+    clip.findings.push_back(std::move(finding));
 }
 
 ClipReport checkClip(ClipReport clip, const std::filesystem::path& path, const Library& library)
@@ -116,10 +79,10 @@ ClipReport checkClip(ClipReport clip, const std::filesystem::path& path, const L
         explainAbsence(clip, library, diagnosis);
         return clip;
     }
-    clip.partReads = listed->contents.has_value();
-    clip.isWhole = diagnosis.isListable && diagnosis.idDocument.empty();
-    clip.id = listed->id;
-    clip.name = listed->name;
+    clip.partReads = listed->readPart();
+    clip.isWhole = diagnosis.isListable && diagnosis.id.document.empty();
+    clip.id = korvel::plx::toUtf8(listed->id());
+    clip.name = korvel::plx::toUtf8(listed->name());
     compare(clip, *listed, diagnosis);
     return clip;
 }
@@ -161,7 +124,13 @@ public:
         }
     }
 
-    const std::vector<File>& all() const { return files; }
+    // In the order of their names.
+    std::vector<File> take()
+    {
+        std::sort(files.begin(), files.end(),
+                  [](const File& a, const File& b) { return a.found.path < b.found.path; });
+        return std::move(files);
+    }
 
 private:
     // Folders may overlap.
@@ -181,14 +150,15 @@ private:
 std::vector<ClipReport> checkClips(korvel::plx::Manager manager, const Folders& folders,
                                    const Progress& progress)
 {
-    Collection files;
-    files.addFolders(folders.system, false);
-    files.addFolders(folders.user, true);
+    Collection collection;
+    collection.addFolders(folders.system, false);
+    collection.addFolders(folders.user, true);
+    const std::vector<File> files = collection.take();
     const Library library(manager);
     std::vector<ClipReport> reports;
-    for (const File& file : files.all()) {
+    for (const File& file : files) {
         reports.push_back(checkFile(file, library));
-        progress(reports.size(), files.all().size());
+        progress(reports.size(), files.size());
     }
     return reports;
 }

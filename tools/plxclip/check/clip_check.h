@@ -18,7 +18,7 @@ struct ClipReport {
     bool isUserClip = false;
     bool isListed = false;
     bool partReads = false; // of a listed clip
-    bool isWhole = false;   // listed from the clip file itself, for want of a property document
+    bool isWhole = false;   // listed from the clip file itself
     std::string id;         // of a listed clip
     std::string name;
     std::vector<Finding> findings;
@@ -27,7 +27,7 @@ struct ClipReport {
 // How many of how many files are done.
 using Progress = std::function<void(std::size_t done, std::size_t all)>;
 
-// Every clip file below the folders, and what looks like one, in the order of the file system. The
+// Every clip file below the folders, and what looks like one, in the order of their names. The
 // manager stands on these folders and has read its clips; their parts are read now.
 std::vector<ClipReport> checkClips(korvel::plx::Manager manager, const Folders& folders,
                                    const Progress& progress);

@@ -1,27 +1,26 @@
-// What the documents of one clip file give, and what is wrong with them, without asking the library.
+// What the documents of one clip file give, and what is wrong with them, without asking the host's library.
 #pragma once
 
-#include <cstddef>
 #include <filesystem>
-#include <optional>
+#include <memory>
 #include <string>
 #include <vector>
 
-#include "check/contents.h"
 #include "check/finding.h"
+#include "clip/clip_properties.h"
+#include "model/part.h"
 
 namespace plxclip::check {
+
+namespace own = Korvel::CANTORIS::PLX;
 
 inline constexpr std::string_view propertyDocument = "property.json";
 
 struct Diagnosis {
     bool isListable = false;
-    std::string id; // of a listable clip, and where it stands
-    std::string idDocument;
-    std::string idPointer;
-    Position idPosition;
-    std::size_t tags = 0;
-    std::optional<Contents> contents; // none when the part cannot be read
+    own::ClipProperties properties;      // of a listable clip
+    Finding id;                          // where its ID stands, and no more than that
+    std::unique_ptr<own::PartBase> part; // null when it cannot be read
     std::vector<Finding> findings;
 };
 

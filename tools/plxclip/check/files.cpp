@@ -6,11 +6,12 @@
 #include <system_error>
 #include <vector>
 
-#include "check/decoding.h"
+#include "unicode.h"
 
 namespace plxclip::check {
 
 namespace fs = std::filesystem;
+using Korvel::CANTORIS::PLX::validUtf8Length;
 
 namespace {
 
@@ -25,14 +26,6 @@ bool isUsable(const fs::path& name)
     return validUtf8Length(name.native()) == name.native().size() &&
            name.native().find('\\') == std::string::npos;
 #endif
-}
-
-std::string lowerCase(std::string text)
-{
-    std::transform(text.begin(), text.end(), text.begin(), [](char letter) {
-        return 'A' <= letter && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
-    });
-    return text;
 }
 
 // From the last dot of the name, which may be its first letter.
@@ -165,6 +158,14 @@ std::string textOf(const fs::path& path)
 }
 
 #endif
+
+std::string lowerCase(std::string text)
+{
+    std::transform(text.begin(), text.end(), text.begin(), [](char letter) {
+        return 'A' <= letter && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
+    });
+    return text;
+}
 
 std::string keyOf(std::string_view path)
 {

@@ -31,6 +31,9 @@ std::filesystem::path pathOf(std::string_view utf8);
 // In UTF-8 and with slashes; what is no text in the name is replaced.
 std::string textOf(const std::filesystem::path& path);
 
+// In small letters, as far as they are ASCII.
+std::string lowerCase(std::string text);
+
 // The same for every spelling of a path that the library and this check may have for one file.
 std::string keyOf(std::string_view path);
 

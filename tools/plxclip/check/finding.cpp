@@ -7,13 +7,14 @@ namespace plxclip::check {
 
 namespace {
 
-constexpr std::array<std::string_view, 4> effectNames = {"refused", "dropped", "ignored",
-                                                         "passed-over"};
+constexpr std::array<std::string_view, 5> effectNames = {"refused", "dropped", "ignored",
+                                                         "passed-over", "noted"};
 
-constexpr std::array<std::string_view, 17> reasonNames = {
+constexpr std::array<std::string_view, 21> reasonNames = {
     "unreadable",  "too-large",    "missing-document", "encoding",  "syntax",        "missing-key",
     "wrong-type",  "out-of-range", "wrong-value",      "repeated",  "not-looked-at", "unknown-key",
-    "wave-file",   "duplicate",    "extension",        "file-name", "unexplained"};
+    "wave-file",   "duplicate",    "extension",        "file-name", "other-type",    "beyond-end",
+    "no-language", "overlap",      "unexplained"};
 
 } // namespace
 

@@ -5,16 +5,17 @@
 #include <string>
 #include <string_view>
 
-#include "check/document.h"
+#include "check/text.h"
 
 namespace plxclip::check {
 
 // What follows from a finding.
 enum class Effect : std::uint8_t {
-    refused,   // the document, or the part in it, gives nothing
-    dropped,   // an element is left out
-    ignored,   // a value is not taken
-    passedOver // the clip file is not listed though its documents may be good
+    refused,    // the document, or the part in it, gives nothing
+    dropped,    // an element is left out
+    ignored,    // a value is not taken
+    passedOver, // the clip file is not listed though its documents may be good
+    noted       // nothing is lost, but it may be a mistake
 };
 
 enum class Reason : std::uint8_t {
@@ -34,6 +35,10 @@ enum class Reason : std::uint8_t {
     duplicate,
     extension,
     fileName,
+    otherType,
+    beyondEnd,
+    noLanguage,
+    overlap,
     unexplained
 };
 

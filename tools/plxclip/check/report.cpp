@@ -2,7 +2,6 @@
 
 #include <fmt/format.h>
 
-#include "check/diagnosis.h"
 #include "console.h"
 
 namespace plxclip::check {
@@ -73,6 +72,11 @@ std::string textOf(const Summary& summary)
         countOf(summary.unreadParts, "part of a listed clip cannot be read",
                 "parts of listed clips cannot be read"),
         countOf(summary.losses, "thing is not taken", "things are not taken"));
+    if (summary.noted > 0) {
+        text +=
+            fmt::format("{} to look at again\n", countOf(summary.noted, "place that loses nothing",
+                                                         "places that lose nothing"));
+    }
     if (summary.unexplained > 0) {
         text += fmt::format("{} where the library and this check differ\n",
                             countOf(summary.unexplained, "place", "places"));

@@ -14,8 +14,9 @@ struct Summary {
     std::size_t notListed = 0;
     std::size_t unreadParts = 0; // of listed clips
     std::size_t losses = 0;      // elements and values that are not taken
+    std::size_t noted = 0;       // what loses nothing
     std::size_t unexplained = 0;
-    bool isFine = true;
+    bool isFine = true; // whatever was noted
 };
 
 Summary summaryOf(const std::vector<ClipReport>& clips);

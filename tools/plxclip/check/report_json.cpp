@@ -75,6 +75,7 @@ void writeSummary(Writer& out, const Summary& summary)
     writeNumber(out, "notListed", summary.notListed);
     writeNumber(out, "unreadParts", summary.unreadParts);
     writeNumber(out, "losses", summary.losses);
+    writeNumber(out, "noted", summary.noted);
     writeNumber(out, "unexplained", summary.unexplained);
     out.EndObject();
 }
@@ -91,7 +92,8 @@ Summary summaryOf(const std::vector<ClipReport>& clips)
         for (const Finding& finding : clip.findings) {
             summary.losses += isLoss(finding) ? 1U : 0U;
             summary.unexplained += finding.reason == Reason::unexplained ? 1U : 0U;
-            summary.isFine = false;
+            summary.noted += finding.effect == Effect::noted ? 1U : 0U;
+            summary.isFine = summary.isFine && finding.effect == Effect::noted;
         }
     }
     return summary;
