@@ -292,9 +292,10 @@ void ClipBuilder::tookId(const Members& document) const
     }
 }
 
+// Reports the other parts, if there is a listener, and a part that is missing or of another kind.
 void ClipBuilder::tellOfParts(const Members& document) const
 {
-    if (partType_ == part_type::none) {
+    if (partType_ == KRT_PLX_PART_NONE) {
         trail_.lost(LossReason::missing, document, keys::rows<DataDocument>[parts.back().place],
                     nullptr);
     }

@@ -27,12 +27,12 @@ std::string blankIn(Encoding encoding);
 // The first unit of a document, after its mark, that is not white space; none if there is none yet.
 std::optional<char32_t> firstUnit(std::string_view bytes);
 
-// Turns the bytes into UTF-8 without a mark. False when they do not decode; then the UTF-8 is that of
-// what stands before the first place that does not.
+// Converts the bytes to UTF-8 without a mark. False when they are not valid in their encoding: then
+// only what comes before the first invalid place is converted.
 bool makeUtf8(std::string& bytes);
 
-// Where in the bytes of a document stands what stands at `place` of the UTF-8 that makeUtf8() makes of
-// them: a count of bytes, the mark included. The bytes decode up to there.
+// Converts a place in the UTF-8 that makeUtf8() makes of a document to the place in its original
+// bytes, counted with the mark. The bytes must be valid up to there.
 std::size_t placeInFile(std::string_view bytes, std::size_t place);
 
 } // namespace Korvel::CANTORIS::PLX::format

@@ -74,7 +74,7 @@ bool NoteBuilder::isSkillInitial() const
             areInitial(weight_.members({}), keys::rows<keys::Weight>));
 }
 
-// A Dvqm key of any kind keeps the singing skill from being looked at.
+// If the note has a Dvqm key, valid or not, the singing skill is ignored.
 void NoteBuilder::takeSingingSkill()
 {
     constexpr std::size_t own = place<NoteTable>("singingSkill");
@@ -172,8 +172,10 @@ void NoteBuilder::takeVibrato()
     if (duration == Taker::Outcome::notAccepted) {
         return;
     }
-    takeCurve<keys::Rate, place<VibratoTable>("rates")>(members, ratePoints, "/vibrato/rates");
-    takeCurve<keys::Depth, place<VibratoTable>("depths")>(members, depthPoints, "/vibrato/depths");
+    takeCurve<keys::Rate, place<VibratoTable>("rates")>(members, KRT_PLX_VIBRATO_RATE,
+                                                        "/vibrato/rates");
+    takeCurve<keys::Depth, place<VibratoTable>("depths")>(members, KRT_PLX_VIBRATO_DEPTH,
+                                                          "/vibrato/depths");
 }
 
 template <class Point, std::size_t place>

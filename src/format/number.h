@@ -35,8 +35,9 @@ struct Number {
     Decimal decimal;
 };
 
-// The text ends with a NUL, at `textEnd`. False when it begins with no number by the letter of the grammar; its end is
-// then where that shows. False, too, for one that is too large for a double, whose end is then its beginning.
+// The text ends with a NUL, at `textEnd`. False when it does not begin with a number of JSON's
+// grammar; then `end` is the first wrong character. False also for a number that is too large for a
+// double; then `end` is its first character.
 bool readNumber(const char* text, const char* textEnd, Number& number);
 
 } // namespace Korvel::CANTORIS::PLX::format

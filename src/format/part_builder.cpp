@@ -154,18 +154,18 @@ bool PartBuilder::endController()
         tell(LossReason::duplicate, place<ControllerTable>("name"));
         return false;
     }
-    const auto& [name, least, most] = controller::type(type);
+    const controller::Type& lane = controller::type(type);
     const PointRule rule{keys::shape<keys::Event>,
                          keys::anyPosition,
-                         {.initial = 0, .minimum = least, .maximum = most}};
+                         {.initial = 0, .minimum = lane.minimum, .maximum = lane.maximum}};
     auto& points = events_.keepAccepted(rule, trail_, "/events");
     if (points.empty()) {
         tell(LossReason::tooFew, place<ControllerTable>("events"));
         return false;
     }
-    auto lane = std::make_unique<MidiControllerImpl>(*midi_, type);
-    lane->buildEvents(points);
-    insertLane(midi_->lanes(), std::move(lane));
+    auto taken = std::make_unique<MidiControllerImpl>(*midi_, type);
+    taken->buildEvents(points);
+    insertLane(midi_->lanes(), std::move(taken));
     return true;
 }
 

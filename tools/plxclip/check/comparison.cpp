@@ -42,7 +42,7 @@ double plain(Number number)
 template <class Value>
 auto plain(std::optional<Value> value)
 {
-    return plain(value.value_or(own::noLanguage));
+    return plain(value.value_or(KRT_PLX_NO_LANGUAGE));
 }
 
 std::string shown(face::StringView text)
@@ -194,8 +194,8 @@ void compareVibrato(Differences& all, const std::string& what, face::Vibrato hos
             [&](std::uint64_t index) { return vibrato.parameter(curve, index); },
             [&](const auto& place, auto a, auto* b) { comparePoint(all, place, a, *b); });
     };
-    compareCurve("rates", host.rates(), own::ratePoints);
-    compareCurve("depths", host.depths(), own::depthPoints);
+    compareCurve("rates", host.rates(), KRT_PLX_VIBRATO_RATE);
+    compareCurve("depths", host.depths(), KRT_PLX_VIBRATO_DEPTH);
 }
 
 void compareNote(Differences& all, const std::string& what, face::Note host, own::Note& note)
@@ -218,9 +218,9 @@ void compareParameter(Differences& all, const std::string& what, face::EffectPar
 {
     all.compare(what + ", name", host.name(), parameter.name());
     all.compare(what + ", type", host.type(), parameter.type());
-    all.compare(what + ", integer", host.valueInt32().value_or(own::unsetInt32),
+    all.compare(what + ", integer", host.valueInt32().value_or(KRT_PLX_VALUE_UNSET_INT32),
                 parameter.valueInt32());
-    all.compare(what + ", float", host.valueFloat().value_or(own::unsetFloat),
+    all.compare(what + ", float", host.valueFloat().value_or(KRT_PLX_VALUE_UNSET_FLOAT),
                 parameter.valueFloat());
     all.compare(what + ", text", host.valueString().value_or(face::StringView()),
                 parameter.valueString());
@@ -241,8 +241,9 @@ void compareEffects(Differences& all, const std::string& what, const Range& host
 
 void compareLanes(Differences& all, face::MidiPart host, own::MidiPart& part)
 {
-    for (std::uint32_t type = 0; type < own::controller::unknown; ++type) {
-        const std::string what(own::controller::type(type).name);
+    for (const own::controller::Type& row : own::controller::types) {
+        const std::uint32_t type = row.code;
+        const std::string what(row.name);
         const face::MidiController lane =
             host.midiController(static_cast<face::ControllerType>(type));
         own::MidiController* const other = part.midiController(type);

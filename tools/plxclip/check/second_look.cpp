@@ -50,7 +50,7 @@ private:
     void lookForLanguages()
     {
         const auto hasNone = [](const Taken* each) {
-            return each->note->langID() == own::noLanguage;
+            return each->note->langID() == KRT_PLX_NO_LANGUAGE;
         };
         if (notes.size() > 1 && std::all_of(notes.begin(), notes.end(), hasNone)) {
             add(*notes.front(), Reason::noLanguage,

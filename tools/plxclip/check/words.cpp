@@ -86,8 +86,9 @@ std::string initialValue(const keys::Row& row)
     switch (row.kind) {
     case RowKind::integer:
     case RowKind::real:
-        return row.range.initial == own::noLanguage ? "there is none"
-                                                    : "it is " + numberText(row, row.range.initial);
+        return row.range.initial == KRT_PLX_NO_LANGUAGE
+                   ? "there is none"
+                   : "it is " + numberText(row, row.range.initial);
     case RowKind::flag:
         return "it is false";
     case RowKind::object:
