@@ -26,7 +26,7 @@ public:
     // Of a byte. Lines and columns are counted in characters. Quick for places in ascending order.
     Position positionOf(std::size_t place);
 
-    // Of the value that begins there, which is one by the letter of the grammar.
+    // Of the value that begins there; the document is valid JSON.
     Kind kindAt(std::size_t place) const;
     // As it is written, cut when it is long; empty for an object and a list, whose beginning tells little.
     std::string excerptAt(std::size_t place) const;
