@@ -1,5 +1,5 @@
 // What the walk calls: the ways from an object to its children and back, of read-only and of editable
-// objects, Only walk.cpp needs it.
+// objects. Only walk.cpp needs it.
 #pragma once
 
 #include "walk.h"
