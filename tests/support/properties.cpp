@@ -10,6 +10,8 @@
 namespace support {
 namespace {
 
+// Rows are made when they are first asked for and not by the compiler: on Windows, a constant holds
+// another address of an imported function than code does, and rows are found by the address.
 template <class Value>
 struct Range {
     Value minimum;
@@ -17,24 +19,23 @@ struct Range {
 };
 
 template <class Handle, class Value>
-constexpr Property<Handle, Value> number(Place<Handle, Value> place,
-                                         Range<std::type_identity_t<Value>> range,
-                                         std::type_identity_t<Value> initial)
+Property<Handle, Value> number(Place<Handle, Value> place, Range<std::type_identity_t<Value>> range,
+                               std::type_identity_t<Value> initial)
 {
     return {place, range.minimum, range.maximum, initial};
 }
 
 template <class Handle, class Value>
-constexpr Property<Handle, Value> orZero(Property<Handle, Value> property)
+Property<Handle, Value> orZero(Property<Handle, Value> property)
 {
     property.orZero = true;
     return property;
 }
 
 template <class Handle, class Value>
-constexpr Property<Handle, Value> between(std::type_identity_t<Bound<Handle, Value>> least,
-                                          std::type_identity_t<Bound<Handle, Value>> most,
-                                          Property<Handle, Value> property)
+Property<Handle, Value> between(std::type_identity_t<Bound<Handle, Value>> least,
+                                std::type_identity_t<Bound<Handle, Value>> most,
+                                Property<Handle, Value> property)
 {
     property.least = least;
     property.most = most;
@@ -42,22 +43,21 @@ constexpr Property<Handle, Value> between(std::type_identity_t<Bound<Handle, Val
 }
 
 template <class Handle, class Value>
-constexpr Place<Handle, Value> at(const char* within, const char* key,
-                                  Value (*get)(Handle*) noexcept,
-                                  bool (*set)(Handle*, std::type_identity_t<Value>) noexcept,
-                                  Need need = Need::optional)
+Place<Handle, Value> at(const char* within, const char* key, Value (*get)(Handle*) noexcept,
+                        bool (*set)(Handle*, std::type_identity_t<Value>) noexcept,
+                        Need need = Need::optional)
 {
     return {within, key, get, set, need};
 }
 
 template <class Handle>
-constexpr Property<Handle, bool> flag(Place<Handle, bool> place, bool setReturnsIt = false)
+Property<Handle, bool> flag(Place<Handle, bool> place, bool setReturnsIt = false)
 {
     return {place, false, setReturnsIt};
 }
 
 template <class Handle>
-constexpr Property<Handle, TextPointer> words(Place<Handle, TextPointer> place, Texts texts)
+Property<Handle, TextPointer> words(Place<Handle, TextPointer> place, Texts texts)
 {
     return {place, texts};
 }
