@@ -40,20 +40,20 @@ public:
     template <class Value>
     Value& operator[](Value (*get)(Handle*) noexcept)
     {
-        return std::get<Value>(all_[indexOf(get)]);
+        return std::get<Value>(all_.at(indexOf(get)));
     }
     template <class Value>
     const Value& operator[](Value (*get)(Handle*) noexcept) const
     {
-        return std::get<Value>(all_[indexOf(get)]);
+        return std::get<Value>(all_.at(indexOf(get)));
     }
     std::string& operator[](TextPointer (*get)(Handle*) noexcept)
     {
-        return std::get<std::string>(all_[indexOf(get)]);
+        return std::get<std::string>(all_.at(indexOf(get)));
     }
     const std::string& operator[](TextPointer (*get)(Handle*) noexcept) const
     {
-        return std::get<std::string>(all_[indexOf(get)]);
+        return std::get<std::string>(all_.at(indexOf(get)));
     }
 
     [[nodiscard]] const PropertyValue& at(std::size_t index) const { return all_[index]; }

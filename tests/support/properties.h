@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <type_traits>
@@ -241,7 +242,7 @@ std::string nameOf(const Place<Handle, Value>& property)
     return std::string(objectName<Handle>()) + "." + (isLong ? within + "." : "") + property.key;
 }
 
-// The row that has this getter.
+// The row that has this getter. Throws std::logic_error when none has.
 template <class Handle, class Value>
 const Property<Handle, Value>& propertyOf(Value (*get)(Handle*) noexcept)
 {
@@ -249,6 +250,9 @@ const Property<Handle, Value>& propertyOf(Value (*get)(Handle*) noexcept)
         const auto* const property = std::get_if<Property<Handle, Value>>(&any);
         return property != nullptr && property->get == get;
     });
+    if (found == properties<Handle>().end()) {
+        throw std::logic_error("no property has this getter");
+    }
     return std::get<Property<Handle, Value>>(*found);
 }
 
