@@ -35,7 +35,9 @@ struct Members {
     std::uint32_t present;
     const Value* values;
     const keys::Shape* shape;
-    std::string_view below = {}; // the path from the innermost open object to this one
+    // The path from the innermost open object to this one.
+    // NOLINTNEXTLINE(readability-redundant-member-init): GCC warns where it is left out.
+    std::string_view below = {};
 
 private:
     bool hasKind(std::size_t place, Value::Kind kind) const

@@ -48,7 +48,9 @@ struct Identity {
     std::uint64_t device;
     std::uint64_t index;
     std::uint64_t more = 0; // for file systems whose numbers have more than 64 bits
-    String name = {};       // for file systems without numbers
+    // For file systems without numbers.
+    // NOLINTNEXTLINE(readability-redundant-member-init): GCC warns where it is left out.
+    String name = {};
 
     auto operator<=>(const Identity&) const = default; // NOLINT(modernize-use-nullptr): no 0 here
 };
