@@ -6,13 +6,18 @@ import concurrent.futures
 import os
 import re
 import resource
+import shutil
+import signal
 import subprocess
 import tempfile
+import time
 
 # Processor time; on a busy machine the clock may show far more.
 SECONDS = 60
 SECONDS_BY_THE_CLOCK = 900
 MEMORY = 4 << 30
+# Of what is free where the tests write, which may be memory: a change can make a copy endless.
+SHARE_OF_THE_DISK = 0.25
 
 # Tests about time, memory and file systems, not about rules; they would take most of the time.
 LEFT_OUT = ['Shapes/HostileSizeTest*', 'Lists/HostileTagsTest*', 'HostilePropertiesTest*',
@@ -49,29 +54,44 @@ def limit_resources():
     resource.setrlimit(resource.RLIMIT_CPU, (SECONDS, SECONDS))
 
 
+def watch(process, folder):
+    """Its output, and why it had to be ended, or None."""
+    end = time.monotonic() + SECONDS_BY_THE_CLOCK
+    least = shutil.disk_usage(folder).free * (1 - SHARE_OF_THE_DISK)
+    while True:
+        try:
+            return process.communicate(timeout=0.5)[0], None
+        except subprocess.TimeoutExpired:
+            pass
+        reason = 'no end' if time.monotonic() > end else \
+            'endless file' if shutil.disk_usage(folder).free < least else None
+        if reason is not None:
+            os.killpg(process.pid, signal.SIGKILL)  # tests have children
+            return process.communicate()[0], reason
+
+
 class Tests:
     def __init__(self, programs, tree, scratch):
+        self.scratch = scratch
         self.programs = programs
         self.tree = tree
-        self.environment = {**os.environ, 'LD_LIBRARY_PATH': str(tree.library_folder),
-                            'TMPDIR': scratch}
+        self.environment = {**os.environ, 'LD_LIBRARY_PATH': str(tree.library_folder)}
         self.environment.pop('GTEST_OUTPUT', None)
         self.successful = collections.defaultdict(list)  # (program, suite) that noticed, by file, last first
 
     def run(self, identity, suites, program):
         """The name of the test that notices the change; None when all pass."""
-        try:
-            done = subprocess.run(
-                [program, '--gtest_fail_fast', '--gtest_brief=0',
-                 '--gtest_filter=' + suites],
-                env={**self.environment, 'KRT_PLX_MUTANT': str(identity)}, capture_output=True,
-                text=True, errors='replace', timeout=SECONDS_BY_THE_CLOCK,
-                check=False, preexec_fn=limit_resources)
-        except subprocess.TimeoutExpired:
-            return 'no end'
-        if done.returncode == 0:
-            return None
-        names = FAILED.findall(done.stdout) or BEGUN.findall(done.stdout)[-1:]
+        with tempfile.TemporaryDirectory(dir=self.scratch, ignore_cleanup_errors=True) as folder:
+            os.chmod(folder, 0o755)  # tests act as other users too
+            process = subprocess.Popen(
+                [program, '--gtest_fail_fast', '--gtest_brief=0', '--gtest_filter=' + suites],
+                env={**self.environment, 'KRT_PLX_MUTANT': str(identity), 'TMPDIR': folder},
+                stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True, errors='replace',
+                start_new_session=True, preexec_fn=limit_resources)
+            output, reason = watch(process, folder)
+        if reason is not None or process.returncode == 0:
+            return reason
+        names = FAILED.findall(output) or BEGUN.findall(output)[-1:]
         return names[0] if names else 'crash at the start'
 
     def stages(self, site):
