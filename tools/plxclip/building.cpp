@@ -1,6 +1,6 @@
 #include "building.h"
 
-#include "reading.h"
+#include "paths.h"
 
 namespace plxclip {
 

@@ -7,7 +7,7 @@
 #include <fmt/format.h>
 
 #include "commands.h"
-#include "reading.h"
+#include "paths.h"
 #include "search.h"
 
 namespace plxclip {
@@ -16,17 +16,6 @@ namespace plx = korvel::plx;
 namespace files = std::filesystem;
 
 namespace {
-
-files::path pathOf(const std::string& text)
-{
-    return {std::u8string(text.begin(), text.end())};
-}
-
-std::string textOf(const files::path& path)
-{
-    const std::u8string text = path.u8string();
-    return {text.begin(), text.end()};
-}
 
 bool isFolder(const files::path& path)
 {
@@ -52,7 +41,8 @@ plx::Manager createManager(const Folders& folders)
     const auto convert = [](const std::vector<std::string>& paths) {
         std::vector<plx::String> texts;
         for (const std::string& path : paths) {
-            texts.push_back(plx::fromUtf8(textOf(pathOf(path).make_preferred())));
+            const std::u8string text = pathOf(path).make_preferred().u8string();
+            texts.push_back(plx::fromUtf8(std::string(text.begin(), text.end())));
         }
         return texts;
     };

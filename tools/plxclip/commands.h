@@ -38,6 +38,7 @@ using Work = std::function<ExitStatus()>;
 // work.
 void addList(CLI::App& app, Work& chosen);
 void addShow(CLI::App& app, Work& chosen);
+void addCheck(CLI::App& app, Work& chosen);
 void addEdit(CLI::App& app, Work& chosen);
 void addRemove(CLI::App& app, Work& chosen);
 void addCopy(CLI::App& app, Work& chosen);

@@ -10,6 +10,7 @@
 #include "console.h"
 #include "naming.h"
 #include "options.h"
+#include "paths.h"
 #include "reading.h"
 
 namespace plxclip {

@@ -6,7 +6,6 @@
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
 
-#include "check/check_command.h"
 #include "commands.h"
 #include "console.h"
 

@@ -1,6 +1,6 @@
 #include "reading.h"
 
-#include <algorithm>
+#include "paths.h"
 
 namespace plxclip {
 
@@ -161,22 +161,6 @@ MidiPart midiPartOf(plx::MidiPart part)
 }
 
 } // namespace
-
-std::string pathText(plx::StringView path)
-{
-    std::string text = plx::toUtf8(path);
-#ifndef _WIN32
-    std::replace(text.begin(), text.end(), '\\', '/');
-#endif
-    return text;
-}
-
-plx::String libraryPath(const std::string& path)
-{
-    std::string text = path;
-    std::replace(text.begin(), text.end(), '/', '\\');
-    return plx::fromUtf8(text);
-}
 
 Properties propertiesOf(plx::Clip clip)
 {

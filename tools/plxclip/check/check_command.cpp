@@ -1,5 +1,3 @@
-#include "check/check_command.h"
-
 #include <chrono>
 #include <memory>
 
@@ -9,6 +7,7 @@
 #include "catalogue.h"
 #include "check/clip_check.h"
 #include "check/report.h"
+#include "commands.h"
 #include "console.h"
 #include "options.h"
 
@@ -58,25 +57,11 @@ std::vector<check::ClipReport> checkAll(const Folders& folders)
         [&progress](std::size_t done, std::size_t all) { progress.show(done, all); });
 }
 
-void printText(const std::vector<check::ClipReport>& clips, bool isQuiet)
-{
-    if (!isQuiet) {
-        for (const check::ClipReport& clip : clips) {
-            print(check::textOf(clip));
-        }
-    }
-    print(check::textOf(check::summaryOf(clips)));
-}
-
 ExitStatus runCheck(const CheckOptions& options)
 {
     const auto clips = checkAll(foldersOf(options.folders, options.userFolders));
-    if (options.isJson) {
-        print(check::jsonOf(clips));
-    } else {
-        printText(clips, options.isQuiet);
-    }
-    return check::summaryOf(clips).isFine ? exitDone : exitProblem;
+    print(options.isJson ? check::jsonOf(clips) : check::textOf(clips, options.isQuiet));
+    return check::isFine(clips) ? exitDone : exitProblem;
 }
 
 } // namespace

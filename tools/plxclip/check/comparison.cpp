@@ -1,7 +1,6 @@
 #include "check/comparison.h"
 
 #include <functional>
-#include <optional>
 #include <tuple>
 #include <type_traits>
 #include <utility>
@@ -17,32 +16,17 @@ namespace keys = own::format::keys;
 
 // --- Values -------------------------------------------------------------------------------------------
 
-face::StringView plain(const own::Char* text)
-{
-    return text;
-}
-
-face::StringView plain(face::StringView text)
-{
-    return text;
-}
-
-face::StringView plain(const own::String& text)
-{
-    return text;
-}
-
-template <class Number>
-requires std::is_arithmetic_v<Number> || std::is_enum_v<Number>
-double plain(Number number)
-{
-    return static_cast<double>(number);
-}
-
+// Numbers and texts compare as such, whichever types the two sides have for them.
 template <class Value>
-auto plain(std::optional<Value> value)
+auto plain(const Value& value)
 {
-    return plain(value.value_or(KRT_PLX_NO_LANGUAGE));
+    if constexpr (std::is_convertible_v<Value, face::StringView>) {
+        return face::StringView(value);
+    } else if constexpr (requires { value.has_value(); }) {
+        return plain(value.value_or(KRT_PLX_NO_LANGUAGE));
+    } else {
+        return static_cast<double>(value);
+    }
 }
 
 std::string shown(face::StringView text)

@@ -3,8 +3,9 @@
 #include <algorithm>
 #include <array>
 #include <iterator>
+#include <optional>
 
-#include <korvel/plx.hpp>
+#include <fmt/format.h>
 
 #include "check/files.h"
 #include "check/hearing.h"
@@ -13,221 +14,182 @@
 #include "format/encoding.h"
 #include "format/limits.h"
 #include "format/read.h"
+#include "paths.h"
 
 namespace plxclip::check {
 
 namespace fs = std::filesystem;
-namespace plx = korvel::plx;
 
 namespace {
 
 std::string sizeInWords(std::uintmax_t bytes)
 {
-    constexpr std::uintmax_t mebibyte = std::uintmax_t{1} << 20;
-    constexpr std::uintmax_t gibibyte = std::uintmax_t{1} << 30;
-    return bytes % gibibyte == 0 ? std::to_string(bytes / gibibyte) + " GiB"
-                                 : std::to_string(bytes / mebibyte) + " MiB";
+    const std::uintmax_t mebibytes = bytes >> 20;
+    return mebibytes % 1024 == 0 ? fmt::format("{} GiB", mebibytes / 1024)
+                                 : fmt::format("{} MiB", mebibytes);
 }
 
-std::string_view nameOf(format::Encoding encoding)
-{
-    constexpr std::array<std::string_view, 5> names = {"UTF-8", "UTF-16LE", "UTF-16BE", "UTF-32LE",
-                                                       "UTF-32BE"};
-    return names[static_cast<std::size_t>(encoding)];
-}
-
-// A path as the library takes it.
-plx::String libraryPath(const fs::path& path)
-{
-    std::string text = textOf(path);
-    std::replace(text.begin(), text.end(), '/', '\\');
-    return plx::fromUtf8(text);
-}
-
-// A document that was read, or tried, and what was said about it.
-class Reading {
+// A document, and what was said of it.
+class Document {
 public:
-    Reading(std::string content, std::string_view documentName)
-        : bytes(std::move(content)), name(documentName)
+    Document(std::string content, std::string_view documentName)
+        : bytes(std::move(content)), name(documentName), text(utf8Of(bytes))
     {
-        std::string utf8 = bytes;
-        format::makeUtf8(utf8);
-        text = Text(std::move(utf8));
     }
 
-    // For the reader, which uses it up.
+    // For the reader, which overwrites it.
     std::string& copy() { return used = bytes; }
 
-    void add(Finding finding)
+    // Where the value of this path stands, if it was taken.
+    std::optional<Finding> placeOf(std::string_view path)
     {
-        finding.document = name;
-        findings.push_back(std::move(finding));
+        const auto found = std::ranges::find(hearing.taken, path, &format::Taken::path);
+        if (found == hearing.taken.end()) {
+            return std::nullopt;
+        }
+        return Finding{effect::noted, reason::otherType, name, found->path, found->place, {},
+                       text.positionOf(found->place)};
     }
 
     // In the order of their places.
     void report(std::vector<Finding>& all)
     {
-        auto& losses = hearing.losses;
-        std::stable_sort(losses.begin(), losses.end(), [](const Heard& a, const Heard& b) {
-            return a.loss.place < b.loss.place;
-        });
-        for (const Heard& loss : losses) {
-            add(findingOf(loss, text));
+        for (const Heard& loss : hearing.losses) {
+            findings.push_back(findingOf(loss, text));
         }
         if (hearing.defect) {
-            add(defectFinding(*hearing.defect));
+            findings.push_back(defect(*hearing.defect));
         }
-        std::move(findings.begin(), findings.end(), std::back_inserter(all));
-    }
-
-    Finding placeOf(const format::Taken& taken)
-    {
-        return {
-            Effect::noted, Reason::otherType, name, taken.path, text.positionOf(taken.place), {}};
-    }
-
-    // Where the value of this path stands; null when it was not taken.
-    const format::Taken* taken(std::string_view path) const
-    {
-        const auto found =
-            std::find_if(hearing.taken.begin(), hearing.taken.end(),
-                         [path](const format::Taken& each) { return each.path == path; });
-        return found == hearing.taken.end() ? nullptr : &*found;
+        std::ranges::stable_sort(findings, {}, &Finding::place);
+        for (Finding& finding : findings) {
+            finding.document = name;
+            finding.position = text.positionOf(finding.place);
+        }
+        std::ranges::move(findings, std::back_inserter(all));
     }
 
     Hearing hearing;
-    Text text{{}};
+    std::vector<Finding> findings;
 
 private:
-    Finding defectFinding(const format::Defect& defect)
+    static std::string utf8Of(std::string bytes)
+    {
+        format::makeUtf8(bytes);
+        return bytes;
+    }
+
+    Finding defect(const format::Defect& defect) const
     {
         if (defect.kind != format::Defect::Kind::encoding) {
             return findingOf(defect, text);
         }
-        const auto encoding = format::detectEncoding(bytes).encoding;
-        const std::size_t place = format::placeInFile(bytes, defect.place);
-        return {Effect::refused,
-                Reason::encoding,
-                {},
-                {},
-                text.positionOf(defect.place),
-                "byte " + std::to_string(place) + " is no " + std::string(nameOf(encoding))};
+        constexpr std::array<std::string_view, 5> names = {"UTF-8", "UTF-16LE", "UTF-16BE",
+                                                           "UTF-32LE", "UTF-32BE"};
+        const auto encoding = static_cast<std::size_t>(format::detectEncoding(bytes).encoding);
+        return {effect::refused, reason::encoding, {}, {}, defect.place,
+                fmt::format("byte {} is no {}", format::placeInFile(bytes, defect.place),
+                            names.at(encoding))};
     }
 
     std::string bytes;
     std::string used;
     std::string name;
-    std::vector<Finding> findings;
+    Text text;
 };
 
 class Diagnostician {
 public:
     explicit Diagnostician(const fs::path& file) : clipFile(file), folder(file.parent_path()) {}
 
-    Diagnosis run();
+    Diagnosis run()
+    {
+        examineProperties();
+        examineClipFile();
+        compareTypes();
+        for (auto* const document : {&properties, &data}) {
+            if (*document) {
+                (*document)->report(result.findings);
+            }
+        }
+        return std::move(result);
+    }
 
 private:
-    void examinePropertyDocument();
+    void examineProperties();
     void examineClipFile();
-    void reportMissing();
-    std::string similarName() const;
-    std::unique_ptr<Reading> load(const fs::path& file, std::string_view name,
-                                  std::uintmax_t limit);
-    void refuse(std::string_view document, Reason reason, std::string message);
     void compareTypes();
+    std::string similarName() const;
+    void load(const fs::path& file, std::string_view name, std::uint64_t limit,
+              std::optional<Document>& document);
+    void refuse(std::string_view document, Reason reason, std::string message)
+    {
+        result.findings.push_back({effect::refused, reason, std::string(document), {},
+                                   Finding::nowhere, std::move(message)});
+    }
 
     fs::path clipFile;
     fs::path folder;
+    own::fs::Patience patience;
     format::DocumentReader reader;
-    std::unique_ptr<Reading> properties;
-    std::unique_ptr<Reading> data;
+    std::optional<Document> properties;
+    std::optional<Document> data;
     bool isByProperties = false;
     Diagnosis result;
 };
 
-Diagnosis Diagnostician::run()
-{
-    examinePropertyDocument();
-    examineClipFile();
-    compareTypes();
-    for (Reading* const reading : {properties.get(), data.get()}) {
-        if (reading != nullptr) {
-            reading->report(result.findings);
-        }
-    }
-    return std::move(result);
-}
-
-void Diagnostician::refuse(std::string_view document, Reason reason, std::string message)
-{
-    result.findings.push_back(
-        {Effect::refused, reason, std::string(document), {}, {}, std::move(message)});
-}
-
-std::unique_ptr<Reading> Diagnostician::load(const fs::path& file, std::string_view name,
-                                             std::uintmax_t limit)
+// Reads a file as the library does.
+void Diagnostician::load(const fs::path& file, std::string_view name, std::uint64_t limit,
+                         std::optional<Document>& document)
 {
     std::string bytes;
-    const ReadResult read = readFile(file, limit, bytes);
-    if (read == ReadResult::tooLarge) {
-        refuse(name, Reason::tooLarge, "is larger than " + sizeInWords(limit));
-        return nullptr;
+    std::error_code error;
+    if (own::fs::readFile(libraryPath(textOf(file)), bytes, {.limit = limit}, patience) ==
+        own::fs::ReadResult::read) {
+        document.emplace(std::move(bytes), name);
+    } else if (fs::is_regular_file(file, error) && fs::file_size(file, error) > limit) {
+        refuse(name, reason::tooLarge, "is larger than " + sizeInWords(limit));
+    } else {
+        refuse(name, reason::unreadable, "cannot be read, or is no plain file");
     }
-    if (read == ReadResult::unreadable) {
-        refuse(name, Reason::unreadable, "cannot be read, or is no plain file");
-        return nullptr;
-    }
-    return std::make_unique<Reading>(std::move(bytes), name);
 }
 
-// On a system that tells capital letters from small ones the name has to be right to the letter.
+// On a system that tells capital letters from small ones the name must match exactly.
 std::string Diagnostician::similarName() const
 {
     std::error_code error;
     for (const auto& entry : fs::directory_iterator(folder, error)) {
         const std::string name = textOf(entry.path().filename());
         if (lowerCase(name) == propertyDocument) {
-            return name;
+            return fmt::format("; \"{}\" is not looked at, capital letters count", name);
         }
     }
     return {};
 }
 
-void Diagnostician::reportMissing()
-{
-    const std::string similar = similarName();
-    refuse(propertyDocument, Reason::missingDocument,
-           similar.empty() ? "there is none beside the clip file"
-                           : "there is none beside the clip file; \"" + similar +
-                                 "\" is not looked at, capital letters count");
-}
-
-void Diagnostician::examinePropertyDocument()
+void Diagnostician::examineProperties()
 {
     const fs::path file = folder / propertyDocument;
     std::error_code error;
     if (!fs::exists(file, error)) {
-        reportMissing();
+        refuse(propertyDocument, reason::missingDocument,
+               "there is none beside the clip file" + similarName());
         return;
     }
-    properties = load(file, propertyDocument, format::propertyDocumentLimit);
-    if (properties == nullptr) {
-        return;
-    }
-    isByProperties = result.isListable =
-        reader.readProperties(properties->copy(), result.properties, &properties->hearing);
-    if (const auto* const id = properties->taken("/id")) {
-        result.id = properties->placeOf(*id);
+    load(file, propertyDocument, format::propertyDocumentLimit, properties);
+    if (properties) {
+        isByProperties = result.isListable = reader.readProperties(
+            properties->copy(), result.properties, &properties->hearing);
+        result.id = properties->placeOf("/id").value_or(Finding());
     }
 }
 
 void Diagnostician::examineClipFile()
 {
-    data = load(clipFile, {}, format::dataDocumentLimit);
-    if (data == nullptr) {
+    load(clipFile, {}, format::dataDocumentLimit, data);
+    if (!data) {
         return;
     }
-    const plx::String directory = libraryPath(folder);
+    const auto directory = libraryPath(textOf(folder));
     if (result.isListable) {
         result.part = reader.readPart(data->copy(), directory, nullptr, &data->hearing);
     } else {
@@ -235,34 +197,24 @@ void Diagnostician::examineClipFile()
         result.isListable = reader.readClip(data->copy(), directory, nullptr, clip, &data->hearing);
         result.properties = std::move(clip.properties);
         result.part = std::move(clip.part);
-        if (const auto* const id = data->taken("/id")) {
-            result.id = data->placeOf(*id);
-        }
+        result.id = data->placeOf("/id").value_or(result.id);
     }
     if (result.part != nullptr) {
-        for (Note& note : noteworthyOf(*result.part, data->hearing.taken)) {
-            note.finding.position = data->text.positionOf(note.place);
-            data->add(std::move(note.finding));
-        }
+        data->findings = noteworthyOf(*result.part, data->hearing.taken);
     }
 }
 
-// A catalogue shows the type of the property document, and a host makes of the clip what it says.
+// A catalogue shows the type of the property document, but a host sees the part of the clip file.
 void Diagnostician::compareTypes()
 {
-    const auto* const type = isByProperties ? properties->taken("/part/type") : nullptr;
-    if (type == nullptr || result.part == nullptr ||
-        result.properties.partType == result.part->type()) {
-        return;
+    auto finding = isByProperties ? properties->placeOf("/part/type") : std::nullopt;
+    if (finding && result.part != nullptr && result.properties.partType != result.part->type()) {
+        finding->message = fmt::format(
+            R"("{}" is shown in a catalogue, but the part of the clip file is "{}")",
+            own::part_type::name(result.properties.partType),
+            own::part_type::name(result.part->type()));
+        properties->findings.push_back(std::move(*finding));
     }
-    const auto nameOfType = [](std::uint32_t code) {
-        return '"' + std::string(own::part_type::name(code)) + '"';
-    };
-    Finding finding = properties->placeOf(*type);
-    finding.message = nameOfType(result.properties.partType) +
-                      " is shown in a catalogue, but the part of the clip file is " +
-                      nameOfType(result.part->type());
-    properties->add(std::move(finding));
 }
 
 } // namespace

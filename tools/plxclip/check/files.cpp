@@ -1,163 +1,125 @@
 #include "check/files.h"
 
 #include <algorithm>
-#include <fstream>
 #include <set>
 #include <system_error>
 #include <vector>
 
+#include "paths.h"
 #include "unicode.h"
 
 namespace plxclip::check {
 
 namespace fs = std::filesystem;
-using Korvel::CANTORIS::PLX::validUtf8Length;
 
 namespace {
 
 constexpr std::string_view clipExtension = ".kxclip";
 
-// A name as the file system has it: on Windows always text, elsewhere bytes.
-bool isUsable(const fs::path& name)
-{
-#ifdef _WIN32
-    return !name.empty();
-#else
-    return validUtf8Length(name.native()) == name.native().size() &&
-           name.native().find('\\') == std::string::npos;
-#endif
-}
-
 // From the last dot of the name, which may be its first letter.
 std::string extensionOf(const std::string& name)
 {
-    const auto dot = name.rfind('.');
-    return dot == std::string::npos ? std::string() : name.substr(dot);
+    return name.substr(std::min(name.rfind('.'), name.size()));
 }
 
-// Blanks and dots at the end are easily added and hard to see.
-std::string withoutTail(const std::string& name)
+// Also with capital letters, or with blanks and dots at the end, which are hard to see.
+bool looksLikeClip(const std::string& name)
 {
-    return name.substr(0, name.find_last_not_of(" .") + 1);
-}
-
-enum class Likeness { none, almost, exact };
-
-Likeness likenessOf(const std::string& name)
-{
-    if (extensionOf(name) == clipExtension) {
-        return Likeness::exact;
-    }
-    const bool almost = lowerCase(extensionOf(withoutTail(name))) == clipExtension;
-    return almost ? Likeness::almost : Likeness::none;
+    const std::string withoutTail = name.substr(0, name.find_last_not_of(" .") + 1);
+    return extensionOf(name) == clipExtension ||
+           lowerCase(extensionOf(withoutTail)) == clipExtension;
 }
 
 class Walk {
 public:
-    explicit Walk(const std::function<void(const FoundFile&)>& visitor) : visit(visitor) {}
+    Walk(const fs::path& folder, bool areUserClips, Files& files)
+        : root(folder), isUserClip(areUserClips), found(files)
+    {
+    }
 
-    void list(const fs::path& folder, bool isReachable);
+    void list(const fs::path& folder);
 
 private:
-    void enter(const fs::directory_entry& entry, bool isReachable);
-    void meet(const fs::directory_entry& entry, bool isReachable);
+    bool isWorthEntering(const fs::directory_entry& folder);
+    void meet(const fs::directory_entry& entry);
+    bool isReachable(const fs::path& path) const;
+    void add(const fs::path& path, Reason obstacle = {}, std::string message = {})
+    {
+        found.try_emplace(path, File{isUserClip, obstacle, std::move(message)});
+    }
 
-    const std::function<void(const FoundFile&)>& visit;
+    fs::path root;
+    bool isUserClip;
+    Files& found;
     std::vector<fs::path> open;
     std::set<fs::path> linked;
 };
 
-void Walk::list(const fs::path& folder, bool isReachable)
+void Walk::list(const fs::path& folder)
 {
     std::error_code error;
     fs::directory_iterator entries(folder, error);
     if (error) {
-        visit({folder, FileKind::closedFolder});
+        add(folder, reason::unreadable, "the folder cannot be listed");
         return;
     }
     open.push_back(fs::canonical(folder, error));
     for (; !error && entries != fs::directory_iterator(); entries.increment(error)) {
-        const fs::directory_entry& entry = *entries;
-        const bool isNamed = isReachable && isUsable(entry.path().filename());
         std::error_code unknown;
-        if (entry.is_directory(unknown)) {
-            enter(entry, isNamed);
-        } else {
-            meet(entry, isNamed);
+        if (!entries->is_directory(unknown)) {
+            meet(*entries);
+        } else if (isWorthEntering(*entries)) {
+            list(entries->path());
         }
     }
     open.pop_back();
 }
 
-void Walk::enter(const fs::directory_entry& entry, bool isReachable)
+bool Walk::isWorthEntering(const fs::directory_entry& folder)
 {
     std::error_code error;
-    if (entry.is_symlink(error)) {
-        const fs::path target = fs::canonical(entry.path(), error);
-        if (std::find(open.begin(), open.end(), target) != open.end() ||
-            !linked.insert(target).second) {
-            return;
-        }
+    if (!folder.is_symlink(error)) {
+        return true;
     }
-    list(entry.path(), isReachable);
+    const fs::path target = fs::canonical(folder.path(), error);
+    return std::find(open.begin(), open.end(), target) == open.end() &&
+           linked.insert(target).second;
 }
 
-void Walk::meet(const fs::directory_entry& entry, bool isReachable)
+void Walk::meet(const fs::directory_entry& entry)
 {
-    const Likeness likeness = likenessOf(textOf(entry.path().filename()));
+    const fs::path& path = entry.path();
+    const std::string name = textOf(path.filename());
     std::error_code error;
-    if (likeness == Likeness::none) {
+    if (!looksLikeClip(name)) {
         return;
     }
-    if (!isReachable) {
-        visit({entry.path(), FileKind::unusableName});
-    } else if (likeness == Likeness::almost) {
-        visit({entry.path(), FileKind::otherExtension});
+    if (!isReachable(path)) {
+        add(path, reason::fileName,
+            "the name, or that of a folder above it, holds a backslash or is no UTF-8");
+    } else if (extensionOf(name) != clipExtension) {
+        add(path, reason::extension, "the extension is not \".kxclip\" to the letter");
+    } else if (!entry.is_regular_file(error)) {
+        add(path, reason::unreadable, "is no plain file");
     } else {
-        visit(
-            {entry.path(), entry.is_regular_file(error) ? FileKind::clip : FileKind::noPlainFile});
+        add(path);
     }
+}
+
+// Whether a library can ask for it. Names are bytes here, except on Windows.
+bool Walk::isReachable(const fs::path& path) const
+{
+    const std::u8string text = path.lexically_relative(root).generic_u8string();
+    return Korvel::CANTORIS::PLX::isValidUtf8(std::string(text.begin(), text.end())) &&
+           text.find(u8'\\') == std::u8string::npos;
 }
 
 } // namespace
 
-void forEachFile(const fs::path& folder, const std::function<void(const FoundFile& file)>& visit)
+void addFiles(const fs::path& folder, bool areUserClips, Files& files)
 {
-    Walk(visit).list(folder, true);
+    Walk(folder, areUserClips, files).list(folder);
 }
-
-fs::path pathOf(std::string_view utf8)
-{
-    return {std::u8string(utf8.begin(), utf8.end())};
-}
-
-#ifdef _WIN32
-
-std::string textOf(const fs::path& path)
-{
-    const std::u8string text = path.generic_u8string();
-    return {text.begin(), text.end()};
-}
-
-#else
-
-std::string textOf(const fs::path& path)
-{
-    std::string_view bytes = path.native();
-    std::string text;
-    for (;;) {
-        const std::size_t length = validUtf8Length(bytes);
-        text += bytes.substr(0, length);
-        if (length == bytes.size()) {
-            break;
-        }
-        text += "\xEF\xBF\xBD";
-        bytes.remove_prefix(length + 1);
-    }
-    return text;
-}
-
-#endif
 
 std::string lowerCase(std::string text)
 {
@@ -165,36 +127,6 @@ std::string lowerCase(std::string text)
         return 'A' <= letter && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
     });
     return text;
-}
-
-std::string keyOf(std::string_view path)
-{
-    std::string key;
-    for (const char letter : path) {
-        const char same = letter == '\\' ? '/' : letter;
-        if (same != '/' || key.empty() || key.back() != '/') {
-            key += same;
-        }
-    }
-    return key;
-}
-
-ReadResult readFile(const fs::path& path, std::uintmax_t limit, std::string& bytes)
-{
-    std::error_code error;
-    if (!fs::is_regular_file(path, error)) {
-        return ReadResult::unreadable;
-    }
-    const std::uintmax_t size = fs::file_size(path, error);
-    if (!error && size > limit) {
-        return ReadResult::tooLarge;
-    }
-    std::ifstream file(path, std::ios::binary);
-    if (!file) {
-        return ReadResult::unreadable;
-    }
-    bytes.assign(std::istreambuf_iterator<char>(file), {});
-    return file.bad() ? ReadResult::unreadable : ReadResult::read;
 }
 
 } // namespace plxclip::check

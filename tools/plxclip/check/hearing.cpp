@@ -1,7 +1,6 @@
 #include "check/hearing.h"
 
 #include <algorithm>
-#include <iterator>
 
 namespace plxclip::check {
 
@@ -66,21 +65,22 @@ void Hearing::lost(const format::Loss& loss)
 }
 
 // All that was told within an object was told last, up to its end.
+std::vector<Heard>::iterator Hearing::firstWithin(std::string_view object)
+{
+    return std::find_if_not(losses.rbegin(), losses.rend(), [object](const Heard& each) {
+               return isBelow(each.path, object);
+           }).base();
+}
+
 void Hearing::forget(std::string_view outer, std::string_view lost)
 {
-    const auto begin = std::find_if(losses.rbegin(), losses.rend(), [outer](const Heard& each) {
-        return !isBelow(each.path, outer);
-    });
-    losses.erase(std::remove_if(begin.base(), losses.end(),
-                                [lost](const Heard& each) { return isBelow(each.path, lost); }),
-                 losses.end());
+    const auto isLost = [lost](const Heard& each) { return isBelow(each.path, lost); };
+    losses.erase(std::remove_if(firstWithin(outer), losses.end(), isLost), losses.end());
 }
 
 void Hearing::lostObject(const format::Loss& object)
 {
-    const auto begin = std::find_if(losses.rbegin(), losses.rend(), [&](const Heard& each) {
-                           return !isBelow(each.path, object.path);
-                       }).base();
+    const auto begin = firstWithin(object.path);
     std::string emptied; // a list of which nothing is left
     for (auto each = begin; each != losses.end(); ++each) {
         if (each->loss.reason == LossReason::tooFew && each->owner == object.path) {

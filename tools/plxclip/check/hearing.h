@@ -32,6 +32,7 @@ public:
     std::optional<format::Defect> defect;
 
 private:
+    std::vector<Heard>::iterator firstWithin(std::string_view object);
     void lostObject(const format::Loss& object);
     void forget(std::string_view outer, std::string_view lost);
 };

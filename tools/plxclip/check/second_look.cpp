@@ -2,8 +2,9 @@
 
 #include <algorithm>
 
+#include <fmt/format.h>
+
 #include "model/codes.h"
-#include "model/fields.h"
 #include "model/note.h"
 
 namespace plxclip::check {
@@ -11,97 +12,82 @@ namespace plxclip::check {
 namespace {
 
 using format::Taken;
+using Notes = std::vector<const Taken*>;
 
-class SecondLook {
-public:
-    SecondLook(own::MidiPartBase& examined, const std::vector<Taken>& taken) : part(examined)
-    {
+Finding noted(const Taken& note, Reason reason, std::string message)
+{
+    return {effect::noted, reason, {}, note.path, note.place, std::move(message)};
+}
+
+bool hasNoLanguage(const Taken* each)
+{
+    return each->note->langID() == KRT_PLX_NO_LANGUAGE;
+}
+
+std::int64_t endOf(const Taken* each)
+{
+    return std::int64_t{each->note->pos()} + each->note->duration();
+}
+
+// If no note has a language, that is one finding, not one a note.
+void lookForLanguages(const Notes& notes, std::vector<Finding>& found)
+{
+    if (notes.size() > 1 && std::ranges::all_of(notes, hasNoLanguage)) {
+        found.push_back(noted(*notes.front(), reason::noLanguage,
+                              R"(has no "langID", like all notes of the part)"));
+        return;
+    }
+    for (const Taken* const each : notes) {
+        if (hasNoLanguage(each)) {
+            found.push_back(noted(*each, reason::noLanguage, R"(has no "langID")"));
+        }
+    }
+}
+
+void lookForEnds(const Notes& notes, std::int32_t end, std::vector<Finding>& found)
+{
+    for (const Taken* const each : notes) {
+        if (endOf(each) > end) {
+            found.push_back(
+                noted(*each, reason::beyondEnd,
+                      fmt::format("ends at {}, but the part at {}", endOf(each), end)));
+        }
+    }
+}
+
+void lookForOverlaps(Notes notes, std::vector<Finding>& found)
+{
+    std::ranges::stable_sort(notes, {}, [](const Taken* each) { return each->note->pos(); });
+    const Taken* last = nullptr; // the one that ends last
+    for (const Taken* const each : notes) {
+        if (last != nullptr && each->note->pos() < endOf(last)) {
+            found.push_back(
+                noted(*each, reason::overlap, "begins before " + last->path + " ends"));
+        }
+        if (last == nullptr || endOf(each) > endOf(last)) {
+            last = each;
+        }
+    }
+}
+
+} // namespace
+
+std::vector<Finding> noteworthyOf(own::PartBase& part, const std::vector<Taken>& taken)
+{
+    std::vector<Finding> found;
+    if (const own::MidiPartBase* const midi = part.asMidiPartBase()) {
         const std::string list = '/' + std::string(own::part_type::name(part.type())) + "/notes";
+        Notes notes;
         for (const Taken& each : taken) {
             if (each.note != nullptr && isBelow(each.path, list)) {
                 notes.push_back(&each);
             }
         }
+        lookForLanguages(notes, found);
+        lookForEnds(notes, midi->duration(), found);
+        lookForOverlaps(std::move(notes), found);
     }
-
-    std::vector<Note> take()
-    {
-        lookForLanguages();
-        lookForEnds();
-        lookForOverlaps();
-        std::stable_sort(found.begin(), found.end(),
-                         [](const Note& a, const Note& b) { return a.place < b.place; });
-        return std::move(found);
-    }
-
-private:
-    void add(const Taken& note, Reason reason, std::string message)
-    {
-        found.push_back(
-            {{Effect::noted, reason, {}, note.path, {}, std::move(message)}, note.place});
-    }
-
-    static std::int64_t endOf(const own::NoteBase& note)
-    {
-        return std::int64_t{note.pos()} + note.duration();
-    }
-
-    // Where no note has a language, that is one finding and not one a note.
-    void lookForLanguages()
-    {
-        const auto hasNone = [](const Taken* each) {
-            return each->note->langID() == KRT_PLX_NO_LANGUAGE;
-        };
-        if (notes.size() > 1 && std::all_of(notes.begin(), notes.end(), hasNone)) {
-            add(*notes.front(), Reason::noLanguage,
-                R"(has no "langID", like all notes of the part)");
-            return;
-        }
-        for (const Taken* const each : notes) {
-            if (hasNone(each)) {
-                add(*each, Reason::noLanguage, R"(has no "langID")");
-            }
-        }
-    }
-
-    void lookForEnds()
-    {
-        for (const Taken* const each : notes) {
-            if (endOf(*each->note) > part.duration()) {
-                add(*each, Reason::beyondEnd,
-                    "ends at " + std::to_string(endOf(*each->note)) + ", but the part at " +
-                        std::to_string(part.duration()));
-            }
-        }
-    }
-
-    void lookForOverlaps()
-    {
-        std::stable_sort(notes.begin(), notes.end(), [](const Taken* a, const Taken* b) {
-            return a->note->pos() < b->note->pos();
-        });
-        const Taken* last = nullptr; // the one that ends last
-        for (const Taken* const each : notes) {
-            if (last != nullptr && each->note->pos() < endOf(*last->note)) {
-                add(*each, Reason::overlap, "begins before " + last->path + " ends");
-            }
-            if (last == nullptr || endOf(*each->note) > endOf(*last->note)) {
-                last = each;
-            }
-        }
-    }
-
-    own::MidiPartBase& part;
-    std::vector<const Taken*> notes;
-    std::vector<Note> found;
-};
-
-} // namespace
-
-std::vector<Note> noteworthyOf(own::PartBase& part, const std::vector<Taken>& taken)
-{
-    own::MidiPartBase* const midi = part.asMidiPartBase();
-    return midi != nullptr ? SecondLook(*midi, taken).take() : std::vector<Note>();
+    return found;
 }
 
 } // namespace plxclip::check

@@ -1,7 +1,6 @@
 // What loses nothing in a part, and may be a mistake all the same.
 #pragma once
 
-#include <cstddef>
 #include <vector>
 
 #include "check/finding.h"
@@ -10,12 +9,7 @@
 
 namespace plxclip::check {
 
-struct Note {
-    Finding finding; // without its position
-    std::size_t place;
-};
-
-// `taken` are the notes that the reader has told of, others among them.
-std::vector<Note> noteworthyOf(own::PartBase& part, const std::vector<format::Taken>& taken);
+// `taken` is what the reader told of the part's document.
+std::vector<Finding> noteworthyOf(own::PartBase& part, const std::vector<format::Taken>& taken);
 
 } // namespace plxclip::check

@@ -31,23 +31,23 @@ Position Text::positionOf(std::size_t place)
     return lastPosition;
 }
 
-Kind Text::kindAt(std::size_t place) const
+std::string_view Text::kindAt(std::size_t place) const
 {
     switch (source.at(place)) {
     case '{':
-        return Kind::object;
+        return kind::object;
     case '[':
-        return Kind::list;
+        return kind::list;
     case '"':
-        return Kind::text;
+        return kind::text;
     case 'n':
-        return Kind::null;
+        return kind::null;
     case 't':
     case 'f':
-        return Kind::flag;
+        return kind::flag;
     default:
-        return scalarAt(place).find_first_of(".eE") == std::string_view::npos ? Kind::integer
-                                                                              : Kind::real;
+        return scalarAt(place).find_first_of(".eE") == std::string_view::npos ? kind::integer
+                                                                              : kind::real;
     }
 }
 
@@ -67,7 +67,7 @@ std::string_view Text::scalarAt(std::size_t place) const
 std::string Text::excerptAt(std::size_t place) const
 {
     constexpr std::size_t longest = 40;
-    if (kindAt(place) == Kind::object || kindAt(place) == Kind::list) {
+    if (kindAt(place) == kind::object || kindAt(place) == kind::list) {
         return {};
     }
     const std::string_view text = scalarAt(place);

@@ -1,21 +1,23 @@
 // The text of a document, and where in it everything stands.
 #pragma once
 
-#include <cstddef>
-#include <cstdint>
 #include <string>
 #include <string_view>
 
+#include "check/finding.h"
+
 namespace plxclip::check {
 
-struct Position {
-    std::size_t line = 0; // from 1; 0 when there is none
-    std::size_t column = 0;
-
-    bool operator==(const Position&) const = default;
-};
-
-enum class Kind : std::uint8_t { null, flag, integer, real, text, list, object };
+// The kinds of JSON values, as they are called in a sentence.
+namespace kind {
+inline constexpr std::string_view null = "null";
+inline constexpr std::string_view flag = "true or false";
+inline constexpr std::string_view integer = "an integer";
+inline constexpr std::string_view real = "a float";
+inline constexpr std::string_view text = "a string";
+inline constexpr std::string_view list = "an array";
+inline constexpr std::string_view object = "an object";
+} // namespace kind
 
 class Text {
 public:
@@ -23,14 +25,14 @@ public:
 
     const std::string& utf8() const { return source; }
 
-    // Of a byte. Lines and columns are counted in characters. Quick for places in ascending order.
+    // Of a byte. Lines and columns are counted in characters. Fast for places in ascending order.
     Position positionOf(std::size_t place);
 
-    // Of the value that begins there; the document is valid JSON.
-    Kind kindAt(std::size_t place) const;
-    // As it is written, cut when it is long; empty for an object and a list, whose beginning tells little.
-    std::string excerptAt(std::size_t place) const;
+    // The following are for a value that begins there, in valid JSON.
+    std::string_view kindAt(std::size_t place) const;
     std::string_view scalarAt(std::size_t place) const;
+    // The value as it is written, cut if it is long; empty for an object or a list.
+    std::string excerptAt(std::size_t place) const;
 
 private:
     std::string source;
