@@ -3,7 +3,6 @@
 #include <functional>
 #include <tuple>
 #include <type_traits>
-#include <utility>
 
 #include "format/keys.h"
 
@@ -39,11 +38,34 @@ std::string shown(double number)
     return std::to_string(number);
 }
 
-class Differences {
+// The rows of a table that are neither objects nor lists.
+template <keys::Kind kind, class Get, class Put>
+constexpr auto plainRow(const keys::Entry<kind, Get, Put>& entry)
+{
+    return std::tuple(entry);
+}
+
+constexpr std::tuple<> plainRow(...)
+{
+    return {};
+}
+
+template <class Of>
+constexpr auto plainRows = std::apply(
+    [](const auto&... entry) { return std::tuple_cat(plainRow(entry)...); }, Of::entries);
+
+template <class Value>
+constexpr bool isPlain =
+    std::is_arithmetic_v<Value> || std::is_convertible_v<Value, face::StringView>;
+
+// Compares what a host sees with what the document says. Each `what` is the place, in words.
+class Comparison {
 public:
     template <class Host, class Document>
+    requires isPlain<Document>
     void compare(const std::string& what, const Host& host, const Document& document)
     {
+        constexpr std::size_t most = 20;
         const auto a = plain(host);
         const auto b = plain(document);
         if (a != b && lines.size() < most) {
@@ -52,255 +74,192 @@ public:
         }
     }
 
-    // Compares the elements, too, where there are as many.
-    template <class Range, class At, class Compare>
-    void compareLists(const std::string& what, const Range& host, std::uint64_t count, At at,
-                      Compare compareElement)
+    // The elements, too, if there are as many; `at` gives those of the document.
+    template <class Range, class At>
+    void compareList(const std::string& what, const Range& host, std::uint64_t count, At at)
     {
         compare("the number of " + what, host.size(), count);
-        if (host.size() != count) {
-            return;
-        }
-        std::uint64_t index = 0;
-        for (const auto element : host) {
-            compareElement(what + ' ' + std::to_string(index), element, at(index));
-            ++index;
+        for (std::uint64_t index = 0; host.size() == count && index < count; ++index) {
+            const std::string place = what + ' ' + std::to_string(index);
+            if constexpr (isPlain<decltype(at(index))>) {
+                compare(place, host[index], at(index));
+            } else {
+                compare(place, host[index], *at(index));
+            }
         }
     }
 
-    template <class Range, class At>
-    void compareValues(const std::string& what, const Range& host, std::uint64_t count, At at)
+    void compare(const std::string& what, face::MidiPart host, own::MidiPart& part);
+
+    template <class Host, class Part>
+    void compareAudioEffects(Host host, const Part& part)
     {
-        compareLists(what, host, count, at,
-                     [this](const auto& place, auto a, auto b) { compare(place, a, b); });
+        compareList("audioEffects", host.audioEffects(), part.numAudioEffects(),
+                    [&](std::uint64_t index) { return part.audioEffect(index); });
     }
 
     std::vector<std::string> take() { return std::move(lines); }
 
 private:
-    static constexpr std::size_t most = 20;
+    // The fields of an object. The host has a getter for each plain row of the table.
+    template <class Of, auto... gets, class Host, class Document>
+    void compareFields(const std::string& what, const Host& host, const Document& document)
+    {
+        const auto compareRows = [&](const auto&... entry) {
+            (compare(what + ", " + std::string(entry.row.key), std::invoke(gets, host),
+                     std::invoke(entry.get, document)),
+             ...);
+        };
+        std::apply(compareRows, plainRows<Of>);
+    }
+
+    // Of a lane or a vibrato.
+    template <class Host, class Point>
+    requires requires(Point point) { point.value(); }
+    void compare(const std::string& what, Host host, const Point& point)
+    {
+        compare(what + ", pos", host.pos(), point.pos());
+        compare(what + ", value", host.value(), point.value());
+    }
+
+    void compare(const std::string& what, face::Dvqm host, own::Dvqm& dvqm);
+    void compare(const std::string& what, face::Vibrato host, own::Vibrato& vibrato);
+    void compare(const std::string& what, face::Note host, own::Note& note);
+    void compare(const std::string& what, face::EffectParameter host,
+                 own::EffectParameter& parameter);
+    void compare(const std::string& what, face::Effect host, own::Effect& effect);
+    void compareLanes(face::MidiPart host, own::MidiPart& part);
 
     std::vector<std::string> lines;
 };
 
-// --- Fields, by the table of keys --------------------------------------------------------------------------
-
-// Of objects and lists, which are compared apart.
-struct Apart {};
-
-template <class Of, std::size_t place, class Host, class Document, class Get>
-void compareField(Differences& all, const std::string& what, const Host& host,
-                  const Document& document, const Get& get)
+void Comparison::compare(const std::string& what, face::Dvqm host, own::Dvqm& dvqm)
 {
-    if constexpr (!std::is_same_v<Get, Apart>) {
-        constexpr const auto& entry = std::get<place>(Of::entries);
-        all.compare(what + ", " + std::string(entry.row.key), std::invoke(get, host),
-                    std::invoke(entry.get, document));
-    }
+    compareFields<keys::Attack, &face::Dvqm::compID, &face::Dvqm::isProtected, &face::Dvqm::speed,
+                  &face::Dvqm::topFactor>(what, host, dvqm);
+    compareList(what + ", levelNames", host.levelNames(), dvqm.numLevelNames(),
+                [&](std::uint64_t index) { return dvqm.levelName(index); });
 }
 
-// `gets` asks the host for each key of the table, in its order.
-template <class Of, class Host, class Document, class... Get>
-void compareFields(Differences& all, const std::string& what, const Host& host,
-                   const Document& document, const std::tuple<Get...>& gets)
+void Comparison::compare(const std::string& what, face::Vibrato host, own::Vibrato& vibrato)
 {
-    static_assert(sizeof...(Get) == std::tuple_size_v<decltype(Of::entries)>);
-    [&]<std::size_t... places>(std::index_sequence<places...>)
-    {
-        (compareField<Of, places>(all, what, host, document, std::get<places>(gets)), ...);
-    }
-    (std::index_sequence_for<Get...>());
-}
-
-constexpr std::tuple hostNote{&face::Note::pos,
-                              &face::Note::duration,
-                              &face::Note::lyric,
-                              &face::Note::phoneme,
-                              &face::Note::langID,
-                              &face::Note::isProtected,
-                              &face::Note::number,
-                              &face::Note::velocity,
-                              Apart(),
-                              Apart(),
-                              Apart(),
-                              Apart(),
-                              Apart()};
-constexpr std::tuple hostExpression{
-    &face::Note::accent,   &face::Note::bendDepth, &face::Note::bendLength, &face::Note::decay,
-    &face::Note::fallPort, &face::Note::risePort,  &face::Note::opening};
-constexpr std::tuple hostAiExpression{
-    &face::Note::pitchFine,          &face::Note::pitchDriftStart,
-    &face::Note::pitchDriftEnd,      &face::Note::pitchScalingCenter,
-    &face::Note::pitchScalingOrigin, &face::Note::pitchTransitionStart,
-    &face::Note::pitchTransitionEnd, &face::Note::amplitudeWhole,
-    &face::Note::amplitudeStart,     &face::Note::amplitudeEnd,
-    &face::Note::formantWhole,       &face::Note::formantStart,
-    &face::Note::formantEnd};
-constexpr std::tuple hostSkill{&face::SingingSkill::duration, Apart()};
-constexpr std::tuple hostWeight{&face::SingingSkill::preWeight, &face::SingingSkill::postWeight};
-constexpr std::tuple hostDvqm{&face::Dvqm::compID, Apart(), &face::Dvqm::isProtected,
-                              &face::Dvqm::speed, &face::Dvqm::topFactor};
-constexpr std::tuple hostVibrato{&face::Vibrato::type, &face::Vibrato::duration, Apart(), Apart()};
-constexpr std::tuple hostVoice{&face::MidiPart::voiceBankID, &face::MidiPart::langID};
-constexpr std::tuple hostAiVoice{&face::MidiPart::aiVoiceBankID, Apart()};
-constexpr std::tuple hostMidiPart{&face::MidiPart::duration,
-                                  &face::MidiPart::styleName,
-                                  &face::MidiPart::stylePresetID,
-                                  Apart(),
-                                  Apart(),
-                                  Apart(),
-                                  Apart(),
-                                  Apart()};
-
-// --- Objects ------------------------------------------------------------------------------------------
-
-template <class Host, class Document>
-void comparePoint(Differences& all, const std::string& what, Host host, const Document& point)
-{
-    all.compare(what + ", pos", host.pos(), point.pos());
-    all.compare(what + ", value", host.value(), point.value());
-}
-
-void compareDvqm(Differences& all, const std::string& what, face::Dvqm host, own::Dvqm& dvqm)
-{
-    compareFields<keys::Attack>(all, what, host, dvqm, hostDvqm);
-    all.compareValues(what + ", levelNames", host.levelNames(), dvqm.numLevelNames(),
-                      [&](std::uint64_t index) { return dvqm.levelName(index); });
-}
-
-void compareVibrato(Differences& all, const std::string& what, face::Vibrato host,
-                    own::Vibrato& vibrato)
-{
-    compareFields<keys::VibratoTable>(all, what, host, vibrato, hostVibrato);
+    compareFields<keys::VibratoTable, &face::Vibrato::type, &face::Vibrato::duration>(what, host,
+                                                                                      vibrato);
     const auto compareCurve = [&](const char* name, const auto& points, std::uint32_t curve) {
-        all.compareLists(
-            what + ", " + name, points, static_cast<std::uint64_t>(vibrato.numParameters(curve)),
-            [&](std::uint64_t index) { return vibrato.parameter(curve, index); },
-            [&](const auto& place, auto a, auto* b) { comparePoint(all, place, a, *b); });
+        compareList(what + name, points, static_cast<std::uint64_t>(vibrato.numParameters(curve)),
+                    [&](std::uint64_t index) { return vibrato.parameter(curve, index); });
     };
-    compareCurve("rates", host.rates(), KRT_PLX_VIBRATO_RATE);
-    compareCurve("depths", host.depths(), KRT_PLX_VIBRATO_DEPTH);
+    compareCurve(", rates", host.rates(), KRT_PLX_VIBRATO_RATE);
+    compareCurve(", depths", host.depths(), KRT_PLX_VIBRATO_DEPTH);
 }
 
-void compareNote(Differences& all, const std::string& what, face::Note host, own::Note& note)
+void Comparison::compare(const std::string& what, face::Note host, own::Note& note)
 {
-    compareFields<keys::NoteTable>(all, what, host, note, hostNote);
-    compareFields<keys::Expression>(all, what, host, note, hostExpression);
-    compareFields<keys::AiExpressionTable>(all, what, host, note, hostAiExpression);
-    const face::SingingSkill skill = host.singingSkill();
-    compareFields<keys::SingingSkillTable>(all, what + ", singingSkill", skill,
-                                           *note.singingSkill(), hostSkill);
-    compareFields<keys::Weight>(all, what + ", singingSkill", skill, *note.singingSkill(),
-                                hostWeight);
-    compareDvqm(all, what + ", attack", host.attack(), *note.dvqm(true));
-    compareDvqm(all, what + ", release", host.release(), *note.dvqm(false));
-    compareVibrato(all, what + ", vibrato", host.vibrato(), *note.vibrato());
+    using face::Note;
+    using face::SingingSkill;
+    compareFields<keys::NoteTable, &Note::pos, &Note::duration, &Note::lyric, &Note::phoneme,
+                  &Note::langID, &Note::isProtected, &Note::number, &Note::velocity>(what, host,
+                                                                                     note);
+    compareFields<keys::Expression, &Note::accent, &Note::bendDepth, &Note::bendLength,
+                  &Note::decay, &Note::fallPort, &Note::risePort, &Note::opening>(what, host, note);
+    compareFields<keys::AiExpressionTable, &Note::pitchFine, &Note::pitchDriftStart,
+                  &Note::pitchDriftEnd, &Note::pitchScalingCenter, &Note::pitchScalingOrigin,
+                  &Note::pitchTransitionStart, &Note::pitchTransitionEnd, &Note::amplitudeWhole,
+                  &Note::amplitudeStart, &Note::amplitudeEnd, &Note::formantWhole,
+                  &Note::formantStart, &Note::formantEnd>(what, host, note);
+    compareFields<keys::SingingSkillTable, &SingingSkill::duration>(
+        what + ", singingSkill", host.singingSkill(), *note.singingSkill());
+    compareFields<keys::Weight, &SingingSkill::preWeight, &SingingSkill::postWeight>(
+        what + ", singingSkill", host.singingSkill(), *note.singingSkill());
+    compare(what + ", attack", host.attack(), *note.dvqm(true));
+    compare(what + ", release", host.release(), *note.dvqm(false));
+    compare(what + ", vibrato", host.vibrato(), *note.vibrato());
 }
 
-void compareParameter(Differences& all, const std::string& what, face::EffectParameter host,
-                      own::EffectParameter& parameter)
+void Comparison::compare(const std::string& what, face::EffectParameter host,
+                         own::EffectParameter& parameter)
 {
-    all.compare(what + ", name", host.name(), parameter.name());
-    all.compare(what + ", type", host.type(), parameter.type());
-    all.compare(what + ", integer", host.valueInt32().value_or(KRT_PLX_VALUE_UNSET_INT32),
-                parameter.valueInt32());
-    all.compare(what + ", float", host.valueFloat().value_or(KRT_PLX_VALUE_UNSET_FLOAT),
-                parameter.valueFloat());
-    all.compare(what + ", text", host.valueString().value_or(face::StringView()),
-                parameter.valueString());
+    compare(what + ", name", host.name(), parameter.name());
+    compare(what + ", type", host.type(), parameter.type());
+    compare(what + ", integer", host.valueInt32().value_or(KRT_PLX_VALUE_UNSET_INT32),
+            parameter.valueInt32());
+    compare(what + ", float", host.valueFloat().value_or(KRT_PLX_VALUE_UNSET_FLOAT),
+            parameter.valueFloat());
+    compare(what + ", text", host.valueString().value_or(face::StringView()),
+            parameter.valueString());
 }
 
-template <class Range, class At>
-void compareEffects(Differences& all, const std::string& what, const Range& host,
-                    std::uint64_t count, At at)
+void Comparison::compare(const std::string& what, face::Effect host, own::Effect& effect)
 {
-    all.compareLists(what, host, count, at, [&](const auto& place, auto a, own::Effect* b) {
-        all.compare(place + ", id", a.id(), b->id());
-        all.compareLists(
-            place + ", parameters", a.parameters(), b->numParameters(),
-            [&](std::uint64_t index) { return b->parameter(index); },
-            [&](const auto& inner, auto c, auto* d) { compareParameter(all, inner, c, *d); });
-    });
+    compareFields<keys::AudioEffectTable, &face::Effect::id>(what, host, effect);
+    compareList(what + ", parameters", host.parameters(), effect.numParameters(),
+                [&](std::uint64_t index) { return effect.parameter(index); });
 }
 
-void compareLanes(Differences& all, face::MidiPart host, own::MidiPart& part)
+void Comparison::compareLanes(face::MidiPart host, own::MidiPart& part)
 {
-    for (const own::controller::Type& row : own::controller::types) {
-        const std::uint32_t type = row.code;
-        const std::string what(row.name);
-        const face::MidiController lane =
-            host.midiController(static_cast<face::ControllerType>(type));
-        own::MidiController* const other = part.midiController(type);
-        all.compare("the lane " + what, static_cast<bool>(lane), other != nullptr);
+    for (const own::controller::Type& type : own::controller::types) {
+        const std::string name(type.name);
+        const auto lane = host.midiController(static_cast<face::ControllerType>(type.code));
+        const own::MidiController* const other = part.midiController(type.code);
+        compare("the lane " + name, static_cast<bool>(lane), other != nullptr);
         if (lane && other != nullptr) {
-            all.compareLists(
-                what, lane.events(), other->numEvents(),
-                [&](std::uint64_t index) { return other->event(index); },
-                [&](const auto& place, auto a, auto* b) { comparePoint(all, place, a, *b); });
+            compareList(name, lane.events(), other->numEvents(),
+                        [&](std::uint64_t index) { return other->event(index); });
         }
     }
 }
 
-void compareMidi(Differences& all, face::MidiPart host, own::MidiPart& part)
+void Comparison::compare(const std::string& what, face::MidiPart host, own::MidiPart& part)
 {
-    compareFields<keys::MidiVoicePartTable>(all, "part", host, part, hostMidiPart);
-    compareFields<keys::Voice>(all, "voice", host, part, hostVoice);
-    compareFields<keys::AiVoice>(all, "aiVoice", host, part, hostAiVoice);
-    all.compareValues("langIDs", host.aiLangIDs(), part.aiLangIDSize(),
-                      [&](std::uint64_t index) { return part.aiLangIDByIndex(index); });
-    compareEffects(all, "audioEffects", host.audioEffects(), part.numAudioEffects(),
-                   [&](std::uint64_t index) { return part.audioEffect(index); });
-    compareEffects(all, "midiEffects", host.midiEffects(), part.numMidiEffects(),
-                   [&](std::uint64_t index) { return part.midiEffect(index); });
-    all.compareLists(
-        "notes", host.notes(), part.numNotes(),
-        [&](std::uint64_t index) { return part.note(index); },
-        [&](const auto& place, auto a, auto* b) { compareNote(all, place, a, *b); });
-    compareLanes(all, host, part);
-}
-
-void compareAudio(Differences& all, face::AudioPart host, own::AudioPart& part)
-{
-    all.compare("wavFileName", own::fs::fileName(host.wavFilePath()), keys::waveFileName(part));
-    compareEffects(all, "audioEffects", host.audioEffects(), part.numAudioEffects(),
-                   [&](std::uint64_t index) { return part.audioEffect(index); });
+    using face::MidiPart;
+    compare("type", host.type(), part.type());
+    compareFields<keys::MidiVoicePartTable, &MidiPart::duration, &MidiPart::styleName,
+                  &MidiPart::stylePresetID>(what, host, part);
+    compareFields<keys::Voice, &MidiPart::voiceBankID, &MidiPart::langID>("voice", host, part);
+    compareFields<keys::AiVoice, &MidiPart::aiVoiceBankID>("aiVoice", host, part);
+    compareList("langIDs", host.aiLangIDs(), part.aiLangIDSize(),
+                [&](std::uint64_t index) { return part.aiLangIDByIndex(index); });
+    compareAudioEffects(host, part);
+    compareList("midiEffects", host.midiEffects(), part.numMidiEffects(),
+                [&](std::uint64_t index) { return part.midiEffect(index); });
+    compareList("notes", host.notes(), part.numNotes(),
+                [&](std::uint64_t index) { return part.note(index); });
+    compareLanes(host, part);
 }
 
 } // namespace
 
 std::vector<std::string> differences(face::Clip clip, const own::ClipProperties& properties)
 {
-    Differences all;
+    Comparison all;
     all.compare("id", clip.id(), properties.id);
     all.compare("name", clip.name(), properties.name);
     all.compare("vendor", clip.vendorName(), properties.vendorName);
     all.compare("part, key", clip.partKey().value_or(0), properties.partKey);
     all.compare("part, tempo", clip.partTempo().value_or(0), properties.partTempo);
-    const face::Filter host = clip.filter();
-    const auto compareTags = [&](const char* what, const auto& range, own::Tag tag) {
-        const auto& texts = properties.filter.texts(tag);
-        all.compareValues(what, range, texts.size(),
-                          [&](std::uint64_t index) { return texts[index]; });
+    const auto compareTags = [&all](const char* what, const auto& host, const auto& tags) {
+        all.compareList(what, host, tags.size(), [&](std::uint64_t index) { return tags[index]; });
     };
-    compareTags("singerGroups", host.singerGroups(), own::Tag::singerGroup);
-    compareTags("vendors", host.vendors(), own::Tag::vendor);
-    compareTags("singerIDs", host.singerIDs(), own::Tag::singerID);
-    compareTags("types", host.types(), own::Tag::type);
-    compareTags("genres", host.genres(), own::Tag::genre);
-    const auto& languages = properties.filter.languages();
-    all.compareValues("languages", host.languages(), languages.size(),
-                      [&](std::uint64_t index) { return languages[index]; });
+    const own::FilterTags& filter = properties.filter;
+    compareTags("singerGroups", clip.filter().singerGroups(), filter.texts(own::Tag::singerGroup));
+    compareTags("vendors", clip.filter().vendors(), filter.texts(own::Tag::vendor));
+    compareTags("singerIDs", clip.filter().singerIDs(), filter.texts(own::Tag::singerID));
+    compareTags("types", clip.filter().types(), filter.texts(own::Tag::type));
+    compareTags("genres", clip.filter().genres(), filter.texts(own::Tag::genre));
+    compareTags("languages", clip.filter().languages(), filter.languages());
     return all.take();
 }
 
 std::vector<std::string> differences(face::Clip clip, own::PartBase& part)
 {
-    Differences all;
+    Comparison all;
     if (own::MidiPart* const midi = part.asMidiPart(); midi != nullptr && clip.midiPart()) {
-        all.compare("type", clip.midiPart().type(), part.type());
-        compareMidi(all, clip.midiPart(), *midi);
+        all.compare("part", clip.midiPart(), *midi);
     } else if (own::AudioPart* const audio = part.asAudioPart(); audio && clip.audioPart()) {
-        compareAudio(all, clip.audioPart(), *audio);
+        all.compare("wavFileName", own::fs::fileName(clip.audioPart().wavFilePath()),
+                    keys::waveFileName(*audio));
+        all.compareAudioEffects(clip.audioPart(), *audio);
     } else {
         all.compare("whether it has notes", static_cast<bool>(clip.midiPart()), midi != nullptr);
     }
