@@ -115,7 +115,7 @@ private:
 
     // Of a lane or a vibrato.
     template <class Host, class Point>
-    requires requires(Point point) { point.value(); }
+    requires requires(const Point& point) { point.value(); }
     void compare(const std::string& what, Host host, const Point& point)
     {
         compare(what + ", pos", host.pos(), point.pos());

@@ -32,8 +32,8 @@ bool looksLikeClip(const std::string& name)
 
 class Walk {
 public:
-    Walk(const fs::path& folder, bool areUserClips, Files& files)
-        : root(folder), isUserClip(areUserClips), found(files)
+    Walk(fs::path folder, bool areUserClips, Files& files)
+        : root(std::move(folder)), isUserClip(areUserClips), found(files)
     {
     }
 
