@@ -228,6 +228,13 @@ class Several(CheckTest):
                                         ('"accent": 54', '"acent": 54')),
                          ["/midi/notes/0/lyric", "/midi/notes/0/velocity"])
 
+    def test_order_of_places(self):
+        self.assertEqual(self.places_of(('"pos": 480', '"pos": 479'),
+                                        ('"accent": 54', '"accent": 101'),
+                                        ('"topFactor": 1.5', '"topFactor": 2.5')),
+                         ["/midi/notes/0/exp/accent", "/midi/notes/1",
+                          "/midi/notes/1/dvqm/attack/topFactor"])
+
     def test_a_part_that_is_lost(self):
         self.assertEqual(self.places_of(('"lyric": "Freu"', '"lyric": ""'),
                                         ('"voralin-alto-001"', '"voralin"'),

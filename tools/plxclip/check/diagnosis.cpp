@@ -47,7 +47,12 @@ public:
         if (found == hearing.taken.end()) {
             return std::nullopt;
         }
-        return Finding{effect::noted, reason::otherType, name, found->path, found->place, {},
+        return Finding{effect::noted,
+                       reason::otherType,
+                       name,
+                       found->path,
+                       found->place,
+                       {},
                        text.positionOf(found->place)};
     }
 
@@ -86,7 +91,11 @@ private:
         constexpr std::array<std::string_view, 5> names = {"UTF-8", "UTF-16LE", "UTF-16BE",
                                                            "UTF-32LE", "UTF-32BE"};
         const auto encoding = static_cast<std::size_t>(format::detectEncoding(bytes).encoding);
-        return {effect::refused, reason::encoding, {}, {}, defect.place,
+        return {effect::refused,
+                reason::encoding,
+                {},
+                {},
+                defect.place,
                 fmt::format("byte {} is no {}", format::placeInFile(bytes, defect.place),
                             names.at(encoding))};
     }
@@ -123,8 +132,12 @@ private:
               std::optional<Document>& document);
     void refuse(std::string_view document, Reason reason, std::string message)
     {
-        result.findings.push_back({effect::refused, reason, std::string(document), {},
-                                   Finding::nowhere, std::move(message)});
+        result.findings.push_back({effect::refused,
+                                   reason,
+                                   std::string(document),
+                                   {},
+                                   Finding::nowhere,
+                                   std::move(message)});
     }
 
     fs::path clipFile;
@@ -177,8 +190,8 @@ void Diagnostician::examineProperties()
     }
     load(file, propertyDocument, format::propertyDocumentLimit, properties);
     if (properties) {
-        isByProperties = result.isListable = reader.readProperties(
-            properties->copy(), result.properties, &properties->hearing);
+        isByProperties = result.isListable =
+            reader.readProperties(properties->copy(), result.properties, &properties->hearing);
         result.id = properties->placeOf("/id").value_or(Finding());
     }
 }
@@ -209,10 +222,10 @@ void Diagnostician::compareTypes()
 {
     auto finding = isByProperties ? properties->placeOf("/part/type") : std::nullopt;
     if (finding && result.part != nullptr && result.properties.partType != result.part->type()) {
-        finding->message = fmt::format(
-            R"("{}" is shown in a catalogue, but the part of the clip file is "{}")",
-            own::part_type::name(result.properties.partType),
-            own::part_type::name(result.part->type()));
+        finding->message =
+            fmt::format(R"("{}" is shown in a catalogue, but the part of the clip file is "{}")",
+                        own::part_type::name(result.properties.partType),
+                        own::part_type::name(result.part->type()));
         properties->findings.push_back(std::move(*finding));
     }
 }

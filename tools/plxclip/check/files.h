@@ -11,7 +11,7 @@ namespace plxclip::check {
 
 struct File {
     bool isUserClip;
-    Reason obstacle;    // why nothing can read it as a clip; empty if it can
+    Reason obstacle;     // why nothing can read it as a clip; empty if it can
     std::string message; // the same in words
 };
 

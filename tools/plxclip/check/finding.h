@@ -15,7 +15,7 @@ inline constexpr Effect refused = "refused"; // the document, or the part in it,
 inline constexpr Effect dropped = "dropped"; // an element is left out
 inline constexpr Effect ignored = "ignored"; // a value is not taken
 inline constexpr Effect passedOver = "passed-over"; // not listed, whatever the documents hold
-inline constexpr Effect noted = "noted"; // nothing is lost, but it may be a mistake
+inline constexpr Effect noted = "noted";            // nothing is lost, but it may be a mistake
 } // namespace effect
 
 using Reason = std::string_view;

@@ -67,9 +67,9 @@ void Hearing::lost(const format::Loss& loss)
 // All that was told within an object was told last, up to its end.
 std::vector<Heard>::iterator Hearing::firstWithin(std::string_view object)
 {
-    return std::find_if_not(losses.rbegin(), losses.rend(), [object](const Heard& each) {
-               return isBelow(each.path, object);
-           }).base();
+    return std::find_if_not(losses.rbegin(), losses.rend(),
+                            [object](const Heard& each) { return isBelow(each.path, object); })
+        .base();
 }
 
 void Hearing::forget(std::string_view outer, std::string_view lost)

@@ -46,14 +46,13 @@ std::string statusOf(const ClipReport& clip)
     }
     const std::string text =
         clip.isWhole ? "listed from the clip file itself, without key and tempo" : "listed";
-    return clip.partReads ? text
-                          : text + ", " + styled(Style::bad, "but its part cannot be read");
+    return clip.partReads ? text : text + ", " + styled(Style::bad, "but its part cannot be read");
 }
 
 std::string lineOf(const ClipReport& clip, const Finding& finding)
 {
-    std::string place = finding.document.empty() ? clip.path.substr(clip.path.rfind('/') + 1)
-                                                 : finding.document;
+    std::string place =
+        finding.document.empty() ? clip.path.substr(clip.path.rfind('/') + 1) : finding.document;
     if (finding.position.line != 0) {
         place += fmt::format(":{}:{}", finding.position.line, finding.position.column);
     }
@@ -77,13 +76,12 @@ std::string countOf(std::size_t number, std::string_view one, std::string_view m
 
 std::string textOf(const Summary& summary)
 {
-    std::string text =
-        fmt::format("{}: {} listed, {} not listed; {}; {}\n",
-                    countOf(summary.files, "clip file", "clip files"), summary.listed,
-                    summary.files - summary.listed,
-                    countOf(summary.unreadParts, "part of a listed clip cannot be read",
-                            "parts of listed clips cannot be read"),
-                    countOf(summary.losses, "thing is not taken", "things are not taken"));
+    std::string text = fmt::format(
+        "{}: {} listed, {} not listed; {}; {}\n", countOf(summary.files, "clip file", "clip files"),
+        summary.listed, summary.files - summary.listed,
+        countOf(summary.unreadParts, "part of a listed clip cannot be read",
+                "parts of listed clips cannot be read"),
+        countOf(summary.losses, "thing is not taken", "things are not taken"));
     if (summary.noted > 0) {
         text += countOf(summary.noted, "place that loses nothing", "places that lose nothing") +
                 " to look at again\n";
@@ -121,9 +119,8 @@ void writeClip(Json& json, const ClipReport& clip)
         json.member("name", clip.name);
     }
     json.key("findings");
-    json.array(clip.findings, [&](const Finding& finding) {
-        json.object([&] { writeFinding(json, finding); });
-    });
+    json.array(clip.findings,
+               [&](const Finding& finding) { json.object([&] { writeFinding(json, finding); }); });
 }
 
 void writeSummary(Json& json, const Summary& summary)
@@ -142,9 +139,8 @@ void writeSummary(Json& json, const Summary& summary)
 bool isFine(const std::vector<ClipReport>& clips)
 {
     return std::ranges::all_of(clips, [](const ClipReport& clip) {
-        return std::ranges::all_of(clip.findings, [](const Finding& finding) {
-            return finding.effect == effect::noted;
-        });
+        return std::ranges::all_of(
+            clip.findings, [](const Finding& finding) { return finding.effect == effect::noted; });
     });
 }
 

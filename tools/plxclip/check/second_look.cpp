@@ -48,9 +48,8 @@ void lookForEnds(const Notes& notes, std::int32_t end, std::vector<Finding>& fou
 {
     for (const Taken* const each : notes) {
         if (endOf(each) > end) {
-            found.push_back(
-                noted(*each, reason::beyondEnd,
-                      fmt::format("ends at {}, but the part at {}", endOf(each), end)));
+            found.push_back(noted(*each, reason::beyondEnd,
+                                  fmt::format("ends at {}, but the part at {}", endOf(each), end)));
         }
     }
 }
@@ -61,8 +60,7 @@ void lookForOverlaps(Notes notes, std::vector<Finding>& found)
     const Taken* last = nullptr; // the one that ends last
     for (const Taken* const each : notes) {
         if (last != nullptr && each->note->pos() < endOf(last)) {
-            found.push_back(
-                noted(*each, reason::overlap, "begins before " + last->path + " ends"));
+            found.push_back(noted(*each, reason::overlap, "begins before " + last->path + " ends"));
         }
         if (last == nullptr || endOf(each) > endOf(last)) {
             last = each;

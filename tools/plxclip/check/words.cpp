@@ -302,8 +302,8 @@ void addConsequence(Said& said, const Loss& loss)
         said.consequence = consequence;
     };
     if (loss.isElement && loss.row->kind != RowKind::objects) {
-        become(effect::dropped, loss.shape->id == Id::filter ? "the tag is left out"
-                                                             : "the name is left out");
+        become(effect::dropped,
+               loss.shape->id == Id::filter ? "the tag is left out" : "the name is left out");
     } else if (isPart(loss)) {
         become(effect::refused, loss.reason == LossReason::missing
                                     ? R"(there is no "audio", "midiAi" or "midi")"
