@@ -45,6 +45,16 @@ static bool keepFilter(
     return isKept;
 }
 
+bool KRT_PLX_Kit_fillEditor(
+    Api* plx, KRT_PLX_PropertyEditor* editor, KRT_PLX_ClipBase* clip, uint32_t keep)
+{
+    const KRT_PLX_Char* name = kitIsReady(plx) ? plx->KRT_PLX_Clip_name(clip) : NULL;
+    const bool keepsName = (keep & KRT_PLX_KIT_KEEP_NAME) != 0;
+    return name != NULL && editor != NULL &&
+        (!keepsName || plx->KRT_PLX_PropertyEditor_setClipName(editor, name)) &&
+        keepNumbers(plx, clip, editor, keep) && keepFilter(plx, clip, editor, keep);
+}
+
 KRT_PLX_PropertyEditor* KRT_PLX_Kit_editProperties(
     Api* plx, KRT_PLX_ClipBase* clip, uint32_t keep)
 {
@@ -52,15 +62,9 @@ KRT_PLX_PropertyEditor* KRT_PLX_Kit_editProperties(
         return NULL;
     }
     KRT_PLX_PropertyEditor* editor = plx->KRT_PLX_UserClip_createPropertyEditor(clip);
-    if (editor == NULL) {
-        return NULL;
-    }
-    const bool keepsName = (keep & KRT_PLX_KIT_KEEP_NAME) != 0;
-    if ((keepsName &&
-            !plx->KRT_PLX_PropertyEditor_setClipName(editor, plx->KRT_PLX_Clip_name(clip))) ||
-        !keepNumbers(plx, clip, editor, keep) || !keepFilter(plx, clip, editor, keep)) {
+    if (editor != NULL && !KRT_PLX_Kit_fillEditor(plx, editor, clip, keep)) {
         plx->KRT_PLX_UserClip_destroyPropertyEditor(clip, editor);
-        return NULL;
+        editor = NULL;
     }
     return editor;
 }

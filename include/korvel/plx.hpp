@@ -12,7 +12,8 @@
  * - ranges: `for (auto note : part.notes())`;
  * - enumerations for types and codes;
  * - std::optional where a living object may lack a value (a language, a tempo, a value of a type).
- *   Other numbers are for a null handle what the C function returns.
+ *   Other numbers are for a null handle what the C function returns;
+ * - edit(), transpose(), find() and their like (kit.hpp), for hosts that also link `krt_plx_kit`.
  *
  * A handle is a pointer: it owns nothing, is copied freely, and dies when plx.h says so. A manager
  * has to be destroyed as in C.
@@ -38,6 +39,7 @@
 #ifndef KORVEL_PLX_HPP
 #define KORVEL_PLX_HPP
 
+#include <korvel/face/kit.hpp>
 #include <korvel/face/manager.hpp>
 #include <korvel/plx.h>
 

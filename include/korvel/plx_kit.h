@@ -11,7 +11,7 @@
  *
  * Most functions here take a table of the library's functions first. A host that loads the library at
  * run time passes the table that KRT_PLX_load() has filled (plx_loader.h). A host that is linked to the
- * library passes KRT_PLX_Kit_linked(). A null or an empty table is safe: the function then does
+ * library passes KRT_PLX_Kit_linked(), and links `krt_plx_kit` before `krt_plx`. A null or an empty table is safe: the function then does
  * nothing and returns what it returns for a null handle.
  *
  * ## Changing a clip that exists
@@ -271,6 +271,21 @@ typedef enum KRT_PLX_KitKeep {
     KRT_PLX_KIT_KEEP_GENRES = 16, /**< the genres */
     KRT_PLX_KIT_KEEP_ALL = 31    /**< all of them */
 } KRT_PLX_KitKeep;
+
+/**
+ * Sets in a new property editor what a clip has. KRT_PLX_Kit_editProperties() makes one, too.
+ *
+ * @param plx     the table of functions
+ * @param editor  a property editor without types and genres of its own
+ * @param clip    the clip to take the values from, the editor's own or another catalogue clip
+ * @param keep    one or more #KRT_PLX_KitKeep
+ * @return true; false, with some of it set, when memory ran out or the editor has a type or genre of
+ *         the clip already; false for a handle that is null or no catalogue clip
+ */
+bool KRT_PLX_Kit_fillEditor(const struct KRT_PLX_Api* plx,
+    KRT_PLX_PropertyEditor* editor,
+    KRT_PLX_ClipBase* clip,
+    uint32_t keep) KRT_PLX_NOEXCEPT;
 
 /**
  * Creates a property editor that begins with what its clip has, so that one changes what one names.

@@ -123,6 +123,9 @@ public:
     {
         return KRT_PLX_PropertyEditor_setPartTempo(raw(), value);
     }
+    /** Sets what the clip has in a new editor, so that one changes what one names. Takes the kit: see
+     *  kit.hpp. */
+    bool fill(Clip clip) const noexcept;
     /** Ends the life of the clip's name, types and genres as texts that were returned before. */
     bool save() const noexcept { return KRT_PLX_PropertyEditor_save(raw()); }
 };
