@@ -41,6 +41,21 @@ function(krt_plx_install_headers)
         INCLUDES DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}")
 endfunction()
 
+# A static library made by one compiler is not always of use to another: its sources, those that are
+# generated too, are installed with it.
+function(krt_plx_install_kit)
+    if(NOT TARGET krt_plx_kit)
+        return()
+    endif()
+    set_target_properties(krt_plx_kit PROPERTIES EXPORT_NAME kit)
+    install(TARGETS krt_plx_kit EXPORT krt_plxTargets
+        ARCHIVE DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT development
+        INCLUDES DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}")
+    get_target_property(sources krt_plx_kit SOURCES)
+    install(FILES ${sources}
+        DESTINATION "${CMAKE_INSTALL_DATADIR}/krt_plx/kit" COMPONENT development)
+endfunction()
+
 function(krt_plx_install_cmake_package)
     include(CMakePackageConfigHelpers)
     set(compatibility SameMajorVersion)
@@ -88,6 +103,7 @@ endfunction()
 
 krt_plx_install_library()
 krt_plx_install_headers()
+krt_plx_install_kit()
 krt_plx_install_cmake_package()
 krt_plx_install_pkgconfig_file()
 krt_plx_install_tools()

@@ -15,8 +15,8 @@ static bool isEditableMidiPart(Api* plx, KRT_PLX_PartBase* part)
 
 static KitPlace placeOf(const Change* change, uint64_t index, KRT_PLX_NoteBase* note)
 {
-    return (KitPlace){
-        change->report, KRT_PLX_KIT_NOTE, index, change->plx->KRT_PLX_NoteBase_pos(note)};
+    return (KitPlace){change->report, KRT_PLX_KIT_NOTE, index,
+                      change->plx->KRT_PLX_NoteBase_pos(note)};
 }
 
 static KitPlace placeOfLane(const Change* change, uint32_t type)
@@ -49,15 +49,15 @@ static bool canTranspose(const Change* change)
         KRT_PLX_NoteBase* note = noteAt(change, i);
         const KitPlace place = placeOf(change, i, note);
         const int64_t number = change->plx->KRT_PLX_NoteBase_number(note) + change->offset;
-        can = tellUnless(
-                  number >= 0 && number <= highest, &place, "number", KRT_PLX_KIT_OUT_OF_RANGE) &&
-            can;
+        can = tellUnless(number >= 0 && number <= highest, &place, "number",
+                         KRT_PLX_KIT_OUT_OF_RANGE) &&
+              can;
     }
     return can;
 }
 
-bool KRT_PLX_Kit_transpose(
-    Api* plx, KRT_PLX_PartBase* part, int32_t semitones, KRT_PLX_KitReport* report)
+bool KRT_PLX_Kit_transpose(Api* plx, KRT_PLX_PartBase* part, int32_t semitones,
+                           KRT_PLX_KitReport* report)
 {
     const Change change = {plx, part, report, semitones};
     if (!isEditableMidiPart(plx, part) || !canTranspose(&change)) {
@@ -83,9 +83,9 @@ static bool canMoveNotes(const Change* change)
         const KitPlace place = placeOf(change, i, note);
         const int64_t pos = place.pos + change->offset;
         const int64_t end = pos + change->plx->KRT_PLX_NoteBase_duration(note);
-        can = tellUnless(
-                  pos >= INT32_MIN && end <= INT32_MAX, &place, "pos", KRT_PLX_KIT_OUT_OF_RANGE) &&
-            can;
+        can = tellUnless(pos >= INT32_MIN && end <= INT32_MAX, &place, "pos",
+                         KRT_PLX_KIT_OUT_OF_RANGE) &&
+              can;
     }
     return can;
 }
@@ -99,8 +99,8 @@ static bool canMoveEvents(const Change* change, uint32_t type)
     const uint64_t count = kitCountEvents(plx, lane);
     bool can = true;
     for (uint64_t i = 0; i < count; ++i) {
-        const int32_t pos = plx->KRT_PLX_MidiEventBase_pos(
-            plx->KRT_PLX_MutableMidiController_event(lane, i));
+        const int32_t pos =
+            plx->KRT_PLX_MidiEventBase_pos(plx->KRT_PLX_MutableMidiController_event(lane, i));
         const int64_t target = pos + change->offset;
         if (target < INT32_MIN || target > INT32_MAX) {
             kitTellInner(&place, "pos", KRT_PLX_KIT_OUT_OF_RANGE, i, pos);
@@ -143,8 +143,8 @@ static void moveEvents(const Change* change, uint32_t type)
         plx->KRT_PLX_MutableMidiPart_midiController(change->part, type);
     const uint64_t count = kitCountEvents(plx, lane);
     for (uint64_t step = 0; step < count; ++step) {
-        KRT_PLX_MidiEventBase* event = plx->KRT_PLX_MutableMidiController_event(
-            lane, nextInOrder(change, count, step));
+        KRT_PLX_MidiEventBase* event =
+            plx->KRT_PLX_MutableMidiController_event(lane, nextInOrder(change, count, step));
         plx->KRT_PLX_MutableMidiEvent_move(
             event, (int32_t)(plx->KRT_PLX_MidiEventBase_pos(event) + change->offset));
     }
@@ -169,8 +169,7 @@ static void tellNotesOutside(const Change* change)
         KRT_PLX_NoteBase* note = noteAt(change, i);
         const KitPlace place = placeOf(change, i, note);
         const int64_t end = (int64_t)place.pos + change->plx->KRT_PLX_NoteBase_duration(note);
-        tellUnless(
-            place.pos >= 0 && end <= duration, &place, "pos", KRT_PLX_KIT_OUTSIDE_PART);
+        tellUnless(place.pos >= 0 && end <= duration, &place, "pos", KRT_PLX_KIT_OUTSIDE_PART);
     }
 }
 
@@ -192,9 +191,8 @@ typedef struct Range {
     int32_t end;
 } Range;
 
-static void cutPoints(
-    const Change* change, const KitPlace* place, KRT_PLX_VibratoBase* vibrato, uint32_t kind,
-    int32_t duration)
+static void cutPoints(const Change* change, const KitPlace* place, KRT_PLX_VibratoBase* vibrato,
+                      uint32_t kind, int32_t duration)
 {
     Api* plx = change->plx;
     for (uint64_t i = kitCountPoints(plx, vibrato, kind); i-- > 0;) {
@@ -207,8 +205,8 @@ static void cutPoints(
     }
 }
 
-static void shortenVibrato(
-    const Change* change, KitPlace place, KRT_PLX_NoteBase* note, int32_t duration)
+static void shortenVibrato(const Change* change, KitPlace place, KRT_PLX_NoteBase* note,
+                           int32_t duration)
 {
     Api* plx = change->plx;
     KRT_PLX_VibratoBase* vibrato = plx->KRT_PLX_MutableNote_vibrato(note);
@@ -222,8 +220,8 @@ static void shortenVibrato(
     plx->KRT_PLX_MutableVibrato_setDuration(vibrato, duration);
 }
 
-static void shortenSkill(
-    const Change* change, KitPlace place, KRT_PLX_NoteBase* note, int32_t duration)
+static void shortenSkill(const Change* change, KitPlace place, KRT_PLX_NoteBase* note,
+                         int32_t duration)
 {
     Api* plx = change->plx;
     KRT_PLX_SingingSkillBase* skill = plx->KRT_PLX_MutableNote_singingSkill(note);
@@ -239,8 +237,8 @@ static int32_t endOf(const Change* change, KRT_PLX_NoteBase* note)
     return change->plx->KRT_PLX_NoteBase_pos(note) + change->plx->KRT_PLX_NoteBase_duration(note);
 }
 
-static void shortenNote(
-    const Change* change, const KitPlace* place, KRT_PLX_NoteBase* note, Range range)
+static void shortenNote(const Change* change, const KitPlace* place, KRT_PLX_NoteBase* note,
+                        Range range)
 {
     const int32_t begin = place->pos > range.begin ? place->pos : range.begin;
     const int32_t noteEnd = endOf(change, note);
@@ -291,7 +289,7 @@ static void cutEvents(const Change* change, uint32_t type, Range range)
 }
 
 bool KRT_PLX_Kit_cut(Api* plx, KRT_PLX_PartBase* part, int32_t begin, int32_t end,
-    KRT_PLX_KitReport* report)
+                     KRT_PLX_KitReport* report)
 {
     const Change change = {plx, part, report, -(int64_t)begin};
     const Range range = {begin, end};
@@ -306,5 +304,5 @@ bool KRT_PLX_Kit_cut(Api* plx, KRT_PLX_PartBase* part, int32_t begin, int32_t en
     moveAll(&change);
     const KitPlace whole = {report, KRT_PLX_KIT_PART, 0, 0};
     return tellUnless(plx->KRT_PLX_MutableMidiPart_setDuration(part, (int32_t)duration), &whole,
-        "duration", KRT_PLX_KIT_REFUSED);
+                      "duration", KRT_PLX_KIT_REFUSED);
 }

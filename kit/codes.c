@@ -8,7 +8,10 @@ typedef struct Word {
 } Word;
 
 /* The name is the one that the compiler knows. */
-#define WORD(codes, code, text) {codes, code, #code, text}
+#define WORD(codes, code, text)  \
+    {                            \
+        codes, code, #code, text \
+    }
 
 static const Word words[] = {
     WORD(KRT_PLX_KIT_RESULTS, KRT_PLX_RESULT_OK, "done"),
@@ -17,13 +20,13 @@ static const Word words[] = {
     WORD(KRT_PLX_KIT_RESULTS, KRT_PLX_RESULT_DIRECTORY_MISSING, "the clip folder does not exist"),
     WORD(KRT_PLX_KIT_RESULTS, KRT_PLX_RESULT_DIRECTORY_NOT_CREATED, "a folder cannot be made"),
     WORD(KRT_PLX_KIT_RESULTS, KRT_PLX_RESULT_USER_DIRECTORY_MISSING,
-        "the folder of user clips does not exist"),
+         "the folder of user clips does not exist"),
     WORD(KRT_PLX_KIT_RESULTS, KRT_PLX_RESULT_EMPTY_NAME, "the name is empty"),
     WORD(KRT_PLX_KIT_RESULTS, KRT_PLX_RESULT_UNKNOWN_CLIP, "the clip does not exist any more"),
     WORD(KRT_PLX_KIT_RESULTS, KRT_PLX_RESULT_NO_PART, "the clip has no part"),
     WORD(KRT_PLX_KIT_RESULTS, KRT_PLX_RESULT_WAVE_FILE_MISSING, "the wave file does not exist"),
     WORD(KRT_PLX_KIT_RESULTS, KRT_PLX_RESULT_WAVE_FILE_NOT_COPIED,
-        "the wave file cannot be copied"),
+         "the wave file cannot be copied"),
     WORD(KRT_PLX_KIT_RESULTS, KRT_PLX_RESULT_FILE_NOT_OPENED, "a file cannot be opened"),
     WORD(KRT_PLX_KIT_RESULTS, KRT_PLX_RESULT_FILE_NOT_WRITTEN, "a file cannot be written"),
     WORD(KRT_PLX_KIT_RESULTS, KRT_PLX_RESULT_NO_VOICE_BANK, "the part has no voice bank"),
@@ -31,7 +34,7 @@ static const Word words[] = {
     WORD(KRT_PLX_KIT_RESULTS, KRT_PLX_RESULT_NO_AI_VOICE_BANK, "the part has no AI voice bank"),
     WORD(KRT_PLX_KIT_RESULTS, KRT_PLX_RESULT_NO_AI_LANGUAGE, "the part has no AI language"),
     WORD(KRT_PLX_KIT_RESULTS, KRT_PLX_RESULT_BAD_AI_LANGUAGE,
-        "an AI language of the part is out of range"),
+         "an AI language of the part is out of range"),
     WORD(KRT_PLX_KIT_RESULTS, KRT_PLX_RESULT_NO_MANAGER, "no manager, or out of memory"),
 
     WORD(KRT_PLX_KIT_PART_TYPES, KRT_PLX_PART_AUDIO, "audio"),
@@ -46,7 +49,7 @@ static const Word words[] = {
     WORD(KRT_PLX_KIT_CONTROLLER_TYPES, KRT_PLX_CONTROLLER_DYNAMICS, "dynamics"),
     WORD(KRT_PLX_KIT_CONTROLLER_TYPES, KRT_PLX_CONTROLLER_PORTAMENTO, "portamento"),
     WORD(KRT_PLX_KIT_CONTROLLER_TYPES, KRT_PLX_CONTROLLER_PITCH_BEND_SENS,
-        "pitch bend sensitivity"),
+         "pitch bend sensitivity"),
     WORD(KRT_PLX_KIT_CONTROLLER_TYPES, KRT_PLX_CONTROLLER_PITCH_BEND, "pitch bend"),
     WORD(KRT_PLX_KIT_CONTROLLER_TYPES, KRT_PLX_CONTROLLER_BREATHINESS, "breathiness"),
     WORD(KRT_PLX_KIT_CONTROLLER_TYPES, KRT_PLX_CONTROLLER_BRIGHTNESS, "brightness"),
@@ -75,7 +78,7 @@ static const Word words[] = {
     WORD(KRT_PLX_KIT_TEXT_CODES, KRT_PLX_KIT_TEXT_OK, "done"),
     WORD(KRT_PLX_KIT_TEXT_CODES, KRT_PLX_KIT_TEXT_TOO_LONG, "the text is too long"),
     WORD(KRT_PLX_KIT_TEXT_CODES, KRT_PLX_KIT_TEXT_MENDED,
-        "characters that are no text were replaced"),
+         "characters that are no text were replaced"),
     WORD(KRT_PLX_KIT_TEXT_CODES, KRT_PLX_KIT_TEXT_NULL, "there is no text"),
 
     WORD(KRT_PLX_KIT_ITEMS, KRT_PLX_KIT_CLIP, "clip"),
@@ -91,7 +94,7 @@ static const Word words[] = {
     WORD(KRT_PLX_KIT_ITEMS, KRT_PLX_KIT_MIDI_EFFECT, "MIDI effect"),
 
     WORD(KRT_PLX_KIT_REASONS, KRT_PLX_KIT_REFUSED,
-        "not taken; it is out of range, or memory ran out"),
+         "not taken; it is out of range, or memory ran out"),
     WORD(KRT_PLX_KIT_REASONS, KRT_PLX_KIT_NO_LANGUAGE, "left out; it has no language"),
     WORD(KRT_PLX_KIT_REASONS, KRT_PLX_KIT_LANGUAGE_GIVEN, "had no language and was given one"),
     WORD(KRT_PLX_KIT_REASONS, KRT_PLX_KIT_UNREADABLE, "cannot be read"),

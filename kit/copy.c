@@ -2,8 +2,8 @@
 
 /* --- Tags ------------------------------------------------------------------------------------------- */
 
-static void copyTexts(
-    const KitCopy* copy, const KitTexts* list, KRT_PLX_Filter* source, KRT_PLX_Filter* target)
+static void copyTexts(const KitCopy* copy, const KitTexts* list, KRT_PLX_Filter* source,
+                      KRT_PLX_Filter* target)
 {
     const KRT_PLX_Char* old = list->at(target, 0);
     while (old != NULL && list->remove(target, old)) {
@@ -21,12 +21,13 @@ static void copyTexts(
 static void copyLanguages(const KitCopy* copy, KRT_PLX_Filter* source, KRT_PLX_Filter* target)
 {
     Api* plx = copy->plx;
-    while (plx->KRT_PLX_MutableFilter_removeLanguage(target, plx->KRT_PLX_Filter_language(target, 0))) {
-    }
+    while (plx->KRT_PLX_MutableFilter_removeLanguage(target,
+                                                     plx->KRT_PLX_Filter_language(target, 0))) {}
     uint64_t count = 0;
     plx->KRT_PLX_Filter_numLanguages(source, &count);
     for (uint64_t i = 0; i < count; ++i) {
-        if (!plx->KRT_PLX_MutableFilter_addLanguage(target, plx->KRT_PLX_Filter_language(source, i))) {
+        if (!plx->KRT_PLX_MutableFilter_addLanguage(target,
+                                                    plx->KRT_PLX_Filter_language(source, i))) {
             kitTellInner(&copy->place, "languages", KRT_PLX_KIT_REFUSED, i, 0);
         }
     }
@@ -49,11 +50,13 @@ static void copyProperties(const KitCopy* copy, KRT_PLX_ClipBase* source, KRT_PL
 {
     Api* plx = copy->plx;
     const KitCopy clip = {plx, {copy->place.report, KRT_PLX_KIT_CLIP, 0, 0}};
-    kitTakes(&clip, "vendor",
+    kitTakes(
+        &clip, "vendor",
         plx->KRT_PLX_MutableClip_setVendorName(target, plx->KRT_PLX_ClipBase_vendorName(source)));
     kitTakes(&clip, "key",
-        plx->KRT_PLX_MutableClip_setPartKey(target, plx->KRT_PLX_ClipBase_partKey(source)));
-    kitTakes(&clip, "tempo",
+             plx->KRT_PLX_MutableClip_setPartKey(target, plx->KRT_PLX_ClipBase_partKey(source)));
+    kitTakes(
+        &clip, "tempo",
         plx->KRT_PLX_MutableClip_setPartTempo(target, plx->KRT_PLX_ClipBase_partTempo(source)));
 }
 
@@ -87,22 +90,27 @@ static uint32_t languageOf(const KitCopy* copy, KRT_PLX_NoteBase* note, uint32_t
     }
     const bool isGiven = isLanguage(language);
     const KRT_PLX_KitNotice notice = {KRT_PLX_KIT_NOTE,
-        isGiven ? KRT_PLX_KIT_LANGUAGE_GIVEN : KRT_PLX_KIT_NO_LANGUAGE, "langID",
-        copy->place.index, 0, copy->place.pos, isGiven ? language : 0};
+                                      isGiven ? KRT_PLX_KIT_LANGUAGE_GIVEN
+                                              : KRT_PLX_KIT_NO_LANGUAGE,
+                                      "langID",
+                                      copy->place.index,
+                                      0,
+                                      copy->place.pos,
+                                      isGiven ? language : 0};
     kitTell(copy->place.report, &notice);
     return language;
 }
 
-static void insertCopy(
-    const KitCopy* copy, KRT_PLX_NoteBase* note, KRT_PLX_PartBase* target, uint32_t language)
+static void insertCopy(const KitCopy* copy, KRT_PLX_NoteBase* note, KRT_PLX_PartBase* target,
+                       uint32_t language)
 {
     Api* plx = copy->plx;
     const uint32_t own = languageOf(copy, note, language);
     if (!isLanguage(own)) {
         return;
     }
-    KRT_PLX_NoteBase* added = plx->KRT_PLX_MutableMidiPart_insertNote(target,
-        plx->KRT_PLX_NoteBase_pos(note), plx->KRT_PLX_NoteBase_duration(note),
+    KRT_PLX_NoteBase* added = plx->KRT_PLX_MutableMidiPart_insertNote(
+        target, plx->KRT_PLX_NoteBase_pos(note), plx->KRT_PLX_NoteBase_duration(note),
         plx->KRT_PLX_NoteBase_lyric(note), plx->KRT_PLX_NoteBase_phoneme(note), own);
     if (added == NULL) {
         kitTellOf(&copy->place, "", KRT_PLX_KIT_REFUSED);
@@ -125,7 +133,7 @@ static uint64_t countTogether(Api* plx, KRT_PLX_PartBase* part, uint64_t first)
 
 /* Of notes at one position, the last one that is inserted comes first; so they are taken backwards. */
 static void copyNotes(const KitCopy* copy, KRT_PLX_PartBase* source, KRT_PLX_PartBase* target,
-    uint32_t wantedLanguage)
+                      uint32_t wantedLanguage)
 {
     Api* plx = copy->plx;
     const uint32_t language = findLanguage(plx, source, wantedLanguage);
@@ -134,8 +142,8 @@ static void copyNotes(const KitCopy* copy, KRT_PLX_PartBase* source, KRT_PLX_Par
         const uint64_t together = countTogether(plx, source, first);
         for (uint64_t i = first + together; i-- > first;) {
             KRT_PLX_NoteBase* note = kitNoteAt(plx, source, i);
-            const KitCopy inner = {plx,
-                {copy->place.report, KRT_PLX_KIT_NOTE, i, plx->KRT_PLX_NoteBase_pos(note)}};
+            const KitCopy inner = {
+                plx, {copy->place.report, KRT_PLX_KIT_NOTE, i, plx->KRT_PLX_NoteBase_pos(note)}};
             insertCopy(&inner, note, target, language);
         }
         first += together;
@@ -153,29 +161,30 @@ static void copyVoice(const KitCopy* copy, KRT_PLX_PartBase* source, KRT_PLX_Par
         bool (*set)(KRT_PLX_PartBase*, const KRT_PLX_Char*);
     } rows[] = {
         {"voice.compID", plx->KRT_PLX_MidiPartBase_voiceBankID,
-            plx->KRT_PLX_MutableMidiPart_setVoiceBankID},
+         plx->KRT_PLX_MutableMidiPart_setVoiceBankID},
         {"aiVoice.compID", plx->KRT_PLX_MidiPartBase_aiVoiceBankID,
-            plx->KRT_PLX_MutableMidiPart_setAiVoiceBankID},
+         plx->KRT_PLX_MutableMidiPart_setAiVoiceBankID},
         {"styleName", plx->KRT_PLX_MidiPartBase_styleName,
-            plx->KRT_PLX_MutableMidiPart_setStyleName},
+         plx->KRT_PLX_MutableMidiPart_setStyleName},
         {"stylePresetID", plx->KRT_PLX_MidiPartBase_stylePresetID,
-            plx->KRT_PLX_MutableMidiPart_setStylePresetID},
+         plx->KRT_PLX_MutableMidiPart_setStylePresetID},
     };
     for (size_t i = 0; i < sizeof rows / sizeof rows[0]; ++i) {
         const KRT_PLX_Char* value = rows[i].get(source);
         kitTakes(copy, rows[i].key,
-            kitHasSameUnits(value, rows[i].get(target)) || rows[i].set(target, value));
+                 kitHasSameUnits(value, rows[i].get(target)) || rows[i].set(target, value));
     }
 }
 
-static void copyPartLanguages(
-    const KitCopy* copy, KRT_PLX_PartBase* source, KRT_PLX_PartBase* target)
+static void copyPartLanguages(const KitCopy* copy, KRT_PLX_PartBase* source,
+                              KRT_PLX_PartBase* target)
 {
     Api* plx = copy->plx;
     const uint32_t language = plx->KRT_PLX_MidiPartBase_langID(source);
     const uint64_t count = plx->KRT_PLX_MidiPartBase_aiLangIDSize(source);
     kitTakes(copy, "voice.langID",
-        language == KRT_PLX_NO_LANGUAGE || plx->KRT_PLX_MutableMidiPart_setLangID(target, language));
+             language == KRT_PLX_NO_LANGUAGE ||
+                 plx->KRT_PLX_MutableMidiPart_setLangID(target, language));
     for (uint64_t i = 0; i < count; ++i) {
         if (!plx->KRT_PLX_MutableMidiPart_addAiLangID(
                 target, plx->KRT_PLX_MidiPartBase_aiLangIDByIndex(source, i))) {
@@ -185,18 +194,18 @@ static void copyPartLanguages(
 }
 
 static void copyMidiPart(const KitCopy* copy, KRT_PLX_PartBase* source, KRT_PLX_PartBase* target,
-    uint32_t language)
+                         uint32_t language)
 {
     Api* plx = copy->plx;
     kitTakes(copy, "duration",
-        plx->KRT_PLX_MutableMidiPart_setDuration(
-            target, plx->KRT_PLX_MidiPartBase_duration(source)));
+             plx->KRT_PLX_MutableMidiPart_setDuration(target,
+                                                      plx->KRT_PLX_MidiPartBase_duration(source)));
     copyVoice(copy, source, target);
     copyPartLanguages(copy, source, target);
     copyNotes(copy, source, target, language);
     kitCopyLanes(copy, source, target);
     kitCopyEffects(copy, (KitChain){source, KRT_PLX_EFFECT_MIDI},
-        (KitChain){target, KRT_PLX_EFFECT_MIDI});
+                   (KitChain){target, KRT_PLX_EFFECT_MIDI});
 }
 
 static void copyWaveFile(const KitCopy* copy, KRT_PLX_PartBase* source, KRT_PLX_PartBase* target)
@@ -223,8 +232,8 @@ static KRT_PLX_PartBase* createPart(Api* plx, KRT_PLX_ClipBase* clip, uint32_t t
     }
 }
 
-static bool copyPart(
-    const KitCopy* copy, KRT_PLX_PartBase* source, KRT_PLX_ClipBase* target, uint32_t language)
+static bool copyPart(const KitCopy* copy, KRT_PLX_PartBase* source, KRT_PLX_ClipBase* target,
+                     uint32_t language)
 {
     Api* plx = copy->plx;
     const uint32_t type = plx->KRT_PLX_PartBase_type(source);
@@ -239,7 +248,7 @@ static bool copyPart(
         copyMidiPart(copy, source, part, language);
     }
     kitCopyEffects(copy, (KitChain){source, KRT_PLX_EFFECT_AUDIO},
-        (KitChain){part, KRT_PLX_EFFECT_AUDIO});
+                   (KitChain){part, KRT_PLX_EFFECT_AUDIO});
     return true;
 }
 
@@ -255,8 +264,8 @@ static KRT_PLX_PartBase* readPart(const KitCopy* copy, KRT_PLX_ClipBase* source)
 }
 
 /* The target is not touched before the source's part is there. */
-static bool fill(
-    const KitCopy* copy, KRT_PLX_ClipBase* target, KRT_PLX_ClipBase* source, uint32_t language)
+static bool fill(const KitCopy* copy, KRT_PLX_ClipBase* target, KRT_PLX_ClipBase* source,
+                 uint32_t language)
 {
     KRT_PLX_PartBase* part = readPart(copy, source);
     if (part == NULL || !copyPart(copy, part, target, language)) {
@@ -269,15 +278,15 @@ static bool fill(
 }
 
 bool KRT_PLX_Kit_fill(Api* plx, KRT_PLX_ClipBase* target, KRT_PLX_ClipBase* source,
-    uint32_t language, KRT_PLX_KitReport* report)
+                      uint32_t language, KRT_PLX_KitReport* report)
 {
     const KitCopy copy = {plx, {report, KRT_PLX_KIT_PART, 0, 0}};
     return kitIsReady(plx) && target != source && source != NULL &&
-        plx->KRT_PLX_MutableClip_filter(target) != NULL && fill(&copy, target, source, language);
+           plx->KRT_PLX_MutableClip_filter(target) != NULL && fill(&copy, target, source, language);
 }
 
-KRT_PLX_ClipBase* KRT_PLX_Kit_edit(
-    Api* plx, KRT_PLX_ClipBase* source, uint32_t language, KRT_PLX_KitReport* report)
+KRT_PLX_ClipBase* KRT_PLX_Kit_edit(Api* plx, KRT_PLX_ClipBase* source, uint32_t language,
+                                   KRT_PLX_KitReport* report)
 {
     if (!kitIsReady(plx) || source == NULL) {
         return NULL;

@@ -6,8 +6,8 @@ static void copyLevelNames(const KitCopy* copy, KRT_PLX_DvqmBase* source, KRT_PL
     uint64_t count = 0;
     plx->KRT_PLX_DvqmBase_numLevelNames(source, &count);
     for (uint64_t i = 0; i < count; ++i) {
-        if (!plx->KRT_PLX_MutableDvqm_addLevelName(
-                target, plx->KRT_PLX_DvqmBase_levelName(source, i))) {
+        if (!plx->KRT_PLX_MutableDvqm_addLevelName(target,
+                                                   plx->KRT_PLX_DvqmBase_levelName(source, i))) {
             kitTellInner(&copy->place, "levelNames", KRT_PLX_KIT_REFUSED, i, copy->place.pos);
         }
     }
@@ -19,35 +19,36 @@ static void copyDvqm(const KitCopy* copy, KRT_PLX_DvqmBase* source, KRT_PLX_Dvqm
     const KRT_PLX_Char* compID = plx->KRT_PLX_DvqmBase_compID(source);
     const bool isProtected = plx->KRT_PLX_DvqmBase_isProtected(source);
     kitTakes(copy, "compID",
-        kitHasSameUnits(compID, plx->KRT_PLX_DvqmBase_compID(target)) ||
-            plx->KRT_PLX_MutableDvqm_setCompID(target, compID));
+             kitHasSameUnits(compID, plx->KRT_PLX_DvqmBase_compID(target)) ||
+                 plx->KRT_PLX_MutableDvqm_setCompID(target, compID));
     copyLevelNames(copy, source, target);
     /* Its result is the mark. */
-    kitTakes(
-        copy, "isProtected", plx->KRT_PLX_MutableDvqm_protect(target, isProtected) == isProtected);
+    kitTakes(copy, "isProtected",
+             plx->KRT_PLX_MutableDvqm_protect(target, isProtected) == isProtected);
     kitTakes(copy, "speed",
-        plx->KRT_PLX_MutableDvqm_setSpeed(target, plx->KRT_PLX_DvqmBase_speed(source)));
-    kitTakes(copy, "topFactor",
+             plx->KRT_PLX_MutableDvqm_setSpeed(target, plx->KRT_PLX_DvqmBase_speed(source)));
+    kitTakes(
+        copy, "topFactor",
         plx->KRT_PLX_MutableDvqm_setTopFactor(target, plx->KRT_PLX_DvqmBase_topFactor(source)));
 }
 
-static void copySkill(
-    const KitCopy* copy, KRT_PLX_SingingSkillBase* source, KRT_PLX_SingingSkillBase* target)
+static void copySkill(const KitCopy* copy, KRT_PLX_SingingSkillBase* source,
+                      KRT_PLX_SingingSkillBase* target)
 {
     Api* plx = copy->plx;
     kitTakes(copy, "duration",
-        plx->KRT_PLX_MutableSingingSkill_setDuration(
-            target, plx->KRT_PLX_SingingSkillBase_duration(source)));
+             plx->KRT_PLX_MutableSingingSkill_setDuration(
+                 target, plx->KRT_PLX_SingingSkillBase_duration(source)));
     kitTakes(copy, "weight.pre",
-        plx->KRT_PLX_MutableSingingSkill_setPreWeight(
-            target, plx->KRT_PLX_SingingSkillBase_preWeight(source)));
+             plx->KRT_PLX_MutableSingingSkill_setPreWeight(
+                 target, plx->KRT_PLX_SingingSkillBase_preWeight(source)));
     kitTakes(copy, "weight.post",
-        plx->KRT_PLX_MutableSingingSkill_setPostWeight(
-            target, plx->KRT_PLX_SingingSkillBase_postWeight(source)));
+             plx->KRT_PLX_MutableSingingSkill_setPostWeight(
+                 target, plx->KRT_PLX_SingingSkillBase_postWeight(source)));
 }
 
-static void copyPoints(
-    const KitCopy* copy, KRT_PLX_VibratoBase* source, KRT_PLX_VibratoBase* target, uint32_t kind)
+static void copyPoints(const KitCopy* copy, KRT_PLX_VibratoBase* source,
+                       KRT_PLX_VibratoBase* target, uint32_t kind)
 {
     Api* plx = copy->plx;
     const uint64_t count = kitCountPoints(plx, source, kind);
@@ -61,15 +62,15 @@ static void copyPoints(
     }
 }
 
-static void copyVibrato(
-    const KitCopy* copy, KRT_PLX_VibratoBase* source, KRT_PLX_VibratoBase* target)
+static void copyVibrato(const KitCopy* copy, KRT_PLX_VibratoBase* source,
+                        KRT_PLX_VibratoBase* target)
 {
     Api* plx = copy->plx;
     kitTakes(copy, "type",
-        plx->KRT_PLX_MutableVibrato_setType(target, plx->KRT_PLX_VibratoBase_type(source)));
-    kitTakes(copy, "duration",
-        plx->KRT_PLX_MutableVibrato_setDuration(
-            target, plx->KRT_PLX_VibratoBase_duration(source)));
+             plx->KRT_PLX_MutableVibrato_setType(target, plx->KRT_PLX_VibratoBase_type(source)));
+    kitTakes(
+        copy, "duration",
+        plx->KRT_PLX_MutableVibrato_setDuration(target, plx->KRT_PLX_VibratoBase_duration(source)));
     copyPoints(copy, source, target, KRT_PLX_VIBRATO_DEPTH);
     copyPoints(copy, source, target, KRT_PLX_VIBRATO_RATE);
 }

@@ -47,8 +47,8 @@ static void copyMarks(const KitCopy* copy, KRT_PLX_NoteBase* source, KRT_PLX_Not
     }
 }
 
-static void copyAiExpression(
-    const KitCopy* copy, KRT_PLX_NoteBase* source, KRT_PLX_NoteBase* target)
+static void copyAiExpression(const KitCopy* copy, KRT_PLX_NoteBase* source,
+                             KRT_PLX_NoteBase* target)
 {
     KitFloat rows[kitFloatCount];
     kitListFloats(copy->plx, rows);

@@ -1,7 +1,7 @@
 #include "copying.h"
 
 static void copyEvents(const KitCopy* copy, KRT_PLX_MidiControllerBase* source,
-    KRT_PLX_MidiControllerBase* target)
+                       KRT_PLX_MidiControllerBase* target)
 {
     Api* plx = copy->plx;
     const uint64_t count = kitCountEvents(plx, source);
@@ -34,8 +34,8 @@ void kitCopyLanes(const KitCopy* copy, KRT_PLX_PartBase* source, KRT_PLX_PartBas
     }
 }
 
-static bool copyValue(
-    Api* plx, KRT_PLX_EffectParameterBase* source, KRT_PLX_EffectParameterBase* target)
+static bool copyValue(Api* plx, KRT_PLX_EffectParameterBase* source,
+                      KRT_PLX_EffectParameterBase* target)
 {
     switch (plx->KRT_PLX_EffectParameterBase_type(source)) {
     case KRT_PLX_VALUE_INT32:
@@ -52,8 +52,8 @@ static bool copyValue(
     }
 }
 
-static void copyParameters(
-    const KitCopy* copy, KRT_PLX_EffectBase* source, KRT_PLX_EffectBase* target)
+static void copyParameters(const KitCopy* copy, KRT_PLX_EffectBase* source,
+                           KRT_PLX_EffectBase* target)
 {
     Api* plx = copy->plx;
     const uint64_t count = kitCountParameters(plx, source);
@@ -75,8 +75,8 @@ static KRT_PLX_EffectBase* append(Api* plx, KitChain chain, const KRT_PLX_Char* 
     KRT_PLX_EffectBase* effect =
         plx->KRT_PLX_MutableMidiPart_insertAudioEffect(chain.part, UINT64_MAX, id);
     return effect != NULL
-        ? effect
-        : plx->KRT_PLX_MutableAudioPart_insertAudioEffect(chain.part, UINT64_MAX, id);
+               ? effect
+               : plx->KRT_PLX_MutableAudioPart_insertAudioEffect(chain.part, UINT64_MAX, id);
 }
 
 void kitCopyEffects(const KitCopy* copy, KitChain source, KitChain target)

@@ -13,10 +13,8 @@ typedef struct KitCopy {
 /* Tells of a property that was not taken. */
 void kitTakes(const KitCopy* copy, const char* property, bool isTaken);
 
-void kitCopyNote(
-    const KitCopy* copy, KRT_PLX_NoteBase* source, KRT_PLX_NoteBase* target);
-void kitCopyExpressions(
-    const KitCopy* copy, KRT_PLX_NoteBase* source, KRT_PLX_NoteBase* target);
+void kitCopyNote(const KitCopy* copy, KRT_PLX_NoteBase* source, KRT_PLX_NoteBase* target);
+void kitCopyExpressions(const KitCopy* copy, KRT_PLX_NoteBase* source, KRT_PLX_NoteBase* target);
 void kitCopyLanes(const KitCopy* copy, KRT_PLX_PartBase* source, KRT_PLX_PartBase* target);
 void kitCopyEffects(const KitCopy* copy, KitChain source, KitChain target);
 

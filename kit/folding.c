@@ -26,8 +26,9 @@ const KRT_PLX_Char* kitNextCharacter(const KRT_PLX_Char* text)
 static uint32_t pointAt(const KRT_PLX_Char* text)
 {
     const uint32_t first = (uint32_t)text[0] & 0xFFFF;
-    return isPair(text) ? 0x10000 + ((first - 0xD800) << 10) + (((uint32_t)text[1] & 0xFFFF) - 0xDC00)
-                        : first;
+    return isPair(text)
+               ? 0x10000 + ((first - 0xD800) << 10) + (((uint32_t)text[1] & 0xFFFF) - 0xDC00)
+               : first;
 }
 
 /* How long a decomposed Hangul syllable is; 0 for all other characters. */
@@ -56,7 +57,8 @@ static const KitFolding* find(uint32_t point)
             end = middle;
         }
     }
-    return begin < kitFoldingCount && kitFoldings[begin].point == point ? &kitFoldings[begin] : NULL;
+    return begin < kitFoldingCount && kitFoldings[begin].point == point ? &kitFoldings[begin]
+                                                                        : NULL;
 }
 
 static const KitMarks* marksWith(uint32_t point)

@@ -57,7 +57,7 @@ typedef struct KitPlace {
 void kitTellOf(const KitPlace* place, const char* property, uint32_t reason);
 
 /* The same of one of its points, events, parameters or tags. */
-void kitTellInner(
-    const KitPlace* place, const char* property, uint32_t reason, uint64_t inner, int32_t pos);
+void kitTellInner(const KitPlace* place, const char* property, uint32_t reason, uint64_t inner,
+                  int32_t pos);
 
 #endif

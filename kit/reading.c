@@ -41,8 +41,8 @@ KRT_PLX_VibratoBase* kitVibratoOf(Api* plx, KRT_PLX_NoteBase* note)
     return vibrato != NULL ? vibrato : plx->KRT_PLX_MutableNote_vibrato(note);
 }
 
-KRT_PLX_VibratoParameterBase* kitPointAt(
-    Api* plx, KRT_PLX_VibratoBase* vibrato, uint32_t kind, uint64_t index)
+KRT_PLX_VibratoParameterBase* kitPointAt(Api* plx, KRT_PLX_VibratoBase* vibrato, uint32_t kind,
+                                         uint64_t index)
 {
     KRT_PLX_VibratoParameterBase* point = plx->KRT_PLX_Vibrato_parameter(vibrato, kind, index);
     return point != NULL ? point : plx->KRT_PLX_MutableVibrato_parameter(vibrato, kind, index);

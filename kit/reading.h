@@ -10,8 +10,8 @@ KRT_PLX_NoteBase* kitNoteAt(Api* plx, KRT_PLX_PartBase* part, uint64_t index);
 KRT_PLX_DvqmBase* kitDvqmOf(Api* plx, KRT_PLX_NoteBase* note, bool isAttack);
 KRT_PLX_SingingSkillBase* kitSkillOf(Api* plx, KRT_PLX_NoteBase* note);
 KRT_PLX_VibratoBase* kitVibratoOf(Api* plx, KRT_PLX_NoteBase* note);
-KRT_PLX_VibratoParameterBase* kitPointAt(
-    Api* plx, KRT_PLX_VibratoBase* vibrato, uint32_t kind, uint64_t index);
+KRT_PLX_VibratoParameterBase* kitPointAt(Api* plx, KRT_PLX_VibratoBase* vibrato, uint32_t kind,
+                                         uint64_t index);
 KRT_PLX_MidiControllerBase* kitLaneOf(Api* plx, KRT_PLX_PartBase* part, uint32_t type);
 KRT_PLX_MidiEventBase* kitEventAt(Api* plx, KRT_PLX_MidiControllerBase* lane, uint64_t index);
 KRT_PLX_EffectParameterBase* kitParameterAt(Api* plx, KRT_PLX_EffectBase* effect, uint64_t index);

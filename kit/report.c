@@ -14,11 +14,10 @@ void kitTell(KRT_PLX_KitReport* report, const KRT_PLX_KitNotice* notice)
     }
 }
 
-void kitTellInner(
-    const KitPlace* place, const char* property, uint32_t reason, uint64_t inner, int32_t pos)
+void kitTellInner(const KitPlace* place, const char* property, uint32_t reason, uint64_t inner,
+                  int32_t pos)
 {
-    const KRT_PLX_KitNotice notice = {
-        place->item, reason, property, place->index, inner, pos, 0};
+    const KRT_PLX_KitNotice notice = {place->item, reason, property, place->index, inner, pos, 0};
     kitTell(place->report, &notice);
 }
 
@@ -34,7 +33,7 @@ static void describeItem(const KRT_PLX_KitNotice* notice, char* text, size_t siz
     if (notice->item == KRT_PLX_KIT_LANE) {
         const uint32_t type = (uint32_t)notice->index;
         snprintf(text, size, "%s %s at %" PRId32, item,
-            KRT_PLX_Kit_codeText(KRT_PLX_KIT_CONTROLLER_TYPES, type), notice->pos);
+                 KRT_PLX_Kit_codeText(KRT_PLX_KIT_CONTROLLER_TYPES, type), notice->pos);
     } else if (notice->item >= KRT_PLX_KIT_AUDIO_EFFECT) {
         snprintf(text, size, "%s %" PRIu64, item, notice->index + 1);
     } else if (notice->item >= KRT_PLX_KIT_NOTE) {
@@ -57,6 +56,6 @@ size_t KRT_PLX_Kit_describe(const KRT_PLX_KitNotice* notice, char* text, size_t 
     const char* reason = KRT_PLX_Kit_codeText(KRT_PLX_KIT_REASONS, notice->reason);
     const char* colon = notice->property[0] != '\0' ? ": " : "";
     const int length = snprintf(text, text != NULL ? capacity : 0, "%s%s%s: %s", item, colon,
-        notice->property, reason);
+                                notice->property, reason);
     return length < 0 ? 1 : (size_t)length + 1;
 }

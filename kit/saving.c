@@ -48,7 +48,7 @@ static uint64_t countLevels(Api* plx, KRT_PLX_DvqmBase* dvqm)
 static bool isWritten(const Check* check, KRT_PLX_DvqmBase* dvqm)
 {
     return !check->isAi && !isEmpty(check->plx->KRT_PLX_DvqmBase_compID(dvqm)) &&
-        countLevels(check->plx, dvqm) > 0;
+           countLevels(check->plx, dvqm) > 0;
 }
 
 /* Whether it is as in a new note. */
@@ -56,8 +56,8 @@ static bool isNewDvqm(Api* plx, KRT_PLX_DvqmBase* dvqm)
 {
     const float topFactor = plx->KRT_PLX_DvqmBase_topFactor(dvqm);
     return isEmpty(plx->KRT_PLX_DvqmBase_compID(dvqm)) && countLevels(plx, dvqm) == 0 &&
-        !plx->KRT_PLX_DvqmBase_isProtected(dvqm) && plx->KRT_PLX_DvqmBase_speed(dvqm) == 50 &&
-        topFactor >= 1.0F && topFactor <= 1.0F;
+           !plx->KRT_PLX_DvqmBase_isProtected(dvqm) && plx->KRT_PLX_DvqmBase_speed(dvqm) == 50 &&
+           topFactor >= 1.0F && topFactor <= 1.0F;
 }
 
 static void checkDvqm(const Check* check, KRT_PLX_DvqmBase* dvqm)
@@ -74,8 +74,8 @@ static void checkDvqm(const Check* check, KRT_PLX_DvqmBase* dvqm)
 static bool isNewSkill(Api* plx, KRT_PLX_SingingSkillBase* skill)
 {
     return plx->KRT_PLX_SingingSkillBase_duration(skill) == 0 &&
-        plx->KRT_PLX_SingingSkillBase_preWeight(skill) == 64 &&
-        plx->KRT_PLX_SingingSkillBase_postWeight(skill) == 64;
+           plx->KRT_PLX_SingingSkillBase_preWeight(skill) == 64 &&
+           plx->KRT_PLX_SingingSkillBase_postWeight(skill) == 64;
 }
 
 static void checkSkill(const Check* check, KRT_PLX_NoteBase* note)
@@ -87,7 +87,8 @@ static void checkSkill(const Check* check, KRT_PLX_NoteBase* note)
         notSaved(check, "", !isNewSkill(plx, skill));
     } else {
         notSaved(check, "duration",
-            plx->KRT_PLX_SingingSkillBase_duration(skill) > plx->KRT_PLX_NoteBase_duration(note));
+                 plx->KRT_PLX_SingingSkillBase_duration(skill) >
+                     plx->KRT_PLX_NoteBase_duration(note));
     }
 }
 
@@ -187,7 +188,7 @@ static bool isLost(Api* plx, KRT_PLX_EffectParameterBase* parameter, uint32_t ki
         return true;
     case KRT_PLX_VALUE_INT32:
         return kind == KRT_PLX_EFFECT_AUDIO &&
-            !isBypass(plx->KRT_PLX_EffectParameterBase_name(parameter));
+               !isBypass(plx->KRT_PLX_EffectParameterBase_name(parameter));
     case KRT_PLX_VALUE_FLOAT:
         /* The lowest float is read as another value. */
         return plx->KRT_PLX_EffectParameterBase_valueFloat(parameter) <= -FLT_MAX;
@@ -196,8 +197,8 @@ static bool isLost(Api* plx, KRT_PLX_EffectParameterBase* parameter, uint32_t ki
     }
 }
 
-static void checkParameter(
-    const Check* check, KRT_PLX_EffectParameterBase* parameter, uint32_t kind, uint64_t index)
+static void checkParameter(const Check* check, KRT_PLX_EffectParameterBase* parameter,
+                           uint32_t kind, uint64_t index)
 {
     Api* plx = check->plx;
     if (plx->KRT_PLX_EffectParameterBase_type(parameter) == KRT_PLX_VALUE_FLOAT &&
@@ -267,8 +268,7 @@ static void checkAudioPart(const Check* check, KRT_PLX_ClipBase* clip, KRT_PLX_P
     const Check whole = about(check, KRT_PLX_KIT_CLIP);
     notSaved(&whole, "key", plx->KRT_PLX_ClipBase_partKey(clip) != 0);
     notSaved(&whole, "tempo", plx->KRT_PLX_ClipBase_partTempo(clip) != 0);
-    prevents(
-        check, "wavFileName", !hasBackslash(plx->KRT_PLX_AudioPartBase_wavFilePath(part)));
+    prevents(check, "wavFileName", !hasBackslash(plx->KRT_PLX_AudioPartBase_wavFilePath(part)));
 }
 
 static void checkPart(const Check* check, KRT_PLX_ClipBase* clip, KRT_PLX_PartBase* part)
@@ -306,9 +306,8 @@ static bool keepsVendors(Api* plx, KRT_PLX_ClipBase* clip, KRT_PLX_Filter* filte
     if (!hasTagsInDocument(plx, filter)) {
         return count == 0;
     }
-    return count == 1 &&
-        kitHasSameUnits(
-            plx->KRT_PLX_Filter_vendor(filter, 0), plx->KRT_PLX_ClipBase_vendorName(clip));
+    return count == 1 && kitHasSameUnits(plx->KRT_PLX_Filter_vendor(filter, 0),
+                                         plx->KRT_PLX_ClipBase_vendorName(clip));
 }
 
 bool KRT_PLX_Kit_checkSaving(Api* plx, KRT_PLX_ClipBase* clip, KRT_PLX_KitReport* report)

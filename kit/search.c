@@ -32,8 +32,7 @@ bool KRT_PLX_Kit_contains(const KRT_PLX_Char* text, const KRT_PLX_Char* part, bo
     return true;
 }
 
-bool KRT_PLX_Kit_equals(
-    const KRT_PLX_Char* left, const KRT_PLX_Char* right, bool ignoreAccents)
+bool KRT_PLX_Kit_equals(const KRT_PLX_Char* left, const KRT_PLX_Char* right, bool ignoreAccents)
 {
     if (left == NULL || right == NULL) {
         return false;
@@ -64,7 +63,7 @@ static bool hasLanguage(Api* plx, KRT_PLX_Filter* filter, int32_t language)
 }
 
 static bool hasText(const KitTexts* list, KRT_PLX_Filter* filter, const KRT_PLX_Char* text,
-    bool ignoreAccents)
+                    bool ignoreAccents)
 {
     uint64_t count = 0;
     list->count(filter, &count);
@@ -76,8 +75,7 @@ static bool hasText(const KitTexts* list, KRT_PLX_Filter* filter, const KRT_PLX_
     return false;
 }
 
-static bool hasTag(
-    Api* plx, KRT_PLX_Filter* filter, const KRT_PLX_KitTag* tag, bool ignoreAccents)
+static bool hasTag(Api* plx, KRT_PLX_Filter* filter, const KRT_PLX_KitTag* tag, bool ignoreAccents)
 {
     if (tag->list == KRT_PLX_KIT_LANGUAGES) {
         return hasLanguage(plx, filter, tag->language);
@@ -93,8 +91,8 @@ static bool hasTag(
 }
 
 /* Whether one of the tags that are of this one's list is there. */
-static bool hasOneOfList(
-    Api* plx, KRT_PLX_Filter* filter, const KRT_PLX_KitQuery* query, uint32_t list)
+static bool hasOneOfList(Api* plx, KRT_PLX_Filter* filter, const KRT_PLX_KitQuery* query,
+                         uint32_t list)
 {
     for (size_t i = 0; i < query->tagCount; ++i) {
         if (query->tags[i].list == list &&
@@ -128,10 +126,10 @@ bool KRT_PLX_Kit_matches(Api* plx, KRT_PLX_ClipBase* clip, const KRT_PLX_KitQuer
     const KRT_PLX_Char* name = plx->KRT_PLX_Clip_name(clip);
     const uint32_t tempo = plx->KRT_PLX_ClipBase_partTempo(clip);
     return name != NULL &&
-        (query->name == NULL || KRT_PLX_Kit_contains(name, query->name, query->ignoreAccents)) &&
-        (query->key == KRT_PLX_NO_KEY || query->key == plx->KRT_PLX_ClipBase_partKey(clip)) &&
-        tempo >= query->lowestTempo && tempo <= query->highestTempo &&
-        matchesTags(plx, plx->KRT_PLX_Clip_filter(clip), query);
+           (query->name == NULL || KRT_PLX_Kit_contains(name, query->name, query->ignoreAccents)) &&
+           (query->key == KRT_PLX_NO_KEY || query->key == plx->KRT_PLX_ClipBase_partKey(clip)) &&
+           tempo >= query->lowestTempo && tempo <= query->highestTempo &&
+           matchesTags(plx, plx->KRT_PLX_Clip_filter(clip), query);
 }
 
 /* System clips first; null behind the last user clip. */
@@ -143,8 +141,8 @@ static KRT_PLX_ClipBase* clipAt(Api* plx, KRT_PLX_Manager* manager, uint64_t pla
                                : plx->KRT_PLX_Manager_userClip(manager, place - systemClips);
 }
 
-KRT_PLX_ClipBase* KRT_PLX_Kit_find(
-    Api* plx, KRT_PLX_Manager* manager, const KRT_PLX_KitQuery* query, uint64_t* place)
+KRT_PLX_ClipBase* KRT_PLX_Kit_find(Api* plx, KRT_PLX_Manager* manager,
+                                   const KRT_PLX_KitQuery* query, uint64_t* place)
 {
     if (!kitIsReady(plx) || query == NULL || place == NULL) {
         return NULL;

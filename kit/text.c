@@ -119,7 +119,7 @@ static void noteError(Progress* progress, bool isText, size_t place)
 static bool takesNext(Progress* progress, size_t length)
 {
     const bool fits = progress->written + 1 == progress->result.size &&
-        progress->result.size + length <= progress->capacity;
+                      progress->result.size + length <= progress->capacity;
     progress->result.size += length;
     progress->written += fits ? length : 0;
     return fits;

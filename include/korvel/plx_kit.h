@@ -124,16 +124,16 @@ KRT_PLX_KitConversion KRT_PLX_Kit_toUtf8(
 
 /** The enumerations that have words. */
 typedef enum KRT_PLX_KitCodes {
-    KRT_PLX_KIT_RESULTS = 0,            /**< #KRT_PLX_Result */
-    KRT_PLX_KIT_PART_TYPES = 1,         /**< #KRT_PLX_PartType */
-    KRT_PLX_KIT_CLIP_KINDS = 2,         /**< #KRT_PLX_ClipKind */
-    KRT_PLX_KIT_CONTROLLER_TYPES = 3,   /**< #KRT_PLX_ControllerType */
+    KRT_PLX_KIT_RESULTS = 0,             /**< #KRT_PLX_Result */
+    KRT_PLX_KIT_PART_TYPES = 1,          /**< #KRT_PLX_PartType */
+    KRT_PLX_KIT_CLIP_KINDS = 2,          /**< #KRT_PLX_ClipKind */
+    KRT_PLX_KIT_CONTROLLER_TYPES = 3,    /**< #KRT_PLX_ControllerType */
     KRT_PLX_KIT_VIBRATO_POINT_KINDS = 4, /**< #KRT_PLX_VibratoPointKind */
-    KRT_PLX_KIT_EFFECT_KINDS = 5,       /**< #KRT_PLX_EffectKind */
-    KRT_PLX_KIT_VALUE_TYPES = 6,        /**< #KRT_PLX_ValueType */
-    KRT_PLX_KIT_TEXT_CODES = 7,         /**< #KRT_PLX_KitTextCode */
-    KRT_PLX_KIT_ITEMS = 8,              /**< #KRT_PLX_KitItem */
-    KRT_PLX_KIT_REASONS = 9             /**< #KRT_PLX_KitReason */
+    KRT_PLX_KIT_EFFECT_KINDS = 5,        /**< #KRT_PLX_EffectKind */
+    KRT_PLX_KIT_VALUE_TYPES = 6,         /**< #KRT_PLX_ValueType */
+    KRT_PLX_KIT_TEXT_CODES = 7,          /**< #KRT_PLX_KitTextCode */
+    KRT_PLX_KIT_ITEMS = 8,               /**< #KRT_PLX_KitItem */
+    KRT_PLX_KIT_REASONS = 9              /**< #KRT_PLX_KitReason */
 } KRT_PLX_KitCodes;
 
 /**
@@ -264,12 +264,12 @@ size_t KRT_PLX_Kit_describe(
 
 /** What a property editor begins with; combine with `|`. */
 typedef enum KRT_PLX_KitKeep {
-    KRT_PLX_KIT_KEEP_NAME = 1,   /**< the name */
-    KRT_PLX_KIT_KEEP_KEY = 2,    /**< the part key */
-    KRT_PLX_KIT_KEEP_TEMPO = 4,  /**< the part tempo */
-    KRT_PLX_KIT_KEEP_TYPES = 8,  /**< the types */
+    KRT_PLX_KIT_KEEP_NAME = 1,    /**< the name */
+    KRT_PLX_KIT_KEEP_KEY = 2,     /**< the part key */
+    KRT_PLX_KIT_KEEP_TEMPO = 4,   /**< the part tempo */
+    KRT_PLX_KIT_KEEP_TYPES = 8,   /**< the types */
     KRT_PLX_KIT_KEEP_GENRES = 16, /**< the genres */
-    KRT_PLX_KIT_KEEP_ALL = 31    /**< all of them */
+    KRT_PLX_KIT_KEEP_ALL = 31     /**< all of them */
 } KRT_PLX_KitKeep;
 
 /**
@@ -559,9 +559,8 @@ KRT_PLX_ClipBase* KRT_PLX_Kit_find(const struct KRT_PLX_Api* plx,
  * @param ignoreAccents  whether accents are ignored
  * @return true when it occurs
  */
-bool KRT_PLX_Kit_contains(const KRT_PLX_Char* text,
-    const KRT_PLX_Char* part,
-    bool ignoreAccents) KRT_PLX_NOEXCEPT;
+bool KRT_PLX_Kit_contains(
+    const KRT_PLX_Char* text, const KRT_PLX_Char* part, bool ignoreAccents) KRT_PLX_NOEXCEPT;
 
 /**
  * Tells whether two texts are the same, as tags are compared in a query.
@@ -571,9 +570,8 @@ bool KRT_PLX_Kit_contains(const KRT_PLX_Char* text,
  * @param ignoreAccents  whether accents are ignored
  * @return true when they are the same
  */
-bool KRT_PLX_Kit_equals(const KRT_PLX_Char* left,
-    const KRT_PLX_Char* right,
-    bool ignoreAccents) KRT_PLX_NOEXCEPT;
+bool KRT_PLX_Kit_equals(
+    const KRT_PLX_Char* left, const KRT_PLX_Char* right, bool ignoreAccents) KRT_PLX_NOEXCEPT;
 
 /** @} */
 

@@ -175,11 +175,10 @@ TEST_F(KitChange, ShortensTheExpressionOfShortenedNotes)
     EXPECT_EQ(KRT_PLX_VibratoBase_duration(vibrato), 240);
     EXPECT_EQ(KRT_PLX_SingingSkillBase_duration(skill), 240);
     EXPECT_EQ(support::pointsOf(vibrato, KRT_PLX_VIBRATO_DEPTH).size(), 2u);
-    EXPECT_THAT(notices.lines(),
-                ElementsAre("note 1 at 0: duration: shortened",
-                            "vibrato of note 1 at 0: duration: shortened",
-                            "vibrato of note 1 at 241: depths: cut away",
-                            "singing skill of note 1 at 0: duration: shortened"));
+    EXPECT_THAT(notices.lines(), ElementsAre("note 1 at 0: duration: shortened",
+                                             "vibrato of note 1 at 0: duration: shortened",
+                                             "vibrato of note 1 at 241: depths: cut away",
+                                             "singing skill of note 1 at 0: duration: shortened"));
     EXPECT_EQ(notices.all()[2].inner, 2u);
 }
 

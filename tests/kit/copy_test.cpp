@@ -72,11 +72,10 @@ std::string itemOf(const std::string& path)
 
 std::string itemOf(const KRT_PLX_KitNotice& notice)
 {
-    static const char* const names[] = {"clip",         "tags",    "part",        "note",
-                                        "attack",       "release", "singingSkill", "vibrato",
-                                        "lanes",        "audioEffect", "midiEffect"};
-    const bool isNumbered =
-        notice.item >= KRT_PLX_KIT_NOTE && notice.item != KRT_PLX_KIT_LANE;
+    static const char* const names[] = {"clip",   "tags",        "part",         "note",
+                                        "attack", "release",     "singingSkill", "vibrato",
+                                        "lanes",  "audioEffect", "midiEffect"};
+    const bool isNumbered = notice.item >= KRT_PLX_KIT_NOTE && notice.item != KRT_PLX_KIT_LANE;
     return names[notice.item] + (isNumbered ? " " + std::to_string(notice.index) : "");
 }
 
@@ -128,8 +127,7 @@ protected:
     {
         Notices told;
         KRT_PLX_ClipBase* const copy = createMutableClip();
-        ASSERT_TRUE(
-            KRT_PLX_Kit_fill(linked(), copy, source, KRT_PLX_NO_LANGUAGE, told.report()));
+        ASSERT_TRUE(KRT_PLX_Kit_fill(linked(), copy, source, KRT_PLX_NO_LANGUAGE, told.report()));
         EXPECT_EQ(told.report()->count, told.all().size());
         if (preventsSaving(told)) {
             EXPECT_EQ(support::save(copy).clip, nullptr);
@@ -250,8 +248,7 @@ protected:
     std::vector<std::uint32_t> languagesOf(KRT_PLX_ClipBase* copy)
     {
         std::vector<std::uint32_t> languages;
-        for (KRT_PLX_NoteBase* const note :
-             support::notesOf(KRT_PLX_MutableClip_midiPart(copy))) {
+        for (KRT_PLX_NoteBase* const note : support::notesOf(KRT_PLX_MutableClip_midiPart(copy))) {
             languages.push_back(KRT_PLX_NoteBase_langID(note));
         }
         return languages;
@@ -283,10 +280,9 @@ TEST_F(KitLanguage, IsThatOfAnotherNoteWhenThePartHasNone)
 TEST_F(KitLanguage, WithoutAnyNotesAreLeftOutAndTold)
 {
     EXPECT_THAT(languagesOf(edit(read("", {"", ""}))), IsEmpty());
-    EXPECT_THAT(notices.lines(),
-                ElementsAre("note 1 at 0: langID: left out; it has no language",
-                            "note 2 at 480: langID: left out; it has no language",
-                            "part: aiVoice.langIDs: prevents saving"));
+    EXPECT_THAT(notices.lines(), ElementsAre("note 1 at 0: langID: left out; it has no language",
+                                             "note 2 at 480: langID: left out; it has no language",
+                                             "part: aiVoice.langIDs: prevents saving"));
 }
 
 // --- Order and handles ------------------------------------------------------------------------------
@@ -317,10 +313,8 @@ TEST_F(KitCopy, ReplacesWhatTheTargetHad)
     KRT_PLX_MutableClip_setVendorName(target, text("old").c_str());
     KRT_PLX_MutableClip_setPartKey(target, 3);
     support::createMidiPart(clip);
-    ASSERT_TRUE(
-        KRT_PLX_Kit_fill(linked(), target, clip, KRT_PLX_NO_LANGUAGE, notices.report()));
-    EXPECT_EQ(describe(support::modelOfEditable(target)),
-              describe(support::modelOfEditable(clip)));
+    ASSERT_TRUE(KRT_PLX_Kit_fill(linked(), target, clip, KRT_PLX_NO_LANGUAGE, notices.report()));
+    EXPECT_EQ(describe(support::modelOfEditable(target)), describe(support::modelOfEditable(clip)));
     EXPECT_THAT(notices.lines(), IsEmpty());
 }
 
@@ -357,9 +351,8 @@ TEST_F(KitCopy, WithoutItsWaveFileTellsSo)
     support::createAudioPart(clip, wave);
     std::filesystem::remove(wave);
     EXPECT_NE(edit(clip), nullptr);
-    EXPECT_THAT(notices.lines(),
-                ElementsAre("part: wavFileName: the wave file does not exist",
-                            "part: wavFileName: prevents saving"));
+    EXPECT_THAT(notices.lines(), ElementsAre("part: wavFileName: the wave file does not exist",
+                                             "part: wavFileName: prevents saving"));
 }
 
 // --- What prevents saving ---------------------------------------------------------------------------

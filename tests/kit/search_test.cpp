@@ -175,9 +175,9 @@ TEST_F(KitSearch, FindsOneTagOfAListAndAllLists)
                           {KRT_PLX_KIT_LANGUAGES, nullptr, 1},
                           {KRT_PLX_KIT_GENRES, pop.c_str(), 0}}),
                 ElementsAre("Été", "Winter"));
-    EXPECT_THAT(findTags({{KRT_PLX_KIT_VENDORS, studio.c_str(), 0},
-                          {KRT_PLX_KIT_LANGUAGES, nullptr, 2}}),
-                ElementsAre("Ete"));
+    EXPECT_THAT(
+        findTags({{KRT_PLX_KIT_VENDORS, studio.c_str(), 0}, {KRT_PLX_KIT_LANGUAGES, nullptr, 2}}),
+        ElementsAre("Ete"));
     EXPECT_THAT(findTags({{KRT_PLX_KIT_TYPES, folk.c_str(), 0}}), IsEmpty());
     EXPECT_THAT(findTags({{KRT_PLX_KIT_GENRES, nullptr, 0}}), IsEmpty());
     EXPECT_THAT(findTags({{77, folk.c_str(), 0}}), IsEmpty());

@@ -38,6 +38,12 @@ class Tree(PackageTest):
         return {"lib/libkrt_plx.so", f"lib/libkrt_plx.so.{self.compatible_version}",
                 f"lib/libkrt_plx.so.{self.version_text}"}
 
+    def kit(self):
+        sources = {file.name for file in (self.surroundings.sources / "kit").glob("*.[ch]")}
+        self.assertIn("copy.c", sources)
+        return {"lib/libkrt_plx_kit.a"} | {f"share/krt_plx/kit/{name}" for name in
+                                            sources | {"folding_table.c", "linked.c"}}
+
     def test_holds_what_a_host_needs(self):
         headers = self.headers()
         self.assertGreater(len(headers), 10)
@@ -45,6 +51,7 @@ class Tree(PackageTest):
         packages = {"krt_plxConfig.cmake", "krt_plxConfigVersion.cmake", "krt_plxTargets.cmake"}
         expected |= {f"lib/cmake/krt_plx/{name}" for name in packages}
         expected.add("share/krt_plx/krt_plx.api.json")
+        expected |= self.kit()
         expected |= {f"share/doc/krt_plx/{name}"
                      for name in ("README.md", "CHANGELOG.md", "LICENSE", "copyright")}
         self.assertEqual(expected - self.files(), set())

@@ -125,7 +125,10 @@ private:
         }
     }
 
-    static void hearNotice(void* context, const KRT_PLX_KitNotice* notice) { hear(context, notice); }
+    static void hearNotice(void* context, const KRT_PLX_KitNotice* notice)
+    {
+        hear(context, notice);
+    }
 
     Notices notices_;
     std::exception_ptr failure_;

@@ -23,10 +23,9 @@ protected:
         const support::Path clips =
             support::place(KRT_PLX_TEST_SOURCE_FOLDER) / "examples" / "library";
         EXPECT_TRUE(KRT_PLX_load(&plx, library.c_str(), nullptr, nullptr));
-        manager = plx.KRT_PLX_CreateManager(text("loaded").c_str(),
-                                            pathText(clips / "system").c_str(),
-                                            pathText(scratch.path() / "user").c_str(), nullptr, 0,
-                                            nullptr, 0, nullptr);
+        manager = plx.KRT_PLX_CreateManager(
+            text("loaded").c_str(), pathText(clips / "system").c_str(),
+            pathText(scratch.path() / "user").c_str(), nullptr, 0, nullptr, 0, nullptr);
         EXPECT_EQ(plx.KRT_PLX_Manager_readAllClipFiles(manager), KRT_PLX_RESULT_OK);
     }
     LoadedKit(const LoadedKit&) = delete;
@@ -58,8 +57,7 @@ TEST_F(LoadedKit, FindsCopiesChangesAndRenamesAClip)
     KRT_PLX_ClipBase* const saved =
         plx.KRT_PLX_MutableClip_save(copy, text("Higher").c_str(), false, nullptr);
     ASSERT_TRUE(plx.KRT_PLX_Clip_readPart(saved));
-    KRT_PLX_NoteBase* const note =
-        plx.KRT_PLX_MidiPart_note(plx.KRT_PLX_Clip_midiPart(saved), 0);
+    KRT_PLX_NoteBase* const note = plx.KRT_PLX_MidiPart_note(plx.KRT_PLX_Clip_midiPart(saved), 0);
     EXPECT_EQ(plx.KRT_PLX_NoteBase_number(note), number + 2);
     EXPECT_EQ(plx.KRT_PLX_NoteBase_pos(note), 480);
 
