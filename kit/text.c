@@ -115,12 +115,11 @@ static void noteError(Progress* progress, bool isText, size_t place)
 }
 
 /* Counts a character of this length, and tells whether it and the NUL fit. Nothing fits behind one that
-   did not. */
+   did not: that is counted, too. */
 static bool takesNext(Progress* progress, size_t length)
 {
-    const bool fits = progress->written + 1 == progress->result.size &&
-                      progress->result.size + length <= progress->capacity;
     progress->result.size += length;
+    const bool fits = progress->result.size <= progress->capacity;
     progress->written += fits ? length : 0;
     return fits;
 }

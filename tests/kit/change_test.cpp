@@ -139,6 +139,15 @@ TEST_F(KitChange, MovesNothingWhenSomethingWouldBeOutOfRange)
                             "controller dynamics at -2147483647: pos: would be out of range"));
 }
 
+TEST_F(KitChange, MovesNoNoteBeforeTheFirstPosition)
+{
+    note(smallest, 480);
+    EXPECT_FALSE(move(-1));
+    EXPECT_TRUE(move(0));
+    EXPECT_TRUE(move(1));
+    EXPECT_THAT(notes(), ElementsAre("60@-2147483647+480"));
+}
+
 TEST_F(KitChange, CutsNotes)
 {
     note(0, 480, 1);

@@ -129,6 +129,9 @@ protected:
         KRT_PLX_ClipBase* const copy = createMutableClip();
         ASSERT_TRUE(KRT_PLX_Kit_fill(linked(), copy, source, KRT_PLX_NO_LANGUAGE, told.report()));
         EXPECT_EQ(told.report()->count, told.all().size());
+        if (std::ranges::all_of(told.all(), isAboutSaving)) {
+            EXPECT_EQ(describe(support::modelOfEditable(copy)), describe(model));
+        }
         if (preventsSaving(told)) {
             EXPECT_EQ(support::save(copy).clip, nullptr);
         } else {
@@ -136,6 +139,12 @@ protected:
                 << testing::PrintToString(told.lines());
         }
         KRT_PLX_MutableClip_destroy(copy);
+    }
+
+    static bool isAboutSaving(const KRT_PLX_KitNotice& notice)
+    {
+        return notice.reason == KRT_PLX_KIT_NOT_SAVED ||
+               notice.reason == KRT_PLX_KIT_PREVENTS_SAVING;
     }
 
     static bool preventsSaving(const Notices& told)

@@ -43,6 +43,7 @@ TEST(KitComparison, FindsAccentsInEitherForm)
     EXPECT_FALSE(contains("caf\xC3\xA9", "cafe"));
     EXPECT_FALSE(contains("cafe\xCC\x81s", "cafe"));
     EXPECT_TRUE(contains("한국", "\xE1\x84\x92\xE1\x85\xA1\xE1\x86\xAB"));
+    EXPECT_TRUE(equals("하", "\xE1\x84\x92\xE1\x85\xA1"));
     EXPECT_TRUE(contains("e\xCC\x81 e", "e"));
 }
 
@@ -81,6 +82,8 @@ TEST(KitComparison, TakesHalfAPairAsItself)
     const support::Text half = support::units({'a', 0xD800});
     EXPECT_TRUE(KRT_PLX_Kit_contains(half.c_str(), half.c_str(), true));
     EXPECT_FALSE(KRT_PLX_Kit_equals(half.c_str(), text("a").c_str(), true));
+    const support::Text low = support::units({0xDC00});
+    EXPECT_FALSE(KRT_PLX_Kit_contains(text("𐐀").c_str(), low.c_str(), true));
 }
 
 class KitSearch : public SaveTest {
@@ -163,6 +166,8 @@ TEST_F(KitSearch, FindsKeyAndTempo)
     query.lowestTempo = 6001;
     query.highestTempo = 12001;
     EXPECT_THAT(find(), testing::Not(testing::Contains("Winter")));
+    query.highestTempo = 11999;
+    EXPECT_THAT(find(), testing::Not(testing::Contains("Été")));
 }
 
 TEST_F(KitSearch, FindsOneTagOfAListAndAllLists)
