@@ -70,12 +70,23 @@ const unsigned char* skipAscii(const unsigned char* at, const unsigned char* end
     return at;
 }
 
+// Through arrays of its own, since the compiler cannot know that the two texts do not overlap.
+Char* widenBlock(const unsigned char* at, Char* units)
+{
+    std::array<unsigned char, blockSize> bytes;
+    std::array<Char, blockSize> wide;
+    std::memcpy(bytes.data(), at, sizeof bytes);
+    std::copy(bytes.begin(), bytes.end(), wide.begin());
+    std::memcpy(units, wide.data(), sizeof wide);
+    return units + blockSize;
+}
+
 // Writes the units of valid text to `units`, and returns where they end.
 Char* decode(const unsigned char* at, const unsigned char* end, Char* units)
 {
     while (at != end) {
         if (end - at >= blockSize && isAsciiBlock(at)) {
-            units = std::copy(at, at + blockSize, units);
+            units = widenBlock(at, units);
             at += blockSize;
             continue;
         }

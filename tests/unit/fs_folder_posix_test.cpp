@@ -287,6 +287,29 @@ TEST_F(FsFolderLinks, ThatTakeTheFoldersOwnPlaceAreNotSeen)
 
 // --- Names ----------------------------------------------------------------------------------------------
 
+TEST(FsHostPath, IsInTheFormOfTheSystem)
+{
+    EXPECT_STREQ(fs::HostPath(text("/a\\b\\c.d")).text(), "/a/b/c.d");
+    EXPECT_STREQ(fs::HostPath(u"a\\\u00E9\\b\\\U0001F3B5\\c").text(),
+                 "a/\xC3\xA9/b/\xF0\x9F\x8E\xB5/c");
+}
+
+TEST(FsHostPath, IsEmptyWithoutSuchAForm)
+{
+    EXPECT_EQ(fs::HostPath(String{u"a\0b", 3}).length(), 0u);
+    EXPECT_EQ(fs::HostPath(String{u"\u00E9\0b", 3}).length(), 0u);
+    EXPECT_EQ(fs::HostPath(String{u'a', char16_t{0xD800}, u'b'}).length(), 0u);
+}
+
+TEST(FsHostPath, HasRoomForItsEnd)
+{
+    const String longest(PATH_MAX - 1, u'a');
+    EXPECT_EQ(fs::HostPath(longest).length(), longest.size());
+    EXPECT_EQ(fs::HostPath(longest + u"b").length(), 0u);
+    EXPECT_EQ(fs::HostPath(longest.substr(1) + u"\u00E9").length(), 0u);
+    EXPECT_EQ(fs::HostPath(longest.substr(2) + u"\u00E9").length(), longest.size());
+}
+
 TEST(FsHostName, IsOneNameOrNothing)
 {
     EXPECT_EQ(std::string(fs::HostName(text("さくら")).text()), "さくら");

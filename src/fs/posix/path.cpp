@@ -1,5 +1,6 @@
 #include "fs/posix/path.h"
 
+#include <algorithm>
 #include <array>
 #include <string_view>
 
@@ -8,12 +9,21 @@
 
 namespace Korvel::CANTORIS::PLX::fs {
 
+namespace {
+
+char32_t withSlash(char32_t point)
+{
+    return point == separator ? U'/' : point;
+}
+
+} // namespace
+
 HostPath::HostPath(StringView path)
 {
     const auto unitAt = [path](std::size_t index) -> char32_t {
         return index < path.size() ? path[index] : 0;
     };
-    for (std::size_t index = 0; index < path.size();) {
+    for (std::size_t index = takeAscii(path); index < path.size();) {
         char32_t point = 0;
         if (!takeCodePoint(unitAt, index, point) || !append(point)) {
             length_ = 0;
@@ -23,10 +33,21 @@ HostPath::HostPath(StringView path)
     bytes_[length_] = '\0';
 }
 
+// Paths are mostly ASCII, where each unit is one byte. Returns where the first other unit is.
+std::size_t HostPath::takeAscii(StringView path)
+{
+    const std::size_t end = std::min(path.size(), sizeof bytes_ - 1);
+    while (length_ < end && path[length_] != 0 && path[length_] < 0x80) {
+        bytes_[length_] = static_cast<char>(withSlash(path[length_]));
+        ++length_;
+    }
+    return length_;
+}
+
 bool HostPath::append(char32_t point)
 {
     std::array<char, 4> bytes;
-    const std::size_t count = encodeUtf8(point == separator ? U'/' : point, bytes.data());
+    const std::size_t count = encodeUtf8(withSlash(point), bytes.data());
     if (point == 0 || length_ + count >= sizeof bytes_) {
         return false;
     }

@@ -25,6 +25,7 @@ protected:
     void clear();
 
 private:
+    std::size_t takeAscii(StringView path);
     bool append(char32_t point);
 
     char bytes_[PATH_MAX];
