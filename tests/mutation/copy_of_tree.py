@@ -146,8 +146,8 @@ class CopyOfTree:
                 yield file, int(line)
 
     def blamed(self, messages, kinds):
-        """The places to which these messages point."""
-        pattern = re.compile(rf'{re.escape(str(self.tree))}/(src/[\w/.]+):(\d+):\d+: {kinds}')
+        """The places to which these messages point. Their paths may be relative to the build."""
+        pattern = re.compile(rf'\b{re.escape(self.tree.name)}/(src/[\w/.]+):(\d+):\d+: {kinds}')
         return {(file, int(line)) for file, line in pattern.findall(messages)}
 
     def build(self, *targets):
