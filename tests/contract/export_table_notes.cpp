@@ -1,39 +1,40 @@
+#include <string_view>
+
 #include "contract/export_table.h"
+#include "support/exported.h"
+#include "support/properties.h"
 
 namespace contract {
+namespace {
+
+// What a getter says of no note, by the kind of the value.
+template <class Value>
+constexpr std::uint64_t otherwise = smallestBits;
+template <>
+constexpr std::uint64_t otherwise<bool> = no;
+template <>
+constexpr std::uint64_t otherwise<float> = half;
+template <>
+constexpr std::uint64_t otherwise<support::TextPointer> = null;
+
+// The getters and setters of all properties of a note.
+void addProperties(std::vector<Export>& exports)
+{
+    support::forEachProperty<KRT_PLX_NoteBase>([&exports](const auto& property) {
+        using Value = decltype(property.get(nullptr));
+        const bool isPosition = std::string_view(property.key) == "pos";
+        exports.push_back(exported(support::nameOfFunction(property.get), property.get,
+                                   isPosition ? largestBits : otherwise<Value>));
+        exports.push_back(exported(support::nameOfFunction(property.set), property.set, no));
+    });
+}
+
+} // namespace
 
 std::vector<Export> noteExports()
 {
-    return {
-        exported("NoteBase_accent", &KRT_PLX_NoteBase_accent, smallestBits),
-        exported("NoteBase_amplitudeEnd", &KRT_PLX_NoteBase_amplitudeEnd, half),
-        exported("NoteBase_amplitudeStart", &KRT_PLX_NoteBase_amplitudeStart, half),
-        exported("NoteBase_amplitudeWhole", &KRT_PLX_NoteBase_amplitudeWhole, half),
-        exported("NoteBase_bendDepth", &KRT_PLX_NoteBase_bendDepth, smallestBits),
-        exported("NoteBase_bendLength", &KRT_PLX_NoteBase_bendLength, smallestBits),
-        exported("NoteBase_decay", &KRT_PLX_NoteBase_decay, smallestBits),
-        exported("NoteBase_duration", &KRT_PLX_NoteBase_duration, smallestBits),
-        exported("NoteBase_fallPort", &KRT_PLX_NoteBase_fallPort, no),
-        exported("NoteBase_formantEnd", &KRT_PLX_NoteBase_formantEnd, half),
-        exported("NoteBase_formantStart", &KRT_PLX_NoteBase_formantStart, half),
-        exported("NoteBase_formantWhole", &KRT_PLX_NoteBase_formantWhole, half),
+    std::vector<Export> exports = {
         exported("NoteBase_isMutable", &KRT_PLX_NoteBase_isMutable, no),
-        exported("NoteBase_isProtected", &KRT_PLX_NoteBase_isProtected, no),
-        exported("NoteBase_langID", &KRT_PLX_NoteBase_langID, smallestBits),
-        exported("NoteBase_lyric", &KRT_PLX_NoteBase_lyric, null),
-        exported("NoteBase_number", &KRT_PLX_NoteBase_number, smallestBits),
-        exported("NoteBase_opening", &KRT_PLX_NoteBase_opening, smallestBits),
-        exported("NoteBase_phoneme", &KRT_PLX_NoteBase_phoneme, null),
-        exported("NoteBase_pitchDriftEnd", &KRT_PLX_NoteBase_pitchDriftEnd, half),
-        exported("NoteBase_pitchDriftStart", &KRT_PLX_NoteBase_pitchDriftStart, half),
-        exported("NoteBase_pitchFine", &KRT_PLX_NoteBase_pitchFine, half),
-        exported("NoteBase_pitchScalingCenter", &KRT_PLX_NoteBase_pitchScalingCenter, half),
-        exported("NoteBase_pitchScalingOrigin", &KRT_PLX_NoteBase_pitchScalingOrigin, half),
-        exported("NoteBase_pitchTransitionEnd", &KRT_PLX_NoteBase_pitchTransitionEnd, half),
-        exported("NoteBase_pitchTransitionStart", &KRT_PLX_NoteBase_pitchTransitionStart, half),
-        exported("NoteBase_pos", &KRT_PLX_NoteBase_pos, largestBits),
-        exported("NoteBase_risePort", &KRT_PLX_NoteBase_risePort, no),
-        exported("NoteBase_velocity", &KRT_PLX_NoteBase_velocity, smallestBits),
         exported("Note_parent", &KRT_PLX_Note_parent, null),
         exported("Note_dvqm", &KRT_PLX_Note_dvqm, null),
         exported("Note_singingSkill", &KRT_PLX_Note_singingSkill, null),
@@ -42,40 +43,10 @@ std::vector<Export> noteExports()
         exported("MutableNote_dvqm", &KRT_PLX_MutableNote_dvqm, null),
         exported("MutableNote_singingSkill", &KRT_PLX_MutableNote_singingSkill, null),
         exported("MutableNote_vibrato", &KRT_PLX_MutableNote_vibrato, null),
-        exported("MutableNote_move", &KRT_PLX_MutableNote_move, no),
         exported("MutableNote_remove", &KRT_PLX_MutableNote_remove, no),
-        exported("MutableNote_setAccent", &KRT_PLX_MutableNote_setAccent, no),
-        exported("MutableNote_setAmplitudeEnd", &KRT_PLX_MutableNote_setAmplitudeEnd, no),
-        exported("MutableNote_setAmplitudeStart", &KRT_PLX_MutableNote_setAmplitudeStart, no),
-        exported("MutableNote_setAmplitudeWhole", &KRT_PLX_MutableNote_setAmplitudeWhole, no),
-        exported("MutableNote_setBendDepth", &KRT_PLX_MutableNote_setBendDepth, no),
-        exported("MutableNote_setBendLength", &KRT_PLX_MutableNote_setBendLength, no),
-        exported("MutableNote_setDecay", &KRT_PLX_MutableNote_setDecay, no),
-        exported("MutableNote_setDuration", &KRT_PLX_MutableNote_setDuration, no),
-        exported("MutableNote_setFallPort", &KRT_PLX_MutableNote_setFallPort, no),
-        exported("MutableNote_setFormantEnd", &KRT_PLX_MutableNote_setFormantEnd, no),
-        exported("MutableNote_setFormantStart", &KRT_PLX_MutableNote_setFormantStart, no),
-        exported("MutableNote_setFormantWhole", &KRT_PLX_MutableNote_setFormantWhole, no),
-        exported("MutableNote_setLangID", &KRT_PLX_MutableNote_setLangID, no),
-        exported("MutableNote_setLyric", &KRT_PLX_MutableNote_setLyric, no),
-        exported("MutableNote_setNumber", &KRT_PLX_MutableNote_setNumber, no),
-        exported("MutableNote_setOpening", &KRT_PLX_MutableNote_setOpening, no),
-        exported("MutableNote_setPhoneme", &KRT_PLX_MutableNote_setPhoneme, no),
-        exported("MutableNote_setPitchDriftEnd", &KRT_PLX_MutableNote_setPitchDriftEnd, no),
-        exported("MutableNote_setPitchDriftStart", &KRT_PLX_MutableNote_setPitchDriftStart, no),
-        exported("MutableNote_setPitchFine", &KRT_PLX_MutableNote_setPitchFine, no),
-        exported("MutableNote_setPitchScalingCenter", &KRT_PLX_MutableNote_setPitchScalingCenter,
-                 no),
-        exported("MutableNote_setPitchScalingOrigin", &KRT_PLX_MutableNote_setPitchScalingOrigin,
-                 no),
-        exported("MutableNote_setPitchTransitionEnd", &KRT_PLX_MutableNote_setPitchTransitionEnd,
-                 no),
-        exported("MutableNote_setPitchTransitionStart",
-                 &KRT_PLX_MutableNote_setPitchTransitionStart, no),
-        exported("MutableNote_setProtected", &KRT_PLX_MutableNote_setProtected, no),
-        exported("MutableNote_setRisePort", &KRT_PLX_MutableNote_setRisePort, no),
-        exported("MutableNote_setVelocity", &KRT_PLX_MutableNote_setVelocity, no),
     };
+    addProperties(exports);
+    return exports;
 }
 
 } // namespace contract

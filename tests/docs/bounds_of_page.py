@@ -35,16 +35,28 @@ class Page:
         self.claims = []
 
     def read(self):
+        for _, bases, lead, cells in self.table_lines():
+            self.line(bases, lead, cells)
+        self.ai_expression()
+        return self.claims
+
+    def table_lines(self):
+        """(index of the line, objects that its heading tells of, what stands before the table, cells)"""
         heading = lead = None
-        for line in self.text.splitlines():
+        for index, line in enumerate(self.text.splitlines()):
             if line.startswith("#"):
                 heading, lead = line.lstrip("# "), None
             elif re.match(LEAD, line):
                 lead = line
             elif line.startswith("|") and heading in HEADINGS:
-                self.line(HEADINGS[heading], lead, re.split(r"\s*\|\s*", line)[1:-1])
-        self.ai_expression()
-        return self.claims
+                yield index, HEADINGS[heading], lead, re.split(r"\s*\|\s*", line)[1:-1]
+
+    def line_of(self, row):
+        """The index of the line that tells of this key alone; None when there is none."""
+        for index, bases, lead, cells in self.table_lines():
+            if len(cells) == 4 and row in self.rows(bases, lead, cells[0]):
+                return index
+        return None
 
     def claim(self, row, fact, value):
         self.claims.append(Claim(SOURCE, "clip-format.md", row, fact, value))

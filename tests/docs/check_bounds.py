@@ -1,6 +1,6 @@
 """Wherever a range, a default or a key of the documents is told (in the JSON Schemas, on the page on the
 clip format, in the comments of the public headers), it is what the table of keys says; and everything
-that the table says is told in each of these places.
+that the table says is told in each of these places. What told_elsewhere.py lists is compared too.
 
 check_bounds.py PROJECT INTERFACE_FILE PROGRAM
 
@@ -22,6 +22,8 @@ from bounds import CONTROLLER_TYPES, INT32, LEVEL_NAMES, NUMBERS, Table, contrad
 from bounds_of_headers import Headers  # noqa: E402
 from bounds_of_page import HEADINGS, Page  # noqa: E402
 from bounds_of_schemas import Schemas  # noqa: E402
+from new_keys import PAGE, SCHEMAS as NEW_IN, with_new_keys  # noqa: E402
+from told_elsewhere import Elsewhere  # noqa: E402
 
 SOURCES = ("schemas", "page", "headers")
 SCHEMAS = ("property.schema.json", "data.schema.json", "standalone.schema.json")
@@ -76,7 +78,7 @@ def is_untold(source, row, fact):
 
 def is_needed(source, entry, row, fact, value):
     """Whether the source has to tell this fact."""
-    if is_untold(source, row, fact):
+    if source == "elsewhere" or is_untold(source, row, fact):
         return False
     if row in (LEVEL_NAMES, CONTROLLER_TYPES):
         return source == ("schemas" if row == LEVEL_NAMES else "headers")
@@ -93,9 +95,11 @@ class Papers:
     """All that is read, so that a copy can be changed."""
 
     def __init__(self, project, interface):
-        folder = project / "docs" / "schemas"
-        self.schemas = {name: json.loads((folder / name).read_text(encoding="utf-8")) for name in SCHEMAS}
-        self.page = (project / "docs" / "clip-format.md").read_text(encoding="utf-8")
+        self.texts = {f"docs/schemas/{name}": (project / "docs/schemas" / name).read_text(encoding="utf-8")
+                      for name in SCHEMAS}
+        self.schemas = {name: json.loads(self.texts[f"docs/schemas/{name}"]) for name in SCHEMAS}
+        self.page = (project / PAGE).read_text(encoding="utf-8")
+        self.elsewhere = {file: (project / file).read_text(encoding="utf-8") for file in Elsewhere.files()}
         self.api = json.loads(interface.read_text(encoding="utf-8"))
         self.headers = {name: in_one_line((project / "include/korvel/plx" / name).read_text(encoding="utf-8"))
                         for name in HEADERS}
@@ -108,6 +112,8 @@ class Papers:
             found += Page(table, self.page).read()
         if "headers" in sources:
             found += Headers(table, self.api, self.headers).read()
+        if "elsewhere" in sources:
+            found += Elsewhere(table, self.elsewhere).read()
         return found
 
 
@@ -193,7 +199,7 @@ class Bounds(unittest.TestCase):
         return [text for _, text in complaints(TABLE.rows, PAPERS.claims(TABLE, sources), sources)]
 
     def test_every_place_says_what_the_table_says(self):
-        self.assertEqual(self.wrong(*SOURCES), [])
+        self.assertEqual(self.wrong(*SOURCES, "elsewhere"), [])
 
     def test_each_fact_of_the_table_is_compared_in_each_place(self):
         claims = PAPERS.claims(TABLE)
@@ -254,6 +260,23 @@ class Bounds(unittest.TestCase):
 
     def expect_wrong(self, what, source):
         self.assertNotEqual(self.wrong(source), [], what)
+
+    def test_each_number_elsewhere_is_compared(self):
+        for file, kept in list(PAPERS.elsewhere.items()):
+            for told, text in Elsewhere(TABLE, PAPERS.elsewhere).with_one_more(file):
+                PAPERS.elsewhere[file] = text
+                self.expect_wrong(f"{file}: {told}", "elsewhere")
+            PAPERS.elsewhere[file] = kept
+
+    def test_a_new_key_is_put_where_it_belongs(self):
+        schema, other = NEW_IN
+        texts = {PAGE: PAPERS.page, schema: PAPERS.texts[schema], other: PAPERS.texts[other]}
+        for key in ("bendDepth", "fallPort", "opening"):
+            without = dict(texts)
+            without[PAGE] = re.sub(rf"\n\| `{key}` .*", "", texts[PAGE])
+            without[schema] = re.sub(rf',\n *"{key}": \{{.*\}}', "", texts[schema])
+            self.assertTrue(all(without[file] != texts[file] for file in (PAGE, schema)), key)
+            self.assertEqual(with_new_keys(without, TABLE), texts, key)
 
     def test_what_is_not_told_is_told_nowhere(self):
         """A reason that is not needed any more must go."""

@@ -1,6 +1,12 @@
 #include "operations.h"
 
+#include <initializer_list>
+#include <type_traits>
+
 #include <gtest/gtest.h>
+
+#include "support/exported.h"
+#include "support/properties.h"
 
 namespace faults {
 
@@ -10,6 +16,73 @@ namespace {
 const support::Text longText = support::text("a text that is longer than any small buffer: 歌");
 const support::Text otherText = support::text("another text that is longer than any small buffer");
 const support::Text voiceBank = support::text("ABCDEFGHIJKLMNOP");
+
+// --- Properties ---------------------------------------------------------------------------------------
+
+// A value that a property takes and that it does not have yet. A position or a duration is short: it
+// must lie in the note.
+template <class Handle, class Value>
+Value otherValue(const support::Property<Handle, Value>& property)
+{
+    if constexpr (std::is_same_v<Value, support::TextPointer>) {
+        const bool isVoice = property.texts == support::Texts::voiceBank ||
+                             property.texts == support::Texts::voiceBankOrEmpty;
+        return (isVoice ? voiceBank : longText).c_str();
+    } else if constexpr (std::is_same_v<Value, bool>) {
+        return true;
+    } else if constexpr (std::is_same_v<Value, std::int32_t>) {
+        return 100;
+    } else if constexpr (std::is_same_v<Value, float>) {
+        return property.maximum / 4;
+    } else {
+        return property.maximum - 1;
+    }
+}
+
+// Sets the properties of an object, or of another object in it; `find` gives its handle.
+template <class Handle, class Find>
+void addSetters(Operations& operations, Find find, std::string_view within)
+{
+    support::forEachProperty<Handle>([&](const auto& property) {
+        if (property.within == within) {
+            operations.push_back(
+                {support::nameOfFunction(property.set), [find, property](Desk& desk) {
+                     return lib(property.set, find(desk), otherValue(property));
+                 }});
+        }
+    });
+}
+
+template <class Handle, class Find>
+Operations settersOf(Find find, std::initializer_list<std::string_view> places)
+{
+    Operations operations;
+    for (const std::string_view within : places) {
+        addSetters<Handle>(operations, find, within);
+    }
+    return operations;
+}
+
+KRT_PLX_ClipBase* clipOf(Desk& desk)
+{
+    return desk.clip;
+}
+
+KRT_PLX_PartBase* partOf(Desk& desk)
+{
+    return desk.part;
+}
+
+Operations joined(std::initializer_list<Operations> lists)
+{
+    Operations all;
+    for (const Operations& operations : lists) {
+        all.insert(all.end(), operations.begin(), operations.end());
+    }
+    return all;
+}
+
+// --- Other operations ---------------------------------------------------------------------------------
 
 // Functions of the same form, whatever they are called.
 template <bool (*Add)(KRT_PLX_Filter*, const KRT_PLX_Char*) noexcept>
@@ -28,42 +101,6 @@ template <bool (*Remove)(KRT_PLX_Filter*, const KRT_PLX_Char*) noexcept>
 bool removeTag(Desk& desk)
 {
     return lib(Remove, desk.filter, longText.c_str());
-}
-
-template <bool (*Set)(KRT_PLX_NoteBase*, std::uint32_t) noexcept>
-bool setNumber(Desk& desk)
-{
-    return lib(Set, desk.note, std::uint32_t{90});
-}
-
-template <bool (*Set)(KRT_PLX_NoteBase*, float) noexcept>
-bool setFloat(Desk& desk)
-{
-    return lib(Set, desk.note, 0.25F);
-}
-
-template <bool (*Set)(KRT_PLX_NoteBase*, bool) noexcept>
-bool setFlag(Desk& desk)
-{
-    return lib(Set, desk.note, true);
-}
-
-template <bool (*Set)(KRT_PLX_NoteBase*, const KRT_PLX_Char*) noexcept>
-bool setNoteText(Desk& desk)
-{
-    return lib(Set, desk.note, longText.c_str());
-}
-
-template <bool (*Set)(KRT_PLX_PartBase*, const KRT_PLX_Char*) noexcept>
-bool setPartText(Desk& desk)
-{
-    return lib(Set, desk.part, longText.c_str());
-}
-
-template <bool (*Set)(KRT_PLX_PartBase*, const KRT_PLX_Char*) noexcept>
-bool setVoice(Desk& desk)
-{
-    return lib(Set, desk.part, voiceBank.c_str());
 }
 
 template <KRT_PLX_PartBase* (*Create)(KRT_PLX_ClipBase*) noexcept>
@@ -147,16 +184,9 @@ const Operation moveEffect = {
     "MutableEffect_move",
     [](Desk& desk) { return lib(KRT_PLX_MutableEffect_move, desk.effect, std::uint64_t{1}); }};
 
-// The voice of one kind of part, then what both kinds have.
-Operations withMidiContent(Operations operations)
+Operations effectsOfMidiPart()
 {
-    const Operations content = {
-        {"MutableMidiPart_setDuration",
-         [](Desk& desk) {
-             return lib(KRT_PLX_MutableMidiPart_setDuration, desk.part, std::int32_t{1920});
-         }},
-        {"MutableMidiPart_setStyleName", setPartText<KRT_PLX_MutableMidiPart_setStyleName>},
-        {"MutableMidiPart_setStylePresetID", setPartText<KRT_PLX_MutableMidiPart_setStylePresetID>},
+    return {
         {"MutableMidiPart_insertAudioEffect",
          insertEffect<KRT_PLX_MutableMidiPart_insertAudioEffect>},
         {"MutableEffect_addParameter", addParameter},
@@ -170,96 +200,54 @@ Operations withMidiContent(Operations operations)
         {"MutableEffect_addParameter", addOtherParameter},
         setParameterFloat,
         setParameterInt,
+    };
+}
+
+// Notes; the last one goes past the others.
+Operations noteOperations()
+{
+    const Operations inserted = {
         {"MutableMidiPart_insertNote", [](Desk& desk) { return insertNoteAt(desk, 960); }},
         {"MutableMidiPart_insertNote", [](Desk& desk) { return insertNoteAt(desk, 0); }},
         {"MutableMidiPart_insertNote", [](Desk& desk) { return insertNoteAt(desk, 480); }},
-        {"MutableNote_setLyric", setNoteText<KRT_PLX_MutableNote_setLyric>},
-        {"MutableNote_setPhoneme", setNoteText<KRT_PLX_MutableNote_setPhoneme>},
         {"MutableNote_move",
          [](Desk& desk) { return lib(KRT_PLX_MutableNote_move, desk.note, std::int32_t{1440}); }},
-        {"MutableNote_setDuration",
-         [](Desk& desk) {
-             return lib(KRT_PLX_MutableNote_setDuration, desk.note, std::int32_t{400});
-         }},
-        {"MutableNote_setNumber", setNumber<KRT_PLX_MutableNote_setNumber>},
-        {"MutableNote_setVelocity", setNumber<KRT_PLX_MutableNote_setVelocity>},
-        {"MutableNote_setLangID", setNumber<KRT_PLX_MutableNote_setLangID>},
-        {"MutableNote_setAccent", setNumber<KRT_PLX_MutableNote_setAccent>},
-        {"MutableNote_setBendDepth", setNumber<KRT_PLX_MutableNote_setBendDepth>},
-        {"MutableNote_setBendLength", setNumber<KRT_PLX_MutableNote_setBendLength>},
-        {"MutableNote_setDecay", setNumber<KRT_PLX_MutableNote_setDecay>},
-        {"MutableNote_setOpening", setNumber<KRT_PLX_MutableNote_setOpening>},
-        {"MutableNote_setFallPort", setFlag<KRT_PLX_MutableNote_setFallPort>},
-        {"MutableNote_setRisePort", setFlag<KRT_PLX_MutableNote_setRisePort>},
-        {"MutableNote_setProtected", setFlag<KRT_PLX_MutableNote_setProtected>},
-        {"MutableNote_setAmplitudeEnd", setFloat<KRT_PLX_MutableNote_setAmplitudeEnd>},
-        {"MutableNote_setAmplitudeStart", setFloat<KRT_PLX_MutableNote_setAmplitudeStart>},
-        {"MutableNote_setAmplitudeWhole", setFloat<KRT_PLX_MutableNote_setAmplitudeWhole>},
-        {"MutableNote_setFormantEnd", setFloat<KRT_PLX_MutableNote_setFormantEnd>},
-        {"MutableNote_setFormantStart", setFloat<KRT_PLX_MutableNote_setFormantStart>},
-        {"MutableNote_setFormantWhole", setFloat<KRT_PLX_MutableNote_setFormantWhole>},
-        {"MutableNote_setPitchDriftEnd", setFloat<KRT_PLX_MutableNote_setPitchDriftEnd>},
-        {"MutableNote_setPitchDriftStart", setFloat<KRT_PLX_MutableNote_setPitchDriftStart>},
-        {"MutableNote_setPitchFine", setFloat<KRT_PLX_MutableNote_setPitchFine>},
-        {"MutableNote_setPitchScalingCenter", setFloat<KRT_PLX_MutableNote_setPitchScalingCenter>},
-        {"MutableNote_setPitchScalingOrigin", setFloat<KRT_PLX_MutableNote_setPitchScalingOrigin>},
-        {"MutableNote_setPitchTransitionEnd", setFloat<KRT_PLX_MutableNote_setPitchTransitionEnd>},
-        {"MutableNote_setPitchTransitionStart",
-         setFloat<KRT_PLX_MutableNote_setPitchTransitionStart>},
-        {"MutableNote_dvqm", takeDvqm<false>},
-        {"MutableNote_dvqm", takeDvqm<true>},
-        {"MutableDvqm_setCompID",
-         [](Desk& desk) {
-             return lib(KRT_PLX_MutableDvqm_setCompID, desk.dvqm, longText.c_str());
-         }},
-        {"MutableDvqm_addLevelName",
-         [](Desk& desk) {
-             return lib(KRT_PLX_MutableDvqm_addLevelName, desk.dvqm, longText.c_str());
-         }},
-        {"MutableDvqm_setSpeed",
-         [](Desk& desk) { return lib(KRT_PLX_MutableDvqm_setSpeed, desk.dvqm, std::uint32_t{9}); }},
-        {"MutableDvqm_setTopFactor",
-         [](Desk& desk) { return lib(KRT_PLX_MutableDvqm_setTopFactor, desk.dvqm, 0.75F); }},
-        {"MutableDvqm_protect",
-         [](Desk& desk) { return lib(KRT_PLX_MutableDvqm_protect, desk.dvqm, true); }},
-        {"MutableSingingSkill_setDuration",
-         [](Desk& desk) {
-             return lib(KRT_PLX_MutableSingingSkill_setDuration,
-                        KRT_PLX_MutableNote_singingSkill(desk.note), std::int32_t{100});
-         }},
-        {"MutableSingingSkill_setPreWeight",
-         [](Desk& desk) {
-             return lib(KRT_PLX_MutableSingingSkill_setPreWeight,
-                        KRT_PLX_MutableNote_singingSkill(desk.note), std::uint32_t{3});
-         }},
-        {"MutableSingingSkill_setPostWeight",
-         [](Desk& desk) {
-             return lib(KRT_PLX_MutableSingingSkill_setPostWeight,
-                        KRT_PLX_MutableNote_singingSkill(desk.note), std::uint32_t{4});
-         }},
-        {"MutableNote_vibrato",
-         [](Desk& desk) {
-             desk.vibrato = lib(KRT_PLX_MutableNote_vibrato, desk.note);
-             return desk.vibrato != nullptr;
-         }},
-        {"MutableVibrato_setType",
-         [](Desk& desk) {
-             return lib(KRT_PLX_MutableVibrato_setType, desk.vibrato, std::uint32_t{2});
-         }},
-        {"MutableVibrato_setDuration",
-         [](Desk& desk) {
-             return lib(KRT_PLX_MutableVibrato_setDuration, desk.vibrato, std::int32_t{200});
-         }},
-        {"MutableVibrato_insertParameter", insertPoint<0>},
-        {"MutableVibrato_insertParameter", insertPoint<1>},
-        {"MutableVibratoParameter_move",
-         [](Desk& desk) {
-             return lib(KRT_PLX_MutableVibratoParameter_move, desk.point, std::int32_t{30});
-         }},
-        {"MutableVibratoParameter_setValue",
-         [](Desk& desk) {
-             return lib(KRT_PLX_MutableVibratoParameter_setValue, desk.point, std::uint32_t{40});
-         }},
+    };
+    const auto note = [](Desk& desk) { return desk.note; };
+    return joined({inserted, settersOf<KRT_PLX_NoteBase>(note, {"", "exp", "aiExp"})});
+}
+
+Operations dvqmAndSkillOperations()
+{
+    const auto dvqm = [](Desk& desk) { return desk.dvqm; };
+    const auto skill = [](Desk& desk) { return KRT_PLX_MutableNote_singingSkill(desk.note); };
+    const Operations taken = {{"MutableNote_dvqm", takeDvqm<false>},
+                              {"MutableNote_dvqm", takeDvqm<true>}};
+    const Operations named = {{"MutableDvqm_addLevelName", [](Desk& desk) {
+                                   return lib(KRT_PLX_MutableDvqm_addLevelName, desk.dvqm,
+                                              longText.c_str());
+                               }}};
+    return joined({taken, named, settersOf<KRT_PLX_DvqmBase>(dvqm, {""}),
+                   settersOf<KRT_PLX_SingingSkillBase>(skill, {"", "weight"})});
+}
+
+Operations vibratoOperations()
+{
+    const Operations taken = {{"MutableNote_vibrato", [](Desk& desk) {
+                                   desk.vibrato = lib(KRT_PLX_MutableNote_vibrato, desk.note);
+                                   return desk.vibrato != nullptr;
+                               }}};
+    const Operations points = {{"MutableVibrato_insertParameter", insertPoint<0>},
+                               {"MutableVibrato_insertParameter", insertPoint<1>}};
+    const auto vibrato = [](Desk& desk) { return desk.vibrato; };
+    const auto point = [](Desk& desk) { return desk.point; };
+    return joined({taken, settersOf<KRT_PLX_VibratoBase>(vibrato, {""}), points,
+                   settersOf<KRT_PLX_VibratoParameterBase>(point, {""})});
+}
+
+Operations laneOperations()
+{
+    const Operations inserted = {
         {"MutableMidiPart_addMidiController",
          [](Desk& desk) {
              desk.lane =
@@ -268,41 +256,29 @@ Operations withMidiContent(Operations operations)
          }},
         {"MutableMidiController_insertEvent", [](Desk& desk) { return insertEventAt(desk, 0); }},
         {"MutableMidiController_insertEvent", [](Desk& desk) { return insertEventAt(desk, 5); }},
-        {"MutableMidiEvent_move",
-         [](Desk& desk) {
-             return lib(KRT_PLX_MutableMidiEvent_move, desk.event, std::int32_t{20});
-         }},
-        {"MutableMidiEvent_setValue",
-         [](Desk& desk) {
-             return lib(KRT_PLX_MutableMidiEvent_setValue, desk.event, std::int32_t{1});
-         }},
     };
-    operations.insert(operations.end(), content.begin(), content.end());
-    return operations;
+    const auto event = [](Desk& desk) { return desk.event; };
+    return joined({inserted, settersOf<KRT_PLX_MidiEventBase>(event, {""})});
+}
+
+// The voice of one kind of part, then what both kinds have.
+Operations withMidiContent(const Operations& voice)
+{
+    return joined({voice, settersOf<KRT_PLX_PartBase>(partOf, {""}), effectsOfMidiPart(),
+                   noteOperations(), dvqmAndSkillOperations(), vibratoOperations(),
+                   laneOperations()});
 }
 
 } // namespace
 
 const Operations& clipOperations()
 {
-    static const Operations operations = {
-        {"Manager_createMutableClip",
-         [](Desk& desk) {
-             desk.clip = lib(KRT_PLX_Manager_createMutableClip, desk.manager);
-             return desk.clip != nullptr;
-         }},
-        {"MutableClip_setVendorName",
-         [](Desk& desk) {
-             return lib(KRT_PLX_MutableClip_setVendorName, desk.clip, longText.c_str());
-         }},
-        {"MutableClip_setPartKey",
-         [](Desk& desk) {
-             return lib(KRT_PLX_MutableClip_setPartKey, desk.clip, std::uint32_t{3});
-         }},
-        {"MutableClip_setPartTempo",
-         [](Desk& desk) {
-             return lib(KRT_PLX_MutableClip_setPartTempo, desk.clip, std::uint32_t{12000});
-         }},
+    static const Operations created = {{"Manager_createMutableClip", [](Desk& desk) {
+                                            desk.clip = lib(KRT_PLX_Manager_createMutableClip,
+                                                            desk.manager);
+                                            return desk.clip != nullptr;
+                                        }}};
+    static const Operations tags = {
         {"MutableClip_filter",
          [](Desk& desk) {
              desk.filter = lib(KRT_PLX_MutableClip_filter, desk.clip);
@@ -323,32 +299,29 @@ const Operations& clipOperations()
              return lib(KRT_PLX_MutableFilter_addLanguage, desk.filter, std::int32_t{5});
          }},
     };
+    static const Operations operations =
+        joined({created, settersOf<KRT_PLX_ClipBase>(clipOf, {"", "part"}), tags});
     return operations;
 }
 
 const Operations& midiOperations()
 {
-    static const Operations operations = withMidiContent({
-        {"MutableClip_createMidiPart", createPart<KRT_PLX_MutableClip_createMidiPart>},
-        {"MutableMidiPart_setVoiceBankID", setVoice<KRT_PLX_MutableMidiPart_setVoiceBankID>},
-        {"MutableMidiPart_setLangID",
-         [](Desk& desk) {
-             return lib(KRT_PLX_MutableMidiPart_setLangID, desk.part, std::uint32_t{1});
-         }},
-    });
+    static const Operations created = {
+        {"MutableClip_createMidiPart", createPart<KRT_PLX_MutableClip_createMidiPart>}};
+    static const Operations operations =
+        withMidiContent(joined({created, settersOf<KRT_PLX_PartBase>(partOf, {"voice"})}));
     return operations;
 }
 
 const Operations& aiOperations()
 {
-    static const Operations operations = withMidiContent({
+    static const Operations created = {
         {"MutableClip_createMidiAiPart", createPart<KRT_PLX_MutableClip_createMidiAiPart>},
-        {"MutableMidiPart_setAiVoiceBankID", setVoice<KRT_PLX_MutableMidiPart_setAiVoiceBankID>},
-        {"MutableMidiPart_addAiLangID",
-         [](Desk& desk) {
+        {"MutableMidiPart_addAiLangID", [](Desk& desk) {
              return lib(KRT_PLX_MutableMidiPart_addAiLangID, desk.part, std::uint32_t{2});
-         }},
-    });
+         }}};
+    static const Operations operations =
+        withMidiContent(joined({created, settersOf<KRT_PLX_PartBase>(partOf, {"aiVoice"})}));
     return operations;
 }
 
@@ -401,6 +374,11 @@ const Operations& removals()
          [](Desk& desk) { return lib(KRT_PLX_MutableNote_remove, desk.note); }},
     };
     return operations;
+}
+
+std::uint32_t keyOfBuiltClips()
+{
+    return otherValue(support::propertyOf(KRT_PLX_ClipBase_partKey));
 }
 
 KRT_PLX_ClipBase* build(KRT_PLX_Manager* manager, const Operations& part,

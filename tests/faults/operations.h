@@ -2,6 +2,7 @@
 // something to work on.
 #pragma once
 
+#include <functional>
 #include <string_view>
 #include <vector>
 
@@ -31,8 +32,9 @@ struct Desk {
 };
 
 struct Operation {
-    std::string_view name;   // of the function, without its prefix
-    bool (*run)(Desk& desk); // false: what the function returns when memory runs out
+    std::string_view name; // of the function, without its prefix
+    // False: what the function returns when memory runs out.
+    std::function<bool(Desk& desk)> run;
 };
 using Operations = std::vector<Operation>;
 
@@ -41,6 +43,8 @@ const Operations& midiOperations();  // of a part of type 3
 const Operations& aiOperations();    // of a part of type 2
 const Operations& audioOperations(); // of an audio part
 const Operations& removals();        // of what the clip and the MIDI part then hold
+
+std::uint32_t keyOfBuiltClips(); // that clipOperations() set
 
 // A clip of that part in one go, undisturbed.
 KRT_PLX_ClipBase* build(KRT_PLX_Manager* manager, const Operations& part,

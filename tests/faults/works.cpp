@@ -148,7 +148,7 @@ bool fillEditor(World& world)
 void expectUnchangedClip(World& world)
 {
     EXPECT_EQ(support::utf8(KRT_PLX_Clip_name(world.clip)), "Midi");
-    EXPECT_EQ(KRT_PLX_ClipBase_partKey(world.clip), 3);
+    EXPECT_EQ(KRT_PLX_ClipBase_partKey(world.clip), keyOfBuiltClips());
 }
 
 bool saveEdit(World& world)

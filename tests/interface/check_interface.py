@@ -33,11 +33,12 @@ class Binary(unittest.TestCase):
     def test_names(self):
         names = exported_names()
         self.assertEqual(sorted(names), sorted(functions()))
-        self.assertEqual(len(names), 291)
+        self.assertGreater(len(names), 200)
 
 
 class Defaults(unittest.TestCase):
-    """The results for a null handle are those that the contract tests expect."""
+    """The results for a null handle are those that the contract tests expect in their tables. They take
+    the functions for a note's properties from a list; those are called by interface.NullCalls."""
 
     def tables(self):
         return sorted((SOURCES / "tests/contract").glob("export_table_*.cpp"))
@@ -61,9 +62,9 @@ class Defaults(unittest.TestCase):
 
     def test_each(self):
         expected = dict(self.rows())
-        self.assertEqual({name: self.bits(entry["result"]) for name, entry in functions().items()},
-                         expected)
-        self.assertEqual(len(expected), 291)
+        described = {name: self.bits(entry["result"]) for name, entry in functions().items()}
+        self.assertEqual({name: described.get(name) for name in expected}, expected)
+        self.assertGreater(len(expected), 200)
 
 
 class Entries(unittest.TestCase):
@@ -149,7 +150,7 @@ class Comments(unittest.TestCase):
 
     def test_each(self):
         expected = dict(self.words_of_headers())
-        self.assertEqual(len(expected), 291)
+        self.assertEqual(sorted(expected), sorted(functions()))
         for name, entry in functions().items():
             with self.subTest(name):
                 self.assertEqual(self.words_of_file(entry), expected[name])

@@ -6,7 +6,7 @@
         for clip in library.clips:
             print(clip.name, [note.lyric for note in clip.notes])
 
-`objects` has the classes, `functions` the 291 functions beneath them, `constants` the codes.
+`objects` has the classes, `functions` the functions beneath them, `constants` the codes.
 """
 
 from ._library import library_path

