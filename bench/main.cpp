@@ -10,6 +10,7 @@
 #include <string_view>
 
 #include "data/generate.h"
+#include "host/note_fields.h"
 #include "support/machine.h"
 #include "works/works.h"
 
@@ -89,6 +90,7 @@ void runWorks(const Options& options)
             .clock = options.onWallClock ? bench::Clock::wall : bench::Clock::processor,
             .rounds = options.rounds == 0 ? rounds : options.rounds,
             .table = bench::Table(std::cout)};
+    bench::requireListedFacts();
     std::cerr << "generating\n";
     bench::generate(run.data);
     std::filesystem::remove_all(run.data.scratch());

@@ -16,6 +16,7 @@
 #include "data/parts.h"
 #include "host/build.h"
 #include "host/catalogue.h"
+#include "host/note_fields.h"
 
 namespace {
 
@@ -46,6 +47,7 @@ Part part()
 
 void prepare()
 {
+    bench::requireListedFacts();
     for (std::size_t i = 0; i < clipCount; ++i) {
         const Path folder = Path("system") / ("pack-" + std::to_string(i / 50)) /
                             ("clip-" + std::to_string(i % 50));

@@ -1,4 +1,5 @@
-// The getters and setters of a note, field by field.
+// The getters and setters of a note, field by field. The facts are those of the tests' list of
+// properties.
 #pragma once
 
 #include <array>
@@ -27,5 +28,9 @@ struct AiValue {
 
 // In the order of NoteValues::aiValues.
 extern const std::array<AiValue, aiValueCount> aiValues;
+
+// Throws when the benchmark's own model of a part says something else than the list: what the
+// alternatives read and write is that model.
+void requireListedFacts();
 
 } // namespace bench
