@@ -372,6 +372,18 @@ TEST_F(RemoveTest, LeavesAWaveFileInItsFolderButOutsideTheAudioFolder)
     EXPECT_EQ(support::readFile(folder() / "takes" / "take.wav"), "RIFF");
 }
 
+// Above the root is the root. Such a name is not followed, though it leads into the folder "audio".
+TEST_F(RemoveTest, LeavesAWaveFileThatIsNamedFromAboveTheRoot)
+{
+    std::string place;
+    for (int i = 0; i < 64; ++i) {
+        place += "../";
+    }
+    place += (folder() / "audio" / "take.wav").relative_path().generic_string();
+    expectRemoved(addAudio(place));
+    EXPECT_EQ(support::readFile(folder() / "audio" / "take.wav"), "RIFF");
+}
+
 TEST_F(RemoveTest, LeavesAWaveFileOutsideTheUserDirectory)
 {
     writeFile(scratch() / "outside" / "precious", "mine");
