@@ -1,5 +1,6 @@
 // Removing user clips: what goes from the disk and from the list, and what stays.
 #include "support/editing.h"
+#include "support/other_holder.h"
 #include "support/saving.h"
 
 using support::Path;
@@ -217,6 +218,21 @@ TEST_F(RemoveTest, FailsBeforeAnythingElseWhenTheClipFileCannotBeDeleted)
     EXPECT_NE(KRT_PLX_Clip_audioPart(clip), nullptr);
 }
 
+#ifndef _WIN32
+TEST_F(RemoveTest, LeavesAClipThatAnotherProgramIsEditing)
+{
+    KRT_PLX_ClipBase* const clip = addMidi(folder());
+    {
+        const OtherHolder other(pathText(folder() / "property.json"));
+        EXPECT_FALSE(KRT_PLX_UserClip_remove(clip));
+        EXPECT_TRUE(std::filesystem::exists(folder() / "clip.kxclip"));
+        EXPECT_TRUE(std::filesystem::exists(folder() / "property.json"));
+        EXPECT_TRUE(KRT_PLX_Manager_hasUserClip(manager(), clip));
+    }
+    expectRemoved(clip);
+}
+#endif
+
 TEST_F(RemoveTest, OfOtherHandlesFails)
 {
     KRT_PLX_ClipBase* const system =
@@ -305,8 +321,11 @@ TEST_F(RemoveTest, DeletesTheInnermostFolderOfTheWaveFileAlone)
 
 TEST_F(RemoveTest, DeletesTheAudioFolderThatIsNamedByADetour)
 {
-    expectRemoved(addAudio("deep/../take.wav"));
-    EXPECT_FALSE(std::filesystem::exists(folder()));
+    for (const char* const detour : {"deep/../", "deep/./../", "deep//../", "./"}) {
+        std::filesystem::create_directories(folder() / "audio" / "deep");
+        expectRemoved(addAudio(std::string(detour) + "take.wav"));
+        EXPECT_FALSE(std::filesystem::exists(folder())) << detour;
+    }
 }
 
 TEST_F(RemoveTest, LeavesAWaveFileInTheClipsFolder)
@@ -366,6 +385,14 @@ TEST_F(RemoveTest, OfAClipInTheUserDirectoryDeletesItsOwnAudioFolder)
 }
 
 // A folder beside the audio folder is not it, even in the clip's own folder.
+TEST_F(RemoveTest, LeavesItsAudioFolderWhenTheWaveFileIsInThatOfAnotherClip)
+{
+    writeFile(folder() / "audio" / "precious", "mine");
+    expectRemoved(addAudio("../../other/audio/take.wav"));
+    EXPECT_EQ(support::readFile(folder() / "audio" / "precious"), "mine");
+    EXPECT_EQ(support::readFile(userFolder() / "other" / "audio" / "take.wav"), "RIFF");
+}
+
 TEST_F(RemoveTest, LeavesAWaveFileInItsFolderButOutsideTheAudioFolder)
 {
     expectRemoved(addAudio("../takes/take.wav"));

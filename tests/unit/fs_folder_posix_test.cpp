@@ -21,10 +21,10 @@
 
 #    include "fs/fs.h"
 #    include "fs/posix/path.h"
-#    include "other_holder.h"
 #    include "posix_faults.h"
 #    include "reading.h"
 #    include "support/ordinary_user.h"
+#    include "support/other_holder.h"
 #    include "support/temp_dir.h"
 
 namespace {

@@ -15,8 +15,8 @@
 
 #    include "fs/fs.h"
 #    include "fs/recent.h"
-#    include "other_holder.h"
 #    include "posix_faults.h"
+#    include "support/other_holder.h"
 #    include "support/temp_dir.h"
 
 namespace {

@@ -20,6 +20,14 @@ public:
     OtherHolder& operator=(const OtherHolder&) = delete;
     ~OtherHolder() { ::close(file_); }
 
+    static bool isHeld(const support::Text& path)
+    {
+        const int file = ::open(support::hostPath(path).c_str(), O_RDWR | O_CLOEXEC);
+        const bool isFree = ::flock(file, LOCK_EX | LOCK_NB) == 0;
+        ::close(file);
+        return !isFree;
+    }
+
 private:
     int file_;
 };
