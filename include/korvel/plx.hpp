@@ -10,9 +10,11 @@
  * - texts as string views, and toUtf8() and fromUtf8(). A text argument is a literal or pointer that
  *   ends with a NUL, a String, or a StringView, which is copied;
  * - ranges: `for (auto note : part.notes())`;
- * - enumerations for types and codes;
- * - std::optional where a living object may lack a value (a language, a tempo, a value of a type).
- *   Other numbers are for a null handle what the C function returns;
+ * - enumerations for types and codes; a ResultCode, such as `clip.save(name).code`, is a Result wherever
+ *   one is expected;
+ * - std::optional where a "no value" exists: where a living object may lack a value (a language, a tempo,
+ *   a value of a type), and where the property has a mark of its own for a null handle (a key, the type
+ *   of a vibrato). Other numbers are for a null handle what the C function returns;
  * - edit(), transpose(), find() and their like (kit.hpp), for hosts that also link `krt_plx_kit`.
  *
  * A handle is a pointer: it owns nothing, is copied freely, and dies when plx.h says so. A manager

@@ -28,9 +28,11 @@ TEST_F(FaceTest, CreatingTellsWhetherTheManagerIsNew)
     const auto empty = plx::createManager(plx::String(), plx::StringView(system), system.c_str());
 
     EXPECT_EQ(again.manager, manager);
-    EXPECT_EQ(again.code, std::nullopt);
+    EXPECT_EQ(again.code, plx::Result::ok);
+    EXPECT_FALSE(again.code.isGiven());
     EXPECT_FALSE(refused);
     EXPECT_EQ(refused.code, plx::Result::directoryMissing);
+    EXPECT_TRUE(refused.code.isGiven());
     EXPECT_EQ(empty.code, plx::Result::emptyAppID);
 }
 
@@ -193,6 +195,7 @@ TEST_F(FaceTest, AVibratoHasTwoRangesOfPoints)
     const auto value = [](plx::VibratoParameter point) { return point.value(); };
 
     EXPECT_EQ(vibrato.type(), 3U);
+    EXPECT_EQ(plx::Vibrato().type(), std::nullopt);
     EXPECT_EQ(vibrato.duration(), 240);
     EXPECT_THAT(collect<unsigned>(vibrato.depths(), value), ElementsAre(10U, 90U));
     EXPECT_THAT(collect<unsigned>(vibrato.rates(), value), ElementsAre(50U));

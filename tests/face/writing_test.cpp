@@ -50,10 +50,40 @@ TEST_F(FaceTest, SavingTellsWhyItFailed)
     EXPECT_EQ(without.code, plx::Result::noPart);
     EXPECT_EQ(nameless.code, plx::Result::emptyName);
     EXPECT_FALSE(none);
-    EXPECT_EQ(none.code, std::nullopt);
+    EXPECT_EQ(none.code, plx::Result::noManager);
+    EXPECT_FALSE(none.code.isGiven());
     const plx::SaveResult saved = makeMidiClip().save(fromUtf8("name"), true);
     EXPECT_TRUE(saved);
     EXPECT_EQ(saved.code, plx::Result::ok);
+}
+
+// Takes a code as hosts expect to use one.
+plx::Result asResult(plx::Result result)
+{
+    switch (result) {
+    case plx::Result::noPart:
+        return result;
+    default:
+        return plx::Result::ok;
+    }
+}
+
+TEST_F(FaceTest, ACodeIsAResultWhereverOneIsExpected)
+{
+    const plx::ResultCode code = manager.createMutableClip().save(fromUtf8("name")).code;
+    const plx::Result result = code;
+
+    EXPECT_EQ(result, plx::Result::noPart);
+    EXPECT_EQ(asResult(code), plx::Result::noPart);
+    EXPECT_TRUE(code == plx::Result::noPart && plx::Result::ok != code);
+    EXPECT_EQ(static_cast<std::uint32_t>(code), KRT_PLX_RESULT_NO_PART);
+    EXPECT_EQ(plx::SaveResult().code, plx::Result::noManager);
+    switch (code) {
+    case plx::Result::noPart:
+        break;
+    default:
+        FAIL();
+    }
 }
 
 TEST_F(FaceTest, AnEditableClipOwnsOnePart)

@@ -98,7 +98,7 @@ TEST_F(KitFace, FindsClips)
 TEST_F(KitFace, GivesTheTextOfAResult)
 {
     EXPECT_EQ(plx::textOf(plx::Result::noPart), "the clip has no part");
-    EXPECT_EQ(plx::textOf(*plx::MutableClip(clip).save(text("x")).code), "the clip has no part");
+    EXPECT_EQ(plx::textOf(plx::MutableClip(clip).save(text("x")).code), "the clip has no part");
 }
 
 } // namespace

@@ -408,8 +408,7 @@ class Change(ToolTest):
         return re.fullmatch(r"Saved (\S{36})", lines[0])[1]
 
     def copy(self, name, *options, library=None):
-        target = self.scratch / "copies"
-        target.mkdir(exist_ok=True)
+        target = pathlib.Path(tempfile.mkdtemp(dir=self.scratch)) / "copies"
         lines = self.run_tool("copy", library or self.library, name, target, *options).lines
         shown = self.json("show", "--user", target, target, self.saved(lines))
         return shown, [line.strip() for line in lines[2:]]
@@ -439,19 +438,49 @@ class Change(ToolTest):
         notes = copied["midiPart"]["notes"]
         self.assertEqual(copied["name"], "Another")
         self.assertEqual([one["number"] for one in notes], [one["number"] for one in original])
-        self.assertEqual(losses[0], "Not the same in the copy:")
-        self.assertIn("the language of 1 note, at 480", losses)
+        self.assertEqual(losses, [
+            "Not the same in the copy:",
+            "note 2 at 480: langID: had no language and was given one",
+        ])  # fmt: skip
         self.assertEqual([one["language"] for one in original], [3, None, 3])
         self.assertEqual([one["language"] for one in notes], [3, 3, 3])
-        self.assertEqual(original[0]["singingSkill"] != notes[0]["singingSkill"],
-                         "the singing skill of 1 note, at 0" in losses)
+        for before, after in zip(original, notes, strict=True):
+            self.assertEqual(after, before | {"language": 3})
+
+    def test_a_copy_gives_its_notes_a_language(self):
+        self.make_clip([{key: value for key, value in note().items() if key != "langID"}])
+        for language, expected in (("9", 9), ("Japanese", 5)):
+            copied, _ = self.copy("made", "--language", language, library=self.user)
+            self.assertEqual(copied["midiPart"]["notes"][0]["language"], expected)
+
+    def test_a_copy_is_transposed(self):
+        original = self.show("An die Freude")["midiPart"]["notes"]
+        for semitones in (2, -3):
+            copied, losses = self.copy("An die Freude", "--transpose", str(semitones))
+            self.assertEqual(losses, [])
+            for before, after in zip(original, copied["midiPart"]["notes"], strict=True):
+                self.assertEqual(after, before | {"number": before["number"] + semitones})
+
+    def test_a_clip_that_cannot_be_transposed(self):
+        target = self.scratch / "copies"
+        self.make_clip([note(number=126), note(480, number=125)])
+        result = self.run_tool("copy", self.user, "made", target, "--transpose", "2", code=PROBLEM)
+        self.assertIn("note 1 at 0: number: would be out of range", result.errors)
+        self.assertNotIn("note 2", result.errors)
+        result = self.run_tool("copy", self.library, "つりがね", target, "--transpose", "2", code=PROBLEM)
+        self.assertIn("audio part", result.errors)
+        self.assertEqual(list(target.iterdir()), [])
 
     def test_a_clip_that_cannot_be_saved(self):
         target = self.scratch / "copies"
-        target.mkdir()
         result = self.run_tool("copy", self.library, "Scala", target, code=PROBLEM)
-        self.assertIn("names no voice", result.errors)
+        self.assertIn("part: aiVoice.compID: prevents saving", result.errors)
         self.assertEqual(list(target.iterdir()), [])
+
+    def test_the_folder_of_a_copy_is_made(self):
+        target = self.scratch / "deep" / "新しい"
+        self.run_tool("copy", self.library, "An die Freude", target)
+        self.assertEqual(len(list(target.glob("*/*.kxclip"))), 1)
 
     def test_edit(self):
         self.copy_user_clips()
@@ -509,7 +538,8 @@ class Failures(ToolTest):
         self.assert_fails(PROBLEM, "there is no folder", "list", self.scratch / "無い")
         self.assert_fails(PROBLEM, "さくらんぼ", "show", self.library, "さくらんぼ")
         self.assert_fails(PROBLEM, "An die Freude", "show", self.library, "Freude")
-        self.assert_fails(PROBLEM, "make it", "copy", self.library, "Scala", self.scratch / "new")
+        (self.scratch / "file").touch()
+        self.assert_fails(PROBLEM, "write to the folder", "copy", self.library, "Scala", self.scratch / "file")
 
     def test_a_name_that_two_clips_have(self):
         shutil.copytree(self.library / "user", self.user)
@@ -550,6 +580,8 @@ class Failures(ToolTest):
         self.assert_fails(USAGE, "--meter", "show", self.library, "Scala", "--meter", "4")
         self.assert_fails(USAGE, "nothing to change", "edit", self.library, "Scala")
         self.assert_fails(USAGE, "20 to 300", "edit", self.library, "Scala", "--tempo", "10")
+        self.assert_fails(USAGE, "0 to 127", "copy", self.library, "Scala", "x", "--language", "128")
+        self.assert_fails(USAGE, "127", "copy", self.library, "Scala", "x", "--transpose", "128")
         self.assert_fails(USAGE, "--x", "list", self.library, "--x")
 
 
@@ -596,7 +628,6 @@ class Page(ToolTest):
         samples = blocks(page, "console")
         self.assertGreater(len(samples), 3)
         shutil.copytree(SOURCES / "examples/library", self.scratch / "examples/library")
-        (self.scratch / "my-clips").mkdir()
         for sample in samples:
             for command, expected in self.commands(sample):
                 shown = self.run_sample(command)

@@ -23,6 +23,14 @@ bool isFolder(const files::path& path)
     return files::is_directory(path, error);
 }
 
+void requireFolder(const std::string& folder)
+{
+    if (!isFolder(pathOf(folder))) {
+        throw Failure(fmt::format(
+            "there is no folder \"{}\"; name a folder that has clips somewhere below it", folder));
+    }
+}
+
 bool isLibrary(const std::string& folder)
 {
     return isFolder(pathOf(folder) / "system") && isFolder(pathOf(folder) / "user");
@@ -34,8 +42,7 @@ void addLibrary(Folders& folders, const std::string& folder)
     folders.user.push_back(textOf(pathOf(folder) / "user"));
 }
 
-// Creates a manager for existing folders. The names of its additional folders must only live until
-// it is created.
+// Creates a manager. The names of its additional folders must only live until it is created.
 plx::Manager createManager(const Folders& folders)
 {
     const auto convert = [](const std::vector<std::string>& paths) {
@@ -91,13 +98,6 @@ std::string similarTo(const std::string& name, const std::vector<plx::Clip>& cli
 }
 
 } // namespace
-
-void requireFolder(const std::string& folder, std::string_view advice)
-{
-    if (!isFolder(pathOf(folder))) {
-        throw Failure(fmt::format("there is no folder \"{}\"; {}", folder, advice));
-    }
-}
 
 Folders foldersOf(const std::vector<std::string>& folders,
                   const std::vector<std::string>& userFolders)
@@ -157,7 +157,8 @@ Catalogue::Catalogue(Folders folders)
     }
     manages = createManager(folders);
     if (!manages || manages.readAllClipFiles() != plx::Result::ok) {
-        throw Failure("the clip folders cannot be read; see whether you may open them");
+        throw Failure("the clip folders cannot be opened; see whether you may read them, and "
+                      "write to the folder for new clips");
     }
 }
 

@@ -2,14 +2,13 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include <korvel/plx.hpp>
 
 namespace plxclip {
 
-// Existing folders, to be read as system clips or as user clips.
+// To be read as system clips or as user clips. All but the first of the user folders exist.
 struct Folders {
     std::vector<std::string> system;
     std::vector<std::string> user;
@@ -22,10 +21,6 @@ Folders foldersOf(const std::vector<std::string>& folders,
 
 // The same for a command that changes user clips: a folder without those two has user clips.
 Folders foldersToChange(const std::string& folder);
-
-// Fails when the folder does not exist; the advice says what to do then.
-void requireFolder(const std::string& folder,
-                   std::string_view advice = "name a folder that has clips somewhere below it");
 
 // A temporary folder, for places where the library needs one.
 class EmptyFolder {
@@ -45,7 +40,8 @@ private:
 
 class Catalogue {
 public:
-    // Reads the clips. New clips are saved into the first of the user folders.
+    // Reads the clips. New clips are saved into the first of the user folders, which is made if it
+    // does not exist.
     explicit Catalogue(Folders folders);
     ~Catalogue();
     Catalogue(const Catalogue&) = delete;

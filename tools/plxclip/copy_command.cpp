@@ -1,14 +1,15 @@
+#include <algorithm>
 #include <memory>
 
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
 
-#include "building.h"
 #include "catalogue.h"
 #include "commands.h"
 #include "console.h"
+#include "naming.h"
 #include "options.h"
-#include "reading.h"
+#include "paths.h"
 
 namespace plxclip {
 
@@ -22,82 +23,124 @@ struct CopyOptions {
     std::string target;
     std::vector<std::string> userFolders;
     std::string name;
+    std::optional<std::uint32_t> language;
+    std::int32_t semitones = 0;
 };
 
-std::string reasonOf(std::optional<plx::Result> code)
-{
-    switch (code.value_or(plx::Result::noManager)) {
-    case plx::Result::noVoiceBank:
-    case plx::Result::noAiVoiceBank:
-        return "its part names no voice, and without one nothing is saved";
-    case plx::Result::badLanguage:
-    case plx::Result::noAiLanguage:
-    case plx::Result::badAiLanguage:
-        return "its part has no language that can be saved";
-    case plx::Result::waveFileMissing:
-    case plx::Result::waveFileNotCopied:
-        return "its wave file cannot be copied; see whether it is there and may be read";
-    case plx::Result::userDirectoryMissing:
-    case plx::Result::directoryNotCreated:
-    case plx::Result::fileNotOpened:
-        return "nothing can be made in the folder; see whether you may write to it";
-    case plx::Result::fileNotWritten:
-        return "its files cannot be written; see whether the disk is full";
-    default:
-        return "there is no memory left";
-    }
-}
-
-// The copy is saved in the folder that comes first.
+// The copy is saved in the folder that comes first; the library makes it.
 Folders foldersOfCopy(const CopyOptions& options)
 {
     Folders folders = foldersOf({options.folder}, options.userFolders);
-    requireFolder(options.target, "make it, or name another one to save into");
     folders.user.insert(folders.user.begin(), options.target);
     return folders;
 }
 
-plx::UserClip save(const Catalogue& catalogue, const Properties& properties, const Part& part,
-                   const std::string& name)
+// Each in a line of its own.
+std::string linesOf(const plx::Notices& notices)
 {
-    const plx::MutableClip clip = catalogue.manager().createMutableClip();
-    build(clip, properties, part);
-    const plx::SaveResult result = clip.save(plx::fromUtf8(name), true);
-    clip.destroy();
+    std::string text;
+    for (const plx::Notice& notice : notices) {
+        text += "\n  " + notice.text;
+    }
+    return text;
+}
+
+plx::Notices preventingSaving(const plx::Notices& notices)
+{
+    plx::Notices found;
+    std::copy_if(notices.begin(), notices.end(), std::back_inserter(found),
+                 [](const auto& notice) { return notice.reason == plx::Reason::preventsSaving; });
+    return found;
+}
+
+// What the user can do about it.
+std::string adviceOn(plx::Result code, const std::string& target)
+{
+    switch (code) {
+    case plx::Result::waveFileMissing:
+    case plx::Result::waveFileNotCopied:
+        return "; see whether it is there and may be read";
+    case plx::Result::userDirectoryMissing:
+    case plx::Result::directoryNotCreated:
+    case plx::Result::fileNotOpened:
+    case plx::Result::fileNotWritten:
+        return fmt::format("; see whether you may write to \"{}\" and whether the disk is full",
+                           target);
+    default:
+        return "";
+    }
+}
+
+[[noreturn]] void failToCopy(const CopyOptions& options, const std::string& why)
+{
+    throw Failure(fmt::format("\"{}\" is not copied: {}", options.clip, why));
+}
+
+plx::EditResult edit(plx::Clip original, const CopyOptions& options)
+{
+    if (!original.readPart()) {
+        failToCopy(options, "its part does not read; \"plxclip check\" tells why");
+    }
+    plx::EditResult result = plx::edit(original, options.language);
     if (!result) {
-        throw Failure(
-            fmt::format("\"{}\" is not copied: {}", properties.name, reasonOf(result.code)));
+        failToCopy(options, "out of memory" + linesOf(result.notices));
+    }
+    return result;
+}
+
+void transpose(plx::MutableClip clip, const CopyOptions& options)
+{
+    if (options.semitones == 0) {
+        return;
+    }
+    if (!clip.midiPart()) {
+        failToCopy(options,
+                   "it has an audio part, which cannot be transposed; leave --transpose out");
+    }
+    const plx::ChangeResult result = plx::transpose(clip.midiPart(), options.semitones);
+    if (!result) {
+        failToCopy(options, "its notes cannot be moved so far:" + linesOf(result.notices));
+    }
+}
+
+plx::UserClip save(const plx::EditResult& edited, plx::StringView name, const CopyOptions& options)
+{
+    const plx::SaveResult result = edited.clip.save(name, true);
+    if (!result) {
+        failToCopy(options, std::string(plx::textOf(result.code)) +
+                                adviceOn(result.code, options.target) +
+                                linesOf(preventingSaving(edited.notices)));
     }
     return result.clip;
 }
 
-void report(const Properties& copy, const std::vector<std::string>& losses)
+void tell(plx::UserClip copy, const plx::Notices& notices)
 {
-    print(fmt::format("{} {}\n{}\n", styled(Style::good, "Saved"), copy.id, copy.path));
-    if (!losses.empty()) {
+    print(fmt::format("{} {}\n{}\n", styled(Style::good, "Saved"), plx::toUtf8(copy.id()),
+                      pathText(copy.path())));
+    if (!notices.empty()) {
         print("Not the same in the copy:\n");
     }
-    for (const std::string& loss : losses) {
-        print(fmt::format("  {}\n", styled(Style::warning, loss)));
+    for (const plx::Notice& notice : notices) {
+        print(fmt::format("  {}\n", styled(Style::warning, notice.text)));
     }
+}
+
+std::optional<std::uint32_t> findNoteLanguage(std::string_view text)
+{
+    const std::optional<std::int32_t> found = findLanguage(text);
+    return found && *found <= 127 ? std::optional<std::uint32_t>(*found) : std::nullopt;
 }
 
 ExitStatus copy(const CopyOptions& options)
 {
     const Catalogue catalogue(foldersOfCopy(options));
     const plx::Clip original = catalogue.find(options.clip);
-    if (!original.readPart()) {
-        throw Failure(fmt::format("\"{}\" is not copied: its part does not read; \"plxclip check\" "
-                                  "tells why",
-                                  options.clip));
-    }
-    const Properties properties = propertiesOf(original);
-    const Part part = partOf(original);
-    const std::string name = options.name.empty() ? properties.name : options.name;
-    const plx::UserClip saved = save(catalogue, properties, part, name);
-    saved.readPart();
-    const Properties copied = propertiesOf(saved);
-    report(copied, differences(properties, part, copied, partOf(saved)));
+    const plx::EditResult edited = edit(original, options);
+    transpose(edited.clip, options);
+    const plx::String name =
+        options.name.empty() ? plx::String(original.name()) : plx::fromUtf8(options.name);
+    tell(save(edited, name, options), edited.notices);
     return exitDone;
 }
 
@@ -109,15 +152,26 @@ void addCopy(CLI::App& app, Work& chosen)
         app.add_subcommand("copy", "Save a clip as a new user clip, and say what that loses");
     const auto options = std::make_shared<CopyOptions>();
     addClip(*command, options->folder, options->clip);
-    command->add_option("TARGET", options->target, "The folder of user clips to save into")
+    command
+        ->add_option("TARGET", options->target,
+                     "The folder of user clips to save into; it is made if there is none")
         ->type_name("")
         ->required();
     command->add_option("--user", options->userFolders, "A folder to be read as user clips")
         ->type_name("DIR")
         ->allow_extra_args(false);
     command->add_option("--name", options->name, "A name for the copy");
-    command->footer("Example:\n"
-                    "  plxclip copy examples/library \"An die Freude\" my-clips --name Freude");
+    command
+        ->add_option("--transpose", options->semitones,
+                     "Move all notes by this many semitones; down when it is below 0")
+        ->type_name("NUMBER")
+        ->check(CLI::Range(-127, 127));
+    addNumberOption(*command, "--language", options->language, findNoteLanguage,
+                    "The language for notes that have none; without this, that of their part",
+                    "a language of notes: 0 to 127, or a name such as \"Japanese\"");
+    command->footer(
+        "Example:\n"
+        "  plxclip copy examples/library \"An die Freude\" my-clips --name Freude --transpose 2");
     command->callback([options, &chosen] { chosen = [options] { return copy(*options); }; });
 }
 

@@ -74,7 +74,7 @@ SingingSkill skillOf(plx::SingingSkill skill)
 
 Vibrato vibratoOf(plx::Vibrato vibrato)
 {
-    return {vibrato.type(), vibrato.duration(), pointsOf(vibrato.depths()),
+    return {vibrato.type().value_or(0), vibrato.duration(), pointsOf(vibrato.depths()),
             pointsOf(vibrato.rates())};
 }
 

@@ -24,8 +24,6 @@ struct Tags {
     std::vector<std::string> singerGroups;
     std::vector<std::string> singerIDs;
     std::vector<std::string> vendors;
-
-    bool operator==(const Tags&) const = default;
 };
 
 // What a catalogue shows of a clip, without its part.
@@ -45,8 +43,6 @@ struct Properties {
 struct Point {
     std::int32_t pos = 0;
     std::int32_t value = 0;
-
-    bool operator==(const Point&) const = default;
 };
 
 struct Dvqm {
@@ -55,16 +51,12 @@ struct Dvqm {
     bool isProtected = false;
     std::uint32_t speed = 0;
     float topFactor = 0;
-
-    bool operator==(const Dvqm&) const = default;
 };
 
 struct SingingSkill {
     std::int32_t duration = 0;
     std::uint32_t preWeight = 0;
     std::uint32_t postWeight = 0;
-
-    bool operator==(const SingingSkill&) const = default;
 };
 
 struct Vibrato {
@@ -72,8 +64,6 @@ struct Vibrato {
     std::int32_t duration = 0;
     std::vector<Point> depths;
     std::vector<Point> rates;
-
-    bool operator==(const Vibrato&) const = default;
 };
 
 inline constexpr std::size_t aiValueCount = 13;
@@ -109,8 +99,6 @@ struct Lane {
     std::int32_t least = 0;
     std::int32_t most = 0;
     std::vector<Point> events;
-
-    bool operator==(const Lane&) const = default;
 };
 
 // The name of a lane of this type in the clip's documents.
@@ -119,15 +107,11 @@ std::string_view laneName(std::uint32_t type);
 struct Parameter {
     std::string name;
     std::variant<std::monostate, std::int32_t, float, std::string> value;
-
-    bool operator==(const Parameter&) const = default;
 };
 
 struct Effect {
     std::string id;
     std::vector<Parameter> parameters;
-
-    bool operator==(const Effect&) const = default;
 };
 
 struct MidiPart {

@@ -221,8 +221,8 @@ public:
 /** What saving gives: the new clip, or a null handle and why. */
 struct SaveResult {
     UserClip clip;
-    /** Empty when the clip was none that can be saved, or memory ran out. */
-    std::optional<Result> code;
+    /** Result::noManager when the clip was none that can be saved, or memory ran out. */
+    ResultCode code;
 
     explicit operator bool() const noexcept { return static_cast<bool>(clip); }
 };
@@ -234,7 +234,7 @@ SaveResult MutableClip::save(const Text& name, bool formatted) const
     std::uint32_t code = detail::noCode;
     const UserClip clip(
         KRT_PLX_MutableClip_save(raw(), detail::terminated(name).c_str(), formatted, &code));
-    return {clip, detail::result(code)};
+    return {clip, ResultCode(code, static_cast<bool>(clip))};
 }
 
 inline Clip ClipBase::asClip() const noexcept

@@ -104,12 +104,38 @@ constexpr std::optional<std::uint32_t> language(std::uint32_t id) noexcept
 /** What stands in a code that the library has left alone; it is none of its codes. */
 inline constexpr std::uint32_t noCode = 0xFFFFFFFF;
 
-constexpr std::optional<Result> result(std::uint32_t code) noexcept
-{
-    return code != noCode ? std::optional<Result>(static_cast<Result>(code)) : std::nullopt;
-}
-
 } // namespace detail
+
+/** The code of a call that makes or saves something. It is a Result wherever one is expected: compare
+ *  it, switch over it, pass it to textOf(). */
+class ResultCode {
+public:
+    /** A call that was not made. */
+    constexpr ResultCode() noexcept = default;
+    /** From the code of a C function, and whether the function did its work. */
+    constexpr ResultCode(std::uint32_t raw, bool isDone) noexcept
+        : result_(raw != detail::noCode ? static_cast<Result>(raw)
+                  : isDone              ? Result::ok
+                                        : Result::noManager),
+          isGiven_(raw != detail::noCode)
+    {
+    }
+
+    /** Where the library gave no code: Result::ok when the work is done, otherwise Result::noManager,
+     *  which stands for null handles and for "out of memory". */
+    constexpr operator Result() const noexcept { return result_; }
+    /** As in C. */
+    constexpr explicit operator std::uint32_t() const noexcept
+    {
+        return static_cast<std::uint32_t>(result_);
+    }
+    /** Whether the library gave it. */
+    [[nodiscard]] constexpr bool isGiven() const noexcept { return isGiven_; }
+
+private:
+    Result result_ = Result::noManager;
+    bool isGiven_ = false;
+};
 
 } // namespace korvel::plx
 

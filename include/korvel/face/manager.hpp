@@ -92,8 +92,9 @@ public:
 /** What creating a manager gives: the manager, or a null handle and why. */
 struct CreateResult {
     Manager manager;
-    /** Empty when the manager existed already, or memory ran out. */
-    std::optional<Result> code;
+    /** Result::ok too when the manager existed already; `code.isGiven()` is false then. Result::noManager
+     *  when memory ran out. */
+    ResultCode code;
 
     explicit operator bool() const noexcept { return static_cast<bool>(manager); }
 };
@@ -114,7 +115,7 @@ CreateResult createManager(const AppID& appID,
         detail::terminated(systemClipDirPath).c_str(), detail::terminated(userClipDirPath).c_str(),
         extraSystemDirs.data(), static_cast<std::int32_t>(extraSystemDirs.size()),
         extraUserDirs.data(), static_cast<std::int32_t>(extraUserDirs.size()), &code));
-    return {manager, detail::result(code)};
+    return {manager, ResultCode(code, static_cast<bool>(manager))};
 }
 
 /** Tells whether a handle is a living manager; a dead one may be passed. */

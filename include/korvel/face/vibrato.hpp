@@ -5,6 +5,8 @@
 #ifndef KORVEL_FACE_VIBRATO_HPP
 #define KORVEL_FACE_VIBRATO_HPP
 
+#include <optional>
+
 #include <korvel/face/codes.hpp>
 #include <korvel/face/handle.hpp>
 #include <korvel/face/range.hpp>
@@ -115,8 +117,13 @@ public:
     using Handle::Handle;
 
     [[nodiscard]] bool isMutable() const noexcept { return KRT_PLX_VibratoBase_isMutable(raw()); }
-    /** In the host's numbering. */
-    [[nodiscard]] std::uint32_t type() const noexcept { return KRT_PLX_VibratoBase_type(raw()); }
+    /** In the host's numbering; empty for a null handle. */
+    [[nodiscard]] std::optional<std::uint32_t> type() const noexcept
+    {
+        const std::uint32_t type = KRT_PLX_VibratoBase_type(raw());
+        return type != KRT_PLX_VIBRATO_TYPE_NONE ? std::optional<std::uint32_t>(type)
+                                                 : std::nullopt;
+    }
     [[nodiscard]] std::int32_t duration() const noexcept
     {
         return KRT_PLX_VibratoBase_duration(raw());
