@@ -72,6 +72,18 @@ function(krt_plx_link_fast name)
     endif()
 endfunction()
 
+# How to compile, in the calling folder, the source whose definitions replace those of the C library.
+function(krt_plx_prepare_allocations)
+    set(source "${PROJECT_SOURCE_DIR}/tests/faults/allocations.cpp")
+    # They must not be compiled together with other sources.
+    set_source_files_properties("${source}" PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
+    if(KRT_PLX_SANITIZERS MATCHES "address")
+        # They are called before the sanitizer is ready.
+        set_source_files_properties("${source}" PROPERTIES COMPILE_OPTIONS -fno-sanitize=all
+            COMPILE_DEFINITIONS KRT_PLX_WITH_ADDRESS_SANITIZER SKIP_PRECOMPILE_HEADERS ON)
+    endif()
+endfunction()
+
 # The paths of the shipped library and of the sources' data: in UTF-8, in the form of the system on
 # which the program runs.
 function(krt_plx_describe_surroundings name)

@@ -5,33 +5,9 @@
 #include <stdio.h>
 #include <stdlib.h>
 
-#include <korvel/plx_loader.h>
-
 #include "console.h"
+#include "loading.h"
 #include "text.h"
-
-static void report(void* context, KRT_PLX_LoadProblem problem, const char* text)
-{
-    const char* file = context;
-    if (problem == KRT_PLX_LOAD_FUNCTION_MISSING) {
-        fprintf(stderr, "%s has no function %s\n", file, text);
-    } else {
-        fprintf(stderr, "%s cannot be loaded: %s\n", file, text);
-    }
-}
-
-/* The path in the form in which the system loads libraries. */
-static bool load(KRT_PLX_Api* plx, char* file)
-{
-#ifdef _WIN32
-    wchar_t* path = utf16_from_utf8(file);
-    bool is_loaded = KRT_PLX_load(plx, path, report, file);
-    free(path);
-    return is_loaded;
-#else
-    return KRT_PLX_load(plx, file, report, file);
-#endif
-}
 
 static void print_clip(const KRT_PLX_Api* plx, KRT_PLX_ClipBase* clip)
 {
@@ -82,7 +58,7 @@ int main(int argc, char** argv)
         fputs("usage: load LIBRARY-FILE SYSTEM-FOLDER USER-FOLDER\n", stderr);
         return EXIT_FAILURE;
     }
-    if (!load(&plx, argv[1])) {
+    if (!load_library(&plx, argv[1])) {
         return EXIT_FAILURE;
     }
     bool is_done = list(&plx, argv[2], argv[3]);

@@ -105,6 +105,7 @@ static const Word words[] = {
     WORD(KRT_PLX_KIT_REASONS, KRT_PLX_KIT_OUTSIDE_PART, "lies outside the part"),
     WORD(KRT_PLX_KIT_REASONS, KRT_PLX_KIT_CUT_AWAY, "cut away"),
     WORD(KRT_PLX_KIT_REASONS, KRT_PLX_KIT_SHORTENED, "shortened"),
+    WORD(KRT_PLX_KIT_REASONS, KRT_PLX_KIT_REPEATED, "left out; there is one of this name already"),
 };
 
 static const Word* find(uint32_t codes, uint32_t code)

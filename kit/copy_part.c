@@ -52,18 +52,27 @@ static bool copyValue(Api* plx, KRT_PLX_EffectParameterBase* source,
     }
 }
 
+/* An effect that was read may have two parameters of one name, of which the first is copied. */
+static void copyParameter(const KitCopy* copy, KRT_PLX_EffectParameterBase* source,
+                          KRT_PLX_EffectBase* target, uint64_t index)
+{
+    Api* plx = copy->plx;
+    const uint64_t before = kitCountParameters(plx, target);
+    KRT_PLX_EffectParameterBase* added = plx->KRT_PLX_MutableEffect_addParameter(
+        target, plx->KRT_PLX_EffectParameterBase_name(source));
+    if (added != NULL && kitCountParameters(plx, target) == before) {
+        kitTellInner(&copy->place, "parameters", KRT_PLX_KIT_REPEATED, index, 0);
+    } else if (added == NULL || !copyValue(plx, source, added)) {
+        kitTellInner(&copy->place, "parameters", KRT_PLX_KIT_REFUSED, index, 0);
+    }
+}
+
 static void copyParameters(const KitCopy* copy, KRT_PLX_EffectBase* source,
                            KRT_PLX_EffectBase* target)
 {
-    Api* plx = copy->plx;
-    const uint64_t count = kitCountParameters(plx, source);
+    const uint64_t count = kitCountParameters(copy->plx, source);
     for (uint64_t i = 0; i < count; ++i) {
-        KRT_PLX_EffectParameterBase* parameter = kitParameterAt(plx, source, i);
-        KRT_PLX_EffectParameterBase* added = plx->KRT_PLX_MutableEffect_addParameter(
-            target, plx->KRT_PLX_EffectParameterBase_name(parameter));
-        if (added == NULL || !copyValue(plx, parameter, added)) {
-            kitTellInner(&copy->place, "parameters", KRT_PLX_KIT_REFUSED, i, 0);
-        }
+        copyParameter(copy, kitParameterAt(copy->plx, source, i), target, i);
     }
 }
 

@@ -201,7 +201,9 @@ typedef enum KRT_PLX_KitReason {
     /** It lay outside the range that was kept, and was removed. */
     KRT_PLX_KIT_CUT_AWAY = 9,
     /** It lay across the edge of the range that was kept, and was shortened. */
-    KRT_PLX_KIT_SHORTENED = 10
+    KRT_PLX_KIT_SHORTENED = 10,
+    /** There is one of this name already, and an editable clip holds no two: it was left out. */
+    KRT_PLX_KIT_REPEATED = 11
 } KRT_PLX_KitReason;
 
 /** One thing that is told. */

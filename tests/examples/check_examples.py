@@ -4,6 +4,7 @@ check_examples.py CASE SOURCES PROGRAMS SUFFIX ROOT [LAUNCHER...]
 """
 
 import collections
+import json
 import pathlib
 import re
 import shutil
@@ -247,6 +248,57 @@ class Compose(ExampleTest):
     def test_no_user_folder(self):
         (self.scratch / "file").write_text("no folder", encoding="ascii")
         self.assertEqual(self.compose(self.scratch / "file").code, 1)
+
+
+class Transpose(ExampleTest):
+    """A clip is saved two semitones higher: linked and loaded, in C and in C++, in few lines."""
+
+    def hosts(self):
+        library = PROGRAMS.folder / ("krt_plx.dll" if PROGRAMS.suffix else "libkrt_plx.so")
+        return {"transpose": (), "transpose_loaded": (PROGRAMS.path(library),), "sing_higher": ()}
+
+    def transpose(self, host, clip, code=0):
+        """The document of the new clip, and what was told."""
+        folders = (PROGRAMS.path(self.system), PROGRAMS.path(self.user))
+        before = set(self.user.rglob("*.kxclip"))
+        result = PROGRAMS.run(host, *self.hosts()[host], *folders, clip, "Higher")
+        self.assertEqual(result.code, code, result.errors)
+        made = set(self.user.rglob("*.kxclip")) - before
+        self.assertEqual(len(made), 1 - code)
+        if code:
+            return None, result.errors
+        (file,) = made
+        properties = json.loads((file.parent / "property.json").read_text("utf-8"))
+        self.assertEqual((properties["name"], [properties["id"]]), ("Higher", result.lines))
+        return json.loads(file.read_text("utf-8")), result.errors
+
+    def test_all_but_the_pitch_is_the_same(self):
+        (source,) = self.system.rglob("Deutsche Lieder/An die Freude/*.kxclip")
+        for host in self.hosts():
+            expected = self.pitches(json.loads(source.read_text("utf-8")))
+            saved, told = self.transpose(host, "FREUDE")
+            self.assertEqual(told, "")
+            self.assertEqual(self.pitches(saved), [number + 2 for number in expected])
+
+    def test_what_is_not_saved_is_told(self):
+        for host in self.hosts():
+            _, told = self.transpose(host, "Scala", code=1)
+            self.assertIn("part: aiVoice.compID: prevents saving", told)
+
+    def test_it_takes_few_lines(self):
+        self.assertLessEqual(self.lines_of("transposing.c", "KRT_PLX_ClipBase* save_higher"), 15)
+        self.assertLessEqual(self.lines_of("sing_higher.cpp", "plx::UserClip saveHigher"), 8)
+
+    def pitches(self, document):
+        part = document.get("midi") or document["midiAi"]
+        return [note["number"] for note in part["notes"]]
+
+    def lines_of(self, file, function):
+        """The lines between the braces of a function that are not empty."""
+        text = (SOURCES / "examples" / file).read_text("utf-8")
+        (body,) = re.findall(rf"^{re.escape(function)}\([^{{;]*\)\n{{\n(.*?)^}}", text,
+                             re.MULTILINE | re.DOTALL)
+        return sum(bool(line.strip()) for line in body.splitlines())
 
 
 def main():

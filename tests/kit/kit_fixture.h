@@ -16,7 +16,7 @@ namespace kit {
 // What a report was told, in the order of the telling.
 class Notices {
 public:
-    Notices() = default;
+    Notices() { all_.reserve(1000); } // so that keeping one does not allocate
     Notices(const Notices&) = delete;
     Notices& operator=(const Notices&) = delete;
 
@@ -37,5 +37,8 @@ inline const KRT_PLX_Api* linked()
 {
     return KRT_PLX_Kit_linked();
 }
+
+// Gives an editable clip something of everything, nothing as it is at first.
+void fillWithEverything(KRT_PLX_ClipBase* clip);
 
 } // namespace kit

@@ -2,6 +2,9 @@
  * @file kit.hpp
  * Editing clips that exist, and finding clips; see plx_kit.h. Who calls a function of this header links
  * the static library `krt_plx_kit` (CMake: `krt_plx::kit`) before `krt_plx`.
+ *
+ * A function that returns notices or clips throws std::bad_alloc when there is no memory for them. What
+ * it did before stays done; a clip that edit() made is destroyed again.
  */
 #ifndef KORVEL_FACE_KIT_HPP
 #define KORVEL_FACE_KIT_HPP
@@ -44,7 +47,8 @@ enum class Reason : std::uint32_t {
     outOfRange = KRT_PLX_KIT_OUT_OF_RANGE,
     outsidePart = KRT_PLX_KIT_OUTSIDE_PART,
     cutAway = KRT_PLX_KIT_CUT_AWAY,
-    shortened = KRT_PLX_KIT_SHORTENED
+    shortened = KRT_PLX_KIT_SHORTENED,
+    repeated = KRT_PLX_KIT_REPEATED
 };
 
 /** One thing that could not be done as it was asked for. */
