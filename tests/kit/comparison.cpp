@@ -1,6 +1,7 @@
 #include "comparison.h"
 
 #include <algorithm>
+#include <iterator>
 #include <map>
 #include <sstream>
 
@@ -80,22 +81,55 @@ bool isNumberOfItems(const std::string& path)
            path == "clip.part.midiEffects.size";
 }
 
+// The paths of the lines that differ, but for the path of the wave file.
+std::vector<std::string> differingPaths(const ClipModel& left, const ClipModel& right)
+{
+    Lines here = linesOf(left);
+    Lines there = linesOf(right);
+    std::set<std::string> paths;
+    for (Lines* const lines : {&here, &there}) {
+        for (const auto& [path, line] : *lines) {
+            paths.insert(path);
+        }
+    }
+    std::vector<std::string> differing;
+    std::ranges::copy_if(paths, std::back_inserter(differing), [&](const std::string& path) {
+        return here[path] != there[path] && path != "clip.part.wavFilePath" &&
+               !isNumberOfItems(path);
+    });
+    return differing;
+}
+
+bool isNamedBy(const std::string& path, const KRT_PLX_KitNotice& notice)
+{
+    const std::string key = notice.property;
+    const std::string property = key == "aiVoice.langIDs" ? "aiLangIDs" : key; // as the getters say
+    if (property.empty() && notice.item == KRT_PLX_KIT_NOTE) {
+        return path.find(".notes[" + std::to_string(notice.index) + "]") != path.npos;
+    }
+    return itemOf(notice) == itemOf(path) &&
+           (property.empty() || path.find("." + property) != path.npos);
+}
+
 } // namespace
 
 Items differences(const ClipModel& left, const ClipModel& right)
 {
-    Lines here = linesOf(left);
-    Lines there = linesOf(right);
     Items items;
-    for (Lines* const lines : {&here, &there}) {
-        for (const auto& [path, line] : *lines) {
-            if (here[path] != there[path] && path != "clip.part.wavFilePath" &&
-                !isNumberOfItems(path)) {
-                items.insert(itemOf(path));
-            }
-        }
+    for (const std::string& path : differingPaths(left, right)) {
+        items.insert(itemOf(path));
     }
     return items;
+}
+
+std::vector<std::string> untold(const ClipModel& left, const ClipModel& right, const Notices& told)
+{
+    std::vector<std::string> paths = differingPaths(left, right);
+    std::erase_if(paths, [&](const std::string& path) {
+        return std::ranges::any_of(
+            told.all(), [&](const KRT_PLX_KitNotice& notice) { return isNamedBy(path, notice); });
+    });
+    return paths;
 }
 
 Items itemsOf(const Notices& notices)
