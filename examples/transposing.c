@@ -40,7 +40,8 @@ static bool transpose_in(const struct KRT_PLX_Api* plx, KRT_PLX_Manager* manager
     uint64_t place = 0;
     query.name = text;
     plx->KRT_PLX_Manager_readAllClipFiles(manager);
-    KRT_PLX_ClipBase* clip = KRT_PLX_Kit_find(plx, manager, &query, &place);
+    /* No text would be in every name. */
+    KRT_PLX_ClipBase* clip = text != NULL ? KRT_PLX_Kit_find(plx, manager, &query, &place) : NULL;
     char* id = utf8_from_utf16(plx->KRT_PLX_Clip_id(save_higher(plx, clip, name)));
     const bool is_saved = id[0] != '\0';
     if (is_saved) {

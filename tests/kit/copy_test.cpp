@@ -150,10 +150,10 @@ TEST_F(KitCopy, OfWhatSavingDoesNotKeepTellsSo)
             support::insertNote(part, pos);
         }
         const auto notes = support::notesOf(part);
-        for (const auto i : {0, 1, 2}) {
+        for (const std::size_t i : {0U, 1U, 2U}) {
             KRT_PLX_MutableSingingSkill_setDuration(KRT_PLX_MutableNote_singingSkill(notes[i]), 99);
         }
-        for (const auto i : {3, 4}) {
+        for (const std::size_t i : {3U, 4U}) {
             KRT_PLX_VibratoBase* const vibrato = KRT_PLX_MutableNote_vibrato(notes[i]);
             KRT_PLX_MutableVibrato_setDuration(vibrato, 99);
             KRT_PLX_MutableVibrato_insertParameter(vibrato, KRT_PLX_VIBRATO_RATE, 99, 1);
@@ -161,7 +161,7 @@ TEST_F(KitCopy, OfWhatSavingDoesNotKeepTellsSo)
         KRT_PLX_MutableNote_setDuration(notes[0], 98);
         KRT_PLX_MutableNote_setDuration(notes[3], 98);
         KRT_PLX_MutableVibrato_setDuration(KRT_PLX_MutableNote_vibrato(notes[4]), 98);
-        for (const auto& [i, levels] : {std::pair(1, 1), std::pair(5, 5), std::pair(6, 0)}) {
+        for (const auto& [i, levels] : {std::pair(1U, 1), std::pair(5U, 5), std::pair(6U, 0)}) {
             KRT_PLX_DvqmBase* const dvqm = KRT_PLX_MutableNote_dvqm(notes[i], i == 1);
             KRT_PLX_MutableDvqm_setCompID(dvqm, text("ID").c_str());
             for (int level = 0; level < levels; ++level) {
