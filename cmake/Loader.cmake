@@ -22,6 +22,7 @@ function(krt_plx_add_loader)
     add_custom_target(krt_plx_loader_header ALL DEPENDS "${loader}")
 
     add_library(krt_plx_loader INTERFACE)
+    add_library(krt_plx::loader ALIAS krt_plx_loader)
     add_dependencies(krt_plx_loader krt_plx_loader_header)
     target_include_directories(krt_plx_loader INTERFACE
         "$<BUILD_INTERFACE:${KRT_PLX_LOADER_INCLUDE}>"

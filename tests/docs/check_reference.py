@@ -8,12 +8,23 @@ import re
 import sys
 
 DECLARATION = re.compile(
-    r"/\*\*((?:(?!\*/).)*?)\*/\s*KRT_PLX_API ([^;]*?)(KRT_PLX_\w+)\([^;]*?\) KRT_PLX_NOEXCEPT;",
+    r"/\*\*((?:(?!\*/).)*?)\*/\s*(?:KRT_PLX_API )?([^;{}#/]*?)(KRT_PLX_\w+)\(([^;]*?)\) KRT_PLX_NOEXCEPT;",
     re.DOTALL)
 
 
+def parameters(text):
+    """The names in a list of parameters."""
+    return re.findall(r"(\w+)(?:,|$)", re.sub(r"\s+", " ", text.strip())) if text.strip() != "void" else []
+
+
+def complaints_of_any(comment, result, arguments):
+    if re.findall(r"@param (\w+)", comment) != parameters(arguments):
+        yield "what each parameter is, in their order"
+    if (result.strip() == "void") == ("@return" in comment):
+        yield "what it returns, or says that of a function that returns nothing"
+
+
 def complaints(comment, result):
-    """Doxygen itself asks for each parameter and for the result."""
     text = re.sub(r"\s*\n \* ?", " ", comment)
     returned = text.rpartition("@return")[2]
     is_void = result.strip() == "void"
@@ -32,13 +43,24 @@ def complaints(comment, result):
 def main():
     folder, names_file = map(pathlib.Path, sys.argv[1:])
     missing = set(names_file.read_text(encoding="utf-8").split())
+    kit = folder.parent / "plx_kit.h"
+    functions = kit.read_text(encoding="utf-8").count(") KRT_PLX_NOEXCEPT;")
     silent = 0
     for header in sorted(folder.glob("*.h")):
-        for comment, result, name in DECLARATION.findall(header.read_text(encoding="utf-8")):
+        for comment, result, name, arguments in DECLARATION.findall(header.read_text(encoding="utf-8")):
             missing.discard(name)
-            for complaint in complaints(comment, result):
+            told = [*complaints_of_any(comment, result, arguments), *complaints(comment, result)]
+            for complaint in told:
                 print(f"{header.name}: {name} does not say {complaint}")
                 silent += 1
+    for comment, result, name, arguments in DECLARATION.findall(kit.read_text(encoding="utf-8")):
+        for complaint in complaints_of_any(comment, result, arguments):
+            print(f"{kit.name}: {name} does not say {complaint}")
+            silent += 1
+        functions -= 1
+    if functions != 0:
+        print(f"{kit.name}: {functions} functions have no comment")
+        silent += 1
     for name in sorted(missing):
         print(f"{name} has no comment")
     return silent > 0 or len(missing) > 0

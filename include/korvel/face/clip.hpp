@@ -220,10 +220,12 @@ public:
 
 /** What saving gives: the new clip, or a null handle and why. */
 struct SaveResult {
+    /** Null when saving failed. */
     UserClip clip;
     /** Result::noManager when the clip was none that can be saved, or memory ran out. */
     ResultCode code;
 
+    /** True when there is a clip. */
     explicit operator bool() const noexcept { return static_cast<bool>(clip); }
 };
 

@@ -235,12 +235,17 @@ private:
 template <typename Part>
 class Lanes {
 public:
+    /** Goes from lane to lane. */
     using iterator = LaneIterator<Part>;
 
+    /** All lanes of a part. */
     explicit Lanes(Part part) noexcept : part_(part) {}
 
+    /** At the first lane. */
     [[nodiscard]] iterator begin() const noexcept { return iterator(part_, 0); }
+    /** Behind the last lane. */
     [[nodiscard]] iterator end() const noexcept { return iterator(part_, KRT_PLX_CONTROLLER_NONE); }
+    /** Whether there are none. */
     [[nodiscard]] bool empty() const noexcept { return begin() == end(); }
 
 private:

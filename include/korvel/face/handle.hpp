@@ -17,9 +17,12 @@ namespace korvel::plx {
 template <typename RawType>
 class Handle {
 public:
+    /** The type of the C handle. */
     using Raw = RawType;
 
+    /** A null handle. */
     constexpr Handle() noexcept = default;
+    /** The same object as the C handle. */
     constexpr explicit Handle(Raw* raw) noexcept : raw_(raw) {}
 
     /** The C handle. */
@@ -28,10 +31,12 @@ public:
     /** False for a null handle. A dead handle is not recognised. */
     constexpr explicit operator bool() const noexcept { return raw_ != nullptr; }
 
+    /** Whether both are the same object. */
     friend constexpr bool operator==(Handle left, Handle right) noexcept
     {
         return left.raw_ == right.raw_;
     }
+    /** Whether they are two objects. */
     friend constexpr bool operator!=(Handle left, Handle right) noexcept
     {
         return left.raw_ != right.raw_;
@@ -43,6 +48,7 @@ private:
 
 /** For containers: std::unordered_set<Note, HandleHash>. */
 struct HandleHash {
+    /** The hash of the object's address. */
     template <typename Raw>
     std::size_t operator()(Handle<Raw> handle) const noexcept
     {

@@ -53,7 +53,9 @@ enum class Reason : std::uint32_t {
 
 /** One thing that could not be done as it was asked for. */
 struct Notice {
+    /** What it is about. */
     Item item;
+    /** What became of it. */
     Reason reason;
     /** By its key in documents; empty when the whole item is meant. */
     std::string property;
@@ -69,22 +71,28 @@ struct Notice {
     std::string text;
 };
 
+/** What a call could not do, in the order in which it came up. */
 using Notices = std::vector<Notice>;
 
 /** An editable clip that was filled from another one, or a null handle. */
 struct EditResult {
+    /** The host destroys it. */
     MutableClip clip;
     /** What the clip has not, and what saving will not keep. */
     Notices notices;
 
+    /** True when there is a clip. */
     explicit operator bool() const noexcept { return static_cast<bool>(clip); }
 };
 
 /** Whether a part was changed, and what of it could not be. */
 struct ChangeResult {
+    /** Whether the part was changed. */
     bool isDone = false;
+    /** What of it could not be changed. */
     Notices notices;
 
+    /** As `isDone`. */
     explicit operator bool() const noexcept { return isDone; }
 };
 
@@ -226,17 +234,25 @@ inline bool PropertyEditor::fill(Clip clip) const noexcept
 struct Query {
     /** A text that is in the name. */
     String name;
+    /** Whether accents are ignored, in names and tags. */
     bool ignoreAccents = false;
     /** A clip has one of each list that is not empty. */
     std::vector<String> genres;
+    /** As for genres. */
     std::vector<std::int32_t> languages;
+    /** As for genres. */
     std::vector<String> singerGroups;
+    /** As for genres. */
     std::vector<String> singerIDs;
+    /** As for genres. */
     std::vector<String> types;
+    /** As for genres. */
     std::vector<String> vendors;
+    /** The part key; empty for any. */
     std::optional<std::uint32_t> key;
     /** In hundredths of a beat per minute. */
     std::uint32_t lowestTempo = 0;
+    /** In hundredths of a beat per minute. */
     std::uint32_t highestTempo = UINT32_MAX;
 };
 

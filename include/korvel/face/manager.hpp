@@ -91,11 +91,13 @@ public:
 
 /** What creating a manager gives: the manager, or a null handle and why. */
 struct CreateResult {
+    /** Null when there is none. */
     Manager manager;
     /** Result::ok too when the manager existed already; `code.isGiven()` is false then. Result::noManager
      *  when memory ran out. */
     ResultCode code;
 
+    /** True when there is a manager. */
     explicit operator bool() const noexcept { return static_cast<bool>(manager); }
 };
 

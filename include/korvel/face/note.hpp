@@ -124,7 +124,9 @@ public:
     {
         return Dvqm(KRT_PLX_Note_dvqm(raw(), isAttack));
     }
+    /** The one at the start of the note. */
     [[nodiscard]] Dvqm attack() const noexcept { return dvqm(true); }
+    /** The one at the end of the note. */
     [[nodiscard]] Dvqm release() const noexcept { return dvqm(false); }
     [[nodiscard]] SingingSkill singingSkill() const noexcept
     {
@@ -144,7 +146,9 @@ public:
     {
         return MutableDvqm(KRT_PLX_MutableNote_dvqm(raw(), isAttack));
     }
+    /** The one at the start of the note. */
     [[nodiscard]] MutableDvqm attack() const noexcept { return dvqm(true); }
+    /** The one at the end of the note. */
     [[nodiscard]] MutableDvqm release() const noexcept { return dvqm(false); }
     [[nodiscard]] MutableSingingSkill singingSkill() const noexcept
     {

@@ -29,6 +29,7 @@ public:
     {
         return static_cast<PartType>(KRT_PLX_PartBase_type(raw()));
     }
+    /** True for an audio part. */
     [[nodiscard]] bool isAudio() const noexcept { return type() == PartType::audio; }
     /** True for both types of MIDI part. */
     [[nodiscard]] bool isMidi() const noexcept

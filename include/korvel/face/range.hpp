@@ -23,16 +23,25 @@ template <typename Owner, auto Count, auto At>
 class Range {
 public:
     class Iterator;
+    /** See Range. */
     using iterator = Iterator;
+    /** See Range. */
     using const_iterator = Iterator;
+    /** What the owner returns for an index. */
     using value_type = decltype((std::declval<const Owner&>().*At)(std::uint64_t{}));
+    /** Of counts and indexes. */
     using size_type = std::uint64_t;
+    /** Of two iterators. */
     using difference_type = std::ptrdiff_t;
 
+    /** Without elements. */
     constexpr Range() noexcept = default;
+    /** All elements of the owner. */
     constexpr explicit Range(Owner owner) noexcept : owner_(owner) {}
 
+    /** The number of elements. */
     [[nodiscard]] std::uint64_t size() const noexcept { return (owner_.*Count)(); }
+    /** Whether there are none. */
     [[nodiscard]] bool empty() const noexcept { return size() == 0; }
 
     /** What the C function returns for the index, also for one past the end. */
@@ -41,10 +50,14 @@ public:
         return (owner_.*At)(index);
     }
 
+    /** The first element. */
     [[nodiscard]] auto front() const noexcept { return (*this)[0]; }
+    /** The last element. */
     [[nodiscard]] auto back() const noexcept { return (*this)[size() - 1]; }
 
+    /** At the first element. */
     [[nodiscard]] Iterator begin() const noexcept { return Iterator(owner_, 0); }
+    /** Behind the last element. */
     [[nodiscard]] Iterator end() const noexcept { return Iterator(owner_, size()); }
 
 private:

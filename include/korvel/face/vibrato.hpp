@@ -89,13 +89,17 @@ inline MutableVibratoParameter VibratoParameterBase::asMutableVibratoParameter()
 template <typename VibratoType>
 class VibratoCurve {
 public:
+    /** Of a null handle. */
     VibratoCurve() noexcept = default;
+    /** One of the two. */
     VibratoCurve(VibratoType vibrato, VibratoPointKind kind) noexcept
         : vibrato_(vibrato), kind_(kind)
     {
     }
 
+    /** The number of points. */
     [[nodiscard]] std::uint64_t numPoints() const noexcept { return vibrato_.numParameters(kind_); }
+    /** A point by its place. */
     [[nodiscard]] auto point(std::uint64_t index) const noexcept
     {
         return vibrato_.parameter(kind_, index);
@@ -106,6 +110,7 @@ private:
     VibratoPointKind kind_ = VibratoPointKind::none;
 };
 
+/** The points of a curve. */
 template <typename VibratoType>
 using VibratoPoints = Range<VibratoCurve<VibratoType>,
     &VibratoCurve<VibratoType>::numPoints,
@@ -160,7 +165,9 @@ public:
     }
     /** The points of a curve by position, ascending. */
     [[nodiscard]] auto points(VibratoPointKind kind) const noexcept;
+    /** The points of the depth curve. */
     [[nodiscard]] auto depths() const noexcept;
+    /** The points of the rate curve. */
     [[nodiscard]] auto rates() const noexcept;
 };
 
@@ -199,7 +206,9 @@ public:
     }
     /** The points of a curve by position, ascending. */
     [[nodiscard]] auto points(VibratoPointKind kind) const noexcept;
+    /** The points of the depth curve. */
     [[nodiscard]] auto depths() const noexcept;
+    /** The points of the rate curve. */
     [[nodiscard]] auto rates() const noexcept;
 };
 
