@@ -1,10 +1,11 @@
 # What `cmake --install` installs, in these components:
 #
 #     runtime       the shared library
-#     development   headers, import libraries, the CMake package, the pkg-config file, the manual
+#     development   headers, import libraries, the kit, the CMake package, the pkg-config files, the
+#                   examples, the schemas, the manual
 #     tools         plxclip
 
-set(KRT_PLX_MANUAL "${PROJECT_SOURCE_DIR}/build/docs/html" CACHE PATH
+set(KRT_PLX_HTML_MANUAL "${PROJECT_BINARY_DIR}/docs/html" CACHE PATH
     "The manual as scripts/docs has made it; installed when it is there")
 
 set(KRT_PLX_CMAKE_DIR "${CMAKE_INSTALL_LIBDIR}/cmake/krt_plx")
@@ -54,6 +55,7 @@ function(krt_plx_install_kit)
     get_target_property(sources krt_plx_kit SOURCES)
     install(FILES ${sources}
         DESTINATION "${CMAKE_INSTALL_DATADIR}/krt_plx/kit" COMPONENT development)
+    krt_plx_install_pkgconfig_file(krt_plx_kit)
 endfunction()
 
 function(krt_plx_install_cmake_package)
@@ -73,12 +75,13 @@ function(krt_plx_install_cmake_package)
         DESTINATION "${KRT_PLX_CMAKE_DIR}" COMPONENT development)
 endfunction()
 
-function(krt_plx_install_pkgconfig_file)
+# krt_plx_install_pkgconfig_file(<name>)
+function(krt_plx_install_pkgconfig_file name)
     file(RELATIVE_PATH KRT_PLX_PKGCONFIG_TO_PREFIX "/${KRT_PLX_PKGCONFIG_DIR}" "/")
     string(REGEX REPLACE "/$" "" KRT_PLX_PKGCONFIG_TO_PREFIX "${KRT_PLX_PKGCONFIG_TO_PREFIX}")
-    configure_file("${PROJECT_SOURCE_DIR}/cmake/krt_plx.pc.in"
-        "${KRT_PLX_PACKAGE_FILES}/krt_plx.pc" @ONLY)
-    install(FILES "${KRT_PLX_PACKAGE_FILES}/krt_plx.pc"
+    configure_file("${PROJECT_SOURCE_DIR}/cmake/${name}.pc.in"
+        "${KRT_PLX_PACKAGE_FILES}/${name}.pc" @ONLY)
+    install(FILES "${KRT_PLX_PACKAGE_FILES}/${name}.pc"
         DESTINATION "${KRT_PLX_PKGCONFIG_DIR}" COMPONENT development)
 endfunction()
 
@@ -93,11 +96,14 @@ function(krt_plx_install_tools)
     install(TARGETS plxclip DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT tools)
 endfunction()
 
+# The README is that of the package: that of the sources tells how to build what is built here.
 function(krt_plx_install_documents)
-    install(FILES "${PROJECT_SOURCE_DIR}/README.md" "${PROJECT_SOURCE_DIR}/CHANGELOG.md"
+    install(FILES "${PROJECT_SOURCE_DIR}/docs/package/README.md" "${PROJECT_SOURCE_DIR}/CHANGELOG.md"
             "${PROJECT_SOURCE_DIR}/LICENSE" "${PROJECT_SOURCE_DIR}/docs/copyright"
         DESTINATION "${CMAKE_INSTALL_DOCDIR}" COMPONENT development)
-    install(DIRECTORY "${KRT_PLX_MANUAL}/"
+    install(DIRECTORY "${PROJECT_SOURCE_DIR}/docs/schemas" "${PROJECT_SOURCE_DIR}/examples"
+        DESTINATION "${CMAKE_INSTALL_DATADIR}/krt_plx" COMPONENT development)
+    install(DIRECTORY "${KRT_PLX_HTML_MANUAL}/"
         DESTINATION "${CMAKE_INSTALL_DOCDIR}/html" COMPONENT development OPTIONAL)
 endfunction()
 
@@ -105,6 +111,6 @@ krt_plx_install_library()
 krt_plx_install_headers()
 krt_plx_install_kit()
 krt_plx_install_cmake_package()
-krt_plx_install_pkgconfig_file()
+krt_plx_install_pkgconfig_file(krt_plx)
 krt_plx_install_tools()
 krt_plx_install_documents()

@@ -50,7 +50,7 @@ set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_MULTIARCH same)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "${this_library}")
 string(CONCAT CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION "${about}"
     "This package has what hosts are built with: the headers for C and C++, the CMake package, the "
-    "pkg-config file and the manual.")
+    "pkg-config files, the kit, examples and the manual.")
 
 set(CPACK_DEBIAN_TOOLS_PACKAGE_NAME krt-plx-tools)
 set(CPACK_DEBIAN_TOOLS_PACKAGE_SECTION sound)

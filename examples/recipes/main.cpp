@@ -58,9 +58,6 @@ void cook(plx::Manager manager, plx::Clip clip)
     print("phrase", save_phrase(clip.raw(), 0, 1920, name.c_str()));
     print("transpose", save_transposed(clip.raw(), 2, name.c_str()));
     print("rename", rename_clip(manager.userClips().back().raw(), fromUtf8("Done").c_str()));
-    std::printf("find: %u slow clips\n",
-                static_cast<unsigned>(
-                    recipes::findSlowClips(manager, fromUtf8(""), fromUtf8("Folk")).size()));
     save_and_tell(clip.raw(), name.c_str(), stdout);
 }
 

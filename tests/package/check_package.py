@@ -9,6 +9,7 @@ import shlex
 import sys
 import unittest
 
+from installed_examples import PackageExamples, PackageReadme  # noqa: F401
 from readme_hosts import ReadmeHosts  # noqa: F401
 from surroundings import PackageTest, Surroundings, call, output_of, package_environment, tool
 from readme import figures  # noqa: E402, surroundings shows where it is
@@ -44,14 +45,20 @@ class Tree(PackageTest):
         return {"lib/libkrt_plx_kit.a"} | {f"share/krt_plx/kit/{name}" for name in
                                             sources | {"folding_table.c", "linked.c"}}
 
+    def sources_in(self, folder):
+        """The files of a folder of the sources, as they are installed."""
+        root = self.surroundings.sources / folder
+        return {f"share/krt_plx/{root.name}/{path.relative_to(root)}" for path in root.rglob("*")
+                if path.is_file()}
+
     def test_holds_what_a_host_needs(self):
         headers = self.headers()
         self.assertGreater(len(headers), 10)
-        expected = headers | self.libraries() | {"lib/pkgconfig/krt_plx.pc"}
+        expected = headers | self.libraries() | {"lib/pkgconfig/krt_plx.pc", "lib/pkgconfig/krt_plx_kit.pc"}
         packages = {"krt_plxConfig.cmake", "krt_plxConfigVersion.cmake", "krt_plxTargets.cmake"}
         expected |= {f"lib/cmake/krt_plx/{name}" for name in packages}
         expected.add("share/krt_plx/krt_plx.api.json")
-        expected |= self.kit()
+        expected |= self.kit() | self.sources_in("examples") | self.sources_in("docs/schemas")
         expected |= {f"share/doc/krt_plx/{name}"
                      for name in ("README.md", "CHANGELOG.md", "LICENSE", "copyright")}
         self.assertEqual(expected - self.files(), set())
@@ -65,6 +72,18 @@ class Tree(PackageTest):
             content = (self.tree / name).read_bytes()
             for place in places:
                 self.assertNotIn(str(place).encode("utf-8"), content, name)
+
+
+class Manual(PackageTest):
+    """The manual that the build has made is installed whole. (Only on Linux, where the tests make it.)"""
+
+    def test_is_installed(self):
+        made = self.surroundings.build / "docs/html"
+        files = {path.relative_to(made) for path in made.rglob("*") if path.is_file()}
+        installed = self.tree / "share/doc/krt_plx/html"
+        self.assertGreater(len(files), 200)
+        self.assertEqual({path.relative_to(installed) for path in installed.rglob("*") if path.is_file()}, files)
+        self.assertIn("Recipes", (installed / "index.html").read_text(encoding="utf-8"))
 
 
 class Licences(PackageTest):
@@ -187,15 +206,17 @@ class CMakeConsumers(Consumers):
                                 *self.settings()])
         self.assertIn(f"found krt_plx {self.version_text}", configured)
         output_of([self.surroundings.cmake, "--build", build])
-        for name in ("c_consumer", "cpp_consumer"):
+        for name in ("c_consumer", "cpp_consumer", "kit_consumer"):
             with self.subTest(name):
                 program = build / self.surroundings.file_name(name)
                 self.assertEqual(self.run_host(program), self.expected_lines())
 
 
 class PkgConfigConsumers(Consumers):
+    package = "krt_plx"
+
     def flags(self, which):
-        command = [tool("pkg-config"), which, "krt_plx"]
+        command = [tool("pkg-config"), which, self.package]
         return shlex.split(output_of(command, env=package_environment(self.tree)))
 
     def libraries(self):
@@ -215,6 +236,10 @@ class PkgConfigConsumers(Consumers):
 
     def test_cpp(self):
         self.check(self.surroundings.cpp_compiler, CONSUMER / "consumer.cpp", "-std=c++17")
+
+    def test_kit(self):
+        self.package = "krt_plx_kit"
+        self.check(self.surroundings.c_compiler, CONSUMER / "kit_consumer.c", "-std=c99")
 
 
 class MsvcConsumer(Consumers):
