@@ -52,6 +52,9 @@ bool addVibrato(plx::Clip clip)
 void cook(plx::Manager manager, plx::Clip clip)
 {
     const auto name = fromUtf8("Cooked");
+    std::printf("find: %u slow clips\n",
+                static_cast<unsigned>(
+                    recipes::findSlowClips(manager, fromUtf8(""), fromUtf8("Folk")).size()));
     print("change",
           save_reworded(clip.raw(), fromUtf8("la").c_str(), fromUtf8("l a").c_str(), name.c_str()));
     print("vibrato", addVibrato(clip));
