@@ -20,6 +20,7 @@ void tell(const plx::Notices& notices)
     }
 }
 
+// [higher]
 plx::UserClip saveHigher(plx::Clip clip, plx::StringView name)
 {
     const plx::EditResult copy = plx::edit(clip);
@@ -30,6 +31,7 @@ plx::UserClip saveHigher(plx::Clip clip, plx::StringView name)
     tell(change.notices);
     return saved.clip;
 }
+// [higher]
 
 bool singHigher(plx::Manager manager, const char* text, const char* name)
 {

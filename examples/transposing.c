@@ -15,6 +15,7 @@ static void tell(void* context, const KRT_PLX_KitNotice* notice)
     fprintf(stderr, "%s\n", line);
 }
 
+/* [higher] */
 KRT_PLX_ClipBase* save_higher(const struct KRT_PLX_Api* plx, KRT_PLX_ClipBase* clip,
                               const KRT_PLX_Char* name)
 {
@@ -32,6 +33,7 @@ KRT_PLX_ClipBase* save_higher(const struct KRT_PLX_Api* plx, KRT_PLX_ClipBase* c
     plx->KRT_PLX_MutableClip_destroy(copy);
     return saved;
 }
+/* [higher] */
 
 static bool transpose_in(const struct KRT_PLX_Api* plx, KRT_PLX_Manager* manager,
                          const KRT_PLX_Char* text, const KRT_PLX_Char* name)

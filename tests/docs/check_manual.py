@@ -11,7 +11,7 @@ import re
 import sys
 import unittest
 
-PROJECT = HTML = None
+PROJECT = HTML = SOURCES = None
 
 # What anybody types first. The names that one guesses stand in names.md.
 WORDS = ("vibrato", "tempo", "free", "copy", "transpose", "EFFECT_PARAMETER_INT32", "insertDepth", "lyric",
@@ -105,12 +105,12 @@ class Manual(unittest.TestCase):
         page = (PROJECT / "docs/recipes.md").read_text(encoding="utf-8")
         quoted = re.findall(r"^\\snippet (\S+) (\w+)$", page, re.MULTILINE)
         for source, mark in quoted:
-            code = (PROJECT / "examples/recipes" / source).read_text(encoding="utf-8")
+            (code,) = (file.read_text(encoding="utf-8") for file in SOURCES if file.name == source)
             body = re.split(rf"^(?://|/\*) \[{mark}\].*\n", code, flags=re.MULTILINE)[1]
             with self.subTest(f"{source}: {mark}"):
                 self.assertTrue(" ".join(body.split()) in text)
-        marks = {(file.name, mark) for file in (PROJECT / "examples/recipes").glob("*.c*")
-                 for mark in re.findall(r"^(?://|/\*) \[(\w+)\]", file.read_text(encoding="utf-8"), re.MULTILINE)}
+        marks = {(file.name, mark) for file in SOURCES for mark in
+                 re.findall(r"^(?://|/\*) \[(\w+)\](?: \*/)?$", file.read_text(encoding="utf-8"), re.MULTILINE)}
         self.assertEqual(set(quoted), marks)
 
     def test_the_sources_of_the_examples_are_linked(self):
@@ -126,5 +126,6 @@ class Manual(unittest.TestCase):
 
 if __name__ == "__main__":
     PROJECT, HTML = map(pathlib.Path, sys.argv[1:])
+    SOURCES = [*(PROJECT / "examples").rglob("*.c"), *(PROJECT / "examples").rglob("*.cpp")]
     ENTRIES = list(entries())
     unittest.main(argv=sys.argv[:1], verbosity=2)

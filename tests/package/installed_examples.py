@@ -70,4 +70,5 @@ class PackageExamples(PackageTest):
         self.assertEqual(len(list((self.tree / "my-clips").rglob("*.kxclip"))), 4)
         programs = {path.stem for path in (self.tree / "my-examples/bin").iterdir()
                     if os.access(path, os.X_OK) and path.is_file()}
-        self.assertLessEqual({"browse", "compose", "sing_along", "load", "recipes"}, programs)
+        self.assertLessEqual({"browse", "compose", "sing_along", "load", "recipes",
+                              "transpose", "transpose_loaded", "sing_higher"}, programs)
