@@ -3,6 +3,7 @@
 check_package.py CASE SOURCES BUILD CMAKE C_COMPILER CPP_COMPILER [LAUNCHER...]
 """
 
+import os
 import pathlib
 import re
 import shlex
@@ -138,7 +139,7 @@ class DebianPackages(PackageTest):
 
     def test_copyright(self):
         made = call([tool("cpack"), "-G", "DEB", "-B", self.folder / "packages", "--config",
-                     self.surroundings.build / "CPackConfig.cmake"])
+                     self.surroundings.build / "CPackConfig.cmake"], env=dict(os.environ, LC_ALL="C.UTF-8"))
         self.assertEqual(made.returncode, 0, made.stderr)
         packages = sorted((self.folder / "packages").glob("*.deb"))
         self.assertEqual(len(packages), 4)
