@@ -32,18 +32,19 @@ Lines linesOf(const ClipModel& model)
 
 bool isOneOf(const std::string& path, std::initializer_list<const char*> words)
 {
-    return std::ranges::any_of(words,
-                               [&](const char* word) { return path.find(word) != path.npos; });
+    return std::ranges::any_of(
+        words, [&](const char* word) { return path.find(word) != std::string::npos; });
 }
 
 // What a notice would be about: "note 3", "attack 3", "lanes", "audio effect 0", "tags".
 std::string itemOf(const std::string& path)
 {
     const std::size_t bracket = path.find('[');
-    const std::string number =
-        bracket == path.npos ? "" : " " + std::to_string(std::stoi(path.substr(bracket + 1)));
+    const std::string number = bracket == std::string::npos
+                                   ? ""
+                                   : " " + std::to_string(std::stoi(path.substr(bracket + 1)));
     for (const char* const item : {"attack", "release", "singingSkill", "vibrato"}) {
-        if (path.find(std::string("].") + item) != path.npos) {
+        if (path.find(std::string("].") + item) != std::string::npos) {
             return item + number;
         }
     }
@@ -105,10 +106,10 @@ bool isNamedBy(const std::string& path, const KRT_PLX_KitNotice& notice)
     const std::string key = notice.property;
     const std::string property = key == "aiVoice.langIDs" ? "aiLangIDs" : key; // as the getters say
     if (property.empty() && notice.item == KRT_PLX_KIT_NOTE) {
-        return path.find(".notes[" + std::to_string(notice.index) + "]") != path.npos;
+        return path.find(".notes[" + std::to_string(notice.index) + "]") != std::string::npos;
     }
     return itemOf(notice) == itemOf(path) &&
-           (property.empty() || path.find("." + property) != path.npos);
+           (property.empty() || path.find("." + property) != std::string::npos);
 }
 
 } // namespace
