@@ -55,21 +55,12 @@ void writeDvqm(Json& json, std::string_view name, const Dvqm& dvqm)
     });
 }
 
-void writeExpression(Json& json, const Note& note)
+void writeValues(Json& json, const std::vector<NamedValue>& values)
 {
-    json.member("accent", note.accent);
-    json.member("bendDepth", note.bendDepth);
-    json.member("bendLength", note.bendLength);
-    json.member("decay", note.decay);
-    json.member("opening", note.opening);
-    json.member("fallPort", note.fallPort);
-    json.member("risePort", note.risePort);
-    json.key("ai");
-    json.object([&] {
-        for (std::size_t i = 0; i < aiValueCount; ++i) {
-            json.member(aiValueNames[i], note.aiValues[i]);
-        }
-    });
+    for (const NamedValue& each : values) {
+        json.key(each.name);
+        std::visit([&json](auto value) { json.value(value); }, each.value);
+    }
 }
 
 void writeSkill(Json& json, const SingingSkill& skill)
@@ -105,7 +96,9 @@ void writeNote(Json& json, const Note& note)
         json.key("language");
         note.language ? json.value(*note.language) : json.null();
         json.member("isProtected", note.isProtected);
-        writeExpression(json, note);
+        writeValues(json, note.expression);
+        json.key("ai");
+        json.object([&] { writeValues(json, note.aiExpression); });
         writeDvqm(json, "attack", note.attack);
         writeDvqm(json, "release", note.release);
         writeSkill(json, note.skill);

@@ -1,5 +1,6 @@
 #include "reading.h"
 
+#include "fields.h"
 #include "paths.h"
 
 namespace plxclip {
@@ -78,13 +79,13 @@ Vibrato vibratoOf(plx::Vibrato vibrato)
             pointsOf(vibrato.rates())};
 }
 
-std::array<float, aiValueCount> aiValuesOf(plx::Note note)
+template <typename Fields>
+std::vector<NamedValue> valuesOf(plx::Note note, const Fields& fields)
 {
-    return {note.pitchFine(),          note.pitchDriftStart(),    note.pitchDriftEnd(),
-            note.pitchScalingCenter(), note.pitchScalingOrigin(), note.pitchTransitionStart(),
-            note.pitchTransitionEnd(), note.amplitudeWhole(),     note.amplitudeStart(),
-            note.amplitudeEnd(),       note.formantWhole(),       note.formantStart(),
-            note.formantEnd()};
+    const auto read = [note](const auto&... field) {
+        return std::vector<NamedValue>{{field.name, field.get(note)}...};
+    };
+    return std::apply(read, fields);
 }
 
 Note noteOf(plx::Note note)
@@ -98,14 +99,8 @@ Note noteOf(plx::Note note)
     result.isProtected = note.isProtected();
     result.number = note.number();
     result.velocity = note.velocity();
-    result.accent = note.accent();
-    result.bendDepth = note.bendDepth();
-    result.bendLength = note.bendLength();
-    result.decay = note.decay();
-    result.opening = note.opening();
-    result.fallPort = note.fallPort();
-    result.risePort = note.risePort();
-    result.aiValues = aiValuesOf(note);
+    result.expression = valuesOf(note, expressionFields);
+    result.aiExpression = valuesOf(note, aiExpressionFields);
     result.attack = dvqmOf(note.dvqm(true));
     result.release = dvqmOf(note.dvqm(false));
     result.skill = skillOf(note.singingSkill());

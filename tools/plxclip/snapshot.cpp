@@ -1,12 +1,8 @@
 #include "snapshot.h"
 
-namespace plxclip {
+#include <array>
 
-const std::array<std::string_view, aiValueCount> aiValueNames = {
-    "pitchFine",          "pitchDriftStart",      "pitchDriftEnd",      "pitchScalingCenter",
-    "pitchScalingOrigin", "pitchTransitionStart", "pitchTransitionEnd", "amplitudeWhole",
-    "amplitudeStart",     "amplitudeEnd",         "formantWhole",       "formantStart",
-    "formantEnd"};
+namespace plxclip {
 
 std::string_view nameOf(PartType type)
 {

@@ -2,7 +2,6 @@
 // drawing need, so that they do not depend on the library.
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -66,10 +65,11 @@ struct Vibrato {
     std::vector<Point> rates;
 };
 
-inline constexpr std::size_t aiValueCount = 13;
-
-// The names of a note's AI values in the clip's documents.
-extern const std::array<std::string_view, aiValueCount> aiValueNames;
+// A value and its name in the clip's documents.
+struct NamedValue {
+    std::string_view name;
+    std::variant<bool, std::uint32_t, float> value;
+};
 
 struct Note {
     std::int32_t pos = 0;
@@ -80,14 +80,8 @@ struct Note {
     bool isProtected = false;
     std::uint32_t number = 0;
     std::uint32_t velocity = 0;
-    std::uint32_t accent = 0;
-    std::uint32_t bendDepth = 0;
-    std::uint32_t bendLength = 0;
-    std::uint32_t decay = 0;
-    std::uint32_t opening = 0;
-    bool fallPort = false;
-    bool risePort = false;
-    std::array<float, aiValueCount> aiValues = {};
+    std::vector<NamedValue> expression;
+    std::vector<NamedValue> aiExpression;
     Dvqm attack;
     Dvqm release;
     SingingSkill skill;

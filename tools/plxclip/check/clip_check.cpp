@@ -18,39 +18,36 @@ namespace {
 struct Listed {
     explicit Listed(plx::Manager manager)
     {
-        const auto add = [this](plx::Clip clip, std::map<plx::String, fs::path>& ids) {
-            const fs::path path = pathOf(pathText(clip.path()));
-            clips.emplace(path, clip);
-            ids.emplace(clip.id(), path);
-        };
-        for (const plx::Clip clip : manager.systemClips()) {
-            add(clip, systemIds);
-        }
-        for (const plx::Clip clip : manager.userClips()) {
-            add(clip, userIds);
+        add(manager.systemClips());
+        add(manager.userClips());
+    }
+
+    template <class Clips>
+    void add(const Clips& all)
+    {
+        for (const plx::Clip clip : all) {
+            clips.emplace(pathOf(pathText(clip.path())), clip);
+            byID.emplace(clip.id(), clip);
         }
     }
 
-    // The file of the clip for which another one with that ID is not listed; null when there is
-    // none.
-    const fs::path* fileWithID(const plx::String& id, bool isUserClip) const
+    // The clip for which another one with that ID is not listed; null when there is none. A system
+    // clip is never dropped for a user clip.
+    plx::Clip clipInsteadOf(const plx::String& id, bool isUserClip) const
     {
-        const auto system = systemIds.find(id);
-        if (system != systemIds.end()) {
-            return &system->second;
-        }
-        const auto user = userIds.find(id);
-        return isUserClip && user != userIds.end() ? &user->second : nullptr;
+        const auto found = byID.find(id);
+        const bool counts =
+            found != byID.end() && (isUserClip || found->second.type() == plx::ClipKind::system);
+        return counts ? found->second : plx::Clip();
     }
 
     std::map<fs::path, plx::Clip> clips;
-    std::map<plx::String, fs::path> systemIds;
-    std::map<plx::String, fs::path> userIds;
+    std::map<plx::String, plx::Clip> byID;
 };
 
 void report(ClipReport& clip, Effect effect, Reason reason, std::string message)
 {
-    clip.findings.push_back({effect, reason, {}, {}, Finding::nowhere, std::move(message)});
+    clip.findings.push_back({effect, reason, std::move(message)});
 }
 
 void reportDifferences(ClipReport& clip, const std::vector<std::string>& lines)
@@ -83,8 +80,8 @@ void explainAbsence(ClipReport& clip, const Listed& listed, const Diagnosis& dia
     if (!diagnosis.isListable) {
         return;
     }
-    const fs::path* const other = listed.fileWithID(diagnosis.properties.id, clip.isUserClip);
-    if (other == nullptr) {
+    const plx::Clip other = listed.clipInsteadOf(diagnosis.properties.id, clip.isUserClip);
+    if (!other) {
         report(clip, effect::passedOver, reason::unexplained,
                "the library does not list this clip; no reason was found");
         return;
@@ -92,7 +89,8 @@ void explainAbsence(ClipReport& clip, const Listed& listed, const Diagnosis& dia
     Finding finding = diagnosis.id;
     finding.effect = effect::passedOver;
     finding.reason = reason::duplicate;
-    finding.message = "is the ID of " + textOf(*other) + ", which was met first";
+    finding.message =
+        "is the ID of " + textOf(pathOf(pathText(other.path()))) + ", which was met first";
     clip.findings.push_back(std::move(finding));
 }
 

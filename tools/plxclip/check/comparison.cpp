@@ -1,9 +1,9 @@
 #include "check/comparison.h"
 
-#include <functional>
 #include <tuple>
 #include <type_traits>
 
+#include "fields.h"
 #include "format/keys.h"
 
 namespace plxclip::check {
@@ -38,25 +38,17 @@ std::string shown(double number)
     return std::to_string(number);
 }
 
-// The rows of a table that are neither objects nor lists.
-template <keys::Kind kind, class Get, class Put>
-constexpr auto plainRow(const keys::Entry<kind, Get, Put>& entry)
-{
-    return std::tuple(entry);
-}
-
-constexpr std::tuple<> plainRow(...)
-{
-    return {};
-}
-
-template <class Of>
-constexpr auto plainRows = std::apply(
-    [](const auto&... entry) { return std::tuple_cat(plainRow(entry)...); }, Of::entries);
-
 template <class Value>
 constexpr bool isPlain =
     std::is_arithmetic_v<Value> || std::is_convertible_v<Value, face::StringView>;
+
+// A key without a field would not be compared.
+template <class Of>
+constexpr std::size_t rowCount = keys::rows<Of>.size();
+static_assert(rowCount<keys::Expression> == std::tuple_size_v<decltype(expressionFields)>);
+static_assert(rowCount<keys::AiExpressionTable> == std::tuple_size_v<decltype(aiExpressionFields)>);
+
+// --- The comparison -----------------------------------------------------------------------------------
 
 // Compares what a host sees with what the document says. Each `what` is the place, in words.
 class Comparison {
@@ -89,8 +81,6 @@ public:
         }
     }
 
-    void compare(const std::string& what, face::MidiPart host, own::MidiPart& part);
-
     template <class Host, class Part>
     void compareAudioEffects(Host host, const Part& part)
     {
@@ -98,19 +88,37 @@ public:
                     [&](std::uint64_t index) { return part.audioEffect(index); });
     }
 
+    void compare(const std::string& what, face::MidiPart host, own::MidiPart& part)
+    {
+        compare("type", host.type(), part.type());
+        compare(what + ", duration", host.duration(), part.duration());
+        compare(what + ", styleName", host.styleName(), part.styleName());
+        compare(what + ", stylePresetID", host.stylePresetID(), part.stylePresetID());
+        compare("voice, compID", host.voiceBankID(), part.voiceBankID());
+        compare("voice, langID", host.langID(), part.langID());
+        compare("aiVoice, compID", host.aiVoiceBankID(), part.aiVoiceBankID());
+        compareList("langIDs", host.aiLangIDs(), part.aiLangIDSize(),
+                    [&](std::uint64_t index) { return part.aiLangIDByIndex(index); });
+        compareAudioEffects(host, part);
+        compareList("midiEffects", host.midiEffects(), part.numMidiEffects(),
+                    [&](std::uint64_t index) { return part.midiEffect(index); });
+        compareList("notes", host.notes(), part.numNotes(),
+                    [&](std::uint64_t index) { return part.note(index); });
+        compareLanes(host, part);
+    }
+
     std::vector<std::string> take() { return std::move(lines); }
 
 private:
-    // The fields of an object. The host has a getter for each plain row of the table.
-    template <class Of, auto... gets, class Host, class Document>
-    void compareFields(const std::string& what, const Host& host, const Document& document)
+    template <class Fields, class Host, class Document>
+    void compareFields(const std::string& what, const Fields& fields, const Host& host,
+                       const Document& document)
     {
-        const auto compareRows = [&](const auto&... entry) {
-            (compare(what + ", " + std::string(entry.row.key), std::invoke(gets, host),
-                     std::invoke(entry.get, document)),
+        const auto compareEach = [&](const auto&... field) {
+            (compare(what + ", " + std::string(field.name), field.get(host), field.get(document)),
              ...);
         };
-        std::apply(compareRows, plainRows<Of>);
+        std::apply(compareEach, fields);
     }
 
     // Of a lane or a vibrato.
@@ -122,111 +130,90 @@ private:
         compare(what + ", value", host.value(), point.value());
     }
 
-    void compare(const std::string& what, face::Dvqm host, own::Dvqm& dvqm);
-    void compare(const std::string& what, face::Vibrato host, own::Vibrato& vibrato);
-    void compare(const std::string& what, face::Note host, own::Note& note);
+    void compare(const std::string& what, face::Dvqm host, own::Dvqm& dvqm)
+    {
+        compare(what + ", compID", host.compID(), dvqm.compID());
+        compare(what + ", isProtected", host.isProtected(), dvqm.isProtected());
+        compare(what + ", speed", host.speed(), dvqm.speed());
+        compare(what + ", topFactor", host.topFactor(), dvqm.topFactor());
+        compareList(what + ", levelNames", host.levelNames(), dvqm.numLevelNames(),
+                    [&](std::uint64_t index) { return dvqm.levelName(index); });
+    }
+
+    void compare(const std::string& what, face::SingingSkill host, own::SingingSkill& skill)
+    {
+        compare(what + ", duration", host.duration(), skill.duration());
+        compare(what + ", pre", host.preWeight(), skill.preWeight());
+        compare(what + ", post", host.postWeight(), skill.postWeight());
+    }
+
+    void compare(const std::string& what, face::Vibrato host, own::Vibrato& vibrato)
+    {
+        compare(what + ", type", host.type(), vibrato.type());
+        compare(what + ", duration", host.duration(), vibrato.duration());
+        const auto compareCurve = [&](const char* name, const auto& points, std::uint32_t curve) {
+            compareList(what + name, points,
+                        static_cast<std::uint64_t>(vibrato.numParameters(curve)),
+                        [&](std::uint64_t index) { return vibrato.parameter(curve, index); });
+        };
+        compareCurve(", rates", host.rates(), KRT_PLX_VIBRATO_RATE);
+        compareCurve(", depths", host.depths(), KRT_PLX_VIBRATO_DEPTH);
+    }
+
+    void compare(const std::string& what, face::Note host, own::Note& note)
+    {
+        compare(what + ", pos", host.pos(), note.pos());
+        compare(what + ", duration", host.duration(), note.duration());
+        compare(what + ", lyric", host.lyric(), note.lyric());
+        compare(what + ", phoneme", host.phoneme(), note.phoneme());
+        compare(what + ", langID", host.langID(), note.langID());
+        compare(what + ", isProtected", host.isProtected(), note.isProtected());
+        compare(what + ", number", host.number(), note.number());
+        compare(what + ", velocity", host.velocity(), note.velocity());
+        compareFields(what, expressionFields, host, note);
+        compareFields(what, aiExpressionFields, host, note);
+        compare(what + ", singingSkill", host.singingSkill(), *note.singingSkill());
+        compare(what + ", attack", host.attack(), *note.dvqm(true));
+        compare(what + ", release", host.release(), *note.dvqm(false));
+        compare(what + ", vibrato", host.vibrato(), *note.vibrato());
+    }
+
     void compare(const std::string& what, face::EffectParameter host,
-                 own::EffectParameter& parameter);
-    void compare(const std::string& what, face::Effect host, own::Effect& effect);
-    void compareLanes(face::MidiPart host, own::MidiPart& part);
+                 own::EffectParameter& parameter)
+    {
+        compare(what + ", name", host.name(), parameter.name());
+        compare(what + ", type", host.type(), parameter.type());
+        compare(what + ", integer", host.valueInt32().value_or(KRT_PLX_VALUE_UNSET_INT32),
+                parameter.valueInt32());
+        compare(what + ", float", host.valueFloat().value_or(KRT_PLX_VALUE_UNSET_FLOAT),
+                parameter.valueFloat());
+        compare(what + ", text", host.valueString().value_or(face::StringView()),
+                parameter.valueString());
+    }
+
+    void compare(const std::string& what, face::Effect host, own::Effect& effect)
+    {
+        compare(what + ", id", host.id(), effect.id());
+        compareList(what + ", parameters", host.parameters(), effect.numParameters(),
+                    [&](std::uint64_t index) { return effect.parameter(index); });
+    }
+
+    void compareLanes(face::MidiPart host, own::MidiPart& part)
+    {
+        for (const own::controller::Type& type : own::controller::types) {
+            const std::string name(type.name);
+            const auto lane = host.midiController(static_cast<face::ControllerType>(type.code));
+            const own::MidiController* const other = part.midiController(type.code);
+            compare("the lane " + name, static_cast<bool>(lane), other != nullptr);
+            if (lane && other != nullptr) {
+                compareList(name, lane.events(), other->numEvents(),
+                            [&](std::uint64_t index) { return other->event(index); });
+            }
+        }
+    }
 
     std::vector<std::string> lines;
 };
-
-void Comparison::compare(const std::string& what, face::Dvqm host, own::Dvqm& dvqm)
-{
-    compareFields<keys::Attack, &face::Dvqm::compID, &face::Dvqm::isProtected, &face::Dvqm::speed,
-                  &face::Dvqm::topFactor>(what, host, dvqm);
-    compareList(what + ", levelNames", host.levelNames(), dvqm.numLevelNames(),
-                [&](std::uint64_t index) { return dvqm.levelName(index); });
-}
-
-void Comparison::compare(const std::string& what, face::Vibrato host, own::Vibrato& vibrato)
-{
-    compareFields<keys::VibratoTable, &face::Vibrato::type, &face::Vibrato::duration>(what, host,
-                                                                                      vibrato);
-    const auto compareCurve = [&](const char* name, const auto& points, std::uint32_t curve) {
-        compareList(what + name, points, static_cast<std::uint64_t>(vibrato.numParameters(curve)),
-                    [&](std::uint64_t index) { return vibrato.parameter(curve, index); });
-    };
-    compareCurve(", rates", host.rates(), KRT_PLX_VIBRATO_RATE);
-    compareCurve(", depths", host.depths(), KRT_PLX_VIBRATO_DEPTH);
-}
-
-void Comparison::compare(const std::string& what, face::Note host, own::Note& note)
-{
-    using face::Note;
-    using face::SingingSkill;
-    compareFields<keys::NoteTable, &Note::pos, &Note::duration, &Note::lyric, &Note::phoneme,
-                  &Note::langID, &Note::isProtected, &Note::number, &Note::velocity>(what, host,
-                                                                                     note);
-    compareFields<keys::Expression, &Note::accent, &Note::bendDepth, &Note::bendLength,
-                  &Note::decay, &Note::fallPort, &Note::risePort, &Note::opening>(what, host, note);
-    compareFields<keys::AiExpressionTable, &Note::pitchFine, &Note::pitchDriftStart,
-                  &Note::pitchDriftEnd, &Note::pitchScalingCenter, &Note::pitchScalingOrigin,
-                  &Note::pitchTransitionStart, &Note::pitchTransitionEnd, &Note::amplitudeWhole,
-                  &Note::amplitudeStart, &Note::amplitudeEnd, &Note::formantWhole,
-                  &Note::formantStart, &Note::formantEnd>(what, host, note);
-    compareFields<keys::SingingSkillTable, &SingingSkill::duration>(
-        what + ", singingSkill", host.singingSkill(), *note.singingSkill());
-    compareFields<keys::Weight, &SingingSkill::preWeight, &SingingSkill::postWeight>(
-        what + ", singingSkill", host.singingSkill(), *note.singingSkill());
-    compare(what + ", attack", host.attack(), *note.dvqm(true));
-    compare(what + ", release", host.release(), *note.dvqm(false));
-    compare(what + ", vibrato", host.vibrato(), *note.vibrato());
-}
-
-void Comparison::compare(const std::string& what, face::EffectParameter host,
-                         own::EffectParameter& parameter)
-{
-    compare(what + ", name", host.name(), parameter.name());
-    compare(what + ", type", host.type(), parameter.type());
-    compare(what + ", integer", host.valueInt32().value_or(KRT_PLX_VALUE_UNSET_INT32),
-            parameter.valueInt32());
-    compare(what + ", float", host.valueFloat().value_or(KRT_PLX_VALUE_UNSET_FLOAT),
-            parameter.valueFloat());
-    compare(what + ", text", host.valueString().value_or(face::StringView()),
-            parameter.valueString());
-}
-
-void Comparison::compare(const std::string& what, face::Effect host, own::Effect& effect)
-{
-    compareFields<keys::AudioEffectTable, &face::Effect::id>(what, host, effect);
-    compareList(what + ", parameters", host.parameters(), effect.numParameters(),
-                [&](std::uint64_t index) { return effect.parameter(index); });
-}
-
-void Comparison::compareLanes(face::MidiPart host, own::MidiPart& part)
-{
-    for (const own::controller::Type& type : own::controller::types) {
-        const std::string name(type.name);
-        const auto lane = host.midiController(static_cast<face::ControllerType>(type.code));
-        const own::MidiController* const other = part.midiController(type.code);
-        compare("the lane " + name, static_cast<bool>(lane), other != nullptr);
-        if (lane && other != nullptr) {
-            compareList(name, lane.events(), other->numEvents(),
-                        [&](std::uint64_t index) { return other->event(index); });
-        }
-    }
-}
-
-void Comparison::compare(const std::string& what, face::MidiPart host, own::MidiPart& part)
-{
-    using face::MidiPart;
-    compare("type", host.type(), part.type());
-    compareFields<keys::MidiVoicePartTable, &MidiPart::duration, &MidiPart::styleName,
-                  &MidiPart::stylePresetID>(what, host, part);
-    compareFields<keys::Voice, &MidiPart::voiceBankID, &MidiPart::langID>("voice", host, part);
-    compareFields<keys::AiVoice, &MidiPart::aiVoiceBankID>("aiVoice", host, part);
-    compareList("langIDs", host.aiLangIDs(), part.aiLangIDSize(),
-                [&](std::uint64_t index) { return part.aiLangIDByIndex(index); });
-    compareAudioEffects(host, part);
-    compareList("midiEffects", host.midiEffects(), part.numMidiEffects(),
-                [&](std::uint64_t index) { return part.midiEffect(index); });
-    compareList("notes", host.notes(), part.numNotes(),
-                [&](std::uint64_t index) { return part.note(index); });
-    compareLanes(host, part);
-}
 
 } // namespace
 

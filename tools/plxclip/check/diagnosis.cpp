@@ -49,10 +49,10 @@ public:
         }
         return Finding{effect::noted,
                        reason::otherType,
-                       name,
-                       found->path,
-                       found->place,
                        {},
+                       found->place,
+                       found->path,
+                       name,
                        text.positionOf(found->place)};
     }
 
@@ -91,13 +91,10 @@ private:
         constexpr std::array<std::string_view, 5> names = {"UTF-8", "UTF-16LE", "UTF-16BE",
                                                            "UTF-32LE", "UTF-32BE"};
         const auto encoding = static_cast<std::size_t>(format::detectEncoding(bytes).encoding);
-        return {effect::refused,
-                reason::encoding,
-                {},
-                {},
-                defect.place,
+        return {effect::refused, reason::encoding,
                 fmt::format("byte {} is no {}", format::placeInFile(bytes, defect.place),
-                            names.at(encoding))};
+                            names.at(encoding)),
+                defect.place};
     }
 
     std::string bytes;
@@ -134,10 +131,10 @@ private:
     {
         result.findings.push_back({effect::refused,
                                    reason,
-                                   std::string(document),
-                                   {},
+                                   std::move(message),
                                    Finding::nowhere,
-                                   std::move(message)});
+                                   {},
+                                   std::string(document)});
     }
 
     fs::path clipFile;

@@ -54,10 +54,11 @@ struct Finding {
 
     Effect effect;
     Reason reason;
-    std::string document; // the file's name in the clip's folder; empty for the clip file itself
-    std::string pointer;
-    std::size_t place; // in the document's text; nowhere if it is about the file
     std::string message;
+    std::size_t place = nowhere; // in the document's text; nowhere if it is about the file
+    std::string pointer = {};
+    std::string document =
+        {};                 // the file's name in the clip's folder; empty for the clip file itself
     Position position = {}; // that of the place, once all that was found in the document is known
 };
 

@@ -16,7 +16,7 @@ using Notes = std::vector<const Taken*>;
 
 Finding noted(const Taken& note, Reason reason, std::string message)
 {
-    return {effect::noted, reason, {}, note.path, note.place, std::move(message)};
+    return {effect::noted, reason, std::move(message), note.place, note.path};
 }
 
 bool hasNoLanguage(const Taken* each)

@@ -383,7 +383,7 @@ Finding findingOf(const Heard& heard, const Text& text)
     std::string message = isAboutKey(loss.reason) ? "" : text.excerptAt(loss.place);
     message += (message.empty() ? "" : " ") + said.what;
     message += (said.consequence.empty() ? "" : "; ") + said.consequence;
-    return {said.effect, said.reason, {}, heard.path, loss.place, std::move(message)};
+    return {said.effect, said.reason, std::move(message), loss.place, heard.path};
 }
 
 Finding findingOf(const format::Defect& defect, const Text& text)
@@ -391,22 +391,16 @@ Finding findingOf(const format::Defect& defect, const Text& text)
     using Kind = format::Defect::Kind;
     if (defect.kind == Kind::grammar && defect.code == rapidjson::kParseErrorTermination) {
         const std::size_t root = text.utf8().find_first_not_of(" \t\r\n");
-        return {effect::refused,
-                reason::wrongType,
-                {},
-                {},
-                root,
+        return {effect::refused, reason::wrongType,
                 fmt::format("is {}, but must be an object; the document gives no clip",
-                            text.kindAt(root))};
+                            text.kindAt(root)),
+                root};
     }
-    return {effect::refused,
-            reason::syntax,
-            {},
-            {},
-            defect.place,
+    return {effect::refused, reason::syntax,
             defect.kind == Kind::halfSurrogate
                 ? "half of a surrogate pair"
-                : describeGrammar(text.utf8(), defect.place, defect.code)};
+                : describeGrammar(text.utf8(), defect.place, defect.code),
+            defect.place};
 }
 
 } // namespace plxclip::check
