@@ -1,5 +1,5 @@
-// Files that are larger than a document may be, or that are none at all: they cost neither memory nor
-// time, nor any other clip.
+// Files that are larger than a document may be, or no documents at all: they cost little memory and time,
+// and the other clips are still read.
 #include <algorithm>
 #include <functional>
 #include <string>
@@ -36,7 +36,7 @@ bool makeSparse(const Path& file, std::string_view beginning, std::uintmax_t siz
     return !error;
 }
 
-// By how many bytes the memory of this process was larger during the call than before; 0 where the
+// By how many bytes the memory of this process grew during the call; 0 where the
 // system does not tell.
 std::uintmax_t peakOf(const std::function<void()>& call)
 {
@@ -174,7 +174,7 @@ TEST_F(CatalogueSharedDocument, GivesOneClip)
     EXPECT_THAT(support::userClipIDs(manager()), ElementsAre("ID"));
 }
 
-// The same document in another folder, and in the folders of its own, is another one.
+// The same document in another folder, or in a folder below, counts as another document.
 TEST_F(CatalogueSharedDocument, IsThatOfItsOwnFolder)
 {
     for (const Path& place : {folder(), folder() / "in", folder() / "in" / "deep",

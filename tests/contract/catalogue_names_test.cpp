@@ -116,7 +116,7 @@ TEST_F(HostTest, APathOfAFurtherDirectoryStartsWithThatDirectory)
 }
 
 #ifndef _WIN32
-// A name on this system may be bytes that are no text; nothing could name such a file.
+// A name on this system may be bytes that are not valid text; the library has no name for such a file.
 TEST_F(HostTest, NamesThatAreNoTextArePassedOver)
 {
     addClip(systemFolder() / "\xFF\xFE", propertyDocument("in a folder"), midiDocument());

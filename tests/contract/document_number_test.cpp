@@ -1,5 +1,5 @@
 // Numbers as documents may write them: integers of any length, zeros and ones with any exponent, and
-// floats that lie next to the border between two.
+// numbers that lie almost in the middle between two floats.
 
 #include <charconv>
 #include <cmath>
@@ -71,7 +71,7 @@ protected:
         EXPECT_EQ(KRT_PLX_EffectParameterBase_valueFloat(read), expected) << value;
     }
 
-    // Where nobody asks for the value.
+    // As the value of a key that the library does not know.
     void expectRefused(const std::string& value)
     {
         EXPECT_EQ(accepts(universalObject().with("unknown", value)), refused) << value;
@@ -245,7 +245,7 @@ std::string randomLiteral(Random& random)
     return literal;
 }
 
-// Around the middle between two floats, where the last digits decide.
+// Close to the middle between two floats, where the last digits decide.
 std::vector<std::string> literalsAroundAMiddle(Random& random)
 {
     const float low = randomFloat(random);

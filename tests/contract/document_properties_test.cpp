@@ -1,5 +1,5 @@
-// What a document may say of each property of the list, and what comes of all else. A failure names the
-// property and the value.
+// Which values a document may have for each property of the list, and what happens with all others. A
+// failure names the property and the value.
 #include <map>
 #include <string>
 #include <type_traits>
@@ -34,7 +34,7 @@ struct Written {
 };
 using AllWritten = std::vector<Written>;
 
-// Of another kind, or not there at all.
+// Of another kind, or missing.
 void addOthers(AllWritten& all, const std::vector<std::string>& others)
 {
     all.push_back({std::nullopt, {}, false});
@@ -118,7 +118,7 @@ AllWritten written(const Property<Handle, TextPointer>& property, Handle* handle
 
 // --- Objects with everything in them ----------------------------------------------------------------
 
-// One that is good and not the initial one, and another one for each property of an object.
+// A good value that is not the initial one, different for each property of an object.
 template <class Handle, class Value>
 std::pair<std::string, PropertyValue> goodValue(const Property<Handle, Value>& property,
                                                 std::size_t index)
@@ -171,7 +171,7 @@ struct Tree {
 
 // --- Reading them -----------------------------------------------------------------------------------
 
-// The two kinds of part, of Dvqm and of vibrato points take turns.
+// The two kinds of part, of Dvqm and of vibrato points alternate.
 class DocumentProperties : public ReaderTest, public testing::WithParamInterface<bool> {
 protected:
     const bool isAi = GetParam();
@@ -333,7 +333,7 @@ TEST_P(DocumentProperties, AreTakenWithinTheirRangeOnly)
     });
 }
 
-// An object within another one that is empty, of another kind, or not there at all.
+// An inner object that is empty, of another kind, or missing.
 TEST_P(DocumentProperties, HaveTheirInitialValuesWithoutTheObjectThatHoldsThem)
 {
     forEachObject([this]<class Handle>(Handle* type) {

@@ -1,5 +1,5 @@
-// What the setters take and what they leave alone, for each property of the list. A failure names the
-// property and the value.
+// Which values the setters accept and which they refuse, for each property of the list. A failure names
+// the property and the value.
 #include <cmath>
 #include <limits>
 #include <optional>
@@ -111,7 +111,7 @@ std::vector<HeldText> someValues(const Property<Handle, TextPointer>&, Handle*)
     return values;
 }
 
-// A value that is taken always, and that no other value of a test is taken for.
+// A value that is always accepted, and that differs from every other value of a test.
 template <class Handle, class Value>
 Value goodValue(const Property<Handle, Value>& property, Handle* handle, Value)
 {
@@ -150,7 +150,7 @@ void expectTakesItsRange(const Property<Handle, Value>& property, Handle* handle
 
 // --- The objects ------------------------------------------------------------------------------------
 
-// A clip that has one of each object. The two kinds of part, of Dvqm and of vibrato points take turns.
+// A clip that has one of each object. The two kinds of part, of Dvqm and of vibrato points alternate.
 class EditableProperties : public HostTest, public testing::WithParamInterface<bool> {
 protected:
     EditableProperties()

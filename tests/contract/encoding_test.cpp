@@ -33,7 +33,7 @@ const std::vector<Form> forms = {{"Utf8", Encoding::utf8, 1},
 // From one byte to four in UTF-8, one unit and two in UTF-16.
 const std::string everyWidth = "aé桜𝄞\u07FF\u0800\uFFFD\uFFFF𐀀\U0010FFFF";
 
-// Replaced by what no text of the tests' own holds.
+// Replaced by a text that occurs nowhere else in the tests.
 const std::string placeholder = "\uE000";
 
 class EncodingTest : public ReaderTest, public testing::WithParamInterface<Form> {
@@ -126,7 +126,7 @@ TEST_P(EncodingTest, TakesOneByteOrderMarkOnly)
     EXPECT_EQ(accepts(encoded(universalObject().text() + "\uFEFF")), refused);
 }
 
-// The parser takes a NUL for the end of the text, but a file ends where its bytes do.
+// The parser takes a NUL as the end of the text, but a file ends where its bytes end.
 TEST_P(EncodingTest, IsRefusedWithANulBehindTheRoot)
 {
     const std::string object = universalObject().text();

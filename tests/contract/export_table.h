@@ -45,8 +45,8 @@ inline constexpr std::uint64_t smallestBits = 0x80000000;
 inline constexpr std::uint64_t largestBits = 0x7FFFFFFF;
 inline constexpr std::uint64_t half = 0x3F000000; // 0.5 as a 32-bit float
 
-// A living object for each family, passed where a function asks for an element beside its handle: a
-// function that does not look at its handle first would find something to work on.
+// A living object for each family, passed where a function takes an element besides its handle: a
+// function that did not check its handle first would have an object to work on.
 using Elements = std::map<Family, void*>;
 
 struct Outcome {

@@ -27,7 +27,7 @@ struct Document {
     Object object;
 };
 
-// Makes the reading functions nameable outside the fixture.
+// Makes the reading functions accessible outside the fixture.
 struct Reading : ReaderTest {
     static auto properties() { return &Reading::readProperties; }
     static auto whole() { return &Reading::readWhole; }

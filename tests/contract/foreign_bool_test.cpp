@@ -1,4 +1,4 @@
-// Hosts in other languages have other ideas of what true looks like: 0xFF in Pascal's wide Booleans and
+// Hosts in other languages may store another byte than 1 for true: 0xFF in Pascal's wide Booleans and
 // in Basic, for instance. Every byte but 0 is true, and what is read back is 0 or 1.
 #include <array>
 #include <cstdint>

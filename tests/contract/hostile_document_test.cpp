@@ -1,5 +1,5 @@
 // Documents that somebody broke, by accident or on purpose: nested without end, cut off, changed in
-// one bit, or no documents at all. Each gives what the rules say, and the host lives on.
+// one bit, or no documents at all. Each gives what the rules say, and the host does not crash.
 
 #include <cstdint>
 #include <random>
@@ -57,7 +57,7 @@ std::string richDocument()
 
 class HostileDocumentTest : public ReaderTest {
 protected:
-    // What a part promises, whatever the document.
+    // What is true of every part, whatever the document.
     static void expectSound(KRT_PLX_PartBase* part)
     {
         ASSERT_GE(KRT_PLX_MidiPartBase_duration(part), 1);

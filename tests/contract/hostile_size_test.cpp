@@ -1,5 +1,5 @@
-// Documents as large as somebody may make them, in the orders that are worst for a reader: each is
-// read by the rules, and ten times as much costs about ten times the work.
+// Very large documents, in the orders that are worst for a reader: each is read by the rules, and ten
+// times as much takes about ten times as long.
 
 #include <cstdint>
 #include <string>
@@ -112,7 +112,7 @@ TEST_P(HostileTagsTest, AreKeptOnceEach)
 
 TEST_F(HostilePropertiesTest, KeepManyLanguagesInNearLinearTime)
 {
-    // Multiples of one number, which some ways to look a number up cannot tell apart.
+    // Multiples of one number: in some hash tables they would all collide.
     const auto document = [](std::size_t size) {
         const std::string list =
             arrayOf(size, [](std::size_t i) { return std::to_string(i * 20000); });

@@ -210,7 +210,7 @@ TEST_P(MutableClipPart, StartsEmptyEvenInPlaceOfItsOwnKind)
     }
 }
 
-// Null is "the part" of a clip that has none of that kind.
+// Asked about null, a clip says yes for each kind of part that it does not have.
 TEST_P(MutableClipPart, NullStandsForThePartThatIsNotThere)
 {
     EXPECT_TRUE(KRT_PLX_MutableClip_hasAudioPart(clip, nullptr));

@@ -72,7 +72,7 @@ TEST_F(MutableEffectParameter, StandsInTheOrderOfNames)
     EXPECT_EQ(names(), (Names{"B", "Z", "a", "aa", "ab", "b", "c", "é", "さ"}));
 }
 
-// By units, a character beyond the first 65536 stands before U+FFxx, and the order is unsigned.
+// UTF-16 units are compared as unsigned numbers: a surrogate pair comes before U+FFxx.
 TEST_F(MutableEffectParameter, NamesAreOrderedByUnits)
 {
     const Names expected = {"\u007F", "\u0080", "\u7FFF", "\u8000", "🎵", "\uFF21"};

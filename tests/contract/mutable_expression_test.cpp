@@ -108,7 +108,7 @@ TEST_F(MutableSingingSkill, BelongsToItsNote)
 
 // --- Durations within the note ------------------------------------------------------------------------
 
-// What a singing skill and a vibrato have alike.
+// What a singing skill and a vibrato have in common.
 struct Span {
     const char* name;
     std::int32_t (*get)(KRT_PLX_NoteBase*);

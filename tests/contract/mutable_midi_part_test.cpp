@@ -21,7 +21,7 @@ constexpr std::uint32_t allBits = std::numeric_limits<std::uint32_t>::max();
 
 class MutableMidiPartTest : public MidiPartTest {};
 
-// What both kinds of MIDI part do alike.
+// What both kinds of MIDI part have in common.
 class AnyMutableMidiPart : public HostTest, public testing::WithParamInterface<bool> {
 protected:
     KRT_PLX_ClipBase* const clip = createMutableClip();

@@ -81,7 +81,7 @@ TEST_F(MutableNoteOrder, FollowsAMove)
     EXPECT_EQ(KRT_PLX_NoteBase_pos(c), -5);
 }
 
-// As a stable sort leaves them: coming from before, the note stays before those it meets.
+// As after a stable sort: a note that stood before the others stays before them.
 TEST_F(MutableNoteOrder, AmongEqualsIsThatBeforeTheMove)
 {
     KRT_PLX_NoteBase* const early = insertNote(part, 0);

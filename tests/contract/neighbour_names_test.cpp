@@ -1,5 +1,5 @@
-// Names that differ by case alone, names as long as the system takes them, and trees deeper than a path
-// can name.
+// Names that differ only in case, names as long as the system allows, and folders so deep that no path
+// reaches them.
 #include <fstream>
 #include <string>
 #include <system_error>
@@ -23,14 +23,14 @@ namespace {
 
 class NeighbourNames : public HostTest {
 protected:
-    // Whether the file system keeps two names apart that differ by case alone.
+    // Whether names that differ only in case are different names on this file system.
     [[nodiscard]] bool mindsCase() const
     {
         writeFile(scratch() / "probe", "");
         return !std::filesystem::exists(scratch() / "PROBE");
     }
 
-    // Whether two names that were made are two.
+    // Whether two names that were made are different files.
     static bool holdsTwo(const Path& folder)
     {
         return std::distance(std::filesystem::directory_iterator(folder),

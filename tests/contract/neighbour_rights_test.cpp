@@ -1,4 +1,5 @@
-// Files and folders that may not be read or written: only what is concerned suffers, and nothing of it.
+// Files and folders that may not be read or written: other clips are not affected, and these
+// stay as they are.
 #ifndef _WIN32
 
 #    include <sys/stat.h>
@@ -32,7 +33,7 @@ protected:
         add(userFolder() / "two", "other");
     }
 
-    // For who removes the scratch folder.
+    // So that the scratch folder can be removed.
     ~NeighbourRights() override
     {
         for (const char* const folder : {"system", "user", "user/one"}) {

@@ -249,7 +249,7 @@ TEST_F(PropertyEditorTest, WithANameAloneEmptiesTheRest)
               R"("part":{"type":"midi","key":0}})");
 }
 
-// By their units: capital letters first, and what takes two units before the last of those with one.
+// By their UTF-16 units: capital letters first, and surrogate pairs before U+FFxx.
 TEST_F(PropertyEditorTest, SortsTypesAndGenres)
 {
     setName("new");

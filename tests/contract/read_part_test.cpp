@@ -192,7 +192,7 @@ INSTANTIATE_TEST_SUITE_P(
         Choice{document(R"("audio": {}, )" + std::string(midiPart)), 0},
         Choice{document(R"("audio": {"wavFileName": "missing.wav"}, )" + std::string(midiPart)), 0},
         Choice{document(R"("midiAi": {}, )" + std::string(midiPart)), 0},
-        // A part that is no object is there, and fails.
+        // A part that is not an object counts as a part that fails.
         Choice{document(R"("audio": null, )" + std::string(midiPart)), 0},
         Choice{document(R"("audio": "take.wav", )" + std::string(midiPart)), 0},
         Choice{document(R"("midiAi": null, )" + std::string(midiPart)), 0},

@@ -1,5 +1,5 @@
 // Random clips, built through the interface, saved in both forms and read again by a new manager.
-// What comes back is compared with what was built, less what saving and reading are known to lose.
+// What is read is compared with what was built, except for what saving and reading are known to lose.
 #include <algorithm>
 #include <cmath>
 #include <limits>

@@ -1,5 +1,5 @@
-// Saving on a disk that takes no more: another step fails with every byte and every entry that there is
-// room for.
+// Saving on a full disk: with each byte and each directory entry more that there is room for, another
+// step fails.
 #include <functional>
 
 #include "support/full_disk.h"

@@ -1,5 +1,5 @@
-// What a document cannot hold, lone surrogates and numbers that are none, refuses the clip, wherever it
-// stands; what is not written refuses nothing.
+// A clip with values that no document can hold (lone surrogates, numbers that are not finite) is not
+// saved, wherever the value stands; values that are not written do not matter.
 #include <limits>
 #include <vector>
 

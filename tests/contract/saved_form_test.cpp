@@ -1,5 +1,5 @@
-// The letter of the documents that saving writes: which keys, in which order, when they are left out,
-// and the form of numbers and texts.
+// The exact text of the documents that saving writes: which keys, in which order, when they are left
+// out, and the form of numbers and texts.
 #include <charconv>
 #include <cmath>
 #include <functional>
@@ -241,7 +241,7 @@ TEST_F(SaveTest, FloatsAreWidenedAndHaveAFraction)
 
 // --- Texts ------------------------------------------------------------------------------------------
 
-// How a text stands in a document, between quotation marks.
+// A text as it is written in a document, between quotation marks.
 std::string written(unsigned unit)
 {
     switch (unit) {

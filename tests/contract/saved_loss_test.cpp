@@ -1,5 +1,5 @@
-// What a clip is known to lose on its way to the disk and back, one by one. That nothing else is lost,
-// the random round trips show.
+// What a clip loses when it is saved and read again, one by one. The random round trips show that nothing
+// else is lost.
 #include <cmath>
 #include <limits>
 
@@ -168,7 +168,7 @@ TEST_F(SavedLoss, AnAttackWithFiveLevels)
 
 TEST_F(SavedLoss, TheSingingSkillBesideAnAttackOrRelease)
 {
-    // Five levels are lost themselves, and take the singing skill along.
+    // Five levels are too many: they are lost, and the singing skill with them.
     for (const int levels : {1, 5}) {
         for (const bool isAttack : {true, false}) {
             KRT_PLX_NoteBase* const note = support::insertNote(support::createMidiPart(clip), 0);

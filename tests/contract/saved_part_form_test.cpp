@@ -1,4 +1,4 @@
-// The letter of what saving writes of notes, lanes and effects.
+// The exact text of what saving writes of notes, lanes and effects.
 #include <limits>
 
 #include "support/editing.h"

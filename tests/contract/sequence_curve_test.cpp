@@ -1,5 +1,5 @@
 // Random edits of lanes' events and vibratos' points, beside plain lists that are edited by the same
-// rules: append, sort the whole, destroy what stands where the moved one went.
+// rules: append, sort all, destroy the element at the place that the moved one took.
 #include <algorithm>
 #include <vector>
 

@@ -72,7 +72,7 @@ protected:
         return random.oneIn(10) ? std::numeric_limits<std::uint64_t>::max() : random.below(12);
     }
 
-    // Names that begin with each other, so that their order is put to the test.
+    // Names that are beginnings of each other, so that their order is tested.
     std::string someName()
     {
         static const std::string letters = "abAB";

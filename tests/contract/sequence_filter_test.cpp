@@ -35,7 +35,7 @@ protected:
         return random.oneIn(8) ? tag + std::string(40, 'x') : tag;
     }
 
-    // By a text of its own or, at times, by the text that is in the list.
+    // By a copy of the text or, at times, by the pointer from the list.
     bool callWithTag(bool (*function)(KRT_PLX_Filter*, const KRT_PLX_Char*), std::size_t list,
                      const std::string& tag)
     {

@@ -36,7 +36,7 @@ bool endsInTime(std::int64_t pos, std::int64_t duration)
 
 class NoteSequence : public MidiPartTest, public testing::WithParamInterface<std::uint32_t> {
 protected:
-    // Small ranges meet often; now and then one is at the end of time.
+    // Small ranges, so that many notes are at one position; now and then the last possible position.
     std::int32_t somePos()
     {
         const std::int32_t ends[] = {smallest, largest, largest - 1, largest - 20};

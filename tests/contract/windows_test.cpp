@@ -1,4 +1,4 @@
-// What only Windows has: files that other programs keep, paths with rules of their own, handles that child
+// What only Windows has: files that other programs keep open, special rules for paths, handles that child
 // processes inherit.
 #ifdef _WIN32
 
@@ -18,7 +18,7 @@ using support::Text;
 
 namespace {
 
-// --- Files that another program keeps ----------------------------------------------------------------
+// --- Files that another program keeps open ----------------------------------------------------------------
 
 class KeptFiles : public HostTest {
 protected:
@@ -31,7 +31,7 @@ protected:
         return clip;
     }
 
-    // What another program keeps for longer than the library waits.
+    // A file that another program keeps open for longer than the library waits.
     void expectNothingHappens(const char* kept, DWORD sharing)
     {
         SCOPED_TRACE(kept);
@@ -139,7 +139,7 @@ protected:
         EXPECT_EQ(countEntries(meant), 0);
     }
 
-    // The standard library of this compiler knows the old limit alone.
+    // The standard library of this compiler still has the old limit of the path's length.
     static Text longForm(const Path& path)
     {
         return path.is_relative() || path.native().starts_with(prefix) ? path.native()

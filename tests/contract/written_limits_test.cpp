@@ -1,4 +1,4 @@
-// Property documents that would be longer than one may be: nothing is written.
+// Property documents that would be too long: nothing is written.
 #include "support/saving.h"
 
 using support::Text;
@@ -27,7 +27,7 @@ protected:
         return support::save(made);
     }
 
-    // How long such a document is but for the tag itself.
+    // How long such a document is without the tag.
     std::size_t withoutTag()
     {
         if (withoutTag_ == 0) {
@@ -64,7 +64,7 @@ TEST_F(WrittenLimits, ALongerDocumentIsNotSaved)
     EXPECT_EQ(support::userClipCount(manager()), 1u);
 }
 
-// Whatever else is wrong with what is to be made: nothing has been opened yet.
+// Whatever else is wrong: this is found first, before any file is opened.
 TEST_F(WrittenLimits, ALongerDocumentComesBeforeAWaveFileThatIsMissing)
 {
     const support::Path wave = addWaveFile();
