@@ -35,7 +35,7 @@ BEGUN = re.compile(r'^\[ RUN      \] ([\w/]+\.[\w/]+)', re.MULTILINE)
 
 
 # For code that reads and writes files: the tests that observe a disk.
-UNITS_OF_STEPS = ['Fs*', 'Rewrite*', 'Patience*']
+UNITS_OF_STEPS = ['Fs*', 'Rewrite*', 'Patience*', 'SaveFolder*']
 UNITS_FIRST = ('src/fs/', 'src/format/rewrite.cpp')
 CONTRACTS_OF_STEPS = ['Catalogue*', 'ManagerCreation*', 'Neighbour*', 'PropertyEditor*', 'Remove*',
                       'Save*', 'ReadPart*', 'Registry*']
@@ -104,9 +104,8 @@ class Tests:
         if site.is_of_steps:
             units, contracts = (unit, only(UNITS_OF_STEPS)), (contract, only(CONTRACTS_OF_STEPS))
             yield from [units, contracts] if site.file.startswith(UNITS_FIRST) else [contracts, units]
-        else:
-            yield contract, all_but(LEFT_OUT + SLOW)
-            yield contract, only(FEW_OF_THE_SLOW)
+        yield contract, all_but(LEFT_OUT + SLOW)
+        yield contract, only(FEW_OF_THE_SLOW)
         yield faults, only(['*'])
         yield unit, only(['*'])
 

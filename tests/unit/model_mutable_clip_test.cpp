@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "clip/clip_files.h"
 #include "clip/mutable_clip_impl.h"
 #include "format/save.h"
 #include "model/audio_part_impl.h"
@@ -155,6 +156,52 @@ TEST_F(ModelMutableClip, AnAiPartNeedsAVoiceBankThenALanguage)
     EXPECT_EQ(save(), 21u);
     part.addAiLangID(127);
     EXPECT_EQ(save(), 0u);
+}
+
+// --- The folder of a clip that is saved -----------------------------------------------------------------
+
+class SaveFolder : public ModelMutableClip {
+protected:
+    support::TempDir directory;
+    std::vector<String> ids; // those that were asked about
+};
+
+TEST_F(SaveFolder, HasAnIDThatNoOtherClipHas)
+{
+    const format::NewClipFolder folder(directory.path(), [this](StringView id) {
+        ids.emplace_back(id);
+        return ids.size() < 3;
+    });
+    ASSERT_EQ(ids.size(), 3u);
+    EXPECT_NE(ids[0], ids[1]);
+    EXPECT_NE(ids[1], ids[2]);
+    EXPECT_EQ(fs::fileName(folder.dataPath().text), ids[2] + String(clipExtension));
+}
+
+TEST_F(SaveFolder, IsNotThatOfAnotherProgramsClip)
+{
+    const format::NewClipFolder folder(directory.path(), [this](StringView id) {
+        const String file = String(id) + String(clipExtension);
+        if (ids.empty()) {
+            support::writeBytes(directory / id + String("\\"_t) + file, "another's");
+        }
+        ids.emplace_back(id);
+        return false;
+    });
+    ASSERT_EQ(ids.size(), 2u);
+    EXPECT_FALSE(support::exists(String(folder.dataPath().text)));
+}
+
+TEST_F(SaveFolder, IsRemovedWithWhatOthersHavePutThere)
+{
+    savablePart();
+    {
+        format::NewClipFolder folder(directory.path(), [](StringView) { return false; });
+        EXPECT_EQ(folder.write(clip, "Clip"_t, false), KRT_PLX_RESULT_OK);
+        support::writeBytes(String(fs::folderOf(folder.dataPath()).text) + String("\\theirs"_t),
+                            "x");
+    }
+    EXPECT_TRUE(std::filesystem::is_empty(support::hostPath(directory.path())));
 }
 
 } // namespace
