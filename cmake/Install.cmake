@@ -1,8 +1,8 @@
 # What `cmake --install` installs, in these components:
 #
 #     runtime       the shared library
-#     development   headers, import libraries, the kit, the CMake package, the pkg-config files, the
-#                   examples, the schemas, the manual
+#     development   headers, import libraries, the static libraries for hosts, the CMake package, the
+#                   pkg-config files, the examples, the schemas, the manual
 #     tools         plxclip
 
 set(KRT_PLX_HTML_MANUAL "${PROJECT_BINARY_DIR}/docs/html" CACHE PATH
@@ -44,18 +44,19 @@ endfunction()
 
 # A static library made by one compiler is not always of use to another: its sources, those that are
 # generated too, are installed with it.
-function(krt_plx_install_kit)
-    if(NOT TARGET krt_plx_kit)
+# krt_plx_install_static_library(<name after krt_plx_>)
+function(krt_plx_install_static_library name)
+    set(target krt_plx_${name})
+    if(NOT TARGET ${target})
         return()
     endif()
-    set_target_properties(krt_plx_kit PROPERTIES EXPORT_NAME kit)
-    install(TARGETS krt_plx_kit EXPORT krt_plxTargets
+    set_target_properties(${target} PROPERTIES EXPORT_NAME ${name})
+    install(TARGETS ${target} EXPORT krt_plxTargets
         ARCHIVE DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT development
         INCLUDES DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}")
-    get_target_property(sources krt_plx_kit SOURCES)
+    get_target_property(sources ${target} SOURCES)
     install(FILES ${sources}
-        DESTINATION "${CMAKE_INSTALL_DATADIR}/krt_plx/kit" COMPONENT development)
-    krt_plx_install_pkgconfig_file(krt_plx_kit)
+        DESTINATION "${CMAKE_INSTALL_DATADIR}/krt_plx/${name}" COMPONENT development)
 endfunction()
 
 function(krt_plx_install_cmake_package)
@@ -109,8 +110,12 @@ endfunction()
 
 krt_plx_install_library()
 krt_plx_install_headers()
-krt_plx_install_kit()
+krt_plx_install_static_library(kit)
+krt_plx_install_static_library(loaded)
 krt_plx_install_cmake_package()
 krt_plx_install_pkgconfig_file(krt_plx)
+if(TARGET krt_plx_kit)
+    krt_plx_install_pkgconfig_file(krt_plx_kit)
+endif()
 krt_plx_install_tools()
 krt_plx_install_documents()

@@ -49,6 +49,13 @@ if(KRT_PLX_COVERAGE)
     add_link_options(--coverage)
 endif()
 
+# For what is installed, which must not show where it was built.
+set(KRT_PLX_HIDING_WHEREABOUTS "")
+if(NOT KRT_PLX_COVERAGE)
+    set(KRT_PLX_HIDING_WHEREABOUTS "-ffile-prefix-map=${PROJECT_SOURCE_DIR}=."
+        "-ffile-prefix-map=${PROJECT_BINARY_DIR}=build")
+endif()
+
 if(WIN32)
     add_compile_definitions(UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX)
     # The compiler's runtime goes into the binaries, so that they need nothing but Windows.

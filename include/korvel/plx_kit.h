@@ -11,7 +11,8 @@
  *
  * Most functions here take a table of the library's functions first. A host that loads the library at
  * run time passes the table that KRT_PLX_load() has filled (plx_loader.h). A host that is linked to the
- * library passes KRT_PLX_Kit_linked(), and links `krt_plx_kit` before `krt_plx`. A null or an empty table is safe: the function then does
+ * library passes KRT_PLX_Kit_linked(), and links `krt_plx_kit` before `krt_plx`; so does one that loads
+ * it with plx_loaded.h, before `krt_plx_loaded`. A null or an empty table is safe: the function then does
  * nothing and returns what it returns for a null handle.
  *
  * ## Changing a clip that exists
@@ -49,9 +50,10 @@ extern "C" {
 struct KRT_PLX_Api;
 
 /**
- * Returns the table of a library that the host is linked to.
+ * Returns the table of the functions of plx.h that the host is linked to: those of the library, or those of
+ * `krt_plx_loaded` in a host that loads the library with plx_loaded.h.
  *
- * A host that loads the library does not call this: it would have to be linked.
+ * A host that loads the library into a table of its own does not call this: it would have to be linked.
  *
  * @return the table, complete and constant
  */

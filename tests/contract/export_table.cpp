@@ -35,6 +35,13 @@ bool Export::changes() const
                        [this](std::string_view verb) { return operation().starts_with(verb); });
 }
 
+bool Export::defaultMeansRefusal() const
+{
+    const std::string_view name = operation();
+    return !changes() && !name.starts_with("is") && !name.starts_with("has") &&
+           !name.ends_with("Port") && name != "audioPart" && name != "midiPart";
+}
+
 void Arguments::report(Outcome& outcome) const
 {
     outcome.count = count_;

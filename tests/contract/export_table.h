@@ -71,6 +71,10 @@ struct Export {
 
     // Whether a call may change or destroy an object.
     [[nodiscard]] bool changes() const;
+
+    // Whether the default is impossible for a living object of these tests. A truth value has no mark,
+    // and a clip has its part in one of two forms.
+    [[nodiscard]] bool defaultMeansRefusal() const;
 };
 
 // All of them, family by family.

@@ -201,22 +201,13 @@ TEST_P(WrongKindOfHandle, GivesTheDefaultAndDoesNothing)
 
 INSTANTIATE_TEST_SUITE_P(Exports, WrongKindOfHandle, testing::ValuesIn(derivedClasses), className);
 
-// Whether a default is impossible for a living object of these tests. A truth value has no mark, and
-// a clip has its part in one of two forms.
-bool defaultMeansRefusal(const Export& one)
-{
-    const std::string_view operation = one.operation();
-    return !one.changes() && !operation.starts_with("is") && !operation.starts_with("has") &&
-           !operation.ends_with("Port") && operation != "audioPart" && operation != "midiPart";
-}
-
 TEST(LivingObjects, AreTakenByTheFunctionsOfTheirClasses)
 {
     const LivingObjects objects;
     for (const LivingObject& object : objects.all()) {
         ASSERT_NE(object.handle, nullptr) << object.kind;
         for (const Export& one : exportTable()) {
-            if (object.is(one.className()) && defaultMeansRefusal(one)) {
+            if (object.is(one.className()) && one.defaultMeansRefusal()) {
                 EXPECT_NE(one.call(object.handle, objects.elements()).bits, one.defaultBits)
                     << one.name << " with " << object.kind;
             }

@@ -255,7 +255,8 @@ class Transpose(ExampleTest):
 
     def hosts(self):
         library = PROGRAMS.folder / ("krt_plx.dll" if PROGRAMS.suffix else "libkrt_plx.so")
-        return {"transpose": (), "transpose_loaded": (PROGRAMS.path(library),), "sing_higher": ()}
+        loaded = (PROGRAMS.path(library),)
+        return {"transpose": (), "transpose_loaded": loaded, "sing_higher": (), "sing_higher_loaded": loaded}
 
     def transpose(self, host, clip, code=0):
         """The document of the new clip, and what was told."""
@@ -285,9 +286,16 @@ class Transpose(ExampleTest):
             _, told = self.transpose(host, "Scala", code=1)
             self.assertIn("part: aiVoice.compID: prevents saving", told)
 
+    def test_a_library_that_is_not_there_is_told(self):
+        for host, library in self.hosts().items():
+            if library:
+                result = PROGRAMS.run(host, PROGRAMS.path(self.scratch / "none"), "a", "b", "c", "d")
+                self.assertEqual((result.code, result.lines), (1, []))
+                self.assertIn("loaded: ", result.errors)
+
     def test_it_takes_few_lines(self):
         self.assertLessEqual(self.lines_of("transposing.c", "KRT_PLX_ClipBase* save_higher"), 15)
-        self.assertLessEqual(self.lines_of("sing_higher.cpp", "plx::UserClip saveHigher"), 8)
+        self.assertLessEqual(self.lines_of("singing_higher.cpp", "plx::UserClip saveHigher"), 8)
 
     def pitches(self, document):
         part = document.get("midi") or document["midiAi"]

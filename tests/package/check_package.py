@@ -40,11 +40,11 @@ class Tree(PackageTest):
         return {"lib/libkrt_plx.so", f"lib/libkrt_plx.so.{self.compatible_version}",
                 f"lib/libkrt_plx.so.{self.version_text}"}
 
-    def kit(self):
-        sources = {file.name for file in (self.surroundings.sources / "kit").glob("*.[ch]")}
-        self.assertIn("copy.c", sources)
-        return {"lib/libkrt_plx_kit.a"} | {f"share/krt_plx/kit/{name}" for name in
-                                            sources | {"folding_table.c", "linked.c"}}
+    def static_library(self, name, *made):
+        """A library that hosts link, and its sources; some of them are made by the build."""
+        sources = {file.name for file in (self.surroundings.sources / name).glob("*.[ch]")}
+        self.assertGreater(len(sources), 1)
+        return {f"lib/libkrt_plx_{name}.a"} | {f"share/krt_plx/{name}/{file}" for file in {*sources, *made}}
 
     def sources_in(self, folder):
         """The files of a folder of the sources, as they are installed."""
@@ -59,7 +59,9 @@ class Tree(PackageTest):
         packages = {"krt_plxConfig.cmake", "krt_plxConfigVersion.cmake", "krt_plxTargets.cmake"}
         expected |= {f"lib/cmake/krt_plx/{name}" for name in packages}
         expected.add("share/krt_plx/krt_plx.api.json")
-        expected |= self.kit() | self.sources_in("examples") | self.sources_in("docs/schemas")
+        expected |= self.static_library("kit", "folding_table.c", "linked.c")
+        expected |= self.static_library("loaded", "functions.c")
+        expected |= self.sources_in("examples") | self.sources_in("docs/schemas")
         expected |= {f"share/doc/krt_plx/{name}"
                      for name in ("README.md", "CHANGELOG.md", "LICENSE", "copyright")}
         self.assertEqual(expected - self.files(), set())

@@ -71,4 +71,4 @@ class PackageExamples(PackageTest):
         programs = {path.stem for path in (self.tree / "my-examples/bin").iterdir()
                     if os.access(path, os.X_OK) and path.is_file()}
         self.assertLessEqual({"browse", "compose", "sing_along", "load", "recipes",
-                              "transpose", "transpose_loaded", "sing_higher"}, programs)
+                              "transpose", "transpose_loaded", "sing_higher", "sing_higher_loaded"}, programs)

@@ -1,7 +1,7 @@
 /**
  * @file kit.hpp
  * Editing clips that exist, and finding clips; see plx_kit.h. Who calls a function of this header links
- * the static library `krt_plx_kit` (CMake: `krt_plx::kit`) before `krt_plx`.
+ * the static library `krt_plx_kit` (CMake: `krt_plx::kit`) before `krt_plx`, or before `krt_plx_loaded`.
  *
  * A function that returns notices or clips throws std::bad_alloc when there is no memory for them. What
  * it did before stays done; a clip that edit() made is destroyed again.
