@@ -67,8 +67,19 @@ class PackageExamples(PackageTest):
         output_of(build, cwd=self.tree)
         command = [*self.surroundings.launcher, self.surroundings.file_name(str(self.tree / run[0])), *run[1:]]
         self.assertEqual(output_of(command, cwd=self.tree).splitlines(), RECIPES)
-        self.assertEqual(len(list((self.tree / "my-clips").rglob("*.kxclip"))), 4)
+        self.assertEqual(self.saved_clips(), 4)
+        self.transpose_loaded(*run[1:])
         programs = {path.stem for path in (self.tree / "my-examples/bin").iterdir()
                     if os.access(path, os.X_OK) and path.is_file()}
         self.assertLessEqual({"browse", "compose", "sing_along", "load", "recipes",
                               "transpose", "transpose_loaded", "sing_higher", "sing_higher_loaded"}, programs)
+
+    def transpose_loaded(self, *folders):
+        """A host in C++ loads the library of the package, of which it has linked only the static ones."""
+        name = self.surroundings.file_name(str(self.tree / "my-examples/bin/sing_higher_loaded"))
+        library = "bin\\krt_plx.dll" if self.surroundings.is_windows else "lib/libkrt_plx.so"
+        output_of([*self.surroundings.launcher, name, library, *folders, "freude", "Loaded"], cwd=self.tree)
+        self.assertEqual(self.saved_clips(), 5)
+
+    def saved_clips(self):
+        return len(list((self.tree / "my-clips").rglob("*.kxclip")))
