@@ -1,7 +1,7 @@
 # The interface as data: krt_plx.api.json, made at build time from the public headers. Bindings for
-# other languages are made from it.
+# other languages are made from it, and the functions of krt_plx_loaded.
 
-option(KRT_PLX_INTERFACE "Make krt_plx.api.json, which takes clang and Python"
+option(KRT_PLX_INTERFACE "Make krt_plx.api.json and krt_plx_loaded, which takes clang and Python"
     ${PROJECT_IS_TOP_LEVEL})
 
 set(KRT_PLX_INTERFACE_FILE "${PROJECT_BINARY_DIR}/generated/interface/krt_plx.api.json")

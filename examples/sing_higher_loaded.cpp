@@ -1,7 +1,6 @@
 // The same as sing_higher.cpp in a host that loads the library at run time.
 #include <cstdio>
 #include <cstdlib>
-#include <filesystem>
 
 #include <korvel/plx.hpp>
 #include <korvel/plx_loaded.h>
@@ -20,14 +19,15 @@ void report(void*, KRT_PLX_LoadProblem problem, const char* text)
     std::fprintf(stderr, "%s: %s\n", what, text);
 }
 
-// [load]
 // The path goes to the system in the form in which that loads libraries.
 bool loadLibrary(const char* file)
 {
-    const std::filesystem::path library(korvel::plx::fromUtf8(file));
-    return KRT_PLX_loadForAll(library.c_str(), report, nullptr);
+#ifdef _WIN32
+    return KRT_PLX_loadForAll(korvel::plx::fromUtf8(file).c_str(), report, nullptr);
+#else
+    return KRT_PLX_loadForAll(file, report, nullptr);
+#endif
 }
-// [load]
 
 } // namespace
 

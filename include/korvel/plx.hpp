@@ -17,6 +17,9 @@
  *   of a vibrato). Other numbers are for a null handle what the C function returns;
  * - edit(), transpose(), find() and their like (kit.hpp), for hosts that also link `krt_plx_kit`.
  *
+ * The functions are called by their names: a host links `krt_plx`, or `krt_plx_loaded` (plx_loaded.h) if it
+ * loads the library at run time.
+ *
  * A handle is a pointer: it owns nothing, is copied freely, and dies when plx.h says so. A manager
  * has to be destroyed as in C.
  *
