@@ -13,6 +13,7 @@ RANGE = ("minimum", "maximum")
 TEMPO = ("property.part", "tempo")
 KEY = ("property.part", "key")
 LANGUAGE = ("data.midi.voice", "langID")
+NUMBER = ("notes[]", "number")
 BEND = (CONTROLLERS, "pitchBend")
 BEND_RANGE = (CONTROLLERS, "pitchBendSens")
 SONGS = "bindings/python/korvel_plx/songs"
@@ -35,6 +36,14 @@ PLACES = (
     ("tools/plxclip/options.h", r"a key: (\d+) to (\d+), or a name", KEY, RANGE, 1),
     ("tools/plxclip/options.h", r"a language: a number from (\d+) on", ("property.filter", "languages"),
      ("minimum",), 1),
+    ("tools/plxclip/copy_command.cpp", r"found && \*found <= (\d+)", LANGUAGE, ("maximum",), 1),
+    ("tools/plxclip/copy_command.cpp", r"a language of notes: (\d+) to (\d+)", LANGUAGE, RANGE, 1),
+    ("tools/plxclip/copy_command.cpp", r"CLI::Range\((-\d+), \d+\)", NUMBER, ("maximum",), -1),
+    ("tools/plxclip/copy_command.cpp", r"CLI::Range\(-\d+, (\d+)\)", NUMBER, ("maximum",), 1),
+    ("kit/copy.c", r"return language <= (\d+);", LANGUAGE, ("maximum",), 1),
+    ("kit/change.c", r"highest = (\d+) }", NUMBER, ("maximum",), 1),
+    ("include/korvel/plx_kit.h", r"language  (\d+) to (\d+) for notes", LANGUAGE, RANGE, 1),
+    ("include/korvel/plx_kit.h", r"range of (\d+) to (\d+), nothing is changed", NUMBER, RANGE, 1),
     ("include/korvel/face/codes.hpp", r"return id <= (\d+) \?", LANGUAGE, ("maximum",), 1),
 )
 # What a note has that nobody changed, in the order in which clips.py compares it.
