@@ -163,9 +163,9 @@ void readOrdinaryParts(Run& run)
     contest.add(read.library());
     contest.add(read.bareRead());
     contest.add(read.plainParse());
-    contest.add(atMost(0.75, read.plainForm()));
+    contest.add(atMost(0.55, read.plainForm()));
     contest.add(atMost(1.0 / 3, read.nlohmann()));
-    contest.add(read.simdjson());
+    contest.add(atMost(1.3, read.simdjson()));
     contest.run(run.clock, run.table);
 }
 
@@ -176,7 +176,7 @@ void readBigPart(Run& run)
     Contest contest("readPart, " + sizeOf(run.data.document("big")), run.rounds);
     contest.add(read.library());
     contest.add(read.bareRead());
-    contest.add(atMost(1.0, read.plainParse()));
+    contest.add(atMost(0.7, read.plainParse()));
     contest.add(read.plainForm());
     contest.add(read.nlohmann());
     contest.add(read.simdjson());

@@ -52,29 +52,27 @@ void removeRepetitions(std::vector<Value>& list)
     list.erase(end, list.end());
 }
 
-// Appends the items that `accepts` allows and that are not in the list yet.
+// The items that `accepts` allows, each once.
 template <class Value, class Accepts>
-void appendDistinct(std::vector<Value>& list, const std::vector<Value>& items, Accepts accepts)
+std::vector<Value> distinctOf(const std::vector<Value>& items, Accepts accepts)
 {
-    list.reserve(list.size() + items.size());
+    std::vector<Value> list;
+    list.reserve(items.size());
     std::copy_if(items.begin(), items.end(), std::back_inserter(list), accepts);
     removeRepetitions(list);
+    return list;
 }
 
 } // namespace
 
-void FilterTags::addAll(Tag tag, const std::vector<StringView>& texts)
+TextList FilterTags::distinct(Tag tag, const std::vector<StringView>& texts)
 {
-    auto all = list(tag).views();
-    appendDistinct(all, texts, [tag](StringView text) { return takesText(tag, text); });
-    TextList(all).swap(list(tag));
+    return TextList(distinctOf(texts, [tag](StringView text) { return takesText(tag, text); }));
 }
 
-void FilterTags::addAllLanguages(const Languages& numbers)
+FilterTags::Languages FilterTags::distinct(const Languages& numbers)
 {
-    Languages all = languages();
-    appendDistinct(all, numbers, takesLanguage);
-    languageList().swap(all);
+    return distinctOf(numbers, takesLanguage);
 }
 
 } // namespace Korvel::CANTORIS::PLX

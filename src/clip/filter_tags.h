@@ -1,6 +1,7 @@
 // The tags of a catalogue clip, which are read from a document all at once.
 #pragma once
 
+#include <utility>
 #include <vector>
 
 #include "clip/tag_lists.h"
@@ -10,10 +11,13 @@ namespace Korvel::CANTORIS::PLX {
 
 class FilterTags : public TagLists<TextList> {
 public:
-    // Appends, in order, the texts that the list accepts and does not contain yet. The time is
-    // nearly linear in their number, because a document may contain any number.
-    void addAll(Tag tag, const std::vector<StringView>& texts);
-    void addAllLanguages(const Languages& numbers);
+    // The texts or numbers that a list accepts, without repetitions, in order. The time is nearly
+    // linear in their number, because a document may contain any number.
+    static TextList distinct(Tag tag, const std::vector<StringView>& texts);
+    static Languages distinct(const Languages& numbers);
+
+    void set(Tag tag, TextList texts) { list(tag) = std::move(texts); }
+    void setLanguages(Languages numbers) { languageList() = std::move(numbers); }
 
     // Swaps one list as a whole.
     void exchange(Tag tag, TextList& texts) noexcept { list(tag).swap(texts); }

@@ -8,10 +8,13 @@ namespace Korvel::CANTORIS::PLX {
 
 namespace {
 
-// The words before the units: the number of texts, their starts and the end.
+// The words before those of the texts: how many lists use the block, and the number of texts.
+constexpr std::size_t headWords = 2;
+
+// The words before the units: those of the head, the starts of the texts and the end.
 constexpr std::size_t wordCount(std::size_t texts)
 {
-    return texts + 2;
+    return headWords + texts + 1;
 }
 
 std::uint32_t asWord(std::size_t number)
@@ -34,10 +37,11 @@ TextList::TextList(const std::vector<StringView>& texts)
         unitCount += text.size() + 1;
     }
     const std::size_t wordBytes = wordCount(texts.size()) * sizeof(std::uint32_t);
-    block_ = std::make_unique_for_overwrite<std::byte[]>(wordBytes + unitCount * sizeof(Char));
-    auto* word = reinterpret_cast<std::uint32_t*>(block_.get());
+    block_.reset(new std::byte[wordBytes + unitCount * sizeof(Char)]);
     auto* const units = reinterpret_cast<Char*>(block_.get() + wordBytes);
+    std::uint32_t* word = words();
     Char* unit = units;
+    *word++ = 1;
     *word++ = asWord(texts.size());
     for (const StringView text : texts) {
         *word++ = asWord(static_cast<std::size_t>(unit - units));
@@ -47,9 +51,27 @@ TextList::TextList(const std::vector<StringView>& texts)
     *word = asWord(unitCount);
 }
 
-const std::uint32_t* TextList::words() const
+void TextList::Release::operator()(std::byte* block) const noexcept
 {
-    return reinterpret_cast<const std::uint32_t*>(block_.get());
+    auto& users = *reinterpret_cast<std::uint32_t*>(block);
+    if (--users == 0) {
+        delete[] block;
+    }
+}
+
+TextList TextList::share() const noexcept
+{
+    TextList other;
+    if (block_ != nullptr) {
+        ++*words();
+        other.block_.reset(block_.get());
+    }
+    return other;
+}
+
+std::uint32_t* TextList::words() const
+{
+    return reinterpret_cast<std::uint32_t*>(block_.get());
 }
 
 const Char* TextList::units() const
@@ -59,12 +81,12 @@ const Char* TextList::units() const
 
 std::size_t TextList::size() const
 {
-    return block_ == nullptr ? 0 : *words();
+    return block_ == nullptr ? 0 : words()[1];
 }
 
 StringView TextList::operator[](std::size_t index) const
 {
-    const std::uint32_t* const starts = words() + 1;
+    const std::uint32_t* const starts = words() + headWords;
     return {units() + starts[index], starts[index + 1] - starts[index] - 1};
 }
 

@@ -23,13 +23,22 @@ public:
     std::vector<StringView> views() const;
     void swap(TextList& other) noexcept { block_.swap(other.block_); }
 
+    // A list of the same texts in the same memory. Lists that share it belong to one manager, which
+    // is used by one thread at a time.
+    TextList share() const noexcept;
+
 private:
-    // The number of texts, then where each one starts among the units and where the last one ends,
-    // then the units of all texts, each text with its NUL.
-    const std::uint32_t* words() const;
+    // The last list that uses the block deletes it.
+    struct Release {
+        void operator()(std::byte* block) const noexcept;
+    };
+
+    // How many lists use the block, the number of texts, then where each text starts among the
+    // units and where the last one ends, then the units of all texts, each text with its NUL.
+    std::uint32_t* words() const;
     const Char* units() const;
 
-    std::unique_ptr<std::byte[]> block_;
+    std::unique_ptr<std::byte[], Release> block_;
 };
 
 } // namespace Korvel::CANTORIS::PLX

@@ -248,7 +248,7 @@ bool ClipBuilder::endInNote()
 void ClipBuilder::addVendorTag(bool hasFilter)
 {
     if (hasFilter) {
-        wanted_->properties->filter.addAll(Tag::vendor, {wanted_->properties->vendorName});
+        tags_.setVendor(wanted_->properties->vendorName, wanted_->properties->filter);
     }
 }
 

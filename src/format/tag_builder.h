@@ -1,8 +1,11 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <set>
+#include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "clip/filter_tags.h"
@@ -10,7 +13,8 @@
 
 namespace Korvel::CANTORIS::PLX::format {
 
-// Collects the tags of a filter, list by list: a list is added whole, when it ends.
+// Collects the tags of a filter, list by list: a list is set whole, when it ends. The clips of a
+// catalogue have few different lists of tags, so clips with the same tags share one list.
 class TagBuilder {
 public:
     void beginList();
@@ -21,14 +25,33 @@ public:
     // The list is that of the innermost object's row.
     void endList(const keys::Row& row, FilterTags& tags);
 
-private:
-    StringView lastText() const;
+    // The clip's vendor is its only tag of that kind.
+    void setVendor(const String& name, FilterTags& tags);
 
-    String units_; // the texts end to end
-    std::vector<std::size_t> ends_;
+private:
+    // The texts of a list as the document has them: in UTF-8, end to end, and where each one ends.
+    struct Texts {
+        Tag tag = Tag::vendor;
+        std::string utf8;
+        std::vector<std::size_t> ends;
+
+        bool operator==(const Texts&) const = default;
+        std::string_view at(std::size_t index) const;
+    };
+
+    struct Hash {
+        std::size_t operator()(const Texts& texts) const;
+    };
+
+    TextList list();
+    TextList newList() const;
+
+    Texts texts_;
     FilterTags::Languages languages_;
+    std::unordered_map<Texts, TextList, Hash> known_;
+    TextList vendor_; // of the last clip
     // What was added, as long as anyone listens.
-    std::set<String> knownTexts_;
+    std::set<std::string, std::less<>> knownTexts_;
     std::set<std::int32_t> knownLanguages_;
 };
 

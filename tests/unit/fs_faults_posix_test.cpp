@@ -472,7 +472,7 @@ TEST_F(FsFaults, EachFolderThatIsMadeIsOnTheDisk)
         EXPECT_TRUE(result);
         closings += isClosing ? 1 : 0;
     }
-    EXPECT_EQ(closings, 3); // of the parent folder, for each of the three
+    EXPECT_EQ(closings, 6); // of each of the three and its parent
 }
 
 // --- Removing -------------------------------------------------------------------------------------------

@@ -35,4 +35,14 @@ TEST(TextList, SwapsAllItHolds)
     EXPECT_EQ(other.views(), (Views{"Pop"_t, "Rock"_t}));
 }
 
+TEST(TextList, SharesItsTextsUntilTheLastListEnds)
+{
+    TextList first(Views{"Pop"_t, "Rock"_t});
+    TextList second = first.share();
+    EXPECT_EQ(second[0].data(), first[0].data());
+    first = TextList();
+    EXPECT_EQ(second.views(), (Views{"Pop"_t, "Rock"_t}));
+    EXPECT_EQ(TextList().share().size(), 0u);
+}
+
 } // namespace

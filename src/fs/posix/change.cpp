@@ -10,17 +10,18 @@ namespace {
 
 constexpr std::string_view separators = "/";
 
-std::string parentOf(const std::string& path)
-{
-    const std::size_t length = parentLength(path, path.size(), separators);
-    return length > 0 ? path.substr(0, length) : path.starts_with('/') ? "/" : ".";
-}
-
-// The new entry is stored in the parent. If the parent cannot be opened, it cannot be synchronised.
+// The new entry is stored in the folder's parent. If the parent cannot be opened, it cannot be
+// synchronised.
 bool syncEntry(const std::string& path)
 {
-    const Descriptor parent = openFolder(AT_FDCWD, parentOf(path).c_str());
-    return parent ? syncFolder(parent) : errno == EACCES;
+    const Descriptor folder = openFolder(AT_FDCWD, path.c_str());
+    if (folder) {
+        const Descriptor parent = openFolder(folder.number(), "..");
+        if (parent) {
+            return syncFolder(parent);
+        }
+    }
+    return errno == EACCES;
 }
 
 // An existing folder is as good as a new one.
@@ -39,8 +40,7 @@ Made makeFolder(const std::string& path)
 
 bool createDirectories(const Path& path)
 {
-    HostPath host{path.text};
-    host.dropTrailingSeparators();
+    const HostPath host{path.text};
     return makeWithAncestors<std::string>(host.text(), separators, makeFolder);
 }
 

@@ -57,13 +57,6 @@ bool HostPath::append(char32_t point)
     return true;
 }
 
-void HostPath::dropTrailingSeparators()
-{
-    while (length_ > 1 && bytes_[length_ - 1] == '/') {
-        bytes_[--length_] = '\0';
-    }
-}
-
 void HostPath::clear()
 {
     length_ = 0;

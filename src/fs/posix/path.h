@@ -18,9 +18,6 @@ public:
     const char* text() const { return bytes_; }
     std::size_t length() const { return length_; }
 
-    // Except for the root, a path means the same folder without them.
-    void dropTrailingSeparators();
-
 protected:
     void clear();
 
