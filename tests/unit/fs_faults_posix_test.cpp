@@ -371,6 +371,28 @@ TEST_F(FsFaults, AFileIsHeldOnlyWhenItWasSeenToBePlain)
     }
 }
 
+// Another program acts after the file was looked at and before it is opened. The error of an earlier
+// call must not count.
+TEST_F(FsFaults, AFileThatIsToBeHeldMayVanishOrTurnIntoAPipe)
+{
+    const auto stateAfter = [this](const std::function<void()>& happening) {
+        Work work = holding();
+        work.prepare();
+        Faults::interfere(2, happening);
+        work.run();
+        EXPECT_GE(Faults::stop(), 2);
+        return state;
+    };
+    EXPECT_EQ(stateAfter([this] { removeAll("file"); }), HeldFile::State::missing);
+    const auto replace = [this] {
+        removeAll("file");
+        makePipe(dir / "file");
+        errno = ENOENT;
+    };
+    EXPECT_EQ(stateAfter(replace), HeldFile::State::refused);
+    removeAll("file");
+}
+
 TEST_F(FsFaults, WhatIsDoneWithAHeldFileSaysWhetherItWas)
 {
     using Step = std::function<bool(HeldFile & file)>;

@@ -100,7 +100,8 @@ Folder Folder::inner(StringView name) const
     return folder->descriptor ? Folder(std::move(folder)) : Folder();
 }
 
-// Allocates first, so that no folder is made that could not be held.
+// Allocates first, so that no folder is made that could not be held. Whether the folder is there,
+// new or not, shows when it is opened.
 Folder Folder::make(StringView name) const
 {
     const HostName host{name, folder_->pathLength};
@@ -108,9 +109,6 @@ Folder Folder::make(StringView name) const
     auto folder =
         std::make_unique<OpenFolder>(Descriptor{-1}, folder_->pathLength + 1 + host.length());
     const bool isNew = uninterrupted([&] { return ::mkdirat(parent, host.text(), 0777); }) == 0;
-    if (!isNew && errno != EEXIST) {
-        return {};
-    }
     folder->descriptor = openFolder(parent, host.text(), O_NOFOLLOW);
     if (folder->descriptor) {
         return Folder(std::move(folder));
