@@ -1,5 +1,4 @@
-# What the build uses from the system's packages: RapidJSON and, for the tests, GoogleTest. Both are
-# packaged as source, so that a cross build and a sanitized build can use them too.
+# What the build uses from the system's packages: RapidJSON and, for the tests, GoogleTest.
 
 # The host's include folder must never reach a cross compiler, so a folder of its own has a link to
 # RapidJSON and to nothing else.
@@ -10,7 +9,12 @@ file(MAKE_DIRECTORY "${KRT_PLX_RAPIDJSON_INCLUDE}")
 file(CREATE_LINK "${KRT_PLX_RAPIDJSON_PARENT}/rapidjson" "${KRT_PLX_RAPIDJSON_INCLUDE}/rapidjson"
     SYMBOLIC)
 
-if(KRT_PLX_TESTS)
+# GoogleTest as it is packaged serves the builds for this system. A cross build and a build in which
+# each access to memory is watched compile its packaged source.
+if(KRT_PLX_TESTS AND NOT CMAKE_CROSSCOMPILING AND NOT KRT_PLX_SANITIZERS MATCHES "thread|fuzzer")
+    find_package(GTest CONFIG QUIET)
+endif()
+if(KRT_PLX_TESTS AND NOT TARGET GTest::gmock_main)
     find_path(KRT_PLX_GOOGLETEST googlemock/CMakeLists.txt NO_CMAKE_FIND_ROOT_PATH REQUIRED
         PATHS /usr/src/googletest NO_DEFAULT_PATH)
     set(INSTALL_GTEST OFF)

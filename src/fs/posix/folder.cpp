@@ -160,8 +160,7 @@ bool Folder::remove(StringView name) const
 {
     const HostName host{name};
     const int folder = folder_->descriptor.number();
-    return removeEntry(folder, host.text()) ||
-           ((errno == EISDIR || errno == EPERM) && removeEntry(folder, host.text(), AT_REMOVEDIR));
+    return removeEntry(folder, host.text()) || removeEntry(folder, host.text(), AT_REMOVEDIR);
 }
 
 void Folder::removeHeld(StringView name, const HeldFile& file) const
@@ -179,7 +178,7 @@ bool Folder::removeTree(StringView name) const
     if (host.length() == 0) {
         return false;
     }
-    if (removeEntry(parent, host.text()) || errno == ENOENT) {
+    if (removeEntry(parent, host.text())) {
         return true;
     }
     Descriptor folder = openFolder(parent, host.text(), O_NOFOLLOW);
