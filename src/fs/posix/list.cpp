@@ -49,11 +49,7 @@ Descriptor openToList(const HostPath& path)
 void list(const Path& folder, Listing& listing)
 {
     listing.clear();
-    Descriptor opened = openToList(HostPath{folder.text});
-    if (!opened) {
-        return;
-    }
-    forEachEntry(std::move(opened), [&](const Entry& entry) {
+    forEachEntry(openToList(HostPath{folder.text}), [&](const Entry& entry) {
         const std::optional<EntryKind> kind = kindOf(entry);
         if (kind && appendName(entry.name, listing.names())) {
             listing.add(*kind);
