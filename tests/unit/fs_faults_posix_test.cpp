@@ -438,6 +438,16 @@ TEST_F(FsFaults, AHeldFileIsWrittenInOneCallWhereTheSystemTakesItWhole)
 
 // --- Folders --------------------------------------------------------------------------------------------
 
+TEST_F(FsFaults, AnErrorOfAnEarlierCallDoesNotOpenAFolderOnceMore)
+{
+    const auto open = [this] {
+        errno = EACCES;
+        result = fs::Folder::open(dir.path()).isOpen();
+    };
+    EXPECT_EQ(countCalls({[] {}, open, [] {}}), 2); // open, close
+    EXPECT_TRUE(result);
+}
+
 TEST_F(FsFaults, AFolderThatIsMadeIsOpenOrNotLeft)
 {
     failEachCall(Faults::errors, making());

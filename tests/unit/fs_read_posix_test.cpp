@@ -4,6 +4,7 @@
 
 #    include <cerrno>
 #    include <chrono>
+#    include <cstdlib>
 #    include <ctime>
 #    include <optional>
 #    include <string>
@@ -12,6 +13,8 @@
 #    include <fcntl.h>
 #    include <gtest/gtest.h>
 #    include <sys/stat.h>
+#    include <sys/wait.h>
+#    include <unistd.h>
 
 #    include "fs/fs.h"
 #    include "fs/recent.h"
@@ -252,6 +255,36 @@ TEST(FsRecent, EndsThreeSecondsOffInEitherDirection)
     EXPECT_FALSE(fs::isRecent(fs::settledAfter));
     EXPECT_FALSE(fs::isRecent(-fs::settledAfter));
     EXPECT_GT(fs::settledAfter, 2s); // file systems store times in steps of up to two seconds
+}
+
+// A process without a terminal: reads the path as that of a file, and ends with 0 when it still has
+// none.
+[[noreturn]] void readWithoutTerminal(const String& terminal)
+{
+    ::setsid();
+    std::string content;
+    fs::Patience patience;
+    static_cast<void>(fs::readFile(terminal, content, {.kind = fs::Kind::plain}, patience));
+    ::_exit(::open("/dev/tty", O_RDWR | O_CLOEXEC) < 0 ? 0 : 1);
+}
+
+// A link to one may take the place of a file just before it is opened.
+TEST_F(FsReadPosix, ATerminalDoesNotBecomeThatOfTheProcess)
+{
+    const int master = ::posix_openpt(O_RDWR | O_NOCTTY);
+    if (master < 0 || ::grantpt(master) != 0 || ::unlockpt(master) != 0) {
+        GTEST_SKIP() << "this system makes no terminals";
+    }
+    const String terminal = support::text(::ptsname(master));
+    const pid_t child = ::fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+        readWithoutTerminal(terminal);
+    }
+    int status = -1;
+    EXPECT_EQ(::waitpid(child, &status, 0), child);
+    EXPECT_EQ(status, 0);
+    ::close(master);
 }
 
 } // namespace
