@@ -3,6 +3,7 @@ nothing, those of faults and those that link the objects."""
 
 import collections
 import concurrent.futures
+import contextlib
 import os
 import re
 import resource
@@ -81,8 +82,7 @@ class Tests:
 
     def run(self, identity, suites, program):
         """The name of the test that notices the change; None when all pass."""
-        with tempfile.TemporaryDirectory(dir=self.scratch, ignore_cleanup_errors=True) as folder:
-            os.chmod(folder, 0o755)  # tests act as other users too
+        with scratch_folder(self.scratch) as folder:
             process = subprocess.Popen(
                 [program, '--gtest_fail_fast', '--gtest_brief=0', '--gtest_filter=' + suites],
                 env={**self.environment, 'KRT_PLX_MUTANT': str(identity), 'TMPDIR': folder},
@@ -154,10 +154,20 @@ def run_built(tree, tests, chosen, log):
         tree.restore(site)
 
 
+@contextlib.contextmanager
+def scratch_folder(parent):
+    folder = tempfile.mkdtemp(dir=parent)
+    os.chmod(folder, 0o755)  # tests act as other users too
+    try:
+        yield folder
+    finally:
+        # A test that was ended may leave folders deeper than Python can remove.
+        subprocess.run(['rm', '-rf', folder], stderr=subprocess.DEVNULL, check=False)
+
+
 def run_all(tree, programs, chosen, jobs):
-    with tempfile.TemporaryDirectory(dir=shared_memory()) as scratch, \
+    with scratch_folder(shared_memory()) as scratch, \
             open(tree.folder / 'log.txt', 'w', encoding='utf-8') as log:
-        os.chmod(scratch, 0o755)  # tests act as other users too
         tests = Tests(programs, tree, scratch)
         name = tests.notice_nothing()
         if name is not None:
