@@ -8,8 +8,7 @@ namespace {
 
 void writeTags(Json& json, const Tags& tags)
 {
-    json.key("tags");
-    json.object([&] {
+    json.object("tags", [&] {
         json.list("types", tags.types);
         json.list("genres", tags.genres);
         json.list("languages", tags.languages);
@@ -34,19 +33,15 @@ void writeProperties(Json& json, const Properties& clip)
 
 void writePoints(Json& json, std::string_view name, const std::vector<Point>& points)
 {
-    json.key(name);
-    json.array(points, [&](const Point& point) {
-        json.object([&] {
-            json.member("pos", point.pos);
-            json.member("value", point.value);
-        });
+    json.objects(name, points, [](Json& inner, const Point& point) {
+        inner.member("pos", point.pos);
+        inner.member("value", point.value);
     });
 }
 
 void writeDvqm(Json& json, std::string_view name, const Dvqm& dvqm)
 {
-    json.key(name);
-    json.object([&] {
+    json.object(name, [&] {
         json.member("component", dvqm.component);
         json.list("levelNames", dvqm.levelNames);
         json.member("isProtected", dvqm.isProtected);
@@ -65,8 +60,7 @@ void writeValues(Json& json, const std::vector<NamedValue>& values)
 
 void writeSkill(Json& json, const SingingSkill& skill)
 {
-    json.key("singingSkill");
-    json.object([&] {
+    json.object("singingSkill", [&] {
         json.member("duration", skill.duration);
         json.member("pre", skill.preWeight);
         json.member("post", skill.postWeight);
@@ -75,8 +69,7 @@ void writeSkill(Json& json, const SingingSkill& skill)
 
 void writeVibrato(Json& json, const Vibrato& vibrato)
 {
-    json.key("vibrato");
-    json.object([&] {
+    json.object("vibrato", [&] {
         json.member("type", vibrato.type);
         json.member("duration", vibrato.duration);
         writePoints(json, "depths", vibrato.depths);
@@ -86,35 +79,30 @@ void writeVibrato(Json& json, const Vibrato& vibrato)
 
 void writeNote(Json& json, const Note& note)
 {
-    json.object([&] {
-        json.member("pos", note.pos);
-        json.member("duration", note.duration);
-        json.member("number", note.number);
-        json.member("velocity", note.velocity);
-        json.member("lyric", note.lyric);
-        json.member("phoneme", note.phoneme);
-        json.key("language");
-        note.language ? json.value(*note.language) : json.null();
-        json.member("isProtected", note.isProtected);
-        writeValues(json, note.expression);
-        json.key("ai");
-        json.object([&] { writeValues(json, note.aiExpression); });
-        writeDvqm(json, "attack", note.attack);
-        writeDvqm(json, "release", note.release);
-        writeSkill(json, note.skill);
-        writeVibrato(json, note.vibrato);
-    });
+    json.member("pos", note.pos);
+    json.member("duration", note.duration);
+    json.member("number", note.number);
+    json.member("velocity", note.velocity);
+    json.member("lyric", note.lyric);
+    json.member("phoneme", note.phoneme);
+    json.key("language");
+    note.language ? json.value(*note.language) : json.null();
+    json.member("isProtected", note.isProtected);
+    writeValues(json, note.expression);
+    json.object("ai", [&] { writeValues(json, note.aiExpression); });
+    writeDvqm(json, "attack", note.attack);
+    writeDvqm(json, "release", note.release);
+    writeSkill(json, note.skill);
+    writeVibrato(json, note.vibrato);
 }
 
 void writeLane(Json& json, const Lane& lane)
 {
-    json.object([&] {
-        json.member("name", laneName(lane.type));
-        json.member("type", lane.type);
-        json.member("least", lane.least);
-        json.member("most", lane.most);
-        writePoints(json, "events", lane.events);
-    });
+    json.member("name", laneName(lane.type));
+    json.member("type", lane.type);
+    json.member("least", lane.least);
+    json.member("most", lane.most);
+    writePoints(json, "events", lane.events);
 }
 
 struct ValueWriter {
@@ -127,22 +115,17 @@ struct ValueWriter {
     }
 };
 
-void writeEffects(Json& json, std::string_view name, const std::vector<Effect>& effects)
+void writeParameter(Json& json, const Parameter& parameter)
 {
-    json.key(name);
-    json.array(effects, [&](const Effect& effect) {
-        json.object([&] {
-            json.member("id", effect.id);
-            json.key("parameters");
-            json.array(effect.parameters, [&](const Parameter& parameter) {
-                json.object([&] {
-                    json.member("name", parameter.name);
-                    json.key("value");
-                    std::visit(ValueWriter{json}, parameter.value);
-                });
-            });
-        });
-    });
+    json.member("name", parameter.name);
+    json.key("value");
+    std::visit(ValueWriter{json}, parameter.value);
+}
+
+void writeEffect(Json& json, const Effect& effect)
+{
+    json.member("id", effect.id);
+    json.objects("parameters", effect.parameters, writeParameter);
 }
 
 struct PartWriter {
@@ -152,28 +135,24 @@ struct PartWriter {
 
     void operator()(const AudioPart& part) const
     {
-        json.key("audioPart");
-        json.object([&] {
+        json.object("audioPart", [&] {
             json.member("wavePath", part.wavePath);
-            writeEffects(json, "audioEffects", part.audioEffects);
+            json.objects("audioEffects", part.audioEffects, writeEffect);
         });
     }
 
     void operator()(const MidiPart& part) const
     {
-        json.key("midiPart");
-        json.object([&] {
+        json.object("midiPart", [&] {
             json.member("duration", part.duration);
             json.member("voice", part.voice);
             json.list("languages", part.languages);
             json.member("styleName", part.styleName);
             json.member("stylePreset", part.stylePreset);
-            json.key("notes");
-            json.array(part.notes, [&](const Note& note) { writeNote(json, note); });
-            json.key("lanes");
-            json.array(part.lanes, [&](const Lane& lane) { writeLane(json, lane); });
-            writeEffects(json, "midiEffects", part.midiEffects);
-            writeEffects(json, "audioEffects", part.audioEffects);
+            json.objects("notes", part.notes, writeNote);
+            json.objects("lanes", part.lanes, writeLane);
+            json.objects("midiEffects", part.midiEffects, writeEffect);
+            json.objects("audioEffects", part.audioEffects, writeEffect);
         });
     }
 };
@@ -185,10 +164,7 @@ std::string listJson(const std::vector<Properties>& clips, std::size_t total)
     Json json;
     json.object([&] {
         json.member("total", total);
-        json.key("clips");
-        json.array(clips, [&](const Properties& clip) {
-            json.object([&] { writeProperties(json, clip); });
-        });
+        json.objects("clips", clips, writeProperties);
     });
     return json.text();
 }
@@ -198,8 +174,7 @@ std::string countsJson(std::string_view tag, const std::vector<TagCount>& counts
     Json json;
     json.object([&] {
         json.member("tag", tag);
-        json.key("counts");
-        json.object([&] {
+        json.object("counts", [&] {
             for (const TagCount& count : counts) {
                 json.member(count.tag, count.clips);
             }

@@ -51,6 +51,13 @@ public:
         writer.EndObject();
     }
 
+    template <typename Content>
+    void object(std::string_view name, Content content)
+    {
+        key(name);
+        object(content);
+    }
+
     template <typename Values, typename Each>
     void array(const Values& values, Each each)
     {
@@ -61,11 +68,19 @@ public:
         writer.EndArray();
     }
 
+    // An array of objects; `write` writes the members of one.
+    template <typename Values, typename Write>
+    void objects(std::string_view name, const Values& values, Write write)
+    {
+        key(name);
+        array(values, [&](const auto& element) { object([&] { write(*this, element); }); });
+    }
+
     template <typename Values>
     void list(std::string_view name, const Values& values)
     {
         key(name);
-        array(values, [this](const auto& element) { value(element); });
+        array(values, [this](const auto& element) { this->value(element); });
     }
 
     std::string text() const { return std::string(buffer.GetString(), buffer.GetSize()) + "\n"; }

@@ -4,6 +4,8 @@
 #include <map>
 #include <set>
 
+#include "letters.h"
+
 namespace plxclip {
 
 namespace {
@@ -30,11 +32,6 @@ bool hasTempo(const Properties& clip, const Search& search)
 {
     return !search.tempo ||
            (clip.tempo >= search.tempo->first && clip.tempo <= search.tempo->second);
-}
-
-char lowerCase(char letter)
-{
-    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
 }
 
 using Less = bool (*)(const Properties&, const Properties&);
@@ -101,9 +98,7 @@ std::set<std::string> tagsOf(const Properties& clip, Tag tag)
 
 bool containsIgnoringCase(const std::string& text, const std::string& part)
 {
-    const auto same = [](char a, char b) { return lowerCase(a) == lowerCase(b); };
-    return std::search(text.begin(), text.end(), part.begin(), part.end(), same) != text.end() ||
-           part.empty();
+    return lowerCase(text).find(lowerCase(part)) != std::string::npos;
 }
 
 bool matches(const Properties& clip, const Search& search)

@@ -256,6 +256,12 @@ class Several(CheckTest):
                                          '"type": 1.0, "duration": 481, "depths": [{}, ')),
                          ["/midi/notes/0/vibrato/type", "/midi/notes/0/vibrato/duration"])
 
+    def test_a_vibrato_that_ends_beside_other_losses(self):
+        self.assertEqual(self.places_of(('"weight": { "pre": 1 }', '"weight": 1'),
+                                        ('"type": 1, "duration": 240, "depths": [',
+                                         '"type": 17, "duration": 240, "depths": [{}, ')),
+                         ["/midi/notes/0/singingSkill/weight", "/midi/notes/0/vibrato/type"])
+
 
 class Random(CheckTest):
     """Whatever is wrong with a clip: what the check explains is what the library does."""

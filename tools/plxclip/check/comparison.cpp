@@ -81,13 +81,6 @@ public:
         }
     }
 
-    template <class Host, class Part>
-    void compareAudioEffects(Host host, const Part& part)
-    {
-        compareList("audioEffects", host.audioEffects(), part.numAudioEffects(),
-                    [&](std::uint64_t index) { return part.audioEffect(index); });
-    }
-
     void compare(const std::string& what, face::MidiPart host, own::MidiPart& part)
     {
         compare("type", host.type(), part.type());
@@ -98,29 +91,18 @@ public:
         compare("voice, langID", host.langID(), part.langID());
         compare("aiVoice, compID", host.aiVoiceBankID(), part.aiVoiceBankID());
         compareList("langIDs", host.aiLangIDs(), part.aiLangIDSize(),
-                    [&](std::uint64_t index) { return part.aiLangIDByIndex(index); });
-        compareAudioEffects(host, part);
+                    [&](auto i) { return part.aiLangIDByIndex(i); });
+        compareList("audioEffects", host.audioEffects(), part.numAudioEffects(),
+                    [&](auto i) { return part.audioEffect(i); });
         compareList("midiEffects", host.midiEffects(), part.numMidiEffects(),
-                    [&](std::uint64_t index) { return part.midiEffect(index); });
-        compareList("notes", host.notes(), part.numNotes(),
-                    [&](std::uint64_t index) { return part.note(index); });
+                    [&](auto i) { return part.midiEffect(i); });
+        compareList("notes", host.notes(), part.numNotes(), [&](auto i) { return part.note(i); });
         compareLanes(host, part);
     }
 
     std::vector<std::string> take() { return std::move(lines); }
 
 private:
-    template <class Fields, class Host, class Document>
-    void compareFields(const std::string& what, const Fields& fields, const Host& host,
-                       const Document& document)
-    {
-        const auto compareEach = [&](const auto&... field) {
-            (compare(what + ", " + std::string(field.name), field.get(host), field.get(document)),
-             ...);
-        };
-        std::apply(compareEach, fields);
-    }
-
     // Of a lane or a vibrato.
     template <class Host, class Point>
     requires requires(const Point& point) { point.value(); }
@@ -137,7 +119,7 @@ private:
         compare(what + ", speed", host.speed(), dvqm.speed());
         compare(what + ", topFactor", host.topFactor(), dvqm.topFactor());
         compareList(what + ", levelNames", host.levelNames(), dvqm.numLevelNames(),
-                    [&](std::uint64_t index) { return dvqm.levelName(index); });
+                    [&](auto i) { return dvqm.levelName(i); });
     }
 
     void compare(const std::string& what, face::SingingSkill host, own::SingingSkill& skill)
@@ -152,9 +134,9 @@ private:
         compare(what + ", type", host.type(), vibrato.type());
         compare(what + ", duration", host.duration(), vibrato.duration());
         const auto compareCurve = [&](const char* name, const auto& points, std::uint32_t curve) {
-            compareList(what + name, points,
-                        static_cast<std::uint64_t>(vibrato.numParameters(curve)),
-                        [&](std::uint64_t index) { return vibrato.parameter(curve, index); });
+            const auto count = static_cast<std::uint64_t>(vibrato.numParameters(curve));
+            compareList(what + name, points, count,
+                        [&](auto i) { return vibrato.parameter(curve, i); });
         };
         compareCurve(", rates", host.rates(), KRT_PLX_VIBRATO_RATE);
         compareCurve(", depths", host.depths(), KRT_PLX_VIBRATO_DEPTH);
@@ -170,32 +152,33 @@ private:
         compare(what + ", isProtected", host.isProtected(), note.isProtected());
         compare(what + ", number", host.number(), note.number());
         compare(what + ", velocity", host.velocity(), note.velocity());
-        compareFields(what, expressionFields, host, note);
-        compareFields(what, aiExpressionFields, host, note);
+        const auto compareEach = [&](const auto&... field) {
+            (compare(what + ", " + std::string(field.name), field.get(host), field.get(note)), ...);
+        };
+        std::apply(compareEach, std::tuple_cat(expressionFields, aiExpressionFields));
         compare(what + ", singingSkill", host.singingSkill(), *note.singingSkill());
         compare(what + ", attack", host.attack(), *note.dvqm(true));
         compare(what + ", release", host.release(), *note.dvqm(false));
         compare(what + ", vibrato", host.vibrato(), *note.vibrato());
     }
 
-    void compare(const std::string& what, face::EffectParameter host,
-                 own::EffectParameter& parameter)
+    void compare(const std::string& what, face::EffectParameter host, own::EffectParameter& other)
     {
-        compare(what + ", name", host.name(), parameter.name());
-        compare(what + ", type", host.type(), parameter.type());
+        compare(what + ", name", host.name(), other.name());
+        compare(what + ", type", host.type(), other.type());
         compare(what + ", integer", host.valueInt32().value_or(KRT_PLX_VALUE_UNSET_INT32),
-                parameter.valueInt32());
+                other.valueInt32());
         compare(what + ", float", host.valueFloat().value_or(KRT_PLX_VALUE_UNSET_FLOAT),
-                parameter.valueFloat());
+                other.valueFloat());
         compare(what + ", text", host.valueString().value_or(face::StringView()),
-                parameter.valueString());
+                other.valueString());
     }
 
     void compare(const std::string& what, face::Effect host, own::Effect& effect)
     {
         compare(what + ", id", host.id(), effect.id());
         compareList(what + ", parameters", host.parameters(), effect.numParameters(),
-                    [&](std::uint64_t index) { return effect.parameter(index); });
+                    [&](auto i) { return effect.parameter(i); });
     }
 
     void compareLanes(face::MidiPart host, own::MidiPart& part)
@@ -207,7 +190,7 @@ private:
             compare("the lane " + name, static_cast<bool>(lane), other != nullptr);
             if (lane && other != nullptr) {
                 compareList(name, lane.events(), other->numEvents(),
-                            [&](std::uint64_t index) { return other->event(index); });
+                            [&](auto i) { return other->event(i); });
             }
         }
     }
@@ -226,7 +209,7 @@ std::vector<std::string> differences(face::Clip clip, const own::ClipProperties&
     all.compare("part, key", clip.partKey().value_or(0), properties.partKey);
     all.compare("part, tempo", clip.partTempo().value_or(0), properties.partTempo);
     const auto compareTags = [&all](const char* what, const auto& host, const auto& tags) {
-        all.compareList(what, host, tags.size(), [&](std::uint64_t index) { return tags[index]; });
+        all.compareList(what, host, tags.size(), [&](auto i) { return tags[i]; });
     };
     const own::FilterTags& filter = properties.filter;
     compareTags("singerGroups", clip.filter().singerGroups(), filter.texts(own::Tag::singerGroup));
@@ -246,7 +229,8 @@ std::vector<std::string> differences(face::Clip clip, own::PartBase& part)
     } else if (own::AudioPart* const audio = part.asAudioPart(); audio && clip.audioPart()) {
         all.compare("wavFileName", own::fs::fileName(clip.audioPart().wavFilePath()),
                     keys::waveFileName(*audio));
-        all.compareAudioEffects(clip.audioPart(), *audio);
+        all.compareList("audioEffects", clip.audioPart().audioEffects(), audio->numAudioEffects(),
+                        [&](auto i) { return audio->audioEffect(i); });
     } else {
         all.compare("whether it has notes", static_cast<bool>(clip.midiPart()), midi != nullptr);
     }

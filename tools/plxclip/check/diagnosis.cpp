@@ -1,19 +1,16 @@
 #include "check/diagnosis.h"
 
 #include <algorithm>
-#include <array>
 #include <iterator>
-#include <optional>
 
 #include <fmt/format.h>
 
-#include "check/files.h"
-#include "check/hearing.h"
-#include "check/second_look.h"
-#include "check/words.h"
-#include "format/encoding.h"
+#include "check/document.h"
 #include "format/limits.h"
 #include "format/read.h"
+#include "letters.h"
+#include "model/codes.h"
+#include "model/note.h"
 #include "paths.h"
 
 namespace plxclip::check {
@@ -22,149 +19,10 @@ namespace fs = std::filesystem;
 
 namespace {
 
-std::string sizeInWords(std::uintmax_t bytes)
-{
-    const std::uintmax_t mebibytes = bytes >> 20;
-    return mebibytes % 1024 == 0 ? fmt::format("{} GiB", mebibytes / 1024)
-                                 : fmt::format("{} MiB", mebibytes);
-}
-
-// A document, and what was said of it.
-class Document {
-public:
-    Document(std::string content, std::string_view documentName)
-        : bytes(std::move(content)), name(documentName), text(utf8Of(bytes))
-    {
-    }
-
-    // For the reader, which overwrites it.
-    std::string& copy() { return used = bytes; }
-
-    // Where the value of this path stands, if it was taken.
-    std::optional<Finding> placeOf(std::string_view path)
-    {
-        const auto found = std::ranges::find(hearing.taken, path, &format::Taken::path);
-        if (found == hearing.taken.end()) {
-            return std::nullopt;
-        }
-        return Finding{effect::noted,
-                       reason::otherType,
-                       {},
-                       found->place,
-                       found->path,
-                       name,
-                       text.positionOf(found->place)};
-    }
-
-    // In the order of their places.
-    void report(std::vector<Finding>& all)
-    {
-        for (const Heard& loss : hearing.losses) {
-            findings.push_back(findingOf(loss, text));
-        }
-        if (hearing.defect) {
-            findings.push_back(defect(*hearing.defect));
-        }
-        std::ranges::stable_sort(findings, {}, &Finding::place);
-        for (Finding& finding : findings) {
-            finding.document = name;
-            finding.position = text.positionOf(finding.place);
-        }
-        std::ranges::move(findings, std::back_inserter(all));
-    }
-
-    Hearing hearing;
-    std::vector<Finding> findings;
-
-private:
-    static std::string utf8Of(std::string bytes)
-    {
-        format::makeUtf8(bytes);
-        return bytes;
-    }
-
-    Finding defect(const format::Defect& defect) const
-    {
-        if (defect.kind != format::Defect::Kind::encoding) {
-            return findingOf(defect, text);
-        }
-        constexpr std::array<std::string_view, 5> names = {"UTF-8", "UTF-16LE", "UTF-16BE",
-                                                           "UTF-32LE", "UTF-32BE"};
-        const auto encoding = static_cast<std::size_t>(format::detectEncoding(bytes).encoding);
-        return {effect::refused, reason::encoding,
-                fmt::format("byte {} is no {}", format::placeInFile(bytes, defect.place),
-                            names.at(encoding)),
-                defect.place};
-    }
-
-    std::string bytes;
-    std::string used;
-    std::string name;
-    Text text;
-};
-
-class Diagnostician {
-public:
-    explicit Diagnostician(const fs::path& file) : clipFile(file), folder(file.parent_path()) {}
-
-    Diagnosis run()
-    {
-        examineProperties();
-        examineClipFile();
-        compareTypes();
-        for (auto* const document : {&properties, &data}) {
-            if (*document) {
-                (*document)->report(result.findings);
-            }
-        }
-        return std::move(result);
-    }
-
-private:
-    void examineProperties();
-    void examineClipFile();
-    void compareTypes();
-    std::string similarName() const;
-    void load(const fs::path& file, std::string_view name, std::uint64_t limit,
-              std::optional<Document>& document);
-    void refuse(std::string_view document, Reason reason, std::string message)
-    {
-        result.findings.push_back({effect::refused,
-                                   reason,
-                                   std::move(message),
-                                   Finding::nowhere,
-                                   {},
-                                   std::string(document)});
-    }
-
-    fs::path clipFile;
-    fs::path folder;
-    own::fs::Patience patience;
-    format::DocumentReader reader;
-    std::optional<Document> properties;
-    std::optional<Document> data;
-    bool isByProperties = false;
-    Diagnosis result;
-};
-
-// Reads a file as the library does.
-void Diagnostician::load(const fs::path& file, std::string_view name, std::uint64_t limit,
-                         std::optional<Document>& document)
-{
-    std::string bytes;
-    std::error_code error;
-    if (own::fs::readFile(libraryPath(textOf(file)), bytes, {.limit = limit}, patience) ==
-        own::fs::ReadResult::read) {
-        document.emplace(std::move(bytes), name);
-    } else if (fs::is_regular_file(file, error) && fs::file_size(file, error) > limit) {
-        refuse(name, reason::tooLarge, "is larger than " + sizeInWords(limit));
-    } else {
-        refuse(name, reason::unreadable, "cannot be read, or is no plain file");
-    }
-}
+constexpr std::string_view propertyDocument = "property.json";
 
 // On a system that tells capital letters from small ones the name must match exactly.
-std::string Diagnostician::similarName() const
+std::string similarName(const fs::path& folder)
 {
     std::error_code error;
     for (const auto& entry : fs::directory_iterator(folder, error)) {
@@ -176,54 +34,123 @@ std::string Diagnostician::similarName() const
     return {};
 }
 
-void Diagnostician::examineProperties()
+// --- What loses nothing, and may be a mistake all the same --------------------------------------------
+
+using format::Taken;
+
+bool hasNoLanguage(const Taken& each)
+{
+    return each.note->langID() == KRT_PLX_NO_LANGUAGE;
+}
+
+std::int64_t endOf(const Taken& each)
+{
+    return std::int64_t{each.note->pos()} + each.note->duration();
+}
+
+Finding noted(const Taken& note, Reason reason, std::string message)
+{
+    return {effect::noted, reason, std::move(message), note.place, note.path};
+}
+
+// If no note has a language, that is one finding, not one a note.
+void lookForLanguages(const std::vector<Taken>& notes, Document& document)
+{
+    if (notes.size() > 1 && std::ranges::all_of(notes, hasNoLanguage)) {
+        document.add(noted(notes.front(), reason::noLanguage,
+                           R"(has no "langID", like all notes of the part)"));
+        return;
+    }
+    for (const Taken& each : notes) {
+        if (hasNoLanguage(each)) {
+            document.add(noted(each, reason::noLanguage, R"(has no "langID")"));
+        }
+    }
+}
+
+// Of notes in the order of their positions.
+void lookForPlaces(const std::vector<Taken>& notes, std::int32_t end, Document& document)
+{
+    const Taken* last = nullptr; // the one that ends last
+    for (const Taken& each : notes) {
+        if (endOf(each) > end) {
+            document.add(noted(each, reason::beyondEnd,
+                               fmt::format("ends at {}, but the part at {}", endOf(each), end)));
+        }
+        if (last != nullptr && each.note->pos() < endOf(*last)) {
+            document.add(noted(each, reason::overlap, "begins before " + last->path + " ends"));
+        }
+        if (last == nullptr || endOf(each) > endOf(*last)) {
+            last = &each;
+        }
+    }
+}
+
+void lookAtNotes(const own::MidiPartBase& part, Document& document)
+{
+    const std::string list = fmt::format("/{}/notes/", own::part_type::name(part.type()));
+    std::vector<Taken> notes;
+    std::ranges::copy_if(document.allTaken(), std::back_inserter(notes), [&](const Taken& each) {
+        return each.note != nullptr && each.path.starts_with(list);
+    });
+    lookForLanguages(notes, document);
+    std::ranges::stable_sort(notes, {}, [](const Taken& each) { return each.note->pos(); });
+    lookForPlaces(notes, part.duration(), document);
+}
+
+// --- Both documents -----------------------------------------------------------------------------------
+
+void examineProperties(const fs::path& folder, Document& document, Diagnosis& result)
 {
     const fs::path file = folder / propertyDocument;
     std::error_code error;
     if (!fs::exists(file, error)) {
-        refuse(propertyDocument, reason::missingDocument,
-               "there is none beside the clip file" + similarName());
-        return;
-    }
-    load(file, propertyDocument, format::propertyDocumentLimit, properties);
-    if (properties) {
-        isByProperties = result.isListable =
-            reader.readProperties(properties->copy(), result.properties, &properties->hearing);
-        result.id = properties->placeOf("/id").value_or(Finding());
-    }
-}
-
-void Diagnostician::examineClipFile()
-{
-    load(clipFile, {}, format::dataDocumentLimit, data);
-    if (!data) {
-        return;
-    }
-    const auto directory = libraryPath(textOf(folder));
-    if (result.isListable) {
-        result.part = reader.readPart(data->copy(), directory, nullptr, &data->hearing);
-    } else {
-        format::LoadedClip clip;
-        result.isListable = reader.readClip(data->copy(), directory, nullptr, clip, &data->hearing);
-        result.properties = std::move(clip.properties);
-        result.part = std::move(clip.part);
-        result.id = data->placeOf("/id").value_or(result.id);
-    }
-    if (result.part != nullptr) {
-        data->findings = noteworthyOf(*result.part, data->hearing.taken);
+        document.add({effect::refused, reason::missingDocument,
+                      "there is none beside the clip file" + similarName(folder)});
+    } else if (document.load(file, format::propertyDocumentLimit)) {
+        result.isListable =
+            format::DocumentReader().readProperties(document.copy(), result.properties, &document);
+        result.id = document.placeOf("/id");
     }
 }
 
 // A catalogue shows the type of the property document, but a host sees the part of the clip file.
-void Diagnostician::compareTypes()
+void compareTypes(Document& properties, const Diagnosis& result)
 {
-    auto finding = isByProperties ? properties->placeOf("/part/type") : std::nullopt;
-    if (finding && result.part != nullptr && result.properties.partType != result.part->type()) {
-        finding->message =
-            fmt::format(R"("{}" is shown in a catalogue, but the part of the clip file is "{}")",
-                        own::part_type::name(result.properties.partType),
-                        own::part_type::name(result.part->type()));
-        properties->findings.push_back(std::move(*finding));
+    const std::uint32_t shown = result.properties.partType;
+    if (result.part == nullptr || result.part->type() == shown) {
+        return;
+    }
+    Finding finding = properties.placeOf("/part/type");
+    finding.effect = effect::noted;
+    finding.reason = reason::otherType;
+    finding.message =
+        fmt::format(R"("{}" is shown in a catalogue, but the part of the clip file is "{}")",
+                    own::part_type::name(shown), own::part_type::name(result.part->type()));
+    properties.add(std::move(finding));
+}
+
+// Of a clip that is not listable by its properties, the clip file says everything.
+void examineClipFile(const fs::path& file, Document& properties, Document& document,
+                     Diagnosis& result)
+{
+    if (!document.load(file, format::dataDocumentLimit)) {
+        return;
+    }
+    const auto directory = libraryPath(textOf(file.parent_path()));
+    format::DocumentReader reader;
+    if (result.isListable) {
+        result.part = reader.readPart(document.copy(), directory, nullptr, &document);
+        compareTypes(properties, result);
+    } else {
+        format::LoadedClip clip;
+        result.isListable = reader.readClip(document.copy(), directory, nullptr, clip, &document);
+        result.properties = std::move(clip.properties);
+        result.part = std::move(clip.part);
+        result.id = document.placeOf("/id");
+    }
+    if (own::MidiPart* const midi = result.part ? result.part->asMidiPart() : nullptr) {
+        lookAtNotes(*midi, document);
     }
 }
 
@@ -231,7 +158,14 @@ void Diagnostician::compareTypes()
 
 Diagnosis diagnose(const fs::path& clipFile)
 {
-    return Diagnostician(clipFile).run();
+    Document properties(propertyDocument);
+    Document data("");
+    Diagnosis result;
+    examineProperties(clipFile.parent_path(), properties, result);
+    examineClipFile(clipFile, properties, data, result);
+    result.findings = properties.findings();
+    std::ranges::move(data.findings(), std::back_inserter(result.findings));
+    return result;
 }
 
 } // namespace plxclip::check

@@ -14,8 +14,6 @@ namespace plxclip::check {
 
 namespace own = Korvel::CANTORIS::PLX;
 
-inline constexpr std::string_view propertyDocument = "property.json";
-
 struct Diagnosis {
     bool isListable = false;
     own::ClipProperties properties;      // of a listable clip

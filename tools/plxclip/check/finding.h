@@ -52,9 +52,9 @@ struct Position {
 struct Finding {
     static constexpr std::size_t nowhere = static_cast<std::size_t>(-1);
 
-    Effect effect;
-    Reason reason;
-    std::string message;
+    Effect effect = {};
+    Reason reason = {};
+    std::string message = {};
     std::size_t place = nowhere; // in the document's text; nowhere if it is about the file
     std::string pointer = {};
     std::string document =

@@ -9,7 +9,8 @@
 #include <fmt/format.h>
 #include <rapidjson/error/en.h>
 
-#include "check/files.h"
+#include "letters.h"
+#include "unicode.h"
 
 namespace plxclip::check {
 
@@ -18,49 +19,57 @@ namespace {
 namespace keys = format::keys;
 using format::Loss;
 using format::LossReason;
+using keys::Kind;
+using keys::TextRule;
 using Id = keys::Shape::Id;
-using RowKind = keys::Kind;
 
 // --- Tables -------------------------------------------------------------------------------------------
 
+constexpr Kind null{0xFF}; // which no key wants
+
 struct KindWords {
-    RowKind is;
+    Kind is;
     std::string_view name;
-    std::string_view initial; // what an optional value is that is not taken
+    std::string_view begins = {};  // the first letters of its values
+    std::string_view initial = {}; // what an optional value is that is not taken
+    Kind element = {};             // of a list
 };
 
 constexpr auto kinds = std::to_array<KindWords>({
-    {RowKind::integer, kind::integer, "it is {}"},
-    {RowKind::real, kind::real, "it is {}"},
-    {RowKind::flag, kind::flag, "it is false"},
-    {RowKind::text, kind::text, "it is empty"},
-    {RowKind::word, kind::text, ""},
-    {RowKind::value, "an integer, a float or a string", ""},
-    {RowKind::object, kind::object, "all in it has defaults"},
-    {RowKind::integers, kind::list, "there are none"},
-    {RowKind::texts, kind::list, "there are none"},
-    {RowKind::objects, kind::list, "there are none"},
+    {Kind::integer, "an integer", "-0123456789", "it is {}"},
+    {Kind::real, "a float", {}, "it is {}"},
+    {Kind::flag, "true or false", "tf", "it is false"},
+    {Kind::text, "a string", "\"", "it is empty"},
+    {Kind::word, "a string"},
+    {Kind::value, "an integer, a float or a string"},
+    {Kind::object, "an object", "{", "all in it has defaults"},
+    {Kind::integers, "an array", "[", "there are none", Kind::integer},
+    {Kind::texts, "an array", {}, "there are none", Kind::text},
+    {Kind::objects, "an array", {}, "there are none", Kind::object},
+    {null, "null", "n"},
 });
 
 struct ObjectWords {
     Id is;
     Effect effect; // if a required value is missing or wrong
     std::string_view lost;
+    std::string_view duplicate = {}; // if what it names may be there only once
 };
 
 constexpr auto objects = std::to_array<ObjectWords>({
     {Id::note, effect::dropped, "the note is left out"},
-    {Id::rate, effect::dropped, "the point is left out"},
-    {Id::depth, effect::dropped, "the point is left out"},
-    {Id::event, effect::dropped, "the event is left out"},
-    {Id::controller, effect::dropped, "the lane is left out"},
-    {Id::audioEffect, effect::dropped, "the effect is left out"},
-    {Id::midiEffect, effect::dropped, "the effect is left out"},
+    {Id::rate, effect::dropped, "the point is left out", "has a point already"},
+    {Id::depth, effect::dropped, "the point is left out", "has a point already"},
+    {Id::event, effect::dropped, "the event is left out", "has a point already"},
+    {Id::controller, effect::dropped, "the lane is left out", "has a lane already"},
+    {Id::audioEffect, effect::dropped, "the effect is left out", "is in this list already"},
+    {Id::midiEffect, effect::dropped, "the effect is left out", "is in this list already"},
     {Id::audioParameter, effect::dropped, "the parameter is left out"},
     {Id::midiParameter, effect::dropped, "the parameter is left out"},
     {Id::aiLanguage, effect::dropped, "the language is left out"},
     {Id::attack, effect::dropped, "all of it is left out"},
     {Id::release, effect::dropped, "all of it is left out"},
+    {Id::filter, effect::dropped, "the tag is left out", "is there already"},
     {Id::propertyDocument, effect::refused, "the document gives no clip"},
     {Id::dataDocument, effect::refused, "the document gives no clip"},
     {Id::partHeader, effect::refused, "the document gives no clip"},
@@ -68,53 +77,25 @@ constexpr auto objects = std::to_array<ObjectWords>({
 });
 
 struct RuleWords {
-    keys::TextRule is;
+    TextRule is;
     std::string_view broken;
 };
 
 constexpr auto rules = std::to_array<RuleWords>({
-    {keys::TextRule::partType, R"(is none of "audio", "midiAi" and "midi")"},
-    {keys::TextRule::controllerName, "names no controller"},
-    {keys::TextRule::voiceBank, "must have {} characters"},
-    {keys::TextRule::voiceBankOrEmpty, "must have {} characters"},
-    {keys::TextRule::any, "is empty"}, // and any other rule
+    {TextRule::partType, R"(is none of "audio", "midiAi" and "midi")"},
+    {TextRule::controllerName, "names no controller"},
+    {TextRule::voiceBank, "must have {} characters"},
+    {TextRule::voiceBankOrEmpty, "must have {} characters"},
+    {TextRule::any, "is empty"}, // and any other rule
 });
 
-// What is said of a loss, whatever the value; the first row that fits. `anywhere` fits any object.
-struct Sentence {
-    LossReason when;
-    Id in;
+// What is said of a value, or of a key whatever its value: then also what becomes of it.
+struct Said {
     Reason reason;
-    std::string_view what;
-    Effect effect = {}; // empty if it is that of the row or of the object
-    std::string_view consequence = {};
+    std::string what;
+    Effect effect = {};
+    std::string consequence = {};
 };
-
-constexpr Id anywhere{0xFF};
-constexpr std::string_view noWaveFile = R"(is no file in the folder "audio")";
-
-constexpr auto sentences = std::to_array<Sentence>({
-    {LossReason::missing, anywhere, reason::missingKey, "is missing"},
-    {LossReason::tooFew, Id::controller, reason::wrongValue, "holds no good event"},
-    {LossReason::tooFew, anywhere, reason::wrongValue, "holds no string"},
-    {LossReason::tooMany, anywhere, reason::wrongValue, "holds more than {} strings"},
-    {LossReason::duplicate, Id::filter, reason::repeated, "is there already"},
-    {LossReason::duplicate, Id::controller, reason::repeated, "has a lane already"},
-    {LossReason::duplicate, Id::audioEffect, reason::repeated, "is in this list already"},
-    {LossReason::duplicate, Id::midiEffect, reason::repeated, "is in this list already"},
-    {LossReason::duplicate, anywhere, reason::repeated, "has a point already"},
-    {LossReason::noWaveFile, anywhere, reason::waveFile, noWaveFile},
-    {LossReason::clamped, anywhere, reason::outOfRange, "is beyond what a float holds",
-     effect::ignored, "it becomes {}"},
-    {LossReason::repeatedKey, anywhere, reason::repeated, "stands here again", effect::dropped,
-     "the first one counts"},
-    {LossReason::notLookedAt, Id::note, reason::notLookedAt, R"(is not looked at beside "dvqm")",
-     effect::dropped, "it has its defaults"},
-    {LossReason::notLookedAt, Id::partHeader, reason::notLookedAt, "is not looked at",
-     effect::ignored, "an audio clip has neither key nor tempo"},
-    {LossReason::notLookedAt, anywhere, reason::notLookedAt, "is not looked at", effect::dropped,
-     R"("audio" counts before "midiAi", and that before "midi")"},
-});
 
 // The row of this key, or the last one.
 template <class Table, class Key>
@@ -124,13 +105,51 @@ const auto& rowFor(const Table& table, Key key)
     return row == table.end() ? table.back() : *row;
 }
 
+// --- Values as they are written -------------------------------------------------------------------------
+
+// The value or the key at the beginning of valid JSON; of an object or a list only the beginning.
+std::string_view firstOf(std::string_view text)
+{
+    if (text.front() != '"') {
+        return text.substr(0, text.find_first_of(" \t\r\n,]}"));
+    }
+    std::size_t end = 1;
+    while (end < text.size() && text[end] != '"') {
+        end += text[end] == '\\' ? 2 : 1;
+    }
+    return text.substr(0, end + 1);
+}
+
+const KindWords& kindOf(std::string_view written)
+{
+    const auto fits = [written](const KindWords& kind) {
+        return kind.begins.find(written.front()) != std::string_view::npos;
+    };
+    const KindWords& kind = *std::ranges::find_if(kinds, fits);
+    const bool isReal = written.find_first_of(".eE") != std::string_view::npos;
+    return kind.is == Kind::integer && isReal ? rowFor(kinds, Kind::real) : kind;
+}
+
+// Cut if it is long; empty for an object or a list.
+std::string excerptOf(std::string_view written)
+{
+    constexpr std::size_t longest = 40;
+    if (written.front() == '{' || written.front() == '[') {
+        return {};
+    }
+    if (written.size() <= longest) {
+        return std::string(written);
+    }
+    return std::string(written.substr(0, own::validUtf8Length(written.substr(0, longest)))) + "...";
+}
+
 // --- Numbers --------------------------------------------------------------------------------------------
 
 // A float shows that it is one.
 std::string numberText(const keys::Row& row, double number)
 {
     const std::string text = fmt::format("{:.10g}", number);
-    return row.kind == RowKind::real && text.find('.') == std::string::npos ? text + ".0" : text;
+    return row.kind == Kind::real && text.find('.') == std::string::npos ? text + ".0" : text;
 }
 
 std::string notInRange(const Loss& loss)
@@ -141,13 +160,11 @@ std::string notInRange(const Loss& loss)
 }
 
 // The range of the key, or what is narrower for this value.
-std::string outOfRange(const Loss& loss, const Text& text)
+std::string outOfRange(const Loss& loss, std::string_view written)
 {
-    const std::string_view written = text.scalarAt(loss.place);
-    std::int64_t number = 0;
-    std::from_chars(written.data(), written.data() + written.size(), number);
-    const auto value = static_cast<double>(number);
-    if (loss.row->kind != RowKind::integer || value < loss.range.minimum ||
+    double value = 0;
+    std::from_chars(written.data(), written.data() + written.size(), value);
+    if (loss.row->kind != Kind::integer || value < loss.range.minimum ||
         value > loss.range.maximum) {
         return notInRange(loss);
     }
@@ -193,56 +210,52 @@ std::string_view nearestKey(const keys::Shape& shape, std::string_view key)
 
 // --- What is wrong --------------------------------------------------------------------------------------
 
-struct Said {
-    Reason reason;
-    std::string what;
-    Effect effect = {};
-    std::string consequence = {};
-};
-
-// The kind that the value, or the element of a list, must have.
-RowKind wantedKind(const Loss& loss)
+Said wrongKind(const Loss& loss, std::string_view written)
 {
-    if (!loss.isElement) {
-        return loss.row->kind;
-    }
-    return loss.row->kind == RowKind::objects    ? RowKind::object
-           : loss.row->kind == RowKind::integers ? RowKind::integer
-                                                 : RowKind::text;
-}
-
-Said wrongKind(const Loss& loss, const Text& text)
-{
-    const std::string_view is = text.kindAt(loss.place);
-    const RowKind wanted = wantedKind(loss);
-    if (is == kind::integer && (wanted == RowKind::integer || wanted == RowKind::value)) {
+    const KindWords& kind = kindOf(written);
+    const bool isInteger = kind.is == Kind::integer;
+    const Kind own = loss.row->kind;
+    const Kind wanted = loss.isElement ? rowFor(kinds, own).element : own;
+    if (isInteger && (wanted == Kind::integer || wanted == Kind::value)) {
         return {reason::outOfRange, "does not fit into 32 bits"};
     }
-    if (is == kind::real && wanted == RowKind::real) {
+    if (kind.is == Kind::real && wanted == Kind::real) {
         return {reason::outOfRange, notInRange(loss)};
     }
     constexpr std::size_t longest = 11; // of a number that helps as an example
-    const std::string_view written = text.scalarAt(loss.place);
-    const bool lacksPoint =
-        is == kind::integer && wanted == RowKind::real && written.size() <= longest;
-    const bool isNumber = lacksPoint || (is == kind::real && wanted == RowKind::integer);
+    const bool lacksPoint = isInteger && wanted == Kind::real && written.size() <= longest;
+    const bool isNumber = lacksPoint || (kind.is == Kind::real && wanted == Kind::integer);
     return {reason::wrongType,
-            fmt::format("is {}{}, but must be {}{}", isNumber ? "written as " : "", is,
+            fmt::format("is {}{}, but must be {}{}", isNumber ? "written as " : "", kind.name,
                         rowFor(kinds, wanted).name,
                         lacksPoint ? fmt::format(", such as {}.0", written) : "")};
 }
 
-Said notAccepted(const Loss& loss, const Text& text)
+Said notAccepted(const Loss& loss, std::string_view written)
 {
-    const RowKind kind = loss.row->kind;
-    if (kind == RowKind::integer || kind == RowKind::real || kind == RowKind::integers) {
-        return {reason::outOfRange, outOfRange(loss, text)};
+    const keys::Row& row = *loss.row;
+    if (row.kind == Kind::integer || row.kind == Kind::real || row.kind == Kind::integers) {
+        return {reason::outOfRange, outOfRange(loss, written)};
     }
-    if (loss.row->rule == keys::TextRule::fileName && text.scalarAt(loss.place) != R"("")") {
-        return {reason::waveFile, std::string(noWaveFile)};
+    if (row.rule == TextRule::fileName && written != R"("")") {
+        return {reason::waveFile, R"(is no file in the folder "audio")"};
     }
-    return {reason::wrongValue, fmt::format(fmt::runtime(rowFor(rules, loss.row->rule).broken),
-                                            own::voiceBankIdLength)};
+    return {reason::wrongValue,
+            fmt::format(fmt::runtime(rowFor(rules, row.rule).broken), own::voiceBankIdLength)};
+}
+
+Said notLookedAt(Id object)
+{
+    if (object == Id::note) {
+        return {reason::notLookedAt, R"(is not looked at beside "dvqm")", effect::dropped,
+                "it has its defaults"};
+    }
+    if (object == Id::partHeader) {
+        return {reason::notLookedAt, "is not looked at", effect::ignored,
+                "an audio clip has neither key nor tempo"};
+    }
+    return {reason::notLookedAt, "is not looked at", effect::dropped,
+            R"("audio" counts before "midiAi", and that before "midi")"};
 }
 
 Said unknownKey(const Loss& loss)
@@ -255,73 +268,71 @@ Said unknownKey(const Loss& loss)
             effect::ignored};
 }
 
-Said wrong(const Loss& loss, const Text& text)
+Said wrong(const Loss& loss, std::string_view written)
 {
+    const Id object = loss.shape->id;
     switch (loss.reason) {
     case LossReason::wrongKind:
-        return wrongKind(loss, text);
+        return wrongKind(loss, written);
     case LossReason::notAccepted:
-        return notAccepted(loss, text);
+    case LossReason::noWaveFile:
+        return notAccepted(loss, written);
     case LossReason::unknownKey:
         return unknownKey(loss);
-    default:
+    case LossReason::notLookedAt:
+        return notLookedAt(object);
+    case LossReason::tooFew:
+        return {reason::wrongValue,
+                object == Id::controller ? "holds no good event" : "holds no string"};
+    case LossReason::tooMany:
+        return {reason::wrongValue, fmt::format("holds more than {} strings", loss.row->most)};
+    case LossReason::repeatedKey:
+        return {reason::repeated, "stands here again", effect::dropped, "the first one counts"};
+    case LossReason::duplicate:
+        return {reason::repeated, std::string(rowFor(objects, object).duplicate)};
+    case LossReason::clamped:
+        return {reason::outOfRange, "is beyond what a float holds"};
+    case LossReason::missing:
+    case LossReason::object: // which is told by what was lost in it
         break;
     }
-    const Sentence& said = *std::ranges::find_if(sentences, [&loss](const Sentence& each) {
-        return each.when == loss.reason && (each.in == anywhere || each.in == loss.shape->id);
-    });
-    const bool isNegative = text.scalarAt(loss.place).front() == '-';
-    const std::size_t most = loss.row != nullptr ? loss.row->most : 0;
-    return {said.reason, fmt::format(fmt::runtime(said.what), most), said.effect,
-            fmt::format(fmt::runtime(said.consequence),
-                        isNegative ? "1.17549435e-38" : "3.4028234e38")};
+    return {reason::missingKey, "is missing"};
 }
 
 // --- What becomes of it ---------------------------------------------------------------------------------
 
-bool isPart(const Loss& loss)
-{
-    return loss.shape->id == Id::dataDocument && loss.row->kind == RowKind::object &&
-           loss.row->key != "filter";
-}
-
 std::string initialValue(const keys::Row& row)
 {
-    return row.kind == RowKind::integer && row.range.initial == KRT_PLX_NO_LANGUAGE
+    return row.kind == Kind::integer && row.range.initial == KRT_PLX_NO_LANGUAGE
                ? "there is none"
                : fmt::format(fmt::runtime(rowFor(kinds, row.kind).initial),
                              numberText(row, row.range.initial));
 }
 
-// Completes what was said without a consequence.
-void addConsequence(Said& said, const Loss& loss)
+std::pair<Effect, std::string> outcomeOf(const Loss& loss, std::string_view written)
 {
     const ObjectWords& object = rowFor(objects, loss.shape->id);
-    const auto become = [&said](Effect effect, std::string_view consequence) {
-        said.effect = effect;
-        said.consequence = consequence;
-    };
-    if (loss.isElement && loss.row->kind != RowKind::objects) {
-        become(effect::dropped,
-               loss.shape->id == Id::filter ? "the tag is left out" : "the name is left out");
-    } else if (isPart(loss)) {
-        become(effect::refused, loss.reason == LossReason::missing
-                                    ? R"(there is no "audio", "midiAi" or "midi")"
-                                    : "the part cannot be read");
-    } else if (loss.isElement || loss.row->need == keys::Need::required) {
-        become(object.effect, object.lost);
-    } else if (loss.shape->id == Id::vibrato && loss.reason == LossReason::notAccepted) {
-        become(effect::dropped, "the vibrato is not read any further");
-    } else {
-        become(effect::ignored, initialValue(*loss.row));
+    const bool isPart = object.is == Id::dataDocument && loss.row->kind == Kind::object &&
+                        loss.row->key != "filter";
+    if (loss.reason == LossReason::clamped) {
+        return {effect::ignored,
+                written.front() == '-' ? "it becomes 1.17549435e-38" : "it becomes 3.4028234e38"};
     }
-}
-
-// If the place is not that of a value, or the value is not what is wrong.
-bool isAboutKey(LossReason reason)
-{
-    return reason == LossReason::missing || reason == LossReason::repeatedKey ||
-           reason == LossReason::unknownKey || reason == LossReason::notLookedAt;
+    if (loss.isElement && loss.row->kind == Kind::texts && object.is != Id::filter) {
+        return {effect::dropped, "the name is left out"};
+    }
+    if (isPart) {
+        return {effect::refused, loss.reason == LossReason::missing
+                                     ? R"(there is no "audio", "midiAi" or "midi")"
+                                     : "the part cannot be read"};
+    }
+    if (loss.isElement || loss.row->need == keys::Need::required) {
+        return {object.effect, std::string(object.lost)};
+    }
+    if (loss.shape->id == Id::vibrato && loss.reason == LossReason::notAccepted) {
+        return {effect::dropped, "the vibrato is not read any further"};
+    }
+    return {effect::ignored, initialValue(*loss.row)};
 }
 
 // --- Texts that are not JSON ----------------------------------------------------------------------------
@@ -373,33 +384,34 @@ std::string describeGrammar(std::string_view text, std::size_t place, int code)
 
 } // namespace
 
-Finding findingOf(const Heard& heard, const Text& text)
+Finding findingOf(const Loss& loss, std::string_view text)
 {
-    const Loss& loss = heard.loss;
-    Said said = wrong(loss, text);
+    const std::string_view written = firstOf(text.substr(loss.place));
+    Said said = wrong(loss, written);
+    std::string message;
     if (said.effect.empty()) {
-        addConsequence(said, loss);
+        std::tie(said.effect, said.consequence) = outcomeOf(loss, written);
+        message = excerptOf(written);
     }
-    std::string message = isAboutKey(loss.reason) ? "" : text.excerptAt(loss.place);
     message += (message.empty() ? "" : " ") + said.what;
     message += (said.consequence.empty() ? "" : "; ") + said.consequence;
-    return {said.effect, said.reason, std::move(message), loss.place, heard.path};
+    return {said.effect, said.reason, std::move(message), loss.place, loss.path};
 }
 
-Finding findingOf(const format::Defect& defect, const Text& text)
+Finding findingOf(const format::Defect& defect, std::string_view text)
 {
-    using Kind = format::Defect::Kind;
-    if (defect.kind == Kind::grammar && defect.code == rapidjson::kParseErrorTermination) {
-        const std::size_t root = text.utf8().find_first_not_of(" \t\r\n");
+    using DefectKind = format::Defect::Kind;
+    if (defect.kind == DefectKind::grammar && defect.code == rapidjson::kParseErrorTermination) {
+        const std::size_t root = text.find_first_not_of(" \t\r\n");
         return {effect::refused, reason::wrongType,
                 fmt::format("is {}, but must be an object; the document gives no clip",
-                            text.kindAt(root)),
+                            kindOf(firstOf(text.substr(root))).name),
                 root};
     }
     return {effect::refused, reason::syntax,
-            defect.kind == Kind::halfSurrogate
+            defect.kind == DefectKind::halfSurrogate
                 ? "half of a surrogate pair"
-                : describeGrammar(text.utf8(), defect.place, defect.code),
+                : describeGrammar(text, defect.place, defect.code),
             defect.place};
 }
 

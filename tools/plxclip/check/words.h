@@ -1,12 +1,16 @@
 // What was lost, in words.
 #pragma once
 
-#include "check/hearing.h"
-#include "check/text.h"
+#include "check/finding.h"
+#include "format/losses.h"
 
 namespace plxclip::check {
 
-Finding findingOf(const Heard& heard, const Text& text);
-Finding findingOf(const format::Defect& defect, const Text& text);
+namespace own = Korvel::CANTORIS::PLX;
+namespace format = own::format;
+
+// The text is that of the document, in UTF-8.
+Finding findingOf(const format::Loss& loss, std::string_view text);
+Finding findingOf(const format::Defect& defect, std::string_view text);
 
 } // namespace plxclip::check
