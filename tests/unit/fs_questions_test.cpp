@@ -75,6 +75,7 @@ TEST_F(FsQuestions, OnlyWhatIsNotThereIsMissing)
     EXPECT_FALSE(fs::isMissing(dir.path()));
     EXPECT_TRUE(fs::isMissing(dir / "nothing"));
     EXPECT_TRUE(fs::isMissing(dir / "no\\folder"));
+    EXPECT_TRUE(fs::isMissing(dir / "file\\in it"));
 }
 
 TEST_F(FsQuestions, AreAboutTheExactPath)
