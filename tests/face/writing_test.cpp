@@ -99,7 +99,6 @@ TEST_F(FaceTest, AnEditableClipOwnsOnePart)
     EXPECT_EQ(audio.parent(), clip);
     EXPECT_EQ(clip.createMidiAiPart().type(), plx::PartType::midiAi);
     EXPECT_EQ(clip.midiPart().parent(), clip);
-    EXPECT_FALSE(clip.setPartKey(31));
     EXPECT_TRUE(clip.setPartTempo(0));
     EXPECT_EQ(clip.partTempo(), std::nullopt);
     EXPECT_TRUE(clip.destroy());
@@ -184,61 +183,6 @@ TEST_F(FaceTest, NotesAreMovedAndRemoved)
     EXPECT_FALSE(part.insertNote(0, 0, fromUtf8("a"), fromUtf8("a"), 0));
 }
 
-TEST_F(FaceTest, EveryFieldOfANoteIsSetAndRead)
-{
-    const plx::MutableNote note = makeMidiClip().midiPart().note(0);
-
-    EXPECT_TRUE(note.setLyric(fromUtf8("do")) && note.setPhoneme(fromUtf8("d o")));
-    EXPECT_TRUE(note.setLangID(9) && note.setProtected(true) && note.setDuration(500));
-    EXPECT_TRUE(note.setNumber(1) && note.setVelocity(2) && note.setAccent(3));
-    EXPECT_TRUE(note.setBendDepth(4) && note.setBendLength(5) && note.setDecay(6));
-    EXPECT_TRUE(note.setOpening(7) && note.setFallPort(true));
-
-    EXPECT_EQ(toUtf8(note.lyric()) + toUtf8(note.phoneme()), "dod o");
-    EXPECT_EQ(note.langID(), 9U);
-    EXPECT_TRUE(note.isProtected());
-    EXPECT_EQ(note.duration(), 500);
-    EXPECT_EQ(note.number(), 1U);
-    EXPECT_EQ(note.velocity(), 2U);
-    EXPECT_EQ(note.accent(), 3U);
-    EXPECT_EQ(note.bendDepth(), 4U);
-    EXPECT_EQ(note.bendLength(), 5U);
-    EXPECT_EQ(note.decay(), 6U);
-    EXPECT_EQ(note.opening(), 7U);
-    EXPECT_TRUE(note.fallPort());
-    EXPECT_FALSE(note.risePort());
-    EXPECT_TRUE(note.setRisePort(true) && note.setFallPort(false));
-    EXPECT_TRUE(note.risePort());
-    EXPECT_FALSE(note.fallPort());
-}
-
-TEST_F(FaceTest, EveryAiValueOfANoteIsSetAndRead)
-{
-    const plx::MutableNote note = makeMidiClip().midiPart().note(0);
-
-    EXPECT_TRUE(note.setPitchFine(0.01F) && note.setPitchDriftStart(0.02F));
-    EXPECT_TRUE(note.setPitchDriftEnd(0.03F) && note.setPitchScalingCenter(0.04F));
-    EXPECT_TRUE(note.setPitchScalingOrigin(0.05F) && note.setPitchTransitionStart(0.06F));
-    EXPECT_TRUE(note.setPitchTransitionEnd(0.07F) && note.setAmplitudeWhole(0.08F));
-    EXPECT_TRUE(note.setAmplitudeStart(0.09F) && note.setAmplitudeEnd(0.10F));
-    EXPECT_TRUE(note.setFormantWhole(0.11F) && note.setFormantStart(0.12F));
-    EXPECT_TRUE(note.setFormantEnd(0.13F));
-
-    EXPECT_EQ(note.pitchFine(), 0.01F);
-    EXPECT_EQ(note.pitchDriftStart(), 0.02F);
-    EXPECT_EQ(note.pitchDriftEnd(), 0.03F);
-    EXPECT_EQ(note.pitchScalingCenter(), 0.04F);
-    EXPECT_EQ(note.pitchScalingOrigin(), 0.05F);
-    EXPECT_EQ(note.pitchTransitionStart(), 0.06F);
-    EXPECT_EQ(note.pitchTransitionEnd(), 0.07F);
-    EXPECT_EQ(note.amplitudeWhole(), 0.08F);
-    EXPECT_EQ(note.amplitudeStart(), 0.09F);
-    EXPECT_EQ(note.amplitudeEnd(), 0.10F);
-    EXPECT_EQ(note.formantWhole(), 0.11F);
-    EXPECT_EQ(note.formantStart(), 0.12F);
-    EXPECT_EQ(note.formantEnd(), 0.13F);
-}
-
 TEST_F(FaceTest, ExpressionIsEdited)
 {
     const plx::MutableNote note = makeMidiClip().midiPart().note(0);
@@ -253,8 +197,6 @@ TEST_F(FaceTest, ExpressionIsEdited)
     EXPECT_FALSE(release.addLevelName(plx::String()));
     EXPECT_EQ(release.parent(), note);
     EXPECT_EQ(note.singingSkill().parent(), note);
-    EXPECT_FALSE(note.singingSkill().setDuration(481));
-    EXPECT_FALSE(note.vibrato().setType(17));
     EXPECT_EQ(note.vibrato().parent(), note);
 }
 
