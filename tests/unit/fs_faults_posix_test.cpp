@@ -235,6 +235,18 @@ TEST_F(FsFaults, ReadingASmallFileThatAWalkHasFoundTakesFiveCalls)
     }
 }
 
+// A folder that takes the file's place just before it is opened.
+TEST_F(FsFaults, WhatTurnsOutToBeNoFileIsNotWaitedFor)
+{
+    Work work = reading({.kind = fs::Kind::plain});
+    work.prepare = [this] {
+        removeAll("file");
+        makeFolder(dir / "file");
+    };
+    work.check = [this] { EXPECT_FALSE(result); };
+    EXPECT_EQ(countCalls(work), 4); // open, read, status, close
+}
+
 TEST_F(FsFaults, ReadingAnInterruptedFileGoesOn)
 {
     for (Work work : {reading(), readingTwice()}) {

@@ -8,7 +8,7 @@ bool readRandomDevice(std::span<unsigned char> bytes)
     const Descriptor device{
         uninterrupted([] { return ::open("/dev/urandom", O_RDONLY | O_CLOEXEC); })};
     const auto read = [&] { return ::read(device.number(), bytes.data(), bytes.size()); };
-    return device && uninterrupted(read) == std::ssize(bytes);
+    return uninterrupted(read) == std::ssize(bytes);
 }
 
 } // namespace Korvel::CANTORIS::PLX::fs
