@@ -181,10 +181,7 @@ bool Folder::removeTree(StringView name) const
     if (removeEntry(parent, host.text())) {
         return true;
     }
-    Descriptor folder = openFolder(parent, host.text(), O_NOFOLLOW);
-    if (folder) {
-        removeContent(std::move(folder));
-    }
+    removeContent(openFolder(parent, host.text(), O_NOFOLLOW));
     return removeEntry(parent, host.text(), AT_REMOVEDIR) || errno == ENOENT;
 }
 

@@ -31,13 +31,10 @@ private:
     std::vector<Level> levels_;
 };
 
-// Does not enter a folder that cannot be listed: there may be no way up again either.
+// Does not enter a folder that cannot be opened or listed: there may be no way up again either.
 bool Sweep::enter(Descriptor folder)
 {
-    if (!folder) {
-        return false;
-    }
-    Descriptor listed = openFolder(folder.number(), ".", O_NOFOLLOW);
+    Descriptor listed = openFolder(folder.number(), ".");
     Level level{};
     if (!listed || !readStatus(folder, level.identity)) {
         return false;
@@ -82,8 +79,8 @@ bool Sweep::climb()
     }
     Level& outer = levels_.back();
     struct stat identity;
-    folder_ = openFolder(folder_.number(), "..", O_NOFOLLOW);
-    if (!folder_ || !readStatus(folder_, identity) || !isSame(identity, outer.identity)) {
+    folder_ = openFolder(folder_.number(), "..");
+    if (!readStatus(folder_, identity) || !isSame(identity, outer.identity)) {
         return false;
     }
     removeEntry(folder_.number(), outer.names.back().c_str(), AT_REMOVEDIR);
