@@ -39,6 +39,7 @@ using Work = std::function<ExitStatus()>;
 void addList(CLI::App& app, Work& chosen);
 void addShow(CLI::App& app, Work& chosen);
 void addCheck(CLI::App& app, Work& chosen);
+void addGallery(CLI::App& app, Work& chosen);
 void addEdit(CLI::App& app, Work& chosen);
 void addRemove(CLI::App& app, Work& chosen);
 void addCopy(CLI::App& app, Work& chosen);

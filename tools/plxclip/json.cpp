@@ -1,69 +1,16 @@
 #include "json.h"
 
-#include "json_writer.h"
+#include "json_pieces.h"
 
 namespace plxclip {
 
 namespace {
-
-void writeTags(Json& json, const Tags& tags)
-{
-    json.object("tags", [&] {
-        json.list("types", tags.types);
-        json.list("genres", tags.genres);
-        json.list("languages", tags.languages);
-        json.list("singerGroups", tags.singerGroups);
-        json.list("singerIDs", tags.singerIDs);
-        json.list("vendors", tags.vendors);
-    });
-}
-
-void writeProperties(Json& json, const Properties& clip)
-{
-    json.member("id", clip.id);
-    json.member("name", clip.name);
-    json.member("vendor", clip.vendor);
-    json.member("kind", std::string_view(clip.isUserClip ? "user" : "system"));
-    json.member("path", clip.path);
-    json.member("part", nameOf(clip.partType));
-    json.member("key", clip.key);
-    json.member("tempo", clip.tempo);
-    writeTags(json, clip.tags);
-}
 
 void writePoints(Json& json, std::string_view name, const std::vector<Point>& points)
 {
     json.objects(name, points, [](Json& inner, const Point& point) {
         inner.member("pos", point.pos);
         inner.member("value", point.value);
-    });
-}
-
-void writeDvqm(Json& json, std::string_view name, const Dvqm& dvqm)
-{
-    json.object(name, [&] {
-        json.member("component", dvqm.component);
-        json.list("levelNames", dvqm.levelNames);
-        json.member("isProtected", dvqm.isProtected);
-        json.member("speed", dvqm.speed);
-        json.member("topFactor", dvqm.topFactor);
-    });
-}
-
-void writeValues(Json& json, const std::vector<NamedValue>& values)
-{
-    for (const NamedValue& each : values) {
-        json.key(each.name);
-        std::visit([&json](auto value) { json.value(value); }, each.value);
-    }
-}
-
-void writeSkill(Json& json, const SingingSkill& skill)
-{
-    json.object("singingSkill", [&] {
-        json.member("duration", skill.duration);
-        json.member("pre", skill.preWeight);
-        json.member("post", skill.postWeight);
     });
 }
 
@@ -105,29 +52,6 @@ void writeLane(Json& json, const Lane& lane)
     writePoints(json, "events", lane.events);
 }
 
-struct ValueWriter {
-    Json& json;
-    void operator()(std::monostate) const { json.null(); }
-    template <typename Value>
-    void operator()(const Value& value) const
-    {
-        json.value(value);
-    }
-};
-
-void writeParameter(Json& json, const Parameter& parameter)
-{
-    json.member("name", parameter.name);
-    json.key("value");
-    std::visit(ValueWriter{json}, parameter.value);
-}
-
-void writeEffect(Json& json, const Effect& effect)
-{
-    json.member("id", effect.id);
-    json.objects("parameters", effect.parameters, writeParameter);
-}
-
 struct PartWriter {
     Json& json;
 
@@ -137,7 +61,7 @@ struct PartWriter {
     {
         json.object("audioPart", [&] {
             json.member("wavePath", part.wavePath);
-            json.objects("audioEffects", part.audioEffects, writeEffect);
+            writeEffects(json, "audioEffects", part.audioEffects);
         });
     }
 
@@ -151,8 +75,8 @@ struct PartWriter {
             json.member("stylePreset", part.stylePreset);
             json.objects("notes", part.notes, writeNote);
             json.objects("lanes", part.lanes, writeLane);
-            json.objects("midiEffects", part.midiEffects, writeEffect);
-            json.objects("audioEffects", part.audioEffects, writeEffect);
+            writeEffects(json, "midiEffects", part.midiEffects);
+            writeEffects(json, "audioEffects", part.audioEffects);
         });
     }
 };
@@ -164,7 +88,7 @@ std::string listJson(const std::vector<Properties>& clips, std::size_t total)
     Json json;
     json.object([&] {
         json.member("total", total);
-        json.objects("clips", clips, writeProperties);
+        json.objects("clips", clips, writeProperties<Json>);
     });
     return json.text();
 }

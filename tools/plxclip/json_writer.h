@@ -1,19 +1,27 @@
-// Writes JSON with an indent of two blanks.
+// Writes JSON: with an indent of two blanks for people, or without any blanks.
 #pragma once
 
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <type_traits>
 
 #include <fmt/format.h>
 #include <rapidjson/prettywriter.h>
 #include <rapidjson/stringbuffer.h>
+#include <rapidjson/writer.h>
 
 namespace plxclip {
 
-class Json {
+template <typename Writer>
+class BasicJson {
 public:
-    Json() : writer(buffer) { writer.SetIndent(' ', 2); }
+    BasicJson() : writer(buffer)
+    {
+        if constexpr (!std::is_same_v<Writer, rapidjson::Writer<rapidjson::StringBuffer>>) {
+            writer.SetIndent(' ', 2);
+        }
+    }
 
     void key(std::string_view name) { writer.Key(name.data(), size(name)); }
 
@@ -58,14 +66,23 @@ public:
         object(content);
     }
 
+    // An array of whatever `content` writes.
+    template <typename Content>
+    void sequence(Content content)
+    {
+        writer.StartArray();
+        content();
+        writer.EndArray();
+    }
+
     template <typename Values, typename Each>
     void array(const Values& values, Each each)
     {
-        writer.StartArray();
-        for (const auto& element : values) {
-            each(element);
-        }
-        writer.EndArray();
+        sequence([&] {
+            for (const auto& element : values) {
+                each(element);
+            }
+        });
     }
 
     // An array of objects; `write` writes the members of one.
@@ -92,7 +109,10 @@ private:
     }
 
     rapidjson::StringBuffer buffer;
-    rapidjson::PrettyWriter<rapidjson::StringBuffer> writer;
+    Writer writer;
 };
+
+using Json = BasicJson<rapidjson::PrettyWriter<rapidjson::StringBuffer>>;
+using CompactJson = BasicJson<rapidjson::Writer<rapidjson::StringBuffer>>;
 
 } // namespace plxclip

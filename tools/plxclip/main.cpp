@@ -27,6 +27,7 @@ void addCommands(CLI::App& app, Work& chosen)
     addList(app, chosen);
     addShow(app, chosen);
     addCheck(app, chosen);
+    addGallery(app, chosen);
     addEdit(app, chosen);
     addRemove(app, chosen);
     addCopy(app, chosen);

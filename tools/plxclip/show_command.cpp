@@ -12,7 +12,7 @@
 #include "json.h"
 #include "options.h"
 #include "reading.h"
-#include "roll/roll.h"
+#include "roll/view_options.h"
 
 namespace plxclip {
 
@@ -28,35 +28,9 @@ struct ShowOptions {
     bool namesNumbers = false;
 };
 
-// "3/4" or "1-8".
-std::pair<std::int64_t, std::int64_t> parsePair(const std::string& option, const std::string& text,
-                                                char separator)
-{
-    std::int64_t first = 0;
-    std::int64_t second = 0;
-    const std::size_t place = text.find(separator, 1);
-    if (place == std::string::npos || !CLI::detail::lexical_cast(text.substr(0, place), first) ||
-        !CLI::detail::lexical_cast(text.substr(place + 1), second)) {
-        throw CLI::ValidationError(
-            option,
-            fmt::format("\"{}\" is no pair of numbers with \"{}\" between", text, separator));
-    }
-    return {first, second};
-}
-
-void setMeter(roll::View& view, const std::string& text)
-{
-    const auto [beats, unit] = parsePair("--meter", text, '/');
-    if (beats < 1 || beats > 32 || unit < 1 || unit > 32) {
-        throw CLI::ValidationError("--meter", "both numbers are 1 to 32");
-    }
-    view.beats = static_cast<int>(beats);
-    view.beatUnit = static_cast<int>(unit);
-}
-
 void setBars(roll::View& view, const std::string& text)
 {
-    const auto [first, last] = parsePair("--bars", text, '-');
+    const auto [first, last] = roll::parsePair("--bars", text, '-');
     if (first < 1 || last < first || last > 1'000'000'000) {
         throw CLI::ValidationError("--bars", "the first bar is 1, and the last not before it");
     }
@@ -70,22 +44,14 @@ void addPicture(CLI::App& command, ShowOptions& options)
         .add_option("--svg", options.svgFile, "Draw the piano roll into this file; \"-\" prints it")
         ->type_name("FILE")
         ->group(group);
-    command
-        .add_option_function<std::string>(
-            "--meter", [&options](const std::string& text) { setMeter(options.view, text); },
-            "4/4 if not given")
-        ->type_name("N/M")
-        ->group(group);
+    roll::addMeter(command, options.view)->group(group);
     command
         .add_option_function<std::string>(
             "--bars", [&options](const std::string& text) { setBars(options.view, text); },
             "Only these bars")
         ->type_name("FIRST-LAST")
         ->group(group);
-    command.add_option("--ticks", options.view.ticksPerQuarter, "Of a quarter note")
-        ->check(CLI::Range(32, 1'000'000))
-        ->capture_default_str()
-        ->group(group);
+    roll::addTicks(command, options.view)->group(group);
     command.add_option("--width", options.view.width, "Of the picture")
         ->check(CLI::Range(480, 20000))
         ->capture_default_str()

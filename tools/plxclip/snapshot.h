@@ -42,6 +42,8 @@ struct Properties {
 struct Point {
     std::int32_t pos = 0;
     std::int32_t value = 0;
+
+    bool operator==(const Point&) const = default;
 };
 
 struct Dvqm {
@@ -50,12 +52,16 @@ struct Dvqm {
     bool isProtected = false;
     std::uint32_t speed = 0;
     float topFactor = 0;
+
+    bool operator==(const Dvqm&) const = default;
 };
 
 struct SingingSkill {
     std::int32_t duration = 0;
     std::uint32_t preWeight = 0;
     std::uint32_t postWeight = 0;
+
+    bool operator==(const SingingSkill&) const = default;
 };
 
 struct Vibrato {
@@ -63,12 +69,16 @@ struct Vibrato {
     std::int32_t duration = 0;
     std::vector<Point> depths;
     std::vector<Point> rates;
+
+    bool operator==(const Vibrato&) const = default;
 };
 
 // A value and its name in the clip's documents.
 struct NamedValue {
     std::string_view name;
     std::variant<bool, std::uint32_t, float> value;
+
+    bool operator==(const NamedValue&) const = default;
 };
 
 struct Note {
