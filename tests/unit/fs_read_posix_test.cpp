@@ -18,6 +18,7 @@
 
 #    include "fs/fs.h"
 #    include "fs/recent.h"
+#    include "open_descriptors.h"
 #    include "posix_faults.h"
 #    include "support/other_holder.h"
 #    include "support/temp_dir.h"
@@ -255,6 +256,24 @@ TEST(FsRecent, EndsThreeSecondsOffInEitherDirection)
     EXPECT_FALSE(fs::isRecent(fs::settledAfter));
     EXPECT_FALSE(fs::isRecent(-fs::settledAfter));
     EXPECT_GT(fs::settledAfter, 2s); // file systems store times in steps of up to two seconds
+}
+
+// A host may have closed its standard input; then the first file that is opened gets its number.
+TEST_F(FsReadPosix, AFileWithTheNumberZeroIsReadAndClosed)
+{
+    writeBytes(dir / "file", "{}");
+    const int input = ::dup(0);
+    ::close(0);
+    const int before = countOpenDescriptors();
+    const ReadResult result = read();
+    const int after = countOpenDescriptors();
+    if (input >= 0) {
+        ::dup2(input, 0);
+        ::close(input);
+    }
+    EXPECT_EQ(result, ReadResult::read);
+    EXPECT_EQ(content, "{}");
+    EXPECT_EQ(after, before);
 }
 
 // A process without a terminal: reads the path as that of a file, and ends with 0 when it still has
