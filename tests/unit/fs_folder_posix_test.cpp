@@ -20,6 +20,7 @@
 #    include <unistd.h>
 
 #    include "fs/fs.h"
+#    include "fs/posix/system.h"
 #    include "fs/posix/path.h"
 #    include "posix_faults.h"
 #    include "reading.h"
@@ -536,6 +537,21 @@ TEST_F(FsSync, AFileSystemThatCannotTellIsTakenAtItsWord)
     for (const int error : {EINVAL, ENOTSUP, ENOSYS, EROFS}) {
         expect(error, WriteResult::written, true);
     }
+}
+
+// Two file systems number their files alike.
+TEST(FsIdentity, IsOfOneFileSystem)
+{
+    struct stat file = {};
+    file.st_dev = 1;
+    file.st_ino = 7;
+    struct stat other = file;
+    EXPECT_TRUE(fs::isSame(file, other));
+    other.st_dev = 2;
+    EXPECT_FALSE(fs::isSame(file, other));
+    other.st_dev = 1;
+    other.st_ino = 8;
+    EXPECT_FALSE(fs::isSame(file, other));
 }
 
 } // namespace
