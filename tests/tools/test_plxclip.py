@@ -503,6 +503,121 @@ class Change(ToolTest):
         before["tags"]["genres"] = []
         self.assertEqual(after, before)
 
+    def document_of(self, clip_id):
+        return next(path for path in self.user.rglob("property.json")
+                    if json.loads(path.read_text(encoding="utf-8"))["id"] == clip_id)
+
+    def test_edit_keeps_the_rest_of_the_document(self):
+        self.make_clip([note()])
+        path = self.user / "made" / "property.json"
+        text = ('{\t"mine": [ 1,2 ],\n  "part" :{"x": 1e5,"tempo":0,"type":"midi" },\n'
+                '\t"name":"n", "id": "made","filter": {"genres": ["B", "A"], "y": null} }\n')
+        path.write_text(text, encoding="utf-8")
+        self.run_tool("edit", self.user, "made", "--tempo", "90", "--key", "8", "--add-genre", "C", "--vendor", "V")
+        self.assertEqual(path.read_text(encoding="utf-8"), (
+            '{\t"mine": [ 1,2 ],\n  "part" :{"x": 1e5,"tempo":9000,"type":"midi","key": 8 },\n'
+            '\t"name":"n",\n\t"vendor": "V", "id": "made","filter": {"genres": ["B", "A", "C"], "y": null} }\n'))
+
+    def test_edit_every_field(self):
+        self.make_clip([note()])
+        self.run_tool(
+            "edit", self.user, "made", "--name", "{name} {id}", "--vendor", "V", "--key", "9", "--tempo", "0",
+            "--add-type", "T", "--add-genre", "G", "--add-singer-group", "S", "--add-language", "Japanese",
+            "--add-voice-id", "voralin-alto-001",
+        )  # fmt: skip
+        clip = self.json("show", "--user", self.user, self.user, "made")
+        self.assertEqual((clip["name"], clip["vendor"], clip["key"], clip["tempo"]), ("Made made", "V", 9, 0))
+        self.assertEqual(clip["tags"], {
+            "types": ["T"], "genres": ["G"], "singerGroups": ["S"], "languages": [5],
+            "singerIDs": ["voralin-alto-001"], "vendors": ["V"]})
+        self.run_tool(
+            "edit", self.user, "made", "--clear-types", "--remove-genre", "G", "--remove-singer-group", "S",
+            "--remove-language", "5", "--clear-voice-ids",
+        )  # fmt: skip
+        tags = self.json("show", "--user", self.user, self.user, "made")["tags"]
+        self.assertEqual({key for key, values in tags.items() if values}, {"vendors"})
+
+    def test_edit_many(self):
+        self.copy_user_clips()
+        before = {clip["id"]: clip for clip in self.json("list", "--user", self.user)["clips"]}
+        chosen = [clip["id"] for clip in before.values() if clip["part"] == "midi"]
+        self.assertTrue(0 < len(chosen) < len(before))
+        lines = self.run_tool("edit", self.user, "--only-part", "midi", "--name", "{name} ({number})",
+                              "--add-genre", "New").lines
+        self.assertEqual(lines, [f"{len(chosen)} of {len(chosen)} clips changed"])
+        after = {clip["id"]: clip for clip in self.json("list", "--user", self.user)["clips"]}
+        for number, clip_id in enumerate(chosen, 1):
+            before[clip_id]["name"] += f" ({number})"
+            before[clip_id]["tags"]["genres"] = sorted([*before[clip_id]["tags"]["genres"], "New"])
+        self.assertEqual(after, before)
+        lines = self.run_tool("edit", self.user, "--all", "--add-genre", "New").lines
+        self.assertEqual(lines, [f"{len(before) - len(chosen)} of {len(before)} clips changed"])
+
+    def test_edit_by_names(self):
+        self.copy_user_clips()
+        self.run_tool("edit", self.user, "Jingle Bells", "Hot Cross Buns", "Jingle Bells", "--vendor", "V")
+        clips = self.json("list", "--user", self.user, "--vendor", "V")["clips"]
+        self.assertEqual({clip["name"] for clip in clips}, {"Jingle Bells", "Hot Cross Buns"})
+
+    def test_edit_dry_run(self):
+        self.copy_user_clips()
+        before = {path: path.read_bytes() for path in self.user.rglob("*") if path.is_file()}
+        lines = self.run_tool("edit", self.user, "--all", "--vendor", "V", "--dry-run").lines
+        self.assertEqual({path: path.read_bytes() for path in before}, before)
+        self.assertTrue(any(line.startswith("+") and '"V"' in line for line in lines), lines)
+        self.assertRegex(lines[-1], r"^(\d) of \1 clips would be changed$")
+
+    def test_edit_of_a_clip_without_properties(self):
+        self.make_clip([note()])
+        path = self.user / "made" / "property.json"
+        whole = json.loads((self.user / "made" / "made.kxclip").read_text(encoding="utf-8"))
+        path.unlink()
+        (self.user / "made" / "made.kxclip").write_text(
+            json.dumps(whole | {"id": "made", "name": "Made", "filter": {"types": ["T"]}}), encoding="utf-8")
+        self.run_tool("edit", self.user, "made", "--tempo", "90")
+        self.assertEqual(json.loads(path.read_text(encoding="utf-8")), {
+            "id": "made", "name": "Made", "filter": {"types": ["T"]}, "part": {"type": "midi", "tempo": 9000}})
+
+    def test_new(self):
+        target = self.scratch / "新しい"
+        lines = self.run_tool(
+            "new", target, "--name", "Scale", "--voice", "voralin-alto-001", "--notes",
+            "C4:1 do D4:0.5 re R:0.5 F#4:1 Bb3:2 ti 127:1", "--tempo", "90", "--key", "8", "--vendor", "V",
+            "--language", "Italian", "--add-type", "Exercise",
+        ).lines  # fmt: skip
+        shown = self.json("show", "--user", target, target, self.saved(lines))
+        self.assertEqual((shown["name"], shown["vendor"], shown["tempo"], shown["key"]), ("Scale", "V", 9000, 8))
+        self.assertEqual((shown["tags"]["types"], shown["tags"]["languages"]), (["Exercise"], [4]))
+        part = shown["midiPart"]
+        self.assertEqual((part["voice"], part["duration"]), ("voralin-alto-001", 6 * 480))
+        notes = [(one["pos"], one["duration"], one["number"], one["lyric"], one["phoneme"], one["language"])
+                 for one in part["notes"]]
+        self.assertEqual(notes, [
+            (0, 480, 60, "do", "do", 4), (480, 240, 62, "re", "re", 4), (960, 480, 66, "la", "la", 4),
+            (1440, 960, 58, "ti", "ti", 4), (2400, 480, 127, "la", "la", 4)])
+        self.run_tool("check", "--user", target, target)
+
+    def test_new_for_an_ai_voice(self):
+        target = self.scratch / "new"
+        lines = self.run_tool("new", target, "--name", "Scale", "--voice", "voralin-alto-001", "--ai", "--notes",
+                              "C4:1 do", "--ticks", "960").lines
+        shown = self.json("show", "--user", target, target, self.saved(lines))
+        self.assertEqual((shown["part"], shown["midiPart"]["duration"], shown["midiPart"]["languages"]),
+                         ("midiAi", 960, [1]))
+
+    def test_new_that_makes_no_sense(self):
+        target = self.scratch / "new"
+        for notes, words in (("", "no notes"), ("do", "follows no note"), ("C4:1 do do", "follows no note"),
+                             ("R:1 do", "follows no note"), ("H4:1", "no pitch"), ("C10:1", "no pitch"),
+                             ("C4:0", "no length"), ("C4:1e12", "no length"), ("C4:nan", "no length")):
+            with self.subTest(notes):
+                result = self.run_tool("new", target, "--name", "N", "--voice", "voralin-alto-001", "--notes", notes,
+                                       code=USAGE)
+                self.assertIn(words, result.errors)
+        result = self.run_tool("new", target, "--name", "N", "--voice", "short", "--notes", "C4:1", code=PROBLEM)
+        self.assertIn("is not made", result.errors)
+        self.assertEqual(list(target.glob("*")), [])
+
     def test_remove_asks(self):
         self.copy_user_clips()
         files = sorted(self.user.rglob("*"))
@@ -569,6 +684,7 @@ class Failures(ToolTest):
 
     def test_wrong_command_lines(self):
         commands = "list, show, check, gallery, edit, remove, copy"
+        commands = "list, show, check, fix, edit, remove, copy, new"
         self.assert_fails(USAGE, f"no command given; there are {commands}")
         self.assert_fails(USAGE, f'"burn" is no command; there are {commands}', "burn", self.library)
         self.assert_fails(USAGE, "--help", "show", self.library)
@@ -579,6 +695,10 @@ class Failures(ToolTest):
         self.assert_fails(USAGE, "language", "list", self.library, "--language", "Elvish")
         self.assert_fails(USAGE, "--meter", "show", self.library, "Scala", "--meter", "4")
         self.assert_fails(USAGE, "nothing to change", "edit", self.library, "Scala")
+        self.assert_fails(USAGE, "no clip chosen", "edit", self.library, "--tempo", "90")
+        self.assert_fails(USAGE, "one name", "edit", self.library, "--all", "--name", "X")
+        self.assert_fails(USAGE, "cannot be empty", "edit", self.library, "--all", "--add-genre", "")
+        self.assert_fails(PROBLEM, "it has: ", "edit", self.library, "Jingle Bells", "--remove-genre", "Zydeco")
         self.assert_fails(USAGE, "20 to 300", "edit", self.library, "Scala", "--tempo", "10")
         self.assert_fails(USAGE, "0 to 127", "copy", self.library, "Scala", "x", "--language", "128")
         self.assert_fails(USAGE, "127", "copy", self.library, "Scala", "x", "--transpose", "128")
@@ -591,6 +711,7 @@ class Console(ToolTest):
     def test_help(self):
         text = "\n".join(self.run_tool("--help").lines)
         for command in ("list", "show", "gallery", "edit", "remove", "copy"):
+        for command in ("list", "show", "check", "fix", "edit", "remove", "copy", "new"):
             self.assertRegex(text, rf"(?m)^ +{command} ")
         self.assertIn("Exit status", text)
         self.assertIn("--tempo", "\n".join(self.run_tool("list", "--help").lines))

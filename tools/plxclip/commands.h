@@ -40,8 +40,10 @@ void addList(CLI::App& app, Work& chosen);
 void addShow(CLI::App& app, Work& chosen);
 void addCheck(CLI::App& app, Work& chosen);
 void addGallery(CLI::App& app, Work& chosen);
+void addFix(CLI::App& app, Work& chosen);
 void addEdit(CLI::App& app, Work& chosen);
 void addRemove(CLI::App& app, Work& chosen);
 void addCopy(CLI::App& app, Work& chosen);
+void addNew(CLI::App& app, Work& chosen);
 
 } // namespace plxclip

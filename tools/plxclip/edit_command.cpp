@@ -8,6 +8,15 @@
 #include "clip_text.h"
 #include "commands.h"
 #include "console.h"
+#include "document/tokens.h"
+#include "edit/tag_change.h"
+#include "filters.h"
+#include "fix/clip_plan.h"
+#include "fix/difference.h"
+#include "format/encoding.h"
+#include "format/limits.h"
+#include "format/read.h"
+#include "format/rewrite.h"
 #include "naming.h"
 #include "options.h"
 #include "paths.h"
@@ -16,117 +25,321 @@
 namespace plxclip {
 
 namespace plx = korvel::plx;
+namespace format = Korvel::CANTORIS::PLX::format;
 
 namespace {
 
-struct TagChange {
-    std::vector<std::string> added;
-    std::vector<std::string> removed;
-    bool isCleared = false;
-
-    bool isEmpty() const { return added.empty() && removed.empty() && !isCleared; }
-};
-
 struct EditOptions {
     std::string folder;
-    std::string clip;
-    std::optional<std::string> name;
-    std::optional<std::uint32_t> key;
-    std::optional<std::uint32_t> tempo;
-    TagChange types;
-    TagChange genres;
-
-    bool isEmpty() const { return !name && !key && !tempo && types.isEmpty() && genres.isEmpty(); }
+    std::vector<std::string> clips;
+    Search search;
+    bool isAll = false;
+    bool isDryRun = false;
+    editing::Changes changes;
 };
 
-std::vector<std::string> changed(std::vector<std::string> tags, const TagChange& change,
-                                 std::string_view what)
+constexpr std::string_view propertyName = "property.json";
+
+// --- The clips ---
+
+std::vector<plx::UserClip> chosenClips(const Catalogue& catalogue, const EditOptions& options)
 {
-    if (change.isCleared) {
-        tags.clear();
+    std::vector<plx::UserClip> all;
+    for (const std::string& clip : options.clips) {
+        all.push_back(catalogue.findUserClip(clip));
     }
-    for (const std::string& tag : change.removed) {
-        const auto place = std::find(tags.begin(), tags.end(), tag);
-        if (place == tags.end()) {
-            throw Failure(
-                fmt::format("the clip has no {} \"{}\"; it has: {}", what, tag,
-                            tags.empty() ? "none" : fmt::format("{}", fmt::join(tags, ", "))));
-        }
-        tags.erase(place);
-    }
-    for (const std::string& tag : change.added) {
-        if (std::find(tags.begin(), tags.end(), tag) == tags.end()) {
-            tags.push_back(tag);
+    if (options.clips.empty()) {
+        for (const plx::UserClip clip : catalogue.manager().userClips()) {
+            all.push_back(clip);
         }
     }
-    return tags;
+    std::vector<plx::UserClip> chosen;
+    for (const plx::UserClip clip : all) {
+        const bool isNew = std::ranges::none_of(
+            options.clips.empty() ? std::span<const plx::UserClip>() : std::span(chosen),
+            [clip](plx::UserClip other) { return other.raw() == clip.raw(); });
+        if (isNew && matches(propertiesOf(clip), options.search)) {
+            chosen.push_back(clip);
+        }
+    }
+    return chosen;
 }
 
-// The clip's properties after the edit.
-Properties edited(Properties clip, const EditOptions& options)
+// --- Names by a pattern ---
+
+bool isPattern(const std::string& name)
 {
-    clip.name = options.name.value_or(clip.name);
-    clip.key = options.key.value_or(clip.key);
-    clip.tempo = options.tempo.value_or(clip.tempo);
-    clip.tags.types = changed(clip.tags.types, options.types, "type");
-    clip.tags.genres = changed(clip.tags.genres, options.genres, "genre");
-    return clip;
+    return name.find("{name}") != std::string::npos || name.find("{id}") != std::string::npos ||
+           name.find("{number}") != std::string::npos;
 }
 
-// An editor starts empty, so unchanged properties must be set as well.
-bool save(plx::UserClip clip, const Properties& wanted)
+std::string filledIn(std::string_view pattern, const Properties& clip, std::size_t number)
 {
-    const plx::PropertyEditor editor = clip.createPropertyEditor();
-    editor.setClipName(plx::fromUtf8(wanted.name));
-    editor.setPartKey(wanted.key);
-    editor.setPartTempo(wanted.tempo);
-    for (const std::string& type : wanted.tags.types) {
-        editor.addFilterType(plx::fromUtf8(type));
+    const std::vector<std::pair<std::string_view, std::string>> values = {
+        {"{name}", clip.name},
+        {"{id}", clip.id},
+        {"{vendor}", clip.vendor},
+        {"{number}", std::to_string(number)}};
+    std::string text;
+    while (!pattern.empty()) {
+        const auto found = std::ranges::find_if(
+            values, [&](const auto& value) { return pattern.starts_with(value.first); });
+        text += found == values.end() ? std::string(1, pattern.front()) : found->second;
+        pattern.remove_prefix(found == values.end() ? 1 : found->first.size());
     }
-    for (const std::string& genre : wanted.tags.genres) {
-        editor.addFilterGenre(plx::fromUtf8(genre));
+    return text;
+}
+
+// --- The documents ---
+
+std::vector<std::string> tagsOf(const Tags& tags, std::string_view key)
+{
+    if (key == "languages") {
+        std::vector<std::string> texts;
+        for (const std::int32_t language : tags.languages) {
+            texts.push_back(std::to_string(language));
+        }
+        return texts;
     }
-    const bool isSaved = editor.save();
-    clip.destroyPropertyEditor(editor);
-    return isSaved;
+    return key == "types"          ? tags.types
+           : key == "genres"       ? tags.genres
+           : key == "singerGroups" ? tags.singerGroups
+                                   : tags.singerIDs;
+}
+
+class Editor {
+public:
+    explicit Editor(const EditOptions& chosen)
+        : options(chosen), planner({}, [](const std::string&) { return false; }, {})
+    {
+    }
+
+    void edit(plx::UserClip clip, bool isAlone)
+    {
+        ++number;
+        const Properties properties = propertiesOf(clip);
+        const std::filesystem::path file = pathOf(pathText(clip.path()));
+        const std::filesystem::path place = file.parent_path() / propertyName;
+        const std::string before = documentOf(file, place);
+        std::vector<std::string> missing;
+        const auto after = editing::changed(before, options.changes, nameFor(properties), missing);
+        if (isAlone && !missing.empty()) {
+            failForTag(properties, missing.front());
+        }
+        if (!after || !isGood(*after)) {
+            throw Failure(fmt::format("\"{}\" cannot be changed so; \"plxclip check\" may tell why",
+                                      properties.name));
+        }
+        if (*after == before && fix::contentOf(place, format::propertyDocumentLimit)) {
+            return;
+        }
+        ++changed;
+        options.isDryRun ? show(before, *after, place) : write(*after, place, properties);
+    }
+
+    std::size_t numberOfChanged() const { return changed; }
+
+private:
+    std::optional<std::string> nameFor(const Properties& clip) const
+    {
+        return options.changes.name ? std::optional(filledIn(*options.changes.name, clip, number))
+                                    : std::nullopt;
+    }
+
+    bool isGood(std::string text)
+    {
+        Korvel::CANTORIS::PLX::ClipProperties properties;
+        return text.size() <= format::propertyDocumentLimit &&
+               reader.readProperties(text, properties);
+    }
+
+    // As it is, if a host uses it, or as it would have to be.
+    std::string documentOf(const std::filesystem::path& file, const std::filesystem::path& place)
+    {
+        auto text = fix::contentOf(place, format::propertyDocumentLimit);
+        if (text && format::makeUtf8(*text) && isGood(*text)) {
+            return *text;
+        }
+        for (const fix::DocumentPlan& plan : planner.plan(file, {}, false).documents) {
+            if (plan.name == propertyName) {
+                return plan.after;
+            }
+        }
+        return {};
+    }
+
+    [[noreturn]] void failForTag(const Properties& clip, const std::string& tag) const
+    {
+        for (const editing::TagChange& change : options.changes.tags) {
+            if (std::ranges::find(change.removed, tag) != change.removed.end()) {
+                const auto tags = tagsOf(clip.tags, change.key);
+                throw Failure(fmt::format(
+                    "the clip has no {} among its {}; it has: {}", tag, change.key,
+                    tags.empty() ? "none" : fmt::format("{}", fmt::join(tags, ", "))));
+            }
+        }
+        throw Failure("the clip has no such tag");
+    }
+
+    static void show(const std::string& before, const std::string& after,
+                     const std::filesystem::path& place)
+    {
+        print(fix::differenceOf(before, after, textOf(place)));
+    }
+
+    static void write(const std::string& text, const std::filesystem::path& place,
+                      const Properties& clip)
+    {
+        if (!format::rewriteDocument(libraryPath(textOf(place)), text)) {
+            throw Failure(fmt::format("the properties of \"{}\" are not saved; see whether you may "
+                                      "write to the property.json beside {}",
+                                      clip.name, clip.path));
+        }
+    }
+
+    const EditOptions& options;
+    fix::Planner planner;
+    format::DocumentReader reader;
+    std::size_t number = 0;
+    std::size_t changed = 0;
+};
+
+// --- The command ---
+
+void requireChoice(const EditOptions& options)
+{
+    if (options.changes.isEmpty()) {
+        throw Failure("nothing to change; give --name, --key, --tempo or another of the options "
+                      "that \"plxclip edit --help\" shows",
+                      exitUsage);
+    }
+    if (options.clips.empty() && options.search == Search() && !options.isAll) {
+        throw Failure("no clip chosen; name clips, or choose them by --only-genre and the like, or "
+                      "give --all",
+                      exitUsage);
+    }
+}
+
+void requireNames(const EditOptions& options, std::size_t clips)
+{
+    if (clips > 1 && options.changes.name && !isPattern(*options.changes.name)) {
+        throw Failure(fmt::format("{} clips would get one name; put {{name}}, {{id}} or {{number}} "
+                                  "into it",
+                                  clips),
+                      exitUsage);
+    }
+}
+
+ExitStatus editAll(Editor& editor, const std::vector<plx::UserClip>& clips, bool isDryRun)
+{
+    std::size_t failures = 0;
+    for (const plx::UserClip clip : clips) {
+        try {
+            editor.edit(clip, false);
+        } catch (const Failure& failure) {
+            printError(fmt::format("{}\n", failure.what()));
+            ++failures;
+        }
+    }
+    print(fmt::format("{} of {} clips {}\n", editor.numberOfChanged() - failures, clips.size(),
+                      isDryRun ? "would be changed" : "changed"));
+    return failures == 0 ? exitDone : exitProblem;
 }
 
 ExitStatus edit(const EditOptions& options)
 {
-    if (options.isEmpty()) {
-        throw Failure("nothing to change; give --name, --key, --tempo or a tag option", exitUsage);
-    }
+    requireChoice(options);
     const Catalogue catalogue(foldersToChange(options.folder));
-    const plx::UserClip clip = catalogue.findUserClip(options.clip);
-    if (!save(clip, edited(propertiesOf(clip), options))) {
-        throw Failure(fmt::format("the properties of \"{}\" are not saved; see whether you may "
-                                  "write to the property.json beside {}",
-                                  options.clip, pathText(clip.path())));
+    const std::vector<plx::UserClip> clips = chosenClips(catalogue, options);
+    requireNames(options, clips.size());
+    Editor editor(options);
+    if (options.clips.size() != 1 || clips.size() != 1) {
+        return editAll(editor, clips, options.isDryRun);
     }
-    print(describe(propertiesOf(clip), Numbers::plain));
+    const std::string id = plx::toUtf8(clips.front().id());
+    editor.edit(clips.front(), true);
+    if (!options.isDryRun) {
+        catalogue.manager().readUserClipFiles();
+        print(describe(propertiesOf(catalogue.find(id)), Numbers::plain));
+    }
     return exitDone;
 }
 
-// A tempo that the library would refuse is an error in the command line.
-std::uint32_t tempoToSet(const std::string& text)
+std::string tagAsJson(const std::string& option, std::string_view key, const std::string& text)
 {
-    const std::uint32_t tempo = parseTempo(text);
-    if (tempo != 0 && (tempo < 2000 || tempo > 30000)) {
-        throw CLI::ValidationError("--tempo", "a clip's tempo is 20 to 300, or 0 for none");
+    if (text.empty()) {
+        throw CLI::ValidationError(option, "a tag cannot be empty");
     }
-    return tempo;
+    if (key != "languages") {
+        return document::quote(text);
+    }
+    const auto language = findLanguage(text);
+    if (!language) {
+        throw CLI::ValidationError(option, "\"" + text + "\" is not " + languageValues);
+    }
+    return std::to_string(*language);
 }
 
-void addTagOptions(CLI::App& command, const std::string& what, TagChange& change)
+void addTagOption(CLI::App& command, const std::string& name, std::string_view key,
+                  std::vector<std::string>& tags, const std::string& help)
 {
-    command.add_option("--add-" + what, change.added, "Give it this " + what)
+    command
+        .add_option_function<std::vector<std::string>>(
+            name,
+            [&tags, name, key](const std::vector<std::string>& texts) {
+                for (const std::string& text : texts) {
+                    tags.push_back(tagAsJson(name, key, text));
+                }
+            },
+            help)
         ->type_name("TAG")
         ->allow_extra_args(false);
-    command.add_option("--remove-" + what, change.removed, "Take this " + what + " from it")
-        ->type_name("TAG")
-        ->allow_extra_args(false);
+}
+
+void addTagOptions(CLI::App& command, const std::string& what, editing::TagChange& change)
+{
+    addTagOption(command, "--add-" + what, change.key, change.added, "Give it this " + what);
+    addTagOption(command, "--remove-" + what, change.key, change.removed,
+                 "Take this " + what + " from it");
     command.add_flag("--clear-" + what + "s", change.isCleared,
                      "Take all " + what + "s from it first");
+}
+
+void addClips(CLI::App& command, EditOptions& options)
+{
+    command
+        .add_option("DIR", options.folder,
+                    "The folder of the clips. One that has the folders \"system\" and \"user\" in "
+                    "it stands for these")
+        ->type_name("")
+        ->required();
+    command.add_option("CLIP", options.clips, "Clips: their IDs, or names that no others have")
+        ->type_name("");
+    command.add_flag("--all", options.isAll, "All user clips");
+    addFilters(command, options.search, "--only-");
+}
+
+void addChanges(CLI::App& command, editing::Changes& changes)
+{
+    command
+        .add_option("--name", changes.name,
+                    "Its new name, in which {name}, {id}, {vendor} and {number} stand for what the "
+                    "clip has, and for its place among the chosen clips")
+        ->check([](const std::string& name) {
+            return name.empty() ? std::string("a name cannot be empty") : std::string();
+        });
+    command.add_option("--vendor", changes.vendor, "Its vendor");
+    addNumberOption(command, "--key", changes.key, findKey,
+                    "Its key: the number, or the name as in the example clips", keyValues);
+    command
+        .add_option_function<std::string>(
+            "--tempo", [&changes](const std::string& text) { changes.tempo = tempoToSet(text); },
+            "Its tempo: 20 to 300 beats a minute, or 0 for none")
+        ->type_name("BPM");
+    const std::vector<std::string> words = {"type", "genre", "singer-group", "language", "voice-id"};
+    for (std::size_t index = 0; index < words.size(); ++index) {
+        addTagOptions(command, words[index], changes.tags[index]);
+    }
 }
 
 } // namespace
@@ -134,26 +347,18 @@ void addTagOptions(CLI::App& command, const std::string& what, TagChange& change
 void addEdit(CLI::App& app, Work& chosen)
 {
     CLI::App* const command = app.add_subcommand(
-        "edit", "Change name, key, tempo, types and genres of a user clip; the rest stays");
+        "edit", "Change what the catalogue shows of user clips, one or many; the rest stays");
     const auto options = std::make_shared<EditOptions>();
-    addClip(*command, options->folder, options->clip);
-    command->add_option("--name", options->name, "Its new name")
-        ->check([](const std::string& name) {
-            return name.empty() ? std::string("a name cannot be empty") : std::string();
-        });
-    addNumberOption(*command, "--key", options->key, findKey,
-                    "Its key: the number, or the name as in the example clips", keyValues);
-    command
-        ->add_option_function<std::string>(
-            "--tempo", [options](const std::string& text) { options->tempo = tempoToSet(text); },
-            "Its tempo: 20 to 300 beats a minute, or 0 for none")
-        ->type_name("BPM");
-    addTagOptions(*command, "type", options->types);
-    addTagOptions(*command, "genre", options->genres);
+    addClips(*command, *options);
+    addChanges(*command, options->changes);
+    command->add_flag("--dry-run", options->isDryRun,
+                      "Show what would be changed, and change nothing");
     command->footer(
         "DIR is a folder of user clips, or one that has \"system\" and \"user\" in it.\n"
-        "Example:\n"
-        "  plxclip edit my-clips Freude --name \"Freude 2\" --tempo 126 --add-genre Hymn");
+        "An audio clip has neither key nor tempo.\n"
+        "Examples:\n"
+        "  plxclip edit my-clips Freude --name \"Freude 2\" --tempo 126 --add-genre Hymn\n"
+        "  plxclip edit my-clips --only-genre Carol --name \"{name} (carol)\" --dry-run");
     command->callback([options, &chosen] { chosen = [options] { return edit(*options); }; });
 }
 

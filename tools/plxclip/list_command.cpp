@@ -8,6 +8,7 @@
 #include "columns.h"
 #include "commands.h"
 #include "console.h"
+#include "filters.h"
 #include "json.h"
 #include "naming.h"
 #include "options.h"
@@ -32,9 +33,6 @@ struct ListOptions {
     Numbers numbers() const { return namesNumbers ? Numbers::named : Numbers::plain; }
 };
 
-const std::map<std::string, PartType> partNames = {
-    {"audio", PartType::audio}, {"midiAi", PartType::midiAi}, {"midi", PartType::midi}};
-
 const std::map<std::string, Order> orderNames = {{"found", Order::found},   {"name", Order::name},
                                                  {"vendor", Order::vendor}, {"part", Order::part},
                                                  {"key", Order::key},       {"tempo", Order::tempo},
@@ -53,33 +51,6 @@ std::string nameOf(Tag tag)
     return std::find_if(tagNames.begin(), tagNames.end(),
                         [tag](const auto& name) { return name.second == tag; })
         ->first;
-}
-
-void addFilters(CLI::App& command, Search& search)
-{
-    const std::string group = "Which clips (all of those given must hold)";
-    const auto add = [&](const char* name, auto& value, const char* help) {
-        return command.add_option(name, value, help)->group(group);
-    };
-    addWordOption(command, "--part", search.part, partNames, "Its part")->group(group);
-    add("--type", search.type, "A type tag, such as Melody");
-    add("--genre", search.genre, "A genre tag");
-    add("--vendor", search.vendor, "Its vendor");
-    add("--singer-group", search.singerGroup, "A singer group tag");
-    add("--name", search.name, "A part of its name");
-    addNumberOption(command, "--language", search.language, findLanguage,
-                    "A language tag: its number, or its name as in the example clips",
-                    languageValues)
-        ->group(group);
-    addNumberOption(command, "--key", search.key, findKey,
-                    "Its key: the number, or the name as in the example clips", keyValues)
-        ->group(group);
-    command
-        .add_option_function<std::string>(
-            "--tempo", [&search](const std::string& text) { search.tempo = parseTempoRange(text); },
-            "Its tempo in beats a minute, such as 100 or 90-120")
-        ->type_name("BPM")
-        ->group(group);
 }
 
 void addOutput(CLI::App& command, ListOptions& options)

@@ -28,9 +28,11 @@ void addCommands(CLI::App& app, Work& chosen)
     addShow(app, chosen);
     addCheck(app, chosen);
     addGallery(app, chosen);
+    addFix(app, chosen);
     addEdit(app, chosen);
     addRemove(app, chosen);
     addCopy(app, chosen);
+    addNew(app, chosen);
 }
 
 void complain(std::string_view text)

@@ -51,6 +51,30 @@ bool isBlackKey(std::uint32_t number)
     return pitchNames[number % 12].size() == 2;
 }
 
+std::optional<std::uint32_t> findPitch(std::string_view text)
+{
+    constexpr int highest = 127;
+    int number = 0;
+    const std::size_t letters = std::min(text.find_first_of("-0123456789"), text.size());
+    const char* const end = text.data() + text.size();
+    const auto [rest, error] = std::from_chars(text.data() + letters, end, number);
+    if (error != std::errc() || rest != end || number < -1 || number > highest) {
+        return std::nullopt;
+    }
+    std::string_view name = text.substr(0, letters);
+    const bool isFlat = name.size() == 2 && name.back() == 'b';
+    name.remove_suffix(isFlat ? 1 : 0);
+    if (!name.empty()) {
+        const auto found = std::find(pitchNames.begin(), pitchNames.end(), name);
+        if (found == pitchNames.end()) {
+            return std::nullopt;
+        }
+        number = (number + 1) * 12 + static_cast<int>(found - pitchNames.begin()) - (isFlat ? 1 : 0);
+    }
+    return number >= 0 && number <= highest ? std::optional(static_cast<std::uint32_t>(number))
+                                            : std::nullopt;
+}
+
 std::optional<std::string_view> keyName(std::uint32_t key)
 {
     return key > 0 && key < keyNames.size() ? std::optional(keyNames[key]) : std::nullopt;

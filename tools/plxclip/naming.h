@@ -13,6 +13,9 @@ namespace plxclip {
 std::string pitchName(std::uint32_t number);
 bool isBlackKey(std::uint32_t number);
 
+// The number of such a name, also with a flat ("Bb4"), or that a text contains; none for any other text.
+std::optional<std::uint32_t> findPitch(std::string_view text);
+
 // No value for a number without a name.
 std::optional<std::string_view> keyName(std::uint32_t key);
 std::optional<std::string_view> languageName(std::int64_t language);

@@ -41,6 +41,15 @@ std::uint32_t parseTempo(const std::string& text)
     return static_cast<std::uint32_t>(std::lround(tempo * 100));
 }
 
+std::uint32_t tempoToSet(const std::string& text)
+{
+    const std::uint32_t tempo = parseTempo(text);
+    if (tempo != 0 && (tempo < 2000 || tempo > 30000)) {
+        throw CLI::ValidationError("--tempo", "a clip's tempo is 20 to 300, or 0 for none");
+    }
+    return tempo;
+}
+
 std::pair<std::uint32_t, std::uint32_t> parseTempoRange(const std::string& text)
 {
     const std::size_t dash = text.find('-');

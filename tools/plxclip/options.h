@@ -70,7 +70,10 @@ CLI::Option* addWordOption(CLI::App& command, const std::string& name, Target& t
 // Hundredths of a beat a minute from text such as "112.5".
 std::uint32_t parseTempo(const std::string& text);
 
-// The same from "112.5" or "90-120"; both ends are included.
+// The same for a clip. A tempo that the library would refuse is an error in the command line.
+std::uint32_t tempoToSet(const std::string& text);
+
+// The same as parseTempo() from "112.5" or "90-120"; both ends are included.
 std::pair<std::uint32_t, std::uint32_t> parseTempoRange(const std::string& text);
 
 } // namespace plxclip

@@ -13,6 +13,8 @@ namespace plxclip {
 
 // What a clip must have to be shown: it must match all fields that are set.
 struct Search {
+    bool operator==(const Search&) const = default;
+
     std::optional<PartType> part;
     std::optional<std::string> type;
     std::optional<std::string> genre;

@@ -190,8 +190,10 @@ std::size_t distanceOf(const std::string& one, const std::string& other)
     return row.back();
 }
 
-// The key of the object that is most like the other one: up to a third of its letters may differ,
-// and capital letters do not matter. Empty when there is none.
+} // namespace
+
+// The one that is most like the other: up to a third of its letters may differ, and capital letters do
+// not matter.
 std::string_view nearestKey(const keys::Shape& shape, std::string_view key)
 {
     constexpr std::size_t longest = 64; // no key of the library is nearly as long
@@ -207,6 +209,8 @@ std::string_view nearestKey(const keys::Shape& shape, std::string_view key)
     }
     return nearest;
 }
+
+namespace {
 
 // --- What is wrong --------------------------------------------------------------------------------------
 

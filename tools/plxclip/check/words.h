@@ -13,4 +13,8 @@ namespace format = own::format;
 Finding findingOf(const format::Loss& loss, std::string_view text);
 Finding findingOf(const format::Defect& defect, std::string_view text);
 
+// The key of an object that was probably meant by one that the object does not have; empty if there is
+// none.
+std::string_view nearestKey(const format::keys::Shape& shape, std::string_view key);
+
 } // namespace plxclip::check

@@ -204,6 +204,15 @@ std::string Document::text() const
     return text;
 }
 
+std::string Document::textOf(const Node& node)
+{
+    std::string text;
+    for (auto token = node.first; token != std::next(node.last); ++token) {
+        text += token->text;
+    }
+    return text;
+}
+
 Node* Document::member(Node* object, std::string_view key)
 {
     if (object == nullptr || !object->isObject()) {
@@ -252,6 +261,11 @@ std::vector<std::size_t> Document::removeTrailingCommas()
 void Document::set(Node& node, std::string_view json)
 {
     Tokens value = addedTokensOf(json);
+    if (value.size() == 1 && node.first == node.last) {
+        node.first->kind = value.front().kind;
+        node.first->text = json;
+        return;
+    }
     const bool hasKey = node.key != node.first;
     const auto key = node.key;
     const auto behind = all.erase(node.first, std::next(node.last));

@@ -36,6 +36,7 @@ public:
     ~Document() = default;
 
     std::string text() const;
+    static std::string textOf(const Node& node); // without its key
     const Tokens& tokens() const { return all; }
 
     // Null unless the text is one value by JSON's grammar, not nested too deeply. Commas
