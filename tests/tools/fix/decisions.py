@@ -136,7 +136,7 @@ DECISIONS = {
     # Files.
     "capital-extension": FINE,
     "no-property-document": MADE,
-    "both-refused": left("missing-key", "missing-key", "missing-key", "missing-key"),
+    "both-refused": left(*6 * ["missing-key"]),
 }
 
 # Reasons that no damage of a document has: the case of the test that shows each.

@@ -6,7 +6,6 @@
 #include <fmt/format.h>
 
 #include "check/diagnosis.h"
-#include "check/text.h"
 #include "format/encoding.h"
 #include "format/keys.h"
 #include "format/limits.h"
@@ -167,6 +166,9 @@ public:
         }
         planData();
         planProperties(sharesFolder);
+        if (!isUsable && data != nullptr) {
+            hearWhole(result.documents.front().left);
+        }
         return std::move(result);
     }
 
@@ -193,6 +195,16 @@ private:
                 result.left.push_back(std::move(finding));
             }
         }
+    }
+
+    // Without a usable property document the clip file must have more than a part.
+    void hearWhole(std::vector<check::Finding>& left)
+    {
+        std::string copy = dataText;
+        check::Hearing hearing;
+        format::LoadedClip clip;
+        state.reader.readClip(copy, libraryFolder(), nullptr, clip, &hearing);
+        left = lossesOf(hearing, dataText);
     }
 
     // --- The clip file ---

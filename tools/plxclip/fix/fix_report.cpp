@@ -157,11 +157,15 @@ void Report::printSummary(const std::string& originals) const
     const auto countOf = [](std::size_t number, std::string_view one, std::string_view many) {
         return fmt::format("{} {}", number, number == 1 ? one : many);
     };
-    std::string text = fmt::format(
-        "{}: {} {} ({}); {} with {} that cannot be decided\n",
-        countOf(counts.clips, "clip file", "clip files"), counts.mended,
-        isDryRun ? "would be mended" : "mended", countOf(counts.changes, "change", "changes"),
-        counts.clipsLeft, countOf(counts.left, "thing", "things"));
+    const std::string left =
+        counts.clipsLeft == 0
+            ? "nothing is left to mend by hand"
+            : fmt::format("{} left to mend by hand ({})", counts.clipsLeft,
+                          countOf(counts.left, "place", "places"));
+    std::string text =
+        fmt::format("{}: {} {} ({}); {}\n", countOf(counts.clips, "clip file", "clip files"),
+                    counts.mended, isDryRun ? "would be mended" : "mended",
+                    countOf(counts.changes, "change", "changes"), left);
     if (!originals.empty()) {
         text += fmt::format("The documents as they were are in {}\n", originals);
     }

@@ -58,6 +58,14 @@ std::optional<std::string> controllerLike(const std::string& name)
     return std::nullopt;
 }
 
+void leave(std::vector<check::Finding>& left, check::Finding finding, check::Text& words)
+{
+    if (finding.effect != check::effect::noted) {
+        finding.position = words.positionOf(finding.place);
+        left.push_back(std::move(finding));
+    }
+}
+
 // A step of a JSON pointer.
 std::string escaped(const std::string& key)
 {
@@ -104,13 +112,13 @@ public:
         mending.world.read(copy, hearing);
         mending.isDocument = !hearing.defect;
         if (hearing.defect) {
-            leave(check::findingOf(*hearing.defect, words));
+            leave(mending.left, check::findingOf(*hearing.defect, words), words);
         }
         std::ranges::stable_sort(hearing.losses, {},
                                  [](const Heard& each) { return each.loss.place; });
         for (const Heard& heard : hearing.losses) {
             if (!mend(heard)) {
-                leave(check::findingOf(heard, words));
+                leave(mending.left, check::findingOf(heard, words), words);
             }
         }
         return finish();
@@ -123,14 +131,6 @@ private:
             mending.text = document.text();
         }
         return isChanged;
-    }
-
-    void leave(check::Finding finding)
-    {
-        if (finding.effect != check::effect::noted) {
-            finding.position = words.positionOf(finding.place);
-            mending.left.push_back(std::move(finding));
-        }
     }
 
     void changed(std::string pointer, std::size_t place, std::string message)
@@ -309,6 +309,16 @@ bool Mending::set(std::string_view object, std::string_view key, const std::stri
                        fmt::format("{} becomes {}{}", before, json, why)});
     text = document.text();
     return true;
+}
+
+std::vector<check::Finding> lossesOf(const check::Hearing& hearing, const std::string& text)
+{
+    check::Text words(text);
+    std::vector<check::Finding> left;
+    for (const Heard& heard : hearing.losses) {
+        leave(left, check::findingOf(heard, words), words);
+    }
+    return left;
 }
 
 } // namespace plxclip::fix

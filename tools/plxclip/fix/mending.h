@@ -60,4 +60,7 @@ private:
     std::vector<std::string> refused; // the pointers of keys that shall not be renamed
 };
 
+// What was heard of a text, as "check" says it, without what loses nothing.
+std::vector<check::Finding> lossesOf(const check::Hearing& hearing, const std::string& text);
+
 } // namespace plxclip::fix
