@@ -29,7 +29,7 @@ class Programs:
 
     def run(self, name, *arguments, **options):
         command = [*self.launcher, str(self.folder / f"{name}{self.suffix}"), *arguments]
-        result = subprocess.run(command, check=False, capture_output=True, timeout=120, **options)
+        result = subprocess.run(command, check=False, capture_output=True, **({"timeout": 120} | options))
         output = result.stdout.decode("utf-8")
         return Result(result.returncode, output.splitlines(), result.stderr.decode("utf-8"))
 

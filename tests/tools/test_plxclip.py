@@ -640,6 +640,82 @@ class Change(ToolTest):
             self.assertIn("system clip", result.errors)
 
 
+class Clean(ToolTest):
+    """What interrupted saves and removals leave is found, and nothing else is deleted."""
+
+    UUID = "0c1d2e3f-4a5b-6c7d-8e9f-0123456789ab"
+
+    def leave(self, folder, *files):
+        """An old folder with old files."""
+        folder = self.user / folder
+        for file in files:
+            path = folder / file
+            path.parent.mkdir(parents=True, exist_ok=True)
+            path.write_bytes(b"{}")
+        folder.mkdir(parents=True, exist_ok=True)
+        for path in [*folder.rglob("*"), folder]:
+            os.utime(path, (1_700_000_000, 1_700_000_000))
+        return folder
+
+    def left(self):
+        return sorted(path.name for path in self.user.iterdir())
+
+    def clean(self, *options, **further):
+        return self.run_tool("clean", self.user, *options, **further)
+
+    def test_leftovers(self):
+        self.copy_user_clips()
+        clips = self.left()
+        for number, files in enumerate(((), ("property.json",), ("audio/take.wav",), ("property.json", "audio/take.wav"))):
+            self.leave(self.UUID[:-1] + str(number), *files)
+        lines = self.clean("--dry-run").lines
+        self.assertEqual([line[-36:] for line in lines[:-1]], [self.UUID[:-1] + str(number) for number in range(4)])
+        self.assertEqual(lines[-1], "4 folders without a clip")
+        self.assertEqual(len(self.left()), len(clips) + 4)
+        self.assertEqual(self.clean("--yes").lines[-1], "Removed 4 folders")
+        self.assertEqual(self.left(), clips)
+        self.assertEqual(self.clean().lines, ["0 folders without a clip"])
+
+    def test_what_stays(self):
+        self.copy_user_clips()
+        self.leave("by hand", "property.json")
+        self.leave(self.UUID[:-1] + "A", "property.json")
+        self.leave(self.UUID[:-1] + "1", "property.json", "notes.txt")
+        self.leave(self.UUID[:-1] + "2", "property.json", "clip.kxclip")
+        self.leave(self.UUID[:-1] + "3", "audio/more/take.wav")
+        self.leave("deep/" + self.UUID, "property.json")
+        before = sorted(self.user.rglob("*"))
+        self.assertEqual(self.clean("--yes").lines, ["0 folders without a clip"])
+        self.assertEqual(sorted(self.user.rglob("*")), before)
+
+    def test_what_is_young_stays(self):
+        for young in ("", "property.json", "audio", "audio/take.wav"):
+            with self.subTest(young):
+                folder = self.leave(self.UUID, "property.json", "audio/take.wav")
+                os.utime(folder / young)
+                self.assertEqual(self.clean("--yes").lines, ["0 folders without a clip"])
+                self.assertTrue((folder / "audio/take.wav").exists())
+
+    def test_asks(self):
+        folder = self.leave(self.UUID, "property.json")
+        result = self.clean(input=b"n\n", code=PROBLEM)
+        self.assertIn("Delete 1 folder from disk?", result.errors)
+        self.assertTrue(folder.exists())
+        self.clean(input=b"y\n")
+        self.assertFalse(folder.exists())
+
+    @unittest.skipIf(os.name == "nt", "needs a right there")
+    def test_links_stay(self):
+        if PROGRAMS.launcher:
+            self.skipTest("Wine leaves links to the host")
+        inside = self.leave("inside", "take.wav")
+        folder = self.leave(self.UUID, "property.json")
+        (folder / "audio").symlink_to(inside)
+        os.utime(folder, (1_700_000_000, 1_700_000_000))
+        self.assertEqual(self.clean("--yes").lines, ["0 folders without a clip"])
+        self.assertTrue((inside / "take.wav").exists())
+
+
 class Failures(ToolTest):
     """What cannot be done is said on the error output, with what to do; the status tells."""
 
@@ -685,6 +761,7 @@ class Failures(ToolTest):
     def test_wrong_command_lines(self):
         commands = "list, show, check, gallery, edit, remove, copy"
         commands = "list, show, check, fix, edit, remove, copy, new"
+        commands = "list, show, check, fix, edit, remove, copy, new, clean"
         self.assert_fails(USAGE, f"no command given; there are {commands}")
         self.assert_fails(USAGE, f'"burn" is no command; there are {commands}', "burn", self.library)
         self.assert_fails(USAGE, "--help", "show", self.library)
@@ -712,6 +789,7 @@ class Console(ToolTest):
         text = "\n".join(self.run_tool("--help").lines)
         for command in ("list", "show", "gallery", "edit", "remove", "copy"):
         for command in ("list", "show", "check", "fix", "edit", "remove", "copy", "new"):
+        for command in ("list", "show", "check", "fix", "edit", "remove", "copy", "new", "clean"):
             self.assertRegex(text, rf"(?m)^ +{command} ")
         self.assertIn("Exit status", text)
         self.assertIn("--tempo", "\n".join(self.run_tool("list", "--help").lines))

@@ -45,5 +45,6 @@ void addEdit(CLI::App& app, Work& chosen);
 void addRemove(CLI::App& app, Work& chosen);
 void addCopy(CLI::App& app, Work& chosen);
 void addNew(CLI::App& app, Work& chosen);
+void addClean(CLI::App& app, Work& chosen);
 
 } // namespace plxclip

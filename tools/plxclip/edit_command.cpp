@@ -173,9 +173,9 @@ private:
         for (const editing::TagChange& change : options.changes.tags) {
             if (std::ranges::find(change.removed, tag) != change.removed.end()) {
                 const auto tags = tagsOf(clip.tags, change.key);
-                throw Failure(fmt::format(
-                    "the clip has no {} among its {}; it has: {}", tag, change.key,
-                    tags.empty() ? "none" : fmt::format("{}", fmt::join(tags, ", "))));
+                throw Failure(
+                    fmt::format("the clip has no {} among its {}; it has: {}", tag, change.key,
+                                tags.empty() ? "none" : fmt::format("{}", fmt::join(tags, ", "))));
             }
         }
         throw Failure("the clip has no such tag");
@@ -336,7 +336,8 @@ void addChanges(CLI::App& command, editing::Changes& changes)
             "--tempo", [&changes](const std::string& text) { changes.tempo = tempoToSet(text); },
             "Its tempo: 20 to 300 beats a minute, or 0 for none")
         ->type_name("BPM");
-    const std::vector<std::string> words = {"type", "genre", "singer-group", "language", "voice-id"};
+    const std::vector<std::string> words = {"type", "genre", "singer-group", "language",
+                                            "voice-id"};
     for (std::size_t index = 0; index < words.size(); ++index) {
         addTagOptions(command, words[index], changes.tags[index]);
     }

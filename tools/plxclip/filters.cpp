@@ -35,7 +35,8 @@ void addFilters(CLI::App& command, Search& search, const std::string& prefix)
         ->group(group);
     command
         .add_option_function<std::string>(
-            prefix + "tempo", [&search](const std::string& text) { search.tempo = parseTempoRange(text); },
+            prefix + "tempo",
+            [&search](const std::string& text) { search.tempo = parseTempoRange(text); },
             "Its tempo in beats a minute, such as 100 or 90-120")
         ->type_name("BPM")
         ->group(group);

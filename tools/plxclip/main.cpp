@@ -33,6 +33,7 @@ void addCommands(CLI::App& app, Work& chosen)
     addRemove(app, chosen);
     addCopy(app, chosen);
     addNew(app, chosen);
+    addClean(app, chosen);
 }
 
 void complain(std::string_view text)

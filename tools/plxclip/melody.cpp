@@ -35,8 +35,9 @@ std::int32_t ticksOf(const Length& length, const std::string& word, std::int32_t
 {
     const double ticks = length.beats * ticksToTheBeat;
     if (!(ticks >= 1 && ticks <= 1e9)) {
-        throw Failure(fmt::format("\"{}\" has no length; write beats, such as C4:1 or C4:0.5", word),
-                      exitUsage);
+        throw Failure(
+            fmt::format("\"{}\" has no length; write beats, such as C4:1 or C4:0.5", word),
+            exitUsage);
     }
     return static_cast<std::int32_t>(std::lround(ticks));
 }
@@ -45,10 +46,11 @@ std::uint32_t pitchOf(const Length& length, const std::string& word)
 {
     const std::optional<std::uint32_t> number = findPitch(length.pitch);
     if (!number) {
-        throw Failure(fmt::format("\"{}\" has no pitch; write C4, F#3, Bb5, a number from 0 to 127, "
-                                  "or R for a rest",
-                                  word),
-                      exitUsage);
+        throw Failure(
+            fmt::format("\"{}\" has no pitch; write C4, F#3, Bb5, a number from 0 to 127, "
+                        "or R for a rest",
+                        word),
+            exitUsage);
     }
     return *number;
 }

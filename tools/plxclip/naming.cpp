@@ -69,7 +69,8 @@ std::optional<std::uint32_t> findPitch(std::string_view text)
         if (found == pitchNames.end()) {
             return std::nullopt;
         }
-        number = (number + 1) * 12 + static_cast<int>(found - pitchNames.begin()) - (isFlat ? 1 : 0);
+        number =
+            (number + 1) * 12 + static_cast<int>(found - pitchNames.begin()) - (isFlat ? 1 : 0);
     }
     return number >= 0 && number <= highest ? std::optional(static_cast<std::uint32_t>(number))
                                             : std::nullopt;

@@ -101,10 +101,10 @@ void addDescription(CLI::App& command, NewOptions& options)
         return text.empty() ? std::string("this cannot be empty") : std::string();
     };
     command.add_option("--name", options.name, "Its name")->required()->check(notEmpty);
-    command.add_option("--notes", options.notes, "The notes: pitch:beats and what is sung, for each")
-        ->required();
     command
-        .add_option("--voice", options.voice, "The ID of its voice, which has 16 characters")
+        .add_option("--notes", options.notes, "The notes: pitch:beats and what is sung, for each")
+        ->required();
+    command.add_option("--voice", options.voice, "The ID of its voice, which has 16 characters")
         ->required();
     command.add_flag("--ai", options.isForAi, "The voice is an AI voice");
     command.add_option("--vendor", options.vendor, "Its vendor");
@@ -122,8 +122,8 @@ void addDescription(CLI::App& command, NewOptions& options)
     command.add_option("--ticks", options.ticks, "Ticks to the beat")
         ->check(CLI::Range(1, 100000))
         ->capture_default_str();
-    for (const auto& [name, tags] : {std::pair("--add-type", &options.types),
-                                     std::pair("--add-genre", &options.genres)}) {
+    for (const auto& [name, tags] :
+         {std::pair("--add-type", &options.types), std::pair("--add-genre", &options.genres)}) {
         command.add_option(name, *tags, "Give it this tag")
             ->type_name("TAG")
             ->allow_extra_args(false)
@@ -143,12 +143,13 @@ void addNew(CLI::App& app, Work& chosen)
         ->type_name("")
         ->required();
     addDescription(*command, *options);
-    command->footer("A note is its pitch, a colon, its length in beats, and then what is sung; without\n"
-                    "that it is \"la\". The pitch is a name, such as C4 (the number 60), F#3 or Bb5, or a\n"
-                    "number from 0 to 127, or R for a rest. What is sung is also its phonemes.\n\n"
-                    "Example:\n"
-                    "  plxclip new my-clips --name Scale --voice voralin-alto-001 \\\n"
-                    "      --notes \"C4:1 do D4:1 re R:0.5 E4:1.5 mi\"");
+    command->footer(
+        "A note is its pitch, a colon, its length in beats, and then what is sung; without\n"
+        "that it is \"la\". The pitch is a name, such as C4 (the number 60), F#3 or Bb5, or a\n"
+        "number from 0 to 127, or R for a rest. What is sung is also its phonemes.\n\n"
+        "Example:\n"
+        "  plxclip new my-clips --name Scale --voice voralin-alto-001 \\\n"
+        "      --notes \"C4:1 do D4:1 re R:0.5 E4:1.5 mi\"");
     command->callback([options, &chosen] {
         options->language = options->language.value_or(1);
         chosen = [options] { return make(*options); };

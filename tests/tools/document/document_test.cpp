@@ -49,7 +49,10 @@ public:
         return text;
     }
 
-    unsigned number(unsigned below) { return below == 0 ? 0 : static_cast<unsigned>(random() % below); }
+    unsigned number(unsigned below)
+    {
+        return below == 0 ? 0 : static_cast<unsigned>(random() % below);
+    }
 
 private:
     std::string oneOf(const std::vector<std::string>& texts)
@@ -85,8 +88,8 @@ private:
     {
         std::string text = "{" + white();
         for (unsigned left = number(5); left > 0; --left) {
-            text += oneOf({R"("a")", R"("b")", R"("x y")", R"("\u0061")"}) + white() + ":" + white() +
-                    value(depth) + white() + (left > 1 ? "," : "") + white();
+            text += oneOf({R"("a")", R"("b")", R"("x y")", R"("\u0061")"}) + white() + ":" +
+                    white() + value(depth) + white() + (left > 1 ? "," : "") + white();
         }
         return text + "}";
     }
@@ -238,12 +241,13 @@ TEST_P(DocumentLayout, WhatIsInsertedLooksLikeItsNeighbours)
 
 INSTANTIATE_TEST_SUITE_P(
     Objects, DocumentLayout,
-    testing::Values(Layout{"{}", R"({"new":1})"}, Layout{R"({"a":2})", R"({"a":2,"new":1})"},
-                    Layout{R"({ "a": 2 })", R"({ "a": 2, "new": 1 })"},
-                    Layout{R"({"a": 2})", R"({"a": 2, "new": 1})"},
-                    Layout{"{\n  \"a\": 2\n}\n", "{\n  \"a\": 2,\n  \"new\": 1\n}\n"},
-                    Layout{"{\n  \"a\": 2,\n  \"b\": 3\n}", "{\n  \"a\": 2,\n  \"new\": 1,\n  \"b\": 3\n}"},
-                    Layout{"{\n  \"a\": 2, \"b\": 3\n}", "{\n  \"a\": 2,\n  \"new\": 1, \"b\": 3\n}"}));
+    testing::Values(
+        Layout{"{}", R"({"new":1})"}, Layout{R"({"a":2})", R"({"a":2,"new":1})"},
+        Layout{R"({ "a": 2 })", R"({ "a": 2, "new": 1 })"},
+        Layout{R"({"a": 2})", R"({"a": 2, "new": 1})"},
+        Layout{"{\n  \"a\": 2\n}\n", "{\n  \"a\": 2,\n  \"new\": 1\n}\n"},
+        Layout{"{\n  \"a\": 2,\n  \"b\": 3\n}", "{\n  \"a\": 2,\n  \"new\": 1,\n  \"b\": 3\n}"},
+        Layout{"{\n  \"a\": 2, \"b\": 3\n}", "{\n  \"a\": 2,\n  \"new\": 1, \"b\": 3\n}"}));
 
 TEST(Document, AppendsToLists)
 {
@@ -303,9 +307,11 @@ TEST(Document, PutsUpWithCommasBehindLastElementsAndRemovesThem)
 TEST(Document, HasNoRootWhereTheGrammarIsBroken)
 {
     for (const std::string text :
-         {"", " ", "{", "}", "{]", "[}", "{,}", "[,]", "[1,,2]", "{\"a\"}", "{\"a\":}", "{1: 2}", "1 2",
-          "{} {}", "[1 2]", "[01]", "[1.]", "[.5]", "[+1]", "[1e]", "[tru]", "['a']", "[\"a]",
-          "/* */ {}", "{\"a\": 1 \"b\": 2}"}) {
+         {"",         " ",      "{",     "}",        "{]",
+          "[}",       "{,}",    "[,]",   "[1,,2]",   "{\"a\"}",
+          "{\"a\":}", "{1: 2}", "1 2",   "{} {}",    "[1 2]",
+          "[01]",     "[1.]",   "[.5]",  "[+1]",     "[1e]",
+          "[tru]",    "['a']",  "[\"a]", "/* */ {}", "{\"a\": 1 \"b\": 2}"}) {
         EXPECT_EQ(Document(text).root(), nullptr) << text;
     }
     EXPECT_EQ(Document(std::string(100000, '[')).root(), nullptr);

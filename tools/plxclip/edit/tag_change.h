@@ -26,7 +26,8 @@ struct Changes {
     std::optional<std::string> vendor;
     std::optional<std::uint32_t> key;
     std::optional<std::uint32_t> tempo;
-    std::vector<TagChange> tags = {{"types"}, {"genres"}, {"singerGroups"}, {"languages"}, {"singerIDs"}};
+    std::vector<TagChange> tags = {
+        {"types"}, {"genres"}, {"singerGroups"}, {"languages"}, {"singerIDs"}};
 };
 
 // The text after the changes; everything else in it stays as it is written. None if it is no

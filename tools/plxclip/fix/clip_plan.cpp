@@ -80,8 +80,8 @@ Members wholeMembersOf(const std::string& text)
             break;
         }
         const std::size_t begin = words[at + 2]->place;
-        const std::string json = text.substr(
-            begin, words[*end - 1]->place + words[*end - 1]->text.size() - begin);
+        const std::string json =
+            text.substr(begin, words[*end - 1]->place + words[*end - 1]->text.size() - begin);
         const std::string key = document::unquote(words[at]->text);
         if (Document(json).root() != nullptr && !has(members, key)) {
             members.emplace_back(key, json);
@@ -95,7 +95,8 @@ std::string indentedObject(const Members& members)
 {
     std::string text = "{";
     for (const auto& [key, json] : members) {
-        text += fmt::format("{}\n    {}: {}", text.size() > 1 ? "," : "", document::quote(key), json);
+        text +=
+            fmt::format("{}\n    {}: {}", text.size() > 1 ? "," : "", document::quote(key), json);
     }
     return text + "\n}\n";
 }
@@ -253,7 +254,8 @@ private:
         plan.left = mending.left;
         const bool isWorthIt = mending.isDocument || !mending.changes.empty();
         if (isWorthIt && plan.bytes && *plan.bytes != plan.before) {
-            plan.changes.push_back({{}, {}, "the encoding becomes UTF-8, without a byte order mark"});
+            plan.changes.push_back(
+                {{}, {}, "the encoding becomes UTF-8, without a byte order mark"});
         }
         std::ranges::move(mending.changes, std::back_inserter(plan.changes));
     }
@@ -386,8 +388,7 @@ private:
     void planProperties(bool sharesFolder)
     {
         const fs::path wanted = folder / check::propertyDocument;
-        const fs::path former =
-            isThere(wanted) ? wanted : similarFile(wanted).value_or(wanted);
+        const fs::path former = isThere(wanted) ? wanted : similarFile(wanted).value_or(wanted);
         DocumentPlan plan{std::string(check::propertyDocument), wanted, former, {}, {}, {}, {}, {}};
         if (!isThere(former)) {
             makeProperties(plan, {}, "is made from the clip file");
@@ -400,8 +401,7 @@ private:
             mendProperties(plan);
         }
         addRenaming(plan);
-        if (isUsable && part != nullptr && !sharesFolder &&
-            properties.partType != part->type()) {
+        if (isUsable && part != nullptr && !sharesFolder && properties.partType != part->type()) {
             setType(plan);
         }
         if (isUsable) {

@@ -142,8 +142,8 @@ private:
         const std::size_t oldCount = last.oldEnd + tail - oldBegin;
         const std::size_t newCount = last.newEnd + tail - newBegin;
         text += styled(Style::dim,
-                       fmt::format("@@ -{},{} +{},{} @@", oldBegin + (oldCount == 0 ? 0 : 1), oldCount,
-                                   newBegin + (newCount == 0 ? 0 : 1), newCount)) +
+                       fmt::format("@@ -{},{} +{},{} @@", oldBegin + (oldCount == 0 ? 0 : 1),
+                                   oldCount, newBegin + (newCount == 0 ? 0 : 1), newCount)) +
                 '\n';
         std::size_t at = oldBegin;
         for (std::size_t index = first; index < end; ++index) {

@@ -91,8 +91,8 @@ private:
     void learnFromCheck()
     {
         const Catalogue catalogue(folders);
-        const auto reports = check::checkClips(catalogue.manager(), folders,
-                                               [](std::size_t, std::size_t) {});
+        const auto reports =
+            check::checkClips(catalogue.manager(), folders, [](std::size_t, std::size_t) {});
         for (const check::ClipReport& clip : reports) {
             if (clip.isListed) {
                 listedIds.insert(clip.id);
@@ -152,8 +152,8 @@ private:
         if (error) {
             return fail("cannot get another name");
         }
-        if (isNewText && !own::format::rewriteDocument(libraryPath(textOf(document.file)),
-                                                       document.after)) {
+        if (isNewText &&
+            !own::format::rewriteDocument(libraryPath(textOf(document.file)), document.after)) {
             return fail("cannot be written; see whether you may write to it, and whether the disk "
                         "is full");
         }
@@ -177,7 +177,8 @@ ExitStatus runFix(const FixOptions& options)
 void addFixOptions(CLI::App& command, FixOptions& options)
 {
     addFolders(command, options.folders, options.userFolders);
-    command.add_flag("--dry-run", options.isDryRun, "Show what would be changed, and change nothing");
+    command.add_flag("--dry-run", options.isDryRun,
+                     "Show what would be changed, and change nothing");
     command.add_flag("--yes", options.isAgreed,
                      "Rename keys that are like those of the library, without asking");
     command.add_option("--id", options.given.id, "The ID of a clip that has none");
@@ -185,8 +186,9 @@ void addFixOptions(CLI::App& command, FixOptions& options)
     command.add_option("--vendor", options.given.vendor,
                        "The vendor of clips that get a new property.json and tell none");
     command
-        .add_option("--originals", options.originals,
-                    "Keep the documents as they were in this folder, which must not be among the clips")
+        .add_option(
+            "--originals", options.originals,
+            "Keep the documents as they were in this folder, which must not be among the clips")
         ->type_name("DIR");
     command.add_flag("--no-originals", options.keepsNoOriginals,
                      "Do not keep the documents as they were");

@@ -27,7 +27,8 @@ std::vector<std::pair<const DocumentPlan*, const check::Finding*>> leftOf(const 
 
 std::string placeText(const std::string& name, const check::Position& position)
 {
-    return position.line == 0 ? name : fmt::format("{}:{}:{}", name, position.line, position.column);
+    return position.line == 0 ? name
+                              : fmt::format("{}:{}:{}", name, position.line, position.column);
 }
 
 std::string nameIn(const ClipPlan& plan, const DocumentPlan* document,
@@ -39,7 +40,8 @@ std::string nameIn(const ClipPlan& plan, const DocumentPlan* document,
     return finding.document.empty() ? textOf(plan.file.filename()) : finding.document;
 }
 
-std::string lineFor(const std::string& place, const std::string& pointer, const std::string& message)
+std::string lineFor(const std::string& place, const std::string& pointer,
+                    const std::string& message)
 {
     return fmt::format("    {}: {}{}{}\n", styled(Style::dim, place), pointer,
                        pointer.empty() ? "" : " ", message);
@@ -157,11 +159,10 @@ void Report::printSummary(const std::string& originals) const
     const auto countOf = [](std::size_t number, std::string_view one, std::string_view many) {
         return fmt::format("{} {}", number, number == 1 ? one : many);
     };
-    const std::string left =
-        counts.clipsLeft == 0
-            ? "nothing is left to mend by hand"
-            : fmt::format("{} left to mend by hand ({})", counts.clipsLeft,
-                          countOf(counts.left, "place", "places"));
+    const std::string left = counts.clipsLeft == 0
+                                 ? "nothing is left to mend by hand"
+                                 : fmt::format("{} left to mend by hand ({})", counts.clipsLeft,
+                                               countOf(counts.left, "place", "places"));
     std::string text =
         fmt::format("{}: {} {} ({}); {}\n", countOf(counts.clips, "clip file", "clip files"),
                     counts.mended, isDryRun ? "would be mended" : "mended",

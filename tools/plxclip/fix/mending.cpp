@@ -230,8 +230,8 @@ private:
     {
         for (Node& member : object.inner) {
             const std::string key = document::unquote(member.key->text);
-            const bool isKnown = std::ranges::find(loss.shape->rows, key, &keys::Row::key) !=
-                                 loss.shape->rows.end();
+            const bool isKnown =
+                std::ranges::find(loss.shape->rows, key, &keys::Row::key) != loss.shape->rows.end();
             if (!isKnown && check::nearestKey(*loss.shape, key) == loss.key) {
                 return &member;
             }
@@ -290,8 +290,7 @@ private:
 void Mending::run()
 {
     constexpr int most = 50; // each makes something visible that was hidden before
-    for (int round = 0; round < most && Round(*this).run(); ++round) {
-    }
+    for (int round = 0; round < most && Round(*this).run(); ++round) {}
 }
 
 bool Mending::set(std::string_view object, std::string_view key, const std::string& json,

@@ -37,7 +37,8 @@ std::optional<Decimal> decimalOf(std::string_view number)
     const std::size_t point = digits.find('.');
     const std::size_t fraction = point == std::string::npos ? 0 : digits.size() - point - 1;
     std::erase(digits, '.');
-    const auto power = exponent.empty() ? std::optional<std::int16_t>(0) : parse<std::int16_t>(exponent);
+    const auto power =
+        exponent.empty() ? std::optional<std::int16_t>(0) : parse<std::int16_t>(exponent);
     if (!power || fraction > 1000) {
         return std::nullopt;
     }

@@ -13,7 +13,8 @@ namespace keys = Korvel::CANTORIS::PLX::format::keys;
 
 // A JSON number times a power of ten, as an integer; none if that would lose digits, or is beyond the
 // range.
-std::optional<std::string> wholeIn(const keys::Range& range, std::string_view number, int power = 0);
+std::optional<std::string> wholeIn(const keys::Range& range, std::string_view number,
+                                   int power = 0);
 
 // A JSON integer with a fraction; none if it is beyond the range.
 std::optional<std::string> realIn(const keys::Range& range, std::string_view integer);

@@ -48,8 +48,7 @@ bool isWithin(const fs::path& inner, const fs::path& outer)
     std::error_code error;
     const fs::path place = fs::weakly_canonical(inner, error);
     const fs::path whole = fs::weakly_canonical(outer, error);
-    const auto [end, rest] =
-        std::mismatch(whole.begin(), whole.end(), place.begin(), place.end());
+    const auto [end, rest] = std::mismatch(whole.begin(), whole.end(), place.begin(), place.end());
     return end == whole.end();
 }
 
@@ -91,9 +90,8 @@ Originals::Originals(const std::optional<std::string>& wanted, const Folders& fo
                               exitUsage);
             }
             const std::string name = nameOfRoot(pathOf(folder));
-            const auto same = std::ranges::count(roots, name, [](const auto& root) {
-                return nameOfRoot(root.first);
-            });
+            const auto same = std::ranges::count(
+                roots, name, [](const auto& root) { return nameOfRoot(root.first); });
             roots.emplace_back(pathOf(folder),
                                same == 0 ? name : fmt::format("{} {}", name, same + 1));
         }
