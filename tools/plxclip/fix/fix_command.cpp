@@ -57,6 +57,9 @@ public:
         : options(chosen), folders(std::move(clipFolders)), files(filesOf(folders)),
           report(options.isJson, options.isDryRun)
     {
+        for (const auto& [file, found] : files) {
+            ++filesIn[file.parent_path()];
+        }
         if (!options.keepsNoOriginals && !options.isDryRun) {
             originals.emplace(options.originals, folders);
         }
@@ -113,14 +116,7 @@ private:
         }
     }
 
-    bool sharesFolder(const fs::path& file) const
-    {
-        std::size_t count = 0;
-        for (const auto& [other, found] : files) {
-            count += other.parent_path() == file.parent_path() ? 1U : 0U;
-        }
-        return count > 1;
-    }
+    bool sharesFolder(const fs::path& file) const { return filesIn.at(file.parent_path()) > 1; }
 
     void write(const ClipPlan& plan)
     {
@@ -141,6 +137,9 @@ private:
             return fail("was changed meanwhile, and stays as it is");
         }
         const bool isNewText = document.bytes != document.after;
+        if (isNewText && document.bytes.value_or("").size() > own::format::propertyDocumentLimit) {
+            return fail("is too large to be written safely, and stays as it is");
+        }
         if (isNewText && document.bytes && originals &&
             !originals->keep(document.former, *document.bytes)) {
             return fail("stays as it is, because the original cannot be kept; see --originals");
@@ -163,6 +162,7 @@ private:
     const FixOptions& options;
     Folders folders;
     check::Files files;
+    std::map<fs::path, std::size_t> filesIn; // of each folder
     fix::Report report;
     std::optional<fix::Originals> originals;
     std::set<std::string> listedIds;
