@@ -20,12 +20,13 @@ using plxclip::document::unquote;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-// Without white space.
-std::vector<std::string> wordsOf(const std::string& text)
+enum class White { counts, isLeftOut };
+
+std::vector<std::string> wordsOf(const std::string& text, White white = White::isLeftOut)
 {
     std::vector<std::string> words;
     for (const Token& token : tokensOf(text)) {
-        if (token.kind != Kind::white) {
+        if (white == White::counts || token.kind != Kind::white) {
             words.push_back(token.text);
         }
     }
@@ -112,17 +113,18 @@ std::vector<Node*> nodesOf(Document& document)
     return nodes;
 }
 
-// Of a token of the document, among those that are not white space.
-std::size_t indexOf(const Document& document, std::list<Token>::const_iterator token)
+// Of a token among those of the document.
+std::size_t indexOf(const Document& document, std::list<Token>::const_iterator token,
+                    White white = White::isLeftOut)
 {
     std::size_t index = 0;
     for (auto at = document.tokens().begin(); at != token; ++at) {
-        index += at->kind == Kind::white ? 0 : 1;
+        index += white == White::isLeftOut && at->kind == Kind::white ? 0 : 1;
     }
     return index;
 }
 
-constexpr unsigned rounds = 3000;
+constexpr unsigned rounds = 1000;
 
 TEST(Document, AnyTextIsWrittenAsItWasRead)
 {
@@ -146,15 +148,17 @@ TEST(Document, AValueThatIsSetChangesNoOtherToken)
     for (unsigned seed = 0; seed < rounds; ++seed) {
         RandomText random(seed);
         Document document(random.document());
-        auto words = wordsOf(document.text());
+        auto words = wordsOf(document.text(), White::counts);
         const auto nodes = nodesOf(document);
         Node& node = *nodes[random.number(static_cast<unsigned>(nodes.size()))];
-        const auto begin = static_cast<std::ptrdiff_t>(indexOf(document, node.first));
-        const auto end = static_cast<std::ptrdiff_t>(indexOf(document, node.last)) + 1;
+        const auto begin =
+            static_cast<std::ptrdiff_t>(indexOf(document, node.first, White::counts));
+        const auto end =
+            static_cast<std::ptrdiff_t>(indexOf(document, node.last, White::counts)) + 1;
         words.erase(words.begin() + begin, words.begin() + end);
         words.insert(words.begin() + begin, "\"new\"");
         document.set(node, "\"new\"");
-        EXPECT_EQ(wordsOf(document.text()), words);
+        EXPECT_EQ(wordsOf(document.text(), White::counts), words);
         EXPECT_EQ(Document(document.text()).text(), document.text());
     }
 }
@@ -164,11 +168,11 @@ TEST(Document, AKeyThatIsRenamedChangesNoOtherToken)
     for (unsigned seed = 0; seed < rounds; ++seed) {
         RandomText random(seed);
         Document document(random.document());
-        auto words = wordsOf(document.text());
+        auto words = wordsOf(document.text(), White::counts);
         for (Node& member : document.root()->inner) {
-            words[indexOf(document, member.key)] = "\"new\"";
+            words[indexOf(document, member.key, White::counts)] = "\"new\"";
             document.rename(member, "new");
-            EXPECT_EQ(wordsOf(document.text()), words);
+            EXPECT_EQ(wordsOf(document.text(), White::counts), words);
         }
     }
 }
@@ -228,6 +232,11 @@ struct Layout {
     std::string before;
     std::string after;
 };
+
+void PrintTo(const Layout& layout, std::ostream* out)
+{
+    *out << layout.before;
+}
 
 class DocumentLayout : public testing::TestWithParam<Layout> {};
 
