@@ -50,6 +50,39 @@ check::Files filesOf(const Folders& folders)
     return files;
 }
 
+// Where capital letters are not told from small ones, both names are those of one file, and to rename it
+// from one to the other may do nothing. So it gets a third name in between.
+bool renameOneFile(const fs::path& from, const fs::path& to)
+{
+    std::error_code error;
+    fs::path between = to;
+    between += "-renamed";
+    if (!fs::equivalent(from, to, error) || fs::exists(between, error)) {
+        return false;
+    }
+    fs::rename(from, between, error);
+    if (error) {
+        return false;
+    }
+    fs::rename(between, to, error);
+    const bool isDone = !error;
+    if (!isDone) {
+        fs::rename(between, from, error);
+    }
+    return isDone;
+}
+
+// Never takes the place of another file.
+bool renameFile(const fs::path& from, const fs::path& to)
+{
+    std::error_code error;
+    if (fs::exists(to, error)) {
+        return renameOneFile(from, to);
+    }
+    fs::rename(from, to, error);
+    return !error;
+}
+
 // Writes what was planned, clip by clip.
 class Fixing {
 public:
@@ -137,18 +170,15 @@ private:
             return fail("was changed meanwhile, and stays as it is");
         }
         const bool isNewText = document.bytes != document.after;
-        if (isNewText && document.bytes.value_or("").size() > own::format::propertyDocumentLimit) {
+        if (isNewText && document.bytes &&
+            document.bytes->size() > own::format::propertyDocumentLimit) {
             return fail("is too large to be written safely, and stays as it is");
         }
         if (isNewText && document.bytes && originals &&
             !originals->keep(document.former, *document.bytes)) {
             return fail("stays as it is, because the original cannot be kept; see --originals");
         }
-        std::error_code error;
-        if (document.former != document.file) {
-            fs::rename(document.former, document.file, error);
-        }
-        if (error) {
+        if (document.former != document.file && !renameFile(document.former, document.file)) {
             return fail("cannot get another name");
         }
         if (isNewText &&
