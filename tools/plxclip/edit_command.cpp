@@ -160,7 +160,7 @@ private:
         if (text && format::makeUtf8(*text) && isGood(*text)) {
             return *text;
         }
-        for (const fix::DocumentPlan& plan : planner.plan(file, {}, false).documents) {
+        for (const fix::DocumentPlan& plan : planner.plan(file, nullptr, false).documents) {
             if (plan.name == propertyName) {
                 return plan.after;
             }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 
 #include <fmt/format.h>
 
@@ -27,8 +28,16 @@ bool isRequired(const Loss& loss)
     return loss.row != nullptr && !loss.isElement && loss.row->need == format::keys::Need::required;
 }
 
-// The position behind a text that begins at this one. Columns are counted in characters.
-Position behind(std::string_view text, Position position = {1, 1})
+std::string sizeInWords(std::uintmax_t bytes)
+{
+    const std::uintmax_t mebibytes = bytes >> 20;
+    return mebibytes % 1024 == 0 ? fmt::format("{} GiB", mebibytes / 1024)
+                                 : fmt::format("{} MiB", mebibytes);
+}
+
+} // namespace
+
+Position behind(std::string_view text, Position position)
 {
     for (const char byte : text) {
         const bool isContinuation = (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
@@ -42,23 +51,21 @@ Position behind(std::string_view text, Position position = {1, 1})
     return position;
 }
 
-std::string sizeInWords(std::uintmax_t bytes)
+void Document::take(std::string content)
 {
-    const std::uintmax_t mebibytes = bytes >> 20;
-    return mebibytes % 1024 == 0 ? fmt::format("{} GiB", mebibytes / 1024)
-                                 : fmt::format("{} MiB", mebibytes);
+    bytes = std::move(content);
+    utf8 = bytes;
+    format::makeUtf8(utf8);
 }
-
-} // namespace
 
 bool Document::load(const std::filesystem::path& file, std::uint64_t limit)
 {
     std::error_code error;
+    std::string content;
     own::fs::Patience patience;
-    if (own::fs::readFile(libraryPath(textOf(file)), bytes, {.limit = limit}, patience) ==
+    if (own::fs::readFile(libraryPath(textOf(file)), content, {.limit = limit}, patience) ==
         own::fs::ReadResult::read) {
-        utf8 = bytes;
-        format::makeUtf8(utf8);
+        take(std::move(content));
         return true;
     }
     if (is_regular_file(file, error) && file_size(file, error) > limit) {
@@ -121,10 +128,8 @@ std::vector<Finding> Document::findings() const
     if (defect) {
         all.push_back(findingOfDefect());
     }
-    for (const Loss& loss : losses) {
-        if (!defect && matters(loss)) {
-            all.push_back(findingOf(loss, utf8));
-        }
+    for (const Loss& loss : lossesThatMatter()) {
+        all.push_back(findingOf(loss, utf8));
     }
     std::ranges::stable_sort(all, {}, &Finding::place);
     Position position{1, 1};
@@ -138,6 +143,14 @@ std::vector<Finding> Document::findings() const
             finding.position = position;
         }
     }
+    return all;
+}
+
+std::vector<Loss> Document::lossesThatMatter() const
+{
+    std::vector<Loss> all;
+    std::ranges::copy_if(losses, std::back_inserter(all),
+                         [this](const Loss& loss) { return !defect && matters(loss); });
     return all;
 }
 

@@ -17,6 +17,9 @@ namespace plxclip::check {
 namespace own = Korvel::CANTORIS::PLX;
 namespace format = own::format;
 
+// The position behind a text that begins at the given one. Columns are counted in characters.
+Position behind(std::string_view text, Position position = {1, 1});
+
 class Document final : public format::Listener {
 public:
     // The name is that in the findings.
@@ -24,6 +27,8 @@ public:
 
     // Reads the file as the library does. False when that is not possible, which is a finding.
     bool load(const std::filesystem::path& file, std::uint64_t limit);
+    // The same for content that is there already.
+    void take(std::string content);
     // For the reader, which overwrites it.
     std::string& copy() { return used = bytes; }
 
@@ -40,6 +45,11 @@ public:
 
     // All that was found, in the order of the places.
     std::vector<Finding> findings() const;
+
+    // What was lost, without what matters no more because of another loss. Of a missing key the path is that
+    // which it would have.
+    std::vector<format::Loss> lossesThatMatter() const;
+    const std::optional<format::Defect>& whyUnreadable() const { return defect; }
 
 private:
     bool matters(const format::Loss& loss) const;

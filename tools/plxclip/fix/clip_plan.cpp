@@ -11,6 +11,7 @@
 #include "format/limits.h"
 #include "format/read.h"
 #include "fs/fs.h"
+#include "letters.h"
 #include "model/codes.h"
 #include "paths.h"
 
@@ -25,6 +26,8 @@ using document::Node;
 using Id = keys::Shape::Id;
 
 namespace {
+
+constexpr std::string_view propertyDocument = "property.json";
 
 using Members = std::vector<std::pair<std::string, std::string>>; // keys, and their values as JSON
 
@@ -107,7 +110,7 @@ std::optional<fs::path> similarFile(const fs::path& wanted)
     std::optional<fs::path> found;
     std::error_code error;
     for (const auto& entry : fs::directory_iterator(wanted.parent_path(), error)) {
-        if (check::lowerCase(textOf(entry.path().filename())) == textOf(wanted.filename())) {
+        if (lowerCase(textOf(entry.path().filename())) == textOf(wanted.filename())) {
             if (found) {
                 return std::nullopt;
             }
@@ -135,8 +138,7 @@ fs::path withExtension(const fs::path& file)
     const std::string name = textOf(file.filename());
     const std::string trimmed = name.substr(0, name.find_last_not_of(" .") + 1);
     const std::size_t dot = trimmed.rfind('.');
-    return file.parent_path() /
-           pathOf(trimmed.substr(0, dot) + check::lowerCase(trimmed.substr(dot)));
+    return file.parent_path() / pathOf(trimmed.substr(0, dot) + lowerCase(trimmed.substr(dot)));
 }
 
 } // namespace
@@ -156,13 +158,14 @@ public:
     {
     }
 
-    ClipPlan plan(const check::File& found, bool sharesFolder)
+    ClipPlan plan(const check::Finding* obstacle, bool sharesFolder)
     {
         result.file = file;
-        if (found.obstacle == check::reason::extension && canBecome(file, withExtension(file))) {
+        const bool isMisnamed = obstacle != nullptr && obstacle->reason == check::reason::extension;
+        if (isMisnamed && canBecome(file, withExtension(file))) {
             target = withExtension(file);
-        } else if (!found.obstacle.empty()) {
-            result.left.push_back({check::effect::passedOver, found.obstacle, found.message});
+        } else if (obstacle != nullptr) {
+            result.left.push_back(*obstacle);
             return std::move(result);
         }
         planData();
@@ -201,11 +204,11 @@ private:
     // Without a usable property document the clip file must have more than a part.
     void hearWhole(std::vector<check::Finding>& left)
     {
-        std::string copy = dataText;
-        check::Hearing hearing;
+        check::Document heard{std::string_view()};
+        heard.take(dataText);
         format::LoadedClip clip;
-        state.reader.readClip(copy, libraryFolder(), nullptr, clip, &hearing);
-        left = lossesOf(hearing, dataText);
+        state.reader.readClip(heard.copy(), libraryFolder(), nullptr, clip, &heard);
+        left = lossesIn(heard);
     }
 
     // --- The clip file ---
@@ -235,8 +238,9 @@ private:
         if (isDataText) {
             Mending mending(dataText,
                             {textOf(file),
-                             [this](std::string& text, check::Hearing& hearing) {
-                                 state.reader.readPart(text, libraryFolder(), nullptr, &hearing);
+                             [this](check::Document& heard) {
+                                 state.reader.readPart(heard.copy(), libraryFolder(), nullptr,
+                                                       &heard);
                              },
                              [](const format::Loss&) { return std::nullopt; }, state.ask});
             run(mending, plan);
@@ -271,12 +275,12 @@ private:
     // What the property document may need of the clip file.
     void learn()
     {
-        std::string copy = dataText;
-        check::Hearing hearing;
-        part = state.reader.readPart(copy, libraryFolder(), nullptr, &hearing);
+        check::Document heard{std::string_view()};
+        heard.take(dataText);
+        part = state.reader.readPart(heard.copy(), libraryFolder(), nullptr, &heard);
         partName.clear();
         data.reset();
-        if (hearing.defect) {
+        if (heard.whyUnreadable()) {
             return;
         }
         data = std::make_unique<Document>(dataText);
@@ -378,24 +382,24 @@ private:
     {
         return {std::move(text),
                 {textOf(place),
-                 [this](std::string& copy, check::Hearing& hearing) {
+                 [this](check::Document& heard) {
                      properties = {};
-                     isUsable = state.reader.readProperties(copy, properties, &hearing);
+                     isUsable = state.reader.readProperties(heard.copy(), properties, &heard);
                  },
                  [this](const format::Loss& loss) { return supply(loss); }, state.ask}};
     }
 
     void planProperties(bool sharesFolder)
     {
-        const fs::path wanted = folder / check::propertyDocument;
+        const fs::path wanted = folder / propertyDocument;
         const fs::path former = isThere(wanted) ? wanted : similarFile(wanted).value_or(wanted);
-        DocumentPlan plan{std::string(check::propertyDocument), wanted, former, {}, {}, {}, {}, {}};
+        DocumentPlan plan{std::string(propertyDocument), wanted, former, {}, {}, {}, {}, {}};
         if (!isThere(former)) {
             makeProperties(plan, {}, "is made from the clip file");
         } else {
             plan.bytes = contentOf(former, format::propertyDocumentLimit);
             if (!plan.bytes) {
-                leave(check::propertyDocument);
+                leave(propertyDocument);
                 return;
             }
             mendProperties(plan);
@@ -435,7 +439,7 @@ private:
         plan.left = mending.left;
         if (!isText) {
             plan.left.clear();
-            leave(check::propertyDocument);
+            leave(propertyDocument);
         }
     }
 
@@ -448,7 +452,7 @@ private:
     void makeProperties(DocumentPlan& plan, const Members& members, const std::string& how)
     {
         if (partName.empty()) {
-            leave(check::propertyDocument);
+            leave(propertyDocument);
             return;
         }
         Mending mending = propertyMending(madeOf(members), plan.file);
@@ -504,9 +508,9 @@ Planner::Planner(Given values, Ask whetherWanted, std::set<std::string> ids)
 
 Planner::~Planner() = default;
 
-ClipPlan Planner::plan(const fs::path& file, const check::File& found, bool sharesFolder)
+ClipPlan Planner::plan(const fs::path& file, const check::Finding* obstacle, bool sharesFolder)
 {
-    return Work(*state, file).plan(found, sharesFolder);
+    return Work(*state, file).plan(obstacle, sharesFolder);
 }
 
 std::optional<std::string> contentOf(const fs::path& file, std::uint64_t limit)

@@ -8,7 +8,6 @@
 #include <string>
 #include <vector>
 
-#include "check/files.h"
 #include "fix/mending.h"
 
 namespace plxclip::fix {
@@ -51,8 +50,10 @@ public:
     Planner(Planner&&) = delete;
     Planner& operator=(Planner&&) = delete;
 
-    // `sharesFolder`: other clip files have the same property document.
-    ClipPlan plan(const std::filesystem::path& file, const check::File& found, bool sharesFolder);
+    // `obstacle`: why the file cannot be read as a clip, or null. `sharesFolder`: other clip files have
+    // the same property document.
+    ClipPlan plan(const std::filesystem::path& file, const check::Finding* obstacle,
+                  bool sharesFolder);
 
     // A property document for a clip file that has none: what the data document says, and otherwise
     // the name of the folder. Empty if the clip file does not tell what kind of part it has.

@@ -1,5 +1,8 @@
+#include <algorithm>
+#include <iterator>
 #include <map>
 #include <memory>
+#include <set>
 
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
@@ -38,16 +41,22 @@ struct FixOptions {
     bool mayAsk() const { return !isAgreed && !isDryRun && !isJson && isInputTerminal(); }
 };
 
-check::Files filesOf(const Folders& folders)
+// What only the names and the whole catalogue show.
+std::vector<check::ClipReport> checkedClips(const Folders& folders)
 {
-    check::Files files;
-    for (const std::string& folder : folders.system) {
-        check::addFiles(pathOf(folder), false, files);
-    }
-    for (const std::string& folder : folders.user) {
-        check::addFiles(pathOf(folder), true, files);
-    }
-    return files;
+    const Catalogue catalogue(folders);
+    return check::checkClips(catalogue.clips(), folders, [](std::size_t, std::size_t) {});
+}
+
+// Why a file cannot be read as a clip, whatever is in it; null if it can.
+const check::Finding* obstacleOf(const check::ClipReport& clip)
+{
+    const auto found = std::ranges::find_if(clip.findings, [](const check::Finding& finding) {
+        return finding.effect == check::effect::passedOver &&
+               finding.reason != check::reason::duplicate &&
+               finding.reason != check::reason::unexplained;
+    });
+    return found == clip.findings.end() ? nullptr : &*found;
 }
 
 // Where capital letters are not told from small ones, both names are those of one file, and to rename it
@@ -87,11 +96,11 @@ bool renameFile(const fs::path& from, const fs::path& to)
 class Fixing {
 public:
     Fixing(const FixOptions& chosen, Folders clipFolders)
-        : options(chosen), folders(std::move(clipFolders)), files(filesOf(folders)),
+        : options(chosen), folders(std::move(clipFolders)), clips(checkedClips(folders)),
           report(options.isJson, options.isDryRun)
     {
-        for (const auto& [file, found] : files) {
-            ++filesIn[file.parent_path()];
+        for (const check::ClipReport& clip : clips) {
+            ++filesIn[pathOf(clip.path).parent_path()];
         }
         if (!options.keepsNoOriginals && !options.isDryRun) {
             originals.emplace(options.originals, folders);
@@ -100,18 +109,18 @@ public:
 
     ExitStatus run()
     {
-        learnFromCheck();
         fix::Planner planner(
             options.given, [this](const std::string& question) { return isWanted(question); },
-            listedIds);
-        for (const auto& [file, found] : files) {
-            ClipPlan plan = planner.plan(file, found, sharesFolder(file));
-            addDuplicate(plan);
+            listedIds());
+        for (const check::ClipReport& clip : clips) {
+            const fs::path file = pathOf(clip.path);
+            ClipPlan plan = planner.plan(file, obstacleOf(clip), filesIn[file.parent_path()] > 1);
+            addDuplicate(clip, plan);
             report.begin(plan);
             if (plan.hasChanges() && !options.isDryRun) {
                 write(plan);
             }
-            report.end(plan);
+            report.end(std::move(plan));
         }
         report.finish(originals ? originals->folder() : std::string());
         return report.isAllFine() ? exitDone : exitProblem;
@@ -123,33 +132,21 @@ private:
         return options.isAgreed || (options.mayAsk() && confirm(question));
     }
 
-    // What only the whole catalogue shows: which IDs there are, and which of them twice.
-    void learnFromCheck()
+    std::set<std::string> listedIds() const
     {
-        const Catalogue catalogue(folders);
-        const auto reports =
-            check::checkClips(catalogue.manager(), folders, [](std::size_t, std::size_t) {});
-        for (const check::ClipReport& clip : reports) {
-            if (clip.isListed) {
-                listedIds.insert(clip.id);
-            }
-            for (const check::Finding& finding : clip.findings) {
-                if (finding.reason == check::reason::duplicate) {
-                    duplicates.emplace(clip.path, finding);
-                }
-            }
+        std::set<std::string> ids;
+        for (const check::ClipReport& clip : clips) {
+            ids.insert(clip.id);
         }
+        return ids;
     }
 
-    void addDuplicate(ClipPlan& plan) const
+    static void addDuplicate(const check::ClipReport& clip, ClipPlan& plan)
     {
-        const auto found = duplicates.find(textOf(plan.file));
-        if (found != duplicates.end()) {
-            plan.left.push_back(found->second);
-        }
+        std::ranges::copy_if(clip.findings, std::back_inserter(plan.left), [](const auto& finding) {
+            return finding.reason == check::reason::duplicate;
+        });
     }
-
-    bool sharesFolder(const fs::path& file) const { return filesIn.at(file.parent_path()) > 1; }
 
     void write(const ClipPlan& plan)
     {
@@ -191,12 +188,10 @@ private:
 
     const FixOptions& options;
     Folders folders;
-    check::Files files;
+    std::vector<check::ClipReport> clips;
     std::map<fs::path, std::size_t> filesIn; // of each folder
     fix::Report report;
     std::optional<fix::Originals> originals;
-    std::set<std::string> listedIds;
-    std::map<std::string, check::Finding> duplicates; // by the paths of their clips
 };
 
 ExitStatus runFix(const FixOptions& options)

@@ -5,12 +5,11 @@
 
 #include <fmt/format.h>
 
-#include "check/files.h"
-#include "check/text.h"
 #include "check/words.h"
 #include "document/order.h"
 #include "fix/numbers.h"
 #include "format/keys.h"
+#include "letters.h"
 #include "model/codes.h"
 
 namespace plxclip::fix {
@@ -19,7 +18,6 @@ namespace {
 
 namespace own = Korvel::CANTORIS::PLX;
 namespace format = own::format;
-using check::Heard;
 using document::Document;
 using document::Node;
 using format::Loss;
@@ -51,19 +49,24 @@ std::optional<std::string> otherNumber(const Loss& loss, std::string_view number
 std::optional<std::string> controllerLike(const std::string& name)
 {
     for (const own::controller::Type& type : own::controller::types) {
-        if (check::lowerCase(name) == check::lowerCase(std::string(type.name))) {
+        if (lowerCase(name) == lowerCase(std::string(type.name))) {
             return document::quote(type.name);
         }
     }
     return std::nullopt;
 }
 
-void leave(std::vector<check::Finding>& left, check::Finding finding, check::Text& words)
+// A value as it is written, if that is short.
+std::string excerptOf(const Node& node)
 {
-    if (finding.effect != check::effect::noted) {
-        finding.position = words.positionOf(finding.place);
-        left.push_back(std::move(finding));
-    }
+    constexpr std::size_t longest = 40;
+    const std::string& text = node.first->text;
+    return node.first != node.last || text.size() > longest ? std::string() : text + ' ';
+}
+
+std::string parentOf(const std::string& pointer)
+{
+    return pointer.substr(0, pointer.rfind('/'));
 }
 
 // A step of a JSON pointer.
@@ -96,9 +99,9 @@ std::string pointerTo(const Node& node)
 // One look at the text, and the changes that follow from it.
 class Mending::Round {
 public:
-    explicit Round(Mending& whole)
-        : mending(whole), document(whole.text), words(whole.text), copy(whole.text)
+    explicit Round(Mending& whole) : mending(whole), document(whole.text)
     {
+        heard.take(whole.text);
     }
 
     // True if something was changed.
@@ -108,19 +111,15 @@ public:
         if (isChanged) {
             return finish();
         }
-        mending.left.clear();
-        mending.world.read(copy, hearing);
-        mending.isDocument = !hearing.defect;
-        if (hearing.defect) {
-            leave(mending.left, check::findingOf(*hearing.defect, words), words);
+        mending.world.read(heard);
+        mending.isDocument = !heard.whyUnreadable();
+        auto losses = heard.lossesThatMatter();
+        std::ranges::stable_sort(losses, {}, &Loss::place);
+        for (const Loss& loss : losses) {
+            mend(loss);
         }
-        std::ranges::stable_sort(hearing.losses, {},
-                                 [](const Heard& each) { return each.loss.place; });
-        for (const Heard& heard : hearing.losses) {
-            if (!mend(heard)) {
-                leave(mending.left, check::findingOf(heard, words), words);
-            }
-        }
+        // After a change there is another look, which finds what is left.
+        mending.left = lossesIn(heard);
         return finish();
     }
 
@@ -133,10 +132,22 @@ private:
         return isChanged;
     }
 
+    // Fast for places in ascending order.
+    check::Position positionOf(std::size_t place)
+    {
+        const std::string_view text = mending.text;
+        if (place < lastPlace) {
+            lastPlace = 0;
+            lastPosition = {1, 1};
+        }
+        lastPosition = check::behind(text.substr(lastPlace, place - lastPlace), lastPosition);
+        lastPlace = place;
+        return lastPosition;
+    }
+
     void changed(std::string pointer, std::size_t place, std::string message)
     {
-        mending.changes.push_back(
-            {std::move(pointer), words.positionOf(place), std::move(message)});
+        mending.changes.push_back({std::move(pointer), positionOf(place), std::move(message)});
         isChanged = true;
     }
 
@@ -149,19 +160,19 @@ private:
         }
     }
 
-    bool mend(const Heard& heard)
+    bool mend(const Loss& loss)
     {
         if (document.root() == nullptr) {
             return false;
         }
-        switch (heard.loss.reason) {
+        switch (loss.reason) {
         case LossReason::missing:
-            return insert(heard);
+            return insert(loss);
         case LossReason::wrongKind:
         case LossReason::notAccepted:
-            return replace(heard);
+            return replace(loss);
         case LossReason::unknownKey:
-            return rename(heard);
+            return rename(loss);
         default:
             return false;
         }
@@ -182,23 +193,21 @@ private:
         return mending.world.supply(loss);
     }
 
-    bool replace(const Heard& heard)
+    bool replace(const Loss& loss)
     {
-        Node* const node = document.at(heard.loss.place);
-        const auto json = node != nullptr ? valueFor(heard.loss, *node) : std::nullopt;
+        Node* const node = document.at(loss.place);
+        const auto json = node != nullptr ? valueFor(loss, *node) : std::nullopt;
         if (!json) {
             return false;
         }
-        const std::string before = words.excerptAt(heard.loss.place);
+        const std::string before = excerptOf(*node);
         document.set(*node, *json);
-        changed(heard.path, heard.loss.place,
-                fmt::format("{}becomes {}", before.empty() ? "" : before + ' ', *json));
+        changed(loss.path, loss.place, fmt::format("{}becomes {}", before, *json));
         return true;
     }
 
-    bool insert(const Heard& heard)
+    bool insert(const Loss& loss)
     {
-        const Loss& loss = heard.loss;
         Node* const object = objectOf(loss);
         if (object == nullptr) {
             return false;
@@ -213,7 +222,7 @@ private:
         }
         document.insert(*object, loss.key, *json,
                         document::neighbourOf(*object, *loss.shape, loss.key));
-        changed(heard.path, loss.place, fmt::format("is added: {}", *json));
+        changed(loss.path, loss.place, fmt::format("is added: {}", *json));
         return true;
     }
 
@@ -221,7 +230,8 @@ private:
     Node* objectOf(const Loss& loss)
     {
         Node* const node = document.at(loss.place);
-        const bool isIt = node != nullptr && node->isObject() && pointerTo(*node) == loss.path;
+        const bool isIt =
+            node != nullptr && node->isObject() && pointerTo(*node) == parentOf(loss.path);
         return isIt ? node : nullptr;
     }
 
@@ -239,13 +249,12 @@ private:
         return nullptr;
     }
 
-    bool rename(const Heard& heard)
+    bool rename(const Loss& loss)
     {
-        const Loss& loss = heard.loss;
         Node* const node = document.at(loss.place);
         const std::string_view nearest = check::nearestKey(*loss.shape, loss.key);
         return node != nullptr && node->outer != nullptr && !nearest.empty() &&
-               rename(*node, heard.path, nearest);
+               rename(*node, loss.path, nearest);
     }
 
     bool rename(Node& node, const std::string& pointer, std::string_view nearest)
@@ -255,7 +264,7 @@ private:
         }
         const std::string key = document::unquote(node.key->text);
         const std::size_t place = node.key->place;
-        const bool isSame = check::lowerCase(key) == check::lowerCase(std::string(nearest));
+        const bool isSame = lowerCase(key) == lowerCase(std::string(nearest));
         if (!isSame && !isWanted(pointer, place, nearest)) {
             return false;
         }
@@ -269,7 +278,7 @@ private:
         if (std::ranges::find(mending.refused, pointer) != mending.refused.end()) {
             return false;
         }
-        const check::Position position = words.positionOf(place);
+        const check::Position position = positionOf(place);
         const bool isAgreed = mending.world.ask(
             fmt::format("{}:{}:{}: {} is no key. Rename it to \"{}\"? [y/N] ", mending.world.name,
                         position.line, position.column, pointer, nearest));
@@ -281,9 +290,9 @@ private:
 
     Mending& mending;
     Document document;
-    check::Text words;
-    std::string copy; // for the reader; the keys of the losses stand in it
-    check::Hearing hearing;
+    check::Document heard{std::string_view()}; // the keys of the losses stand in it
+    std::size_t lastPlace = 0;
+    check::Position lastPosition{1, 1};
     bool isChanged = false;
 };
 
@@ -304,20 +313,18 @@ bool Mending::set(std::string_view object, std::string_view key, const std::stri
     const std::size_t place = node->first->place;
     const std::string before = Document::textOf(*node);
     document.set(*node, json);
-    changes.push_back({fmt::format("/{}/{}", object, key), check::Text(text).positionOf(place),
+    changes.push_back({fmt::format("/{}/{}", object, key),
+                       check::behind(std::string_view(text).substr(0, place)),
                        fmt::format("{} becomes {}{}", before, json, why)});
     text = document.text();
     return true;
 }
 
-std::vector<check::Finding> lossesOf(const check::Hearing& hearing, const std::string& text)
+std::vector<check::Finding> lossesIn(const check::Document& document)
 {
-    check::Text words(text);
-    std::vector<check::Finding> left;
-    for (const Heard& heard : hearing.losses) {
-        leave(left, check::findingOf(heard, words), words);
-    }
-    return left;
+    std::vector<check::Finding> found = document.findings();
+    std::erase_if(found, [](const auto& each) { return each.effect == check::effect::noted; });
+    return found;
 }
 
 } // namespace plxclip::fix

@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "check/document.h"
 #include "check/finding.h"
-#include "check/hearing.h"
 #include "document/document.h"
 
 namespace plxclip::fix {
@@ -22,8 +22,8 @@ struct Change {
 // Whether a change is wanted that nobody but the author can be sure of.
 using Ask = std::function<bool(const std::string& question)>;
 
-// What the document's reader makes of its text: it fills the hearing, and overwrites the text.
-using Read = std::function<void(std::string& text, check::Hearing& hearing)>;
+// Lets the document's reader read its text and tell it what is lost.
+using Read = std::function<void(check::Document& document)>;
 
 // The JSON that a required value must be; none if that is not known.
 using Supply = std::function<std::optional<std::string>(const check::format::Loss& loss)>;
@@ -60,7 +60,7 @@ private:
     std::vector<std::string> refused; // the pointers of keys that shall not be renamed
 };
 
-// What was heard of a text, as "check" says it, without what loses nothing.
-std::vector<check::Finding> lossesOf(const check::Hearing& hearing, const std::string& text);
+// What was found in a document, without what loses nothing.
+std::vector<check::Finding> lossesIn(const check::Document& document);
 
 } // namespace plxclip::fix
