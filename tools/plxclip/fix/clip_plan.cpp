@@ -306,7 +306,9 @@ private:
     std::optional<std::string> textMember(std::string_view key)
     {
         const auto json = dataMember(key);
-        return json && !document::unquote(*json).empty() ? json : std::nullopt;
+        // A text ends at its first NUL.
+        const std::string text = json ? document::unquote(*json) : std::string();
+        return text.empty() || text.front() == '\0' ? std::nullopt : json;
     }
 
     std::string folderName() const

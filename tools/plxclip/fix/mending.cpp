@@ -197,7 +197,7 @@ private:
     {
         Node* const node = document.at(loss.place);
         const auto json = node != nullptr ? valueFor(loss, *node) : std::nullopt;
-        if (!json) {
+        if (!json || *json == Document::textOf(*node)) {
             return false;
         }
         const std::string before = excerptOf(*node);
