@@ -759,9 +759,7 @@ class Failures(ToolTest):
         self.assert_fails(PROBLEM, "cannot be written", "show", self.library, "Scala", "--svg", file)
 
     def test_wrong_command_lines(self):
-        commands = "list, show, check, gallery, edit, remove, copy"
-        commands = "list, show, check, fix, edit, remove, copy, new"
-        commands = "list, show, check, fix, edit, remove, copy, new, clean"
+        commands = "list, show, check, gallery, fix, edit, remove, copy, new, clean"
         self.assert_fails(USAGE, f"no command given; there are {commands}")
         self.assert_fails(USAGE, f'"burn" is no command; there are {commands}', "burn", self.library)
         self.assert_fails(USAGE, "--help", "show", self.library)
@@ -787,9 +785,7 @@ class Console(ToolTest):
 
     def test_help(self):
         text = "\n".join(self.run_tool("--help").lines)
-        for command in ("list", "show", "gallery", "edit", "remove", "copy"):
-        for command in ("list", "show", "check", "fix", "edit", "remove", "copy", "new"):
-        for command in ("list", "show", "check", "fix", "edit", "remove", "copy", "new", "clean"):
+        for command in ("list", "show", "check", "gallery", "fix", "edit", "remove", "copy", "new", "clean"):
             self.assertRegex(text, rf"(?m)^ +{command} ")
         self.assertIn("Exit status", text)
         self.assertIn("--tempo", "\n".join(self.run_tool("list", "--help").lines))
