@@ -20,8 +20,8 @@
 #    include <unistd.h>
 
 #    include "fs/fs.h"
-#    include "fs/posix/system.h"
 #    include "fs/posix/path.h"
+#    include "fs/posix/system.h"
 #    include "posix_faults.h"
 #    include "reading.h"
 #    include "support/ordinary_user.h"
