@@ -132,6 +132,14 @@ TEST_F(FsFolderPosix, APipeIsNeverOpened)
     ::close(reader);
 }
 
+TEST_F(FsFolderPosix, APipeInPlaceOfAFolderIsNotOpened)
+{
+    ASSERT_TRUE(makePipe(dir / "folder"));
+    OpenWatch watch(dir / "folder");
+    EXPECT_TRUE(fs::forEachFile({dir / "folder", dir.path().size()}, [](const auto&...) {}));
+    EXPECT_FALSE(watch.sawOpening());
+}
+
 TEST_F(FsFolderPosix, AWriterThatWaitsAtAPipeStaysWaiting)
 {
     ASSERT_TRUE(makePipe(dir / "x.kxclip"));
