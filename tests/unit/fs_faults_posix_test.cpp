@@ -584,8 +584,10 @@ TEST_F(FsFaults, WhatCannotBeLookedAtIsNotMissing)
 
 TEST_F(FsFaults, NoOpenFileIsInherited)
 {
+    const Work walking = {
+        [] {}, [this] { result = fs::forEachFile(dir.path(), [](const auto&...) {}); }, [] {}};
     for (const Work& work : {reading(), readingTwice(), creating(), copying(), holding(), making(),
-                             entering(), makingDeep()}) {
+                             entering(), makingDeep(), walking}) {
         work.prepare();
         Faults::countInheritable();
         work.run();
