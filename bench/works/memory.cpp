@@ -93,9 +93,9 @@ void weighCatalogue(Run& run)
 {
     const std::size_t clips = run.data.size().scanForMemory;
     const std::vector<Path> folders = run.data.vendorsOf(clips);
-    // Clips with the same tags share them, so a few blocks belong to many clips.
+    // Six of its own, and a share of the lists of tags that it has in common with other clips.
     const Weighing weighing{"heap per catalogue clip", static_cast<double>(clips), Target{1024},
-                            Target{6}};
+                            Target{6.1}};
     Manager manager(folders, run.data.emptyFolder());
     const auto read = [&] {
         manager.read();
