@@ -64,8 +64,14 @@ class PageTest(unittest.TestCase):
             raise AssertionError(result.errors)
 
     def setUp(self):
+        self.load()
+
+    def load(self, ending=""):
+        """Opens the page anew. The driver may come back before the page has run its script."""
         self.driver.get("about:blank")
-        self.driver.get(self.page.as_uri())
+        self.driver.get(self.page.as_uri() + ending)
+        self.wait_for(lambda: self.run_script("return performance.getEntriesByName('usable').length"),
+                      "the page")
 
     def tearDown(self):
         self.assertEqual(self.driver.get_log("browser"), [])
@@ -240,8 +246,9 @@ class Catalogue(PageTest):
         self.assertEqual(self.one("#search").get_attribute("value"), "")
 
     def test_asks_for_nothing(self):
+        self.driver.get("about:blank")
         browser.addresses(self.driver)
-        self.driver.get(self.page.as_uri())
+        self.load()
         self.all_names()
         self.open("random-0")
         asked = [address for address in browser.addresses(self.driver) if not address.startswith("data:")]
@@ -352,9 +359,9 @@ class Clip(PageTest):
             self.wait_for(lambda name=clip["name"]: self.texts("#clip h1") == [name], clip["name"])
 
     def test_an_address_that_leads_nowhere(self):
-        self.driver.get(self.page.as_uri() + "#clip=%zz")
+        self.load("#clip=%zz")
         self.assertTrue(self.one("#catalogue").is_displayed())
-        self.driver.get(self.page.as_uri() + "#clip=unknown")
+        self.load("#clip=unknown")
         self.assertTrue(self.one("#catalogue").is_displayed())
 
     def test_plays_notes(self):
@@ -671,8 +678,7 @@ class Access(PageTest):
     def test_contrast(self):
         for scheme in ("light", "dark"):
             browser.set_media(self.driver, prefers_color_scheme=scheme)
-            self.driver.get("about:blank")
-            self.driver.get(self.page.as_uri())
+            self.load()
             selectors = [".card h2", ".card p", ".card .facts", ".tags li", "#status", "legend", ".count", "#start-over"]
             self.assertGreaterEqual(min(map(self.ratio, selectors)), 4.5, scheme)
             self.open("mirenoto.warabeuta.sakura")
@@ -765,8 +771,7 @@ class Pictures(PageTest):
     def take(self, name, width, height, scheme="light", clip=None):
         browser.set_width(self.driver, width, height)
         browser.set_media(self.driver, prefers_color_scheme=scheme)
-        self.driver.get("about:blank")
-        self.driver.get(self.page.as_uri())
+        self.load()
         if clip:
             self.open(self.clip_named(clip)["id"])
         time.sleep(0.5)
