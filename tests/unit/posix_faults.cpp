@@ -29,6 +29,7 @@ long lastFailing = LONG_MAX;
 int failure = 0;
 std::size_t longest = SIZE_MAX;
 long interferingBefore = LONG_MAX;
+bool interferingAgain = false;
 std::function<void()> interference;
 bool hidingKinds = false;
 long inheritable = 0;
@@ -42,6 +43,7 @@ bool fails()
         const long seen = calls;
         interference();
         calls = seen;
+        interferingBefore = interferingAgain ? seen + 1 : LONG_MAX;
     }
     if (calls < firstFailing || calls > lastFailing) {
         return false;
@@ -94,6 +96,12 @@ void interfere(long number, std::function<void()> happening)
     interference = std::move(happening);
 }
 
+void interfereWithAll(std::function<void()> happening)
+{
+    interfere(1, std::move(happening));
+    interferingAgain = true;
+}
+
 void hideKinds()
 {
     calls = 0;
@@ -121,6 +129,7 @@ long stop()
     errorsOfKinds = {};
     firstFailing = LONG_MAX;
     interferingBefore = LONG_MAX;
+    interferingAgain = false;
     longest = SIZE_MAX;
     return calls;
 }

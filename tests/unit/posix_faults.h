@@ -22,6 +22,9 @@ void limitTransfers(std::size_t bytes);
 // Counts the calls from now on, from 1, and calls this just before the one with that number.
 void interfere(long number, std::function<void()> happening);
 
+// Calls this just before each call from now on.
+void interfereWithAll(std::function<void()> happening);
+
 // From now on folders are listed without the kinds of their entries, as on some file systems.
 void hideKinds();
 

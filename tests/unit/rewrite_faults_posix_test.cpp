@@ -7,6 +7,7 @@
 #    include <array>
 #    include <cerrno>
 #    include <chrono>
+#    include <cstdio>
 #    include <filesystem>
 #    include <functional>
 #    include <optional>
@@ -15,6 +16,7 @@
 #    include <utility>
 #    include <vector>
 
+#    include <fcntl.h>
 #    include <gtest/gtest.h>
 
 #    include "format/encoding.h"
@@ -413,6 +415,22 @@ TEST_F(RewriteInterference, AnotherEditorIsWaitedFor)
     EXPECT_TRUE(rewrite());
     editor.join();
     EXPECT_EQ(document(), after);
+}
+
+// Another program replaces the document whenever this one does anything.
+TEST_F(RewriteInterference, ADocumentThatIsReplacedForEverIsGivenUp)
+{
+    writeBytes(dir / "document", before);
+    writeBytes(dir / "other", before);
+    const std::string document = hostPath(dir / "document");
+    const std::string other = hostPath(dir / "other");
+    Faults::interfereWithAll([&] {
+        ::renameat2(AT_FDCWD, document.c_str(), AT_FDCWD, other.c_str(), RENAME_EXCHANGE);
+    });
+    EXPECT_FALSE(rewrite());
+    EXPECT_GT(Faults::stop(), 100);
+    EXPECT_EQ(readBytes(dir / "document"), before);
+    EXPECT_EQ(readBytes(dir / "other"), before);
 }
 
 TEST_F(RewriteInterference, ManyEditorsNeverMixTheirDocuments)
