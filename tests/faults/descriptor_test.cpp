@@ -192,7 +192,8 @@ protected:
         work_.prepare(world_);
     }
 
-    void expectNotOpened(std::string_view name, int error)
+    // Lets the last such call fail.
+    void expectCode(std::uint32_t code, std::string_view name, int error)
     {
         const long number = lastCall(name);
         ASSERT_GT(number, 0);
@@ -201,7 +202,7 @@ protected:
         faults::failCall(number, error);
         EXPECT_FALSE(work_.run(world_));
         faults::stopDisturbing();
-        EXPECT_EQ(world_.code, KRT_PLX_RESULT_FILE_NOT_OPENED);
+        EXPECT_EQ(world_.code, code);
         faults::expectSameDisk(before, support::treeOf(world_.folder("")));
     }
 
@@ -212,15 +213,21 @@ protected:
 TEST_F(ReadingBack, OfADocumentThatCannotBeOpened)
 {
     for (const int error : {EMFILE, EACCES, ENOENT, EIO}) {
-        expectNotOpened("openat", error);
+        expectCode(KRT_PLX_RESULT_FILE_NOT_OPENED, "openat", error);
     }
 }
 
 TEST_F(ReadingBack, OfADocumentThatCannotBeLookedAt)
 {
     for (const int error : {EACCES, ENOENT, EIO}) {
-        expectNotOpened("fstatat", error);
+        expectCode(KRT_PLX_RESULT_FILE_NOT_OPENED, "fstatat", error);
     }
+}
+
+// What was read of it may be all, but nobody knows.
+TEST_F(ReadingBack, OfADocumentWhoseEndIsNotKnown)
+{
+    expectCode(KRT_PLX_RESULT_FILE_NOT_WRITTEN, "pread", EIO);
 }
 
 } // namespace

@@ -424,9 +424,8 @@ TEST_F(RewriteInterference, ADocumentThatIsReplacedForEverIsGivenUp)
     writeBytes(dir / "other", before);
     const std::string document = hostPath(dir / "document");
     const std::string other = hostPath(dir / "other");
-    Faults::interfereWithAll([&] {
-        ::renameat2(AT_FDCWD, document.c_str(), AT_FDCWD, other.c_str(), RENAME_EXCHANGE);
-    });
+    Faults::interfereWithAll(
+        [&] { ::renameat2(AT_FDCWD, document.c_str(), AT_FDCWD, other.c_str(), RENAME_EXCHANGE); });
     EXPECT_FALSE(rewrite());
     EXPECT_GT(Faults::stop(), 100);
     EXPECT_EQ(readBytes(dir / "document"), before);
