@@ -39,6 +39,13 @@ TEST_F(FsCreateDirectories, MakesAllMissingAncestors)
     EXPECT_TRUE(fs::isDirectory(dir / "a\\b\\e\\f"));
 }
 
+TEST_F(FsCreateDirectories, MakesNothingElse)
+{
+    EXPECT_TRUE(fs::createDirectories(dir / "new\\one~two\\three"));
+    EXPECT_TRUE(fs::isDirectory(dir / "new\\one~two\\three"));
+    EXPECT_FALSE(fs::exists(dir / "new\\one"));
+}
+
 TEST_F(FsCreateDirectories, AnExistingFolderIsSuccess)
 {
     writeBytes(dir / "folder\\file", "x");
