@@ -13,7 +13,7 @@ import tempfile
 import unittest
 
 sys.path.append(str(pathlib.Path(__file__).parent.parent / "support"))
-from programs import Programs, listed_clips  # noqa: E402
+from programs import from_arguments, listed_clips  # noqa: E402
 from readme import blocks, documented_clips, example_clips, figures  # noqa: E402
 
 SOURCES = PROGRAMS = None
@@ -311,9 +311,7 @@ class Transpose(ExampleTest):
 
 def main():
     global SOURCES, PROGRAMS
-    case, sources, folder, suffix, root, *launcher = sys.argv[1:]
-    SOURCES = pathlib.Path(sources)
-    PROGRAMS = Programs(pathlib.Path(folder), suffix, root, launcher)
+    case, SOURCES, PROGRAMS = from_arguments(*sys.argv[1:])
     unittest.main(argv=[sys.argv[0], case], verbosity=2)
 
 

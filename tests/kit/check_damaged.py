@@ -16,7 +16,7 @@ import unittest
 sys.path.append(str(pathlib.Path(__file__).parents[1] / "tools/check"))
 sys.path.append(str(pathlib.Path(__file__).parents[1] / "support"))
 from damaged import damaged_clips  # noqa: E402
-from programs import Programs  # noqa: E402
+from programs import from_arguments  # noqa: E402
 from random_damage import write_random_clips  # noqa: E402
 
 PROGRAMS = None
@@ -74,8 +74,7 @@ class Random(DamagedTest):
 
 def main():
     global PROGRAMS
-    case, _, folder, suffix, root, *launcher = sys.argv[1:]
-    PROGRAMS = Programs(pathlib.Path(folder), suffix, root, launcher)
+    case, _, PROGRAMS = from_arguments(*sys.argv[1:])
     unittest.main(argv=[sys.argv[0], case], verbosity=2)
 
 

@@ -34,6 +34,11 @@ class Programs:
         return Result(result.returncode, output.splitlines(), result.stderr.decode("utf-8"))
 
 
+def from_arguments(case, sources, folder, suffix="", root="", *launcher):
+    """What CTest tells a test: the case to run, the folder of the sources, and the programs."""
+    return case, pathlib.Path(sources), Programs(pathlib.Path(folder), suffix, root, launcher)
+
+
 def display_width(text):
     return sum(2 if unicodedata.east_asian_width(letter) in "WF" else 1 for letter in text)
 

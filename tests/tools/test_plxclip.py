@@ -17,7 +17,7 @@ import unittest
 import xml.etree.ElementTree as ElementTree
 
 sys.path.append(str(pathlib.Path(__file__).parent.parent / "support"))
-from programs import Programs, column_at, columns_of  # noqa: E402
+from programs import column_at, columns_of, from_arguments  # noqa: E402
 from readme import blocks, documented_clips  # noqa: E402
 
 SOURCES = PROGRAMS = None
@@ -858,9 +858,7 @@ def matches(line, shown):
 
 def main():
     global SOURCES, PROGRAMS
-    case, sources, folder, suffix, root, *launcher = sys.argv[1:]
-    SOURCES = pathlib.Path(sources)
-    PROGRAMS = Programs(pathlib.Path(folder), suffix, root, launcher)
+    case, SOURCES, PROGRAMS = from_arguments(*sys.argv[1:])
     unittest.main(argv=[sys.argv[0], case], verbosity=2)
 
 

@@ -7,6 +7,7 @@
 #include <fmt/format.h>
 
 #include "catalogue.h"
+#include "clip_names.h"
 #include "commands.h"
 #include "console.h"
 #include "fs/fs.h"
@@ -68,8 +69,8 @@ bool isLeftover(const fs::directory_entry& entry)
         return false;
     }
     const std::string name = textOf(entry.path().filename());
-    return (name == "property.json" && entry.is_regular_file(error)) ||
-           (name == "audio" && entry.is_directory(error) && holdsOldFiles(entry.path()));
+    return (name == propertyName && entry.is_regular_file(error)) ||
+           (name == audioName && entry.is_directory(error) && holdsOldFiles(entry.path()));
 }
 
 // What a save or a removal that was interrupted leaves: the folder of a clip that has no clip file.

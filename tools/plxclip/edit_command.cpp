@@ -5,6 +5,7 @@
 #include <fmt/format.h>
 
 #include "catalogue.h"
+#include "clip_names.h"
 #include "clip_text.h"
 #include "commands.h"
 #include "console.h"
@@ -37,8 +38,6 @@ struct EditOptions {
     bool isDryRun = false;
     editing::Changes changes;
 };
-
-constexpr std::string_view propertyName = "property.json";
 
 // --- The clips ---
 

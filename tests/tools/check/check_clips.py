@@ -16,7 +16,7 @@ sys.path.append(str(pathlib.Path(__file__).parent))
 sys.path.append(str(pathlib.Path(__file__).parents[2] / "support"))
 from damaged import DATA, PROPERTIES, damaged_clips  # noqa: E402
 from limits import in_words, limits_of  # noqa: E402
-from programs import Programs  # noqa: E402
+from programs import from_arguments  # noqa: E402
 from random_damage import write_random_clips  # noqa: E402
 from readme import example_clips  # noqa: E402
 
@@ -412,7 +412,5 @@ class Output(CheckTest):
 
 
 if __name__ == "__main__":
-    case, sources, programs, suffix, root, *launcher = sys.argv[1:]
-    SOURCES = pathlib.Path(sources)
-    PROGRAMS = Programs(pathlib.Path(programs), suffix, root, launcher)
+    case, SOURCES, PROGRAMS = from_arguments(*sys.argv[1:])
     unittest.main(argv=[sys.argv[0], case], verbosity=2)

@@ -15,7 +15,7 @@ import time
 import unittest
 
 sys.path.append(str(pathlib.Path(__file__).parents[2] / "support"))
-from programs import Programs  # noqa: E402
+from programs import from_arguments  # noqa: E402
 
 SOURCES = PROGRAMS = None
 CLIPS = 200
@@ -71,15 +71,12 @@ class Speed(unittest.TestCase):
 
 def main():
     global SOURCES, PROGRAMS, CLIPS, IS_LONG
-    if sys.argv[1] == "--long":
+    arguments = sys.argv[1:]
+    if arguments[0] == "--long":
         IS_LONG = True
-        CLIPS = int(sys.argv[2])
-        SOURCES = pathlib.Path(sys.argv[3])
-        PROGRAMS = Programs(pathlib.Path(sys.argv[4]), "", "", [])
-        unittest.main(argv=[sys.argv[0], "Speed"], verbosity=2)
-    case, sources, folder, suffix, root, *launcher = sys.argv[1:]
-    SOURCES = pathlib.Path(sources)
-    PROGRAMS = Programs(pathlib.Path(folder), suffix, root, launcher)
+        CLIPS = int(arguments[1])
+        arguments[:2] = ["Speed"]
+    case, SOURCES, PROGRAMS = from_arguments(*arguments)
     unittest.main(argv=[sys.argv[0], case], verbosity=2)
 
 

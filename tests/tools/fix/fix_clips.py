@@ -21,7 +21,7 @@ import decisions  # noqa: E402
 from damaged import DATA, PROPERTIES, damaged_clips  # noqa: E402
 from decisions import CLIP, DECISIONS, PROPERTY  # noqa: E402
 from limits import limits_of  # noqa: E402
-from programs import Programs  # noqa: E402
+from programs import from_arguments  # noqa: E402
 from random_damage import write_random_clips  # noqa: E402
 
 SOURCES = PROGRAMS = None
@@ -508,14 +508,11 @@ class Library(FixTest):
 
 def main():
     global SOURCES, PROGRAMS, RANDOM_CLIPS
-    if sys.argv[1] == "--long":
-        RANDOM_CLIPS = int(sys.argv[2])
-        SOURCES = pathlib.Path(sys.argv[3])
-        PROGRAMS = Programs(pathlib.Path(sys.argv[4]), "", "", [])
-        unittest.main(argv=[sys.argv[0], "Random"], verbosity=2)
-    case, sources, folder, suffix, root, *launcher = sys.argv[1:]
-    SOURCES = pathlib.Path(sources)
-    PROGRAMS = Programs(pathlib.Path(folder), suffix, root, launcher)
+    arguments = sys.argv[1:]
+    if arguments[0] == "--long":
+        RANDOM_CLIPS = int(arguments[1])
+        arguments[:2] = ["Random"]
+    case, SOURCES, PROGRAMS = from_arguments(*arguments)
     unittest.main(argv=[sys.argv[0], case], verbosity=2)
 
 

@@ -16,7 +16,7 @@ sys.path.append(str(pathlib.Path(__file__).parent))
 sys.path.append(str(pathlib.Path(__file__).parents[2] / "support"))
 from made_clips import midi, note, properties, sine, write_clip, write_wave  # noqa: E402
 from page_data import read_page  # noqa: E402
-from programs import Programs  # noqa: E402
+from programs import from_arguments  # noqa: E402
 
 SOURCES = PROGRAMS = None
 
@@ -284,9 +284,7 @@ class Waves(GalleryTest):
 
 def main():
     global SOURCES, PROGRAMS
-    case, sources, folder, suffix, root, *launcher = sys.argv[1:]
-    SOURCES = pathlib.Path(sources)
-    PROGRAMS = Programs(pathlib.Path(folder), suffix, root, launcher)
+    case, SOURCES, PROGRAMS = from_arguments(*sys.argv[1:])
     unittest.main(argv=[sys.argv[0], case], verbosity=2)
 
 

@@ -9,6 +9,7 @@
 
 #include "check/comparison.h"
 #include "check/diagnosis.h"
+#include "clip_names.h"
 #include "letters.h"
 #include "paths.h"
 #include "unicode.h"
@@ -24,8 +25,6 @@ namespace {
 
 // In the order of their names, each once. A file with a finding cannot be read as a clip.
 using Reports = std::map<fs::path, ClipReport>;
-
-constexpr std::string_view clipExtension = ".kxclip";
 
 // From the last dot of the name, which may be its first letter.
 std::string extensionOf(const std::string& name)

@@ -6,6 +6,7 @@
 #include <fmt/format.h>
 
 #include "check/document.h"
+#include "clip_names.h"
 #include "format/limits.h"
 #include "format/read.h"
 #include "letters.h"
@@ -19,15 +20,13 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::string_view propertyDocument = "property.json";
-
 // On a system that tells capital letters from small ones the name must match exactly.
 std::string similarName(const fs::path& folder)
 {
     std::error_code error;
     for (const auto& entry : fs::directory_iterator(folder, error)) {
         const std::string name = textOf(entry.path().filename());
-        if (lowerCase(name) == propertyDocument) {
+        if (lowerCase(name) == propertyName) {
             return fmt::format("; \"{}\" is not looked at, capital letters count", name);
         }
     }
@@ -102,7 +101,7 @@ void lookAtNotes(const own::MidiPartBase& part, Document& document)
 
 void examineProperties(const fs::path& folder, Document& document, Diagnosis& result)
 {
-    const fs::path file = folder / propertyDocument;
+    const fs::path file = folder / propertyName;
     std::error_code error;
     if (!fs::exists(file, error)) {
         document.add({effect::refused, reason::missingDocument,
@@ -158,7 +157,7 @@ void examineClipFile(const fs::path& file, Document& properties, Document& docum
 
 Diagnosis diagnose(const fs::path& clipFile)
 {
-    Document properties(propertyDocument);
+    Document properties(propertyName);
     Document data("");
     Diagnosis result;
     examineProperties(clipFile.parent_path(), properties, result);
