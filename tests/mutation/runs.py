@@ -38,6 +38,8 @@ BEGUN = re.compile(r'^\[ RUN      \] ([\w/]+\.[\w/]+)', re.MULTILINE)
 # For code that reads and writes files: the tests that observe a disk.
 UNITS_OF_STEPS = ['Fs*', 'Rewrite*', 'Patience*', 'SaveFolder*']
 UNITS_FIRST = ('src/fs/', 'src/format/rewrite.cpp')
+# For all other code: the tests of faults that do not observe a disk but memory.
+FAULTS_OF_MEMORY = ['*Allocation*', '*Build*', '*EditableList*', 'Operations*', 'Reading*', 'Scan*']
 CONTRACTS_OF_STEPS = ['Catalogue*', 'ManagerCreation*', 'Neighbour*', 'PropertyEditor*', 'Remove*',
                       'Save*', 'ReadPart*', 'Registry*']
 
@@ -106,8 +108,8 @@ class Tests:
             yield from [units, contracts] if site.file.startswith(UNITS_FIRST) else [contracts, units]
         yield contract, all_but(LEFT_OUT + SLOW)
         yield contract, only(FEW_OF_THE_SLOW)
-        yield faults, only(['*'])
-        yield unit, only(['*'])
+        yield faults, only(['*'] if site.is_of_steps else FAULTS_OF_MEMORY)
+        yield unit, only(['*']) if site.is_of_steps else all_but(UNITS_OF_STEPS)
 
     def notice(self, site, identity):
         for program, suites in self.stages(site):

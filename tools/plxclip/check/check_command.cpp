@@ -1,4 +1,3 @@
-#include <chrono>
 #include <functional>
 #include <memory>
 
@@ -11,6 +10,7 @@
 #include "console.h"
 #include "json_writer.h"
 #include "options.h"
+#include "progress.h"
 
 namespace plxclip {
 
@@ -174,36 +174,10 @@ struct CheckOptions {
     bool isQuiet = false;
 };
 
-// A line on the terminal that is written again and again while the work is long, and then goes.
-class ProgressLine {
-public:
-    ~ProgressLine()
-    {
-        if (isShown) {
-            printError("\r\x1B[K");
-        }
-    }
-
-    void operator()(std::size_t done, std::size_t all)
-    {
-        const auto now = std::chrono::steady_clock::now();
-        if (!isTerminal(Stream::error) || now - last < std::chrono::milliseconds(200)) {
-            return;
-        }
-        printError(fmt::format("\rchecked {} of {} files", done, all));
-        last = now;
-        isShown = true;
-    }
-
-private:
-    std::chrono::steady_clock::time_point last = std::chrono::steady_clock::now();
-    bool isShown = false;
-};
-
 std::vector<ClipReport> checkAll(const Folders& folders)
 {
     const Catalogue catalogue(folders);
-    ProgressLine progress;
+    ProgressLine progress("checked {} of {} files");
     return check::checkClips(catalogue.clips(), folders, std::ref(progress));
 }
 

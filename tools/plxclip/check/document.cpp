@@ -37,20 +37,6 @@ std::string sizeInWords(std::uintmax_t bytes)
 
 } // namespace
 
-Position behind(std::string_view text, Position position)
-{
-    for (const char byte : text) {
-        const bool isContinuation = (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
-        if (byte == '\n') {
-            ++position.line;
-            position.column = 1;
-        } else if (!isContinuation) {
-            ++position.column;
-        }
-    }
-    return position;
-}
-
 void Document::take(std::string content)
 {
     bytes = std::move(content);
@@ -118,7 +104,7 @@ Finding Document::placeOf(std::string_view path) const
     if (what == taken.end()) {
         return {};
     }
-    const Position position = behind(std::string_view(utf8).substr(0, what->place));
+    const Position position = document::behind(std::string_view(utf8).substr(0, what->place));
     return {.place = what->place, .pointer = what->path, .document = name, .position = position};
 }
 
@@ -138,7 +124,7 @@ std::vector<Finding> Document::findings() const
         finding.document = name;
         if (finding.place != Finding::nowhere) {
             position =
-                behind(std::string_view(utf8).substr(place, finding.place - place), position);
+                document::behind(std::string_view(utf8).substr(place, finding.place - place), position);
             place = finding.place;
             finding.position = position;
         }

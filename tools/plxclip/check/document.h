@@ -17,9 +17,6 @@ namespace plxclip::check {
 namespace own = Korvel::CANTORIS::PLX;
 namespace format = own::format;
 
-// The position behind a text that begins at the given one. Columns are counted in characters.
-Position behind(std::string_view text, Position position = {1, 1});
-
 class Document final : public format::Listener {
 public:
     // The name is that in the findings.

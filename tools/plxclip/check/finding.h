@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "document/position.h"
+
 namespace plxclip::check {
 
 // What follows from a finding. The names are those in the JSON.
@@ -44,10 +46,7 @@ inline constexpr Reason overlap = "overlap";
 inline constexpr Reason unexplained = "unexplained";
 } // namespace reason
 
-struct Position {
-    std::size_t line = 0; // from 1; 0 when there is none
-    std::size_t column = 0;
-};
+using document::Position;
 
 struct Finding {
     static constexpr std::size_t nowhere = static_cast<std::size_t>(-1);

@@ -133,14 +133,14 @@ private:
     }
 
     // Fast for places in ascending order.
-    check::Position positionOf(std::size_t place)
+    document::Position positionOf(std::size_t place)
     {
         const std::string_view text = mending.text;
         if (place < lastPlace) {
             lastPlace = 0;
             lastPosition = {1, 1};
         }
-        lastPosition = check::behind(text.substr(lastPlace, place - lastPlace), lastPosition);
+        lastPosition = document::behind(text.substr(lastPlace, place - lastPlace), lastPosition);
         lastPlace = place;
         return lastPosition;
     }
@@ -278,7 +278,7 @@ private:
         if (std::ranges::find(mending.refused, pointer) != mending.refused.end()) {
             return false;
         }
-        const check::Position position = positionOf(place);
+        const document::Position position = positionOf(place);
         const bool isAgreed = mending.world.ask(
             fmt::format("{}:{}:{}: {} is no key. Rename it to \"{}\"? [y/N] ", mending.world.name,
                         position.line, position.column, pointer, nearest));
@@ -292,7 +292,7 @@ private:
     Document document;
     check::Document heard{std::string_view()}; // the keys of the losses stand in it
     std::size_t lastPlace = 0;
-    check::Position lastPosition{1, 1};
+    document::Position lastPosition{1, 1};
     bool isChanged = false;
 };
 
@@ -314,7 +314,7 @@ bool Mending::set(std::string_view object, std::string_view key, const std::stri
     const std::string before = Document::textOf(*node);
     document.set(*node, json);
     changes.push_back({fmt::format("/{}/{}", object, key),
-                       check::behind(std::string_view(text).substr(0, place)),
+                       document::behind(std::string_view(text).substr(0, place)),
                        fmt::format("{} becomes {}{}", before, json, why)});
     text = document.text();
     return true;

@@ -15,7 +15,7 @@ namespace plxclip::fix {
 
 struct Change {
     std::string pointer;
-    check::Position position; // in the text before the change, as it was by then
+    document::Position position; // in the text before the change, as it was by then
     std::string message;
 };
 
