@@ -8,13 +8,6 @@ import sites
 JOBS = '2'
 FLAGS = ('-O0 -w -D_GLIBCXX_ASSERTIONS -ferror-limit=0 -fmacro-backtrace-limit=1 '
          '-Wno-invalid-constexpr -Wno-c++11-narrowing -include ')
-# All sources are compiled as one, which takes a fraction of the time; the document code must be
-# included although it has options of its own.
-AS_ONE = '''
-set_property(SOURCE ${format_sources} PROPERTY COMPILE_OPTIONS)
-target_compile_options(krt_plx_objects PRIVATE -isystem "${KRT_PLX_RAPIDJSON_INCLUDE}")
-'''
-
 # The messages that give the place of an error, and those that may.
 DEFINITE = '(?:error|note: declared here|note: initializer of)'
 ANY = '(?:error|note)'
@@ -66,6 +59,7 @@ class CopyOfTree:
                         '-DCMAKE_BUILD_TYPE=None', '-DCMAKE_C_COMPILER=clang',
                         '-DCMAKE_CXX_COMPILER=clang++', '-DKRT_PLX_TESTS=ON',
                         '-DKRT_PLX_TOOLS=OFF', '-DKRT_PLX_EXAMPLES=OFF',
+                        '-DKRT_PLX_JOINT_UNITS=OFF',  # but each layer as one
                         '-DCMAKE_UNITY_BUILD=ON', '-DCMAKE_UNITY_BUILD_BATCH_SIZE=0',
                         f'-DCMAKE_CXX_FLAGS={FLAGS}{self.tree}/tests/mutation/switch.h'],
                        check=True, stdout=subprocess.DEVNULL)
@@ -76,13 +70,11 @@ class CopyOfTree:
         listed = subprocess.run(
             ['git', 'ls-files', '-z', '--cached', '--others', '--exclude-standard'],
             cwd=self.root, check=True, capture_output=True, text=True).stdout
-        written_here = {site.file for site in self.everything} | {'src/CMakeLists.txt'}
+        written_here = {site.file for site in self.everything}
         files = {file for file in listed.split('\0') if file and (self.root / file).is_file()}
         for file in files - written_here:
             self.write(file, (self.root / file).read_bytes())
         self.remove_others(files)
-
-        self.write('src/CMakeLists.txt', (self.original('src/CMakeLists.txt') + AS_ONE).encode())
 
     def remove_others(self, files):
         """Removes files of an earlier copy. Otherwise the build would use sources that no longer
