@@ -38,12 +38,15 @@ endfunction()
 
 # The tests take far longer to compile than to run, so what counts is how fast they compile.
 function(krt_plx_compile_fast name)
-    set_target_properties(${name} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 12)
+    set_target_properties(${name} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 24)
     target_compile_options(${name} PRIVATE -O0)
     # The library is checked, with everything that its host does to memory; checking each expression
     # of the tests as well would double the time to compile them.
     if(KRT_PLX_SANITIZERS MATCHES "undefined")
         target_compile_options(${name} PRIVATE -fno-sanitize=undefined)
+    endif()
+    if(KRT_PLX_SANITIZERS)
+        target_compile_definitions(${name} PRIVATE KRT_PLX_TESTS_SANITIZED)
     endif()
     # With it, linking for Windows takes half as long again.
     if(WIN32)
@@ -54,7 +57,7 @@ function(krt_plx_compile_fast name)
     get_target_property(sources ${name} SOURCES)
     list(FILTER sources INCLUDE REGEX "\\.cpp$")
     list(LENGTH sources count)
-    if(count GREATER 24)
+    if(count GREATER 48)
         target_precompile_headers(${name} PRIVATE <gmock/gmock.h> <gtest/gtest.h>
             <algorithm> <filesystem> <limits> <map> <string> <string_view> <vector>)
     endif()

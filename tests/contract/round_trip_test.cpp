@@ -7,6 +7,7 @@
 #include <set>
 
 #include "support/clip_model.h"
+#include "support/effort.h"
 #include "support/random_clip.h"
 #include "support/saving.h"
 
@@ -208,6 +209,6 @@ TEST_P(RoundTrip, GivesBackWhatIsNotLost)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Seeds, RoundTrip, testing::Range(1u, 11u));
+INSTANTIATE_TEST_SUITE_P(Seeds, RoundTrip, testing::Range(1u, 1 + support::seeds(10)));
 
 } // namespace

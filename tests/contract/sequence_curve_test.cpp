@@ -5,6 +5,7 @@
 
 #include "sequence.h"
 #include "support/editing.h"
+#include "support/effort.h"
 #include "support/limits.h"
 #include "support/random.h"
 
@@ -169,7 +170,7 @@ protected:
         KRT_PLX_MutableMidiPart_addMidiController(part, KRT_PLX_CONTROLLER_EXCITER);
 };
 
-INSTANTIATE_TEST_SUITE_P(Seeds, EventSequence, testing::Range(1u, 7u));
+INSTANTIATE_TEST_SUITE_P(Seeds, EventSequence, testing::Range(1u, 1 + support::seeds(6)));
 
 TEST_P(EventSequence, IsThatOfPlainLists)
 {
@@ -285,7 +286,7 @@ protected:
     KRT_PLX_VibratoBase* const vibrato = KRT_PLX_MutableNote_vibrato(note);
 };
 
-INSTANTIATE_TEST_SUITE_P(Seeds, PointSequence, testing::Range(1u, 7u));
+INSTANTIATE_TEST_SUITE_P(Seeds, PointSequence, testing::Range(1u, 1 + support::seeds(6)));
 
 TEST_P(PointSequence, IsThatOfPlainLists)
 {

@@ -8,6 +8,7 @@
 
 #include "sequence.h"
 #include "support/editing.h"
+#include "support/effort.h"
 #include "support/random.h"
 
 using sequence::steps;
@@ -238,7 +239,7 @@ protected:
     std::vector<Parameter*> deadParameters;
 };
 
-INSTANTIATE_TEST_SUITE_P(Seeds, EffectSequence, testing::Range(1u, 7u));
+INSTANTIATE_TEST_SUITE_P(Seeds, EffectSequence, testing::Range(1u, 1 + support::seeds(6)));
 
 TEST_P(EffectSequence, IsThatOfPlainLists)
 {

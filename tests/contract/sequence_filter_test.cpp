@@ -5,6 +5,7 @@
 
 #include "sequence.h"
 #include "support/editing.h"
+#include "support/effort.h"
 #include "support/properties.h"
 #include "support/random.h"
 
@@ -111,7 +112,7 @@ protected:
     KRT_PLX_Filter* const filter = KRT_PLX_MutableClip_filter(createMutableClip());
 };
 
-INSTANTIATE_TEST_SUITE_P(Seeds, FilterSequence, testing::Range(1u, 7u));
+INSTANTIATE_TEST_SUITE_P(Seeds, FilterSequence, testing::Range(1u, 1 + support::seeds(6)));
 
 TEST_P(FilterSequence, IsThatOfPlainLists)
 {

@@ -6,6 +6,7 @@
 
 #include "sequence.h"
 #include "support/editing.h"
+#include "support/effort.h"
 #include "support/limits.h"
 #include "support/random.h"
 
@@ -138,7 +139,7 @@ protected:
     std::vector<KRT_PLX_NoteBase*> dead;
 };
 
-INSTANTIATE_TEST_SUITE_P(Seeds, NoteSequence, testing::Range(1u, 7u));
+INSTANTIATE_TEST_SUITE_P(Seeds, NoteSequence, testing::Range(1u, 1 + support::seeds(6)));
 
 TEST_P(NoteSequence, IsThatOfPlainLists)
 {
@@ -201,7 +202,7 @@ protected:
     std::map<std::int32_t, KRT_PLX_NoteBase*> model;
 };
 
-INSTANTIATE_TEST_SUITE_P(Seeds, ManyNotesSequence, testing::Range(1u, 4u));
+INSTANTIATE_TEST_SUITE_P(Seeds, ManyNotesSequence, testing::Range(1u, 1 + support::seeds(3)));
 
 TEST_P(ManyNotesSequence, StaysInOrder)
 {
@@ -264,7 +265,7 @@ protected:
     std::vector<Lane*> dead;
 };
 
-INSTANTIATE_TEST_SUITE_P(Seeds, LaneSequence, testing::Range(1u, 4u));
+INSTANTIATE_TEST_SUITE_P(Seeds, LaneSequence, testing::Range(1u, 1 + support::seeds(3)));
 
 TEST_P(LaneSequence, IsThatOfATable)
 {

@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include "support/effort.h"
+
 namespace faults {
 
 namespace {
@@ -45,11 +47,7 @@ bool isExhaustive()
 
 long every(long number)
 {
-#if defined(_WIN32) || defined(__SANITIZE_ADDRESS__)
-    const long sample = 2 * number + 1;
-#else
-    const long sample = number;
-#endif
+    const long sample = support::isSlow ? 4 * number + 1 : number;
     return isExhaustive() ? 1 : sample;
 }
 

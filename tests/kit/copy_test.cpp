@@ -1,6 +1,7 @@
 // Copying clips: equal, or told.
 #include "comparison.h"
 #include "kit_fixture.h"
+#include "support/effort.h"
 #include "support/random_clip.h"
 #include <cstdlib>
 #include <iostream>
@@ -140,7 +141,7 @@ TEST_P(KitCopyOfRandom, IsEqualOrTold)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Seeds, KitCopyOfRandom, testing::Range(1u, 11u));
+INSTANTIATE_TEST_SUITE_P(Seeds, KitCopyOfRandom, testing::Range(1u, 1 + support::seeds(10)));
 
 TEST_F(KitCopy, OfWhatSavingDoesNotKeepTellsSo)
 {
