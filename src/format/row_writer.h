@@ -148,14 +148,10 @@ private:
     template <class Count, class At, class What, class Source>
     void row(const keys::Texts<Count, At, What>& entry, Source& source)
     {
-        const bool mayBeEmpty = entry.row.rule != keys::TextRule::notEmpty;
         out_.openList(entry.row.key);
         const std::uint64_t count = std::invoke(entry.count, source);
         for (std::uint64_t index = 0; index < count; ++index) {
-            const StringView text = viewOrEmpty(std::invoke(entry.at, source, index));
-            if (mayBeEmpty || !text.empty()) {
-                out_.element().text(text);
-            }
+            out_.element().text(viewOrEmpty(std::invoke(entry.at, source, index)));
         }
         out_.close();
     }

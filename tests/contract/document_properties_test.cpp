@@ -279,6 +279,8 @@ protected:
 
     template <class Handle, class Value>
     void expectTakesItsRange(const Property<Handle, Value>& property, std::size_t index);
+    template <class Handle, class Value>
+    void expectTakesItsKey(const Property<Handle, Value>& property, std::size_t index);
 };
 
 INSTANTIATE_TEST_SUITE_P(Kinds, DocumentProperties, testing::Bool(),
@@ -318,6 +320,50 @@ void DocumentProperties::expectTakesItsRange(const Property<Handle, Value>& prop
             expectValues(read, wanted, what);
         }
     }
+}
+
+// Keys that differ from this one in their last letter, or have one more.
+std::vector<std::string> nearly(const std::string& key)
+{
+    std::vector<std::string> all = {key + 'x', key + '~'};
+    for (const int step : {-1, 1}) {
+        all.push_back(key);
+        all.back().back() = static_cast<char>(key.back() + step);
+    }
+    return all;
+}
+
+template <class Handle, class Value>
+void DocumentProperties::expectTakesItsKey(const Property<Handle, Value>& property,
+                                           std::size_t index)
+{
+    const auto [tree, good] = everything<Handle>();
+    const auto without = tree.with(property.within, property.key, std::nullopt);
+    Values<Handle> wanted = good;
+    wanted.at(index) = Values<Handle>().at(index);
+    for (const std::string& key : nearly(std::string(property.key))) {
+        const auto [json, value] = goodValue(property, index);
+        const Object object = without.with(property.within, key, json).object();
+        Handle* const read = readObject(object, static_cast<Handle*>(nullptr));
+        if (property.need == support::Need::optional) {
+            expectValues(read, wanted, object.text());
+        } else {
+            EXPECT_EQ(read, nullptr) << object.text();
+        }
+    }
+}
+
+TEST_P(DocumentProperties, AreReadFromTheWholeKeyOnly)
+{
+    forEachObject([this]<class Handle>(Handle*) {
+        std::size_t index = 0;
+        forEachProperty<Handle>([&](const auto& property) {
+            if (isWritten(property.within)) {
+                expectTakesItsKey(property, index);
+            }
+            ++index;
+        });
+    });
 }
 
 TEST_P(DocumentProperties, AreTakenWithinTheirRangeOnly)

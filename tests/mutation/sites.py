@@ -118,7 +118,7 @@ def places(source):
         yield match.start(), match.group(), [changed_string(match.group())]
     code = blanked(STRING, code)
     for match in CHARACTER.finditer(code):
-        yield match.start(), match.group(), ["'~'"]
+        yield match.start(), match.group(), ["'~'" if match.group() != "'~'" else "'!'"]
     code = blanked(CHARACTER, code)
     code = blanked(UNTOUCHED, code)
     for pattern, group, changes in KINDS:

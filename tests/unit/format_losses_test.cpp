@@ -122,6 +122,14 @@ TEST(FormatLosses, DistinguishWrongKindsFromValuesOutOfRange)
                             Told{LossReason::wrongKind, "/midi/notes/0/exp/risePort", "0}}]"}));
 }
 
+TEST(FormatLosses, PointToTheFirstLetterOfAWord)
+{
+    EXPECT_THAT(lossesOfNote(R"(,"exp":{"accent":true,"decay":false,"bendDepth":null})"),
+                ElementsAre(Told{LossReason::wrongKind, "/midi/notes/0/exp/accent", "true"},
+                            Told{LossReason::wrongKind, "/midi/notes/0/exp/bendDepth", "null"},
+                            Told{LossReason::wrongKind, "/midi/notes/0/exp/decay", "fals"}));
+}
+
 TEST(FormatLosses, NameUnknownAndRepeatedKeys)
 {
     EXPECT_THAT(lossesOfNote(R"(,"exp":{"acent":1,"decay":1,"de~/cay":{"a":[]},"decay":2})"),
@@ -139,6 +147,13 @@ TEST(FormatLosses, OfWhatWaitsForItsNoteHaveTheirOwnPlaces)
         ElementsAre(Told{LossReason::notAccepted, "/midi/notes/0/singingSkill/duration", "10,\""},
                     Told{LossReason::notAccepted, "/midi/notes/0/singingSkill/weight/pre", "128}"},
                     Told{LossReason::notAccepted, "/midi/notes/0/vibrato/rates/1/pos", "6,\"v"}));
+}
+
+TEST(FormatLosses, OfAVibratoAreBelowIt)
+{
+    EXPECT_THAT(lossesOfNote(R"(,"vibrato":{"type":1.5,"duration":2.5})"),
+                ElementsAre(Told{LossReason::wrongKind, "/midi/notes/0/vibrato/type", "1.5,"},
+                            Told{LossReason::wrongKind, "/midi/notes/0/vibrato/duration", "2.5}"}));
 }
 
 TEST(FormatLosses, OfWhatWaitsForItsNoteNameTheObject)
@@ -202,6 +217,17 @@ TEST(FormatLosses, CountLevelNames)
         ElementsAre(Told{LossReason::tooMany, "/midi/notes/0/dvqm/attack/levelNames", "[\"1\""},
                     Told{LossReason::object, "/midi/notes/0/dvqm/attack", "{\"co"},
                     Told{LossReason::tooFew, "/midi/notes/0/dvqm/release/levelNames", "[]}}"},
+                    Told{LossReason::object, "/midi/notes/0/dvqm/release", "{\"co"}));
+}
+
+TEST(FormatLosses, DistinguishLevelNamesThatAreMissingFromThoseOfAnotherKind)
+{
+    EXPECT_THAT(
+        lossesOfNote(
+            R"(,"dvqm":{"attack":{"compID":"x"},"release":{"compID":"x","levelNames":7}})"),
+        ElementsAre(Told{LossReason::missing, "/midi/notes/0/dvqm/attack", "{\"co"},
+                    Told{LossReason::object, "/midi/notes/0/dvqm/attack", "{\"co"},
+                    Told{LossReason::wrongKind, "/midi/notes/0/dvqm/release/levelNames", "7}}}"},
                     Told{LossReason::object, "/midi/notes/0/dvqm/release", "{\"co"}));
 }
 
@@ -270,6 +296,25 @@ TEST(FormatLosses, OfAWholeDocumentNameEachPartOnce)
                             Told{LossReason::notAccepted, "/name", "\"\"}"},
                             Told{LossReason::wrongKind, "/audio", "[],\""},
                             Told{LossReason::notLookedAt, "/midi", "1,\"a"}));
+}
+
+TEST(FormatLosses, OfAGoodDocumentNameEachPartOnce)
+{
+    const std::string document = R"({"id":"x","name":"y","vendor":"","midi":1,"audio":[]})";
+    EXPECT_THAT(toldOf(notesOfClip(document).losses, document),
+                ElementsAre(Told{LossReason::wrongKind, "/audio", "[]}"},
+                            Told{LossReason::notLookedAt, "/midi", "1,\"a"}));
+}
+
+TEST(FormatLosses, OfElementsNameTheObjectThatTheyAreOrAreIn)
+{
+    const auto losses =
+        notesOfClip(R"({"id":"x","name":"y","filter":{"types":[7]},"midi":{"duration":1,)"
+                    R"("voice":{"compID":"0123456789ABCDEF","langID":0},"notes":[7]}})")
+            .losses;
+    ASSERT_EQ(losses.size(), 2U);
+    EXPECT_EQ(losses[0].shape->id, format::keys::Id::filter);
+    EXPECT_EQ(losses[1].shape->id, format::keys::Id::note);
 }
 
 TEST(FormatLosses, OfAWholeDocumentNameTheWaveFileBesideOtherReasons)
