@@ -4,19 +4,24 @@ test_plxclip.py CASE SOURCES PROGRAMS SUFFIX ROOT [LAUNCHER...]
 """
 
 import collections
+import ctypes
 import json
 import os
 import pathlib
 import re
 import shlex
 import shutil
+import struct
 import subprocess
 import sys
 import tempfile
 import unittest
-import xml.etree.ElementTree as ElementTree
+import wave
+import zlib
 
+sys.path.append(str(pathlib.Path(__file__).parent))
 sys.path.append(str(pathlib.Path(__file__).parent.parent / "support"))
+from drawing import Drawing, box, classes, path_box, points_of, rectangle_box  # noqa: E402
 from programs import column_at, columns_of, from_arguments  # noqa: E402
 from readme import blocks, documented_clips  # noqa: E402
 
@@ -253,28 +258,34 @@ class Show(ToolTest):
         self.assertIn("plxclip check", result.errors)
 
 
-def classes(element):
-    return element.get("class", "").split()
+def held(lane, begin, end):
+    """The events from one tick to another, and before them the one that still holds."""
+    before = [event for event in lane["events"] if event["pos"] <= begin]
+    return before[-1:] + [event for event in lane["events"] if begin < event["pos"] < end]
 
 
-def box(element):
-    return [float(element.get(key)) for key in ("x", "y", "width", "height")]
+def without_librsvg():
+    """Why there are no PNG and PDF; nothing if there are."""
+    if PROGRAMS.launcher or os.name == "nt":
+        return "Windows makes no PNG and PDF"
+    try:
+        ctypes.CDLL("librsvg-2.so.2")
+    except OSError:
+        return "librsvg is not installed"
+    return None
 
 
-class Drawing:
-    """A picture, taken apart."""
-
-    def __init__(self, text):
-        self.root = ElementTree.fromstring(text)
-        for element in self.root.iter():
-            element.tag = element.tag.rpartition("}")[2]
-        self.lines = [group for group in self.root.iter("g") if "line" in classes(group)]
-
-    def rectangles(self, line, name):
-        return [element for element in line.iter("rect") if name in classes(element)]
-
-    def texts(self, name):
-        return [element.text for element in self.root.iter("text") if name in classes(element)]
+def read_png(data):
+    """Width, height, and the different values in its bytes."""
+    assert data.startswith(b"\x89PNG\r\n\x1a\n")
+    place, packed, size = 8, b"", None
+    while place < len(data):
+        length, kind = struct.unpack(">I4s", data[place:place + 8])
+        content = data[place + 8:place + 8 + length]
+        size = struct.unpack(">II", content[:8]) if kind == b"IHDR" else size
+        packed += content if kind == b"IDAT" else b""
+        place += 12 + length
+    return *size, set(zlib.decompress(packed))
 
 
 PITCHES = ["C", "C#", "D", "D#", "E", "F", "F#", "G", "G#", "A", "A#", "B"]
@@ -324,11 +335,10 @@ class Picture(ToolTest):
                 if begin + lengths[pos] <= ticks_per_line and pos >= index * ticks_per_line:
                     self.assertAlmostEqual(box(rectangle)[2], lengths[pos] * scale, delta=0.05)
 
-    def assert_events_are_in_scale(self, drawing, lanes):
+    def assert_events_are_in_scale(self, drawing, lanes, ticks_per_line):
+        """Every event stands at its value, but for those of lanes that are folded."""
         drawn = collections.Counter()
-        for group in drawing.root.iter("g"):
-            if "controller" not in classes(group):
-                continue
+        for group in drawing.groups("controller"):
             frame = drawing.rectangles(group, "lane")[0]
             lane = lanes[frame.get("data-lane")]
             top, height = box(frame)[1] + 3, box(frame)[3] - 6
@@ -338,11 +348,34 @@ class Picture(ToolTest):
                 middle = box(event)[1] + box(event)[3] / 2
                 self.assertAlmostEqual(middle, top + share * height, delta=0.05)
                 drawn[lane["name"]] += 1
-        inside = {
-            name: sum(1 for event in lane["events"] if event["pos"] < drawing.end)
-            for name, lane in lanes.items()
-        }
-        self.assertEqual(drawn, inside)
+        expected = collections.Counter()
+        for begin in range(0, drawing.end, ticks_per_line):
+            for name, lane in lanes.items():
+                if len({event["value"] for event in held(lane, begin, begin + ticks_per_line)}) > 1:
+                    expected[name] += sum(
+                        begin <= event["pos"] < begin + ticks_per_line for event in lane["events"])
+        self.assertEqual(drawn, expected)
+
+    def assert_tidy(self, drawing):
+        """No text lies on another one; words and waves stay with their notes."""
+        boxes = drawing.text_boxes()
+        for index, (text, one) in enumerate(boxes):
+            clashes = [other for other, place in boxes[index + 1:] if one.overlaps(place)]
+            self.assertEqual(clashes, [], f"on {text}")
+        bodies = [rectangle_box(each) for each in drawing.all("rect", "note")]
+        for group in drawing.groups("sung"):
+            body = rectangle_box(drawing.rectangles(group, "note")[0])
+            for wave_line in drawing.all("path", "vibrato", group) + drawing.all("path", "mark", group):
+                self.assertTrue(body.holds(path_box(wave_line)))
+            for phoneme in drawing.all("text", "phoneme", group):
+                place = drawing.text_box(phoneme)
+                self.assertGreaterEqual(drawing.font_size(phoneme), 7)
+                self.assertLessEqual(place.right, body.right + 0.2)
+                self.assertFalse(any(place.overlaps(other) for other in bodies), phoneme.text)
+            for lyric in drawing.all("text", "lyric", group):
+                place = drawing.text_box(lyric)
+                self.assertGreaterEqual(drawing.font_size(lyric), 6.6)
+                self.assertFalse(any(place.overlaps(other) for other in bodies if other != body), lyric.text)
 
     def test_a_song(self):
         drawing = self.draw("An die Freude")
@@ -350,26 +383,120 @@ class Picture(ToolTest):
         drawing.end = part["duration"]
         self.assert_notes_stand_right(drawing, part["notes"])
         self.assert_times_are_in_scale(drawing, 4 * 1920, part["notes"])
-        self.assert_events_are_in_scale(drawing, {lane["name"]: lane for lane in part["lanes"]})
-        self.assertEqual(drawing.texts("lyric"), [one["lyric"] for one in part["notes"]])
+        self.assert_events_are_in_scale(drawing, {lane["name"]: lane for lane in part["lanes"]}, 4 * 1920)
+        self.assert_tidy(drawing)
+        lyrics = [each.text for each in drawing.all("text", "lyric") if "continued" not in classes(each)]
+        self.assertEqual(lyrics, [one["lyric"] for one in part["notes"]])
         self.assertEqual(drawing.texts("phoneme"), [one["phoneme"] for one in part["notes"]])
         self.assertEqual(drawing.texts("bar-number"), [str(bar) for bar in range(1, 17)])
 
-    def test_vibrato_lies_over_the_end_of_its_note(self):
+    def test_another_song_is_tidy(self):
+        drawing = self.draw("Greensleeves", "--names")
+        self.assert_tidy(drawing)
+        self.assertEqual(len(drawing.texts("phoneme")), 72)
+        about = drawing.texts("about")[0]
+        self.assertIn(" · E minor · ", about)
+        self.assertIn(" · 6/8, guessed from the notes · ", about)
+
+    def test_vibrato_lies_on_the_end_of_its_note(self):
         waves = {"type": 1, "duration": 240, "depths": [{"pos": 0, "value": 127}], "rates": []}
         self.make_clip([note(number=64), note(480, number=67, vibrato=waves)])
         drawing = self.draw("made", library=self.user)
-        paths = [path for path in drawing.root.iter("path") if "vibrato" in classes(path)]
-        self.assertEqual(len(paths), 1)
-        points = re.findall(r"[ML]([\d.]+) ([\d.]+)", paths[0].get("d"))
-        xs = [float(x) for x, _ in points]
-        ys = [float(y) for _, y in points]
-        left, top, width, height = box(drawing.rectangles(drawing.root, "note")[1])
-        self.assertAlmostEqual(min(xs), left + width / 2, delta=1.1)
-        self.assertAlmostEqual(max(xs), left + width, delta=1.1)
-        self.assertTrue(top - height < min(ys) < top - 5 < max(ys) < top)
-        swings = sum(1 for a, b in zip(ys, ys[1:]) if (a < top - 5) != (b < top - 5))
-        self.assertGreater(swings, 4)
+        (path,) = drawing.all("path", "vibrato")
+        place, body = path_box(path), rectangle_box(drawing.all("rect", "note")[1])
+        self.assertTrue(body.holds(place))
+        self.assertAlmostEqual(place.left, body.left + body.width / 2, delta=1.1)
+        self.assertAlmostEqual(place.right, body.right, delta=1.1)
+        ys = [y for _, y in points_of(path)]
+        middle = (place.top + place.bottom) / 2
+        self.assertGreater(sum((a < middle) != (b < middle) for a, b in zip(ys, ys[1:])), 4)
+        self.assertGreater(place.bottom - place.top, 4)
+
+    def test_a_chord_with_vibrato(self):
+        waves = {"type": 1, "duration": 1500, "depths": [{"pos": 0, "value": 127}],
+                 "rates": [{"pos": 0, "value": 100}]}
+        self.make_clip([note(duration=1920, number=number, vibrato=waves) for number in (60, 61, 62, 64, 64)])
+        drawing = self.draw("made", library=self.user)
+        self.assertEqual(len(drawing.all("path", "vibrato")), 5)
+        self.assert_tidy(drawing)
+        self.assertEqual(len(drawing.texts("lyric")), 4, "one of the two that are the same")
+        self.assertEqual(len(drawing.texts("phoneme")), 2, "where no note is below")
+
+    def test_short_notes_with_long_phonemes(self):
+        words = ["strength", "I", "once", "knew"]
+        notes = [note(120 * index, duration=120, number=60 + index % 3, lyric=words[index % 4],
+                      phoneme="aI" if index % 4 == 1 else "s t r e N T s k w I") for index in range(32)]
+        self.make_clip([*notes, note(3840, duration=10, lyric="shortest", phoneme="S O:")], duration=3 * 1920)
+        drawing = self.draw("made", library=self.user)
+        self.assert_tidy(drawing)
+        self.assertEqual(len(drawing.all("rect", "note")), 33)
+        self.assertEqual(set(drawing.texts("phoneme")), {"aI"})
+        self.assertEqual(drawing.texts("lyric")[:4], words)
+
+    def test_notes_at_both_ends_of_the_keys(self):
+        notes = [note(0, number=0), note(480, number=127), note(960, number=60), note(16 * 1920, number=72)]
+        self.make_clip(notes, duration=17 * 1920)
+        drawing = self.draw("made", library=self.user)
+        self.assert_notes_stand_right(drawing, notes)
+        self.assert_tidy(drawing)
+        rows = [[int(row.get("data-number")) for row in drawing.rectangles(line, "row")] for line in drawing.lines]
+        self.assertEqual(sorted(rows[0]), [0, 1, 2, *range(58, 63), 125, 126, 127])
+        self.assertEqual(sorted(rows[-1]), list(range(70, 75)), "each line has its own")
+        self.assertEqual([fold.get("data-keys") for fold in drawing.rectangles(drawing.lines[0], "fold")],
+                         ["62", "55"])
+        self.assertEqual(drawing.rectangles(drawing.lines[-1], "fold"), [])
+
+    def test_a_song_with_flat_lanes(self):
+        flat = [("dynamics", [0, 480]), ("brightness", [0]), ("air", [960]), ("growl", [0])]
+        lanes = [{"name": name, "events": [{"pos": pos, "value": 40} for pos in at]} for name, at in flat]
+        bends = [(0, 0), (700, 5000), (720, 0), (1500, -4000), (1520, 0), (1540, 8000), (1560, 0)]
+        lanes.append({"name": "pitchBend", "events": [{"pos": pos, "value": value} for pos, value in bends]})
+        self.make_clip([note(480 * index, number=60 + index % 5) for index in range(68)], lanes, duration=17 * 1920)
+        drawing = self.draw("made", library=self.user)
+        self.assert_tidy(drawing)
+        self.assertEqual(drawing.texts("bar-number"), [str(bar) for bar in range(1, 18)])
+        folded = collections.Counter(group.get("data-lane") for group in drawing.groups("flat"))
+        lines = len(drawing.lines)
+        self.assertGreater(lines, 1)
+        self.assertEqual(folded, {name: 1 for name, _ in flat} | {"pitchBend": lines - 1})
+        for group in drawing.groups("flat"):
+            self.assertLess(box(drawing.rectangles(group, "lane")[0])[3], 20)
+        said = {group.get("data-lane"): drawing.all("text", "flat-value", group)[0].text
+                for group in drawing.groups("flat")}
+        self.assertEqual(said, dict.fromkeys(("dynamics", "brightness", "growl"), "40 throughout") |
+                         {"air": "40 from tick 960", "pitchBend": "0 throughout"})
+        self.assertEqual(len(drawing.groups("controller")), 1)
+        self.assertEqual(drawing.texts("extreme"), ["8000", "-4000"])
+        later = self.draw("made", "--bars", "9-12", library=self.user)
+        self.assertEqual(later.groups("controller"), [])
+        self.assertEqual(len(later.groups("flat")), 5)
+
+    def test_a_lane_that_begins_later(self):
+        self.make_clip([note()], [{"name": "air", "events": [{"pos": 1920, "value": 3}]}], duration=3840)
+        drawing = self.draw("made", "--bars", "1-1", library=self.user)
+        self.assertEqual(drawing.texts("flat-value"), ["no events"])
+
+    def test_velocity_and_marks(self):
+        quality = {"compID": "soft", "levelNames": ["soft"], "isProtected": False, "speed": 50, "topFactor": 1.0}
+        skill = {"duration": 480, "weight": {"pre": 64, "post": 64}}
+        notes = [note(0, velocity=0, dvqm={"attack": quality, "release": quality}),
+                 note(480, velocity=64, singingSkill=skill), note(960, velocity=127),
+                 note(1440, duration=10, dvqm={"attack": quality})]
+        self.make_clip(notes)
+        drawing = self.draw("made", library=self.user)
+        self.assert_tidy(drawing)
+        shades = {each.get("data-velocity"): float(each.get("fill-opacity")) for each in drawing.all("rect", "note")}
+        self.assertLess(shades["0"] + 0.3, shades["64"])
+        self.assertLess(shades["64"] + 0.3, shades["127"])
+        marks = [[classes(each)[1] for each in drawing.all("path", "mark", group)] for group in drawing.groups("sung")]
+        self.assertEqual(marks, [["attack", "release"], ["skill"], [], []], "the last note is too short")
+        self.assertEqual([group.get("data-mark") for group in drawing.groups("legend")],
+                         ["velocity", "attack", "release", "skill"])
+        for group in drawing.groups("sung")[:2]:
+            (lyric,) = drawing.all("text", "lyric", group)
+            place = drawing.text_box(lyric)
+            self.assertFalse(any(place.overlaps(path_box(each)) for each in drawing.all("path", "mark", group)))
+        self.assertIn("attack soft", drawing.groups("sung")[0].find("title").text)
 
     def test_a_note_across_lines_is_one_note(self):
         self.make_clip([note(7000, duration=9000)], duration=4 * 1920)
@@ -377,7 +504,10 @@ class Picture(ToolTest):
         rectangles = drawing.rectangles(drawing.root, "note")
         self.assertGreater(len(rectangles), 1)
         self.assertEqual([("continued" in classes(one)) for one in rectangles].count(False), 1)
-        self.assertEqual(drawing.texts("lyric"), ["la"])
+        lyrics = drawing.all("text", "lyric")
+        self.assertEqual([each.text for each in lyrics], ["la"] * len(rectangles))
+        self.assertEqual(["continued" in classes(each) for each in lyrics], [False] + [True] * (len(lyrics) - 1))
+        self.assert_tidy(drawing)
 
     def test_any_text_makes_a_picture(self):
         lyric = "<&>\"'\u0001\ufffe\U0001f3b5"
@@ -387,11 +517,72 @@ class Picture(ToolTest):
         self.assertEqual(drawing.texts("phoneme"), ["&amp;]]>"])
         self.assertEqual(drawing.texts("name"), ["<svg> & \ufffd"])
 
+    def test_an_audio_clip(self):
+        drawing = self.draw("つりがね")
+        (frame,), (outline,) = drawing.all("rect", "lane"), drawing.all("path", "wave")
+        frame, place = rectangle_box(frame), path_box(outline)
+        self.assertTrue(frame.holds(place))
+        self.assertGreater(place.width, 0.99 * frame.width)
+        with wave.open(str(next(self.library.rglob("つりがね/audio/*.wav")))) as file:
+            samples = struct.unpack(f"<{file.getnframes()}h", file.readframes(file.getnframes()))
+            seconds = file.getnframes() / file.getframerate()
+        half = (frame.bottom - frame.top) / 2
+        share = [(frame.top + half - y) / half for y in (place.top, place.bottom)]
+        self.assertAlmostEqual(share[0] / share[1], max(samples) / min(samples), delta=0.03)
+        self.assertAlmostEqual(share[0], 0.94 * max(samples) / 32768, delta=0.01)
+        self.assertIn(f"{seconds:.4g} seconds", drawing.texts("about")[0])
+
+    def test_png_and_pdf(self):
+        self.make_clip([note()])
+        svg, png, pdf = (self.scratch / f"made.{kind}" for kind in ("svg", "png", "pdf"))
+        options = [word for file in (svg, png, pdf) for word in (f"--{file.suffix[1:]}", file)]
+        if reason := without_librsvg():
+            errors = self.run_tool("show", self.user, "made", *options, code=PROBLEM).errors
+            self.assertIn("draw an SVG with --svg", errors)
+            self.assertEqual([file.exists() for file in (svg, png, pdf)], [False] * 3)
+            self.skipTest(reason)
+        self.run_tool("show", self.user, "made", *options)
+        root = Drawing(svg.read_text(encoding="utf-8")).root
+        width, height = (float(root.get(key)) for key in ("width", "height"))
+        pixels_wide, pixels_high, values = read_png(png.read_bytes())
+        self.assertAlmostEqual(pixels_wide, 2 * width, delta=2)
+        self.assertAlmostEqual(pixels_high, 2 * height, delta=2)
+        self.assertGreater(len(values), 20, "there is a picture in it")
+        document = pdf.read_bytes()
+        self.assertTrue(document.startswith(b"%PDF-"))
+        page = [float(number) for number in re.search(rb"MediaBox \[ ([\d. ]+) \]", document)[1].split()]
+        self.assertAlmostEqual(page[2], 0.75 * width, delta=1)
+        self.assertAlmostEqual(page[3], 0.75 * height, delta=1)
+
+    @unittest.skipIf(os.name == "nt", "there is no such variable")
+    def test_png_without_librsvg(self):
+        if PROGRAMS.launcher:
+            self.skipTest("it is never there")
+        self.make_clip([note()])
+        (self.scratch / "librsvg-2.so.2").write_bytes(b"")
+        environment = os.environ | {"LD_LIBRARY_PATH": str(self.scratch)}
+        file = self.scratch / "made.png"
+        result = self.run_tool("show", self.user, "made", "--png", file, code=PROBLEM, env=environment)
+        self.assertIn("librsvg2-2); draw an SVG with --svg instead", result.errors)
+        self.assertFalse(file.exists())
+
+    def test_png_that_is_too_large(self):
+        if reason := without_librsvg():
+            self.skipTest(reason)
+        self.make_clip([note(0), note(400 * 1920)])
+        result = self.run_tool("show", self.user, "made", "--png", self.scratch / "x.png", "--width", "480",
+                               code=PROBLEM)
+        self.assertIn("too large", result.errors)
+
     def test_meter_and_bars(self):
+        self.assertIn("6/8, guessed from the notes", self.draw("Stille Nacht").texts("about")[0])
         drawing = self.draw("Stille Nacht", "--meter", "3/4", "--bars", "3-5")
+        self.assertIn(" · 3/4 · ", drawing.texts("about")[0])
         self.assertEqual(drawing.texts("bar-number"), ["3", "4", "5"])
         self.assertIn("schläft", drawing.texts("lyric"))
         self.assertNotIn("Stil", drawing.texts("lyric"))
+        about = self.draw("Scala", "--ticks", "481").texts("about")[0]
+        self.assertIn(" · 4/4, as the notes fit no meter clearly · ", about)
 
     def test_too_long_for_a_picture(self):
         self.make_clip([note(), note(2_000_000_000)])
@@ -754,7 +945,15 @@ class Failures(ToolTest):
         self.assertIn(b"cannot be written", result.stderr)
 
     def test_no_picture(self):
-        self.assert_fails(PROBLEM, "no notes", "show", self.library, "つりがね", "--svg", "x.svg")
+        bars = ["--svg", "x.svg", "--bars", "1-2"]
+        self.assert_fails(PROBLEM, "has no bars", "show", self.library, "つりがね", *bars)
+        self.make_clip([])
+        (self.user / "made/audio").mkdir()
+        (self.user / "made/audio/x.wav").write_bytes(b"ID3")
+        (self.user / "made/made.kxclip").write_text('{"audio": {"wavFileName": "x.wav"}}', encoding="utf-8")
+        (self.user / "made/property.json").write_text(
+            '{"id": "made", "name": "Made", "part": {"type": "audio"}}', encoding="utf-8")
+        self.assert_fails(PROBLEM, "no wave file, so", "show", self.user, "made", "--svg", "x.svg")
         file = self.scratch / "missing" / "x.svg"
         self.assert_fails(PROBLEM, "cannot be written", "show", self.library, "Scala", "--svg", file)
 

@@ -66,28 +66,6 @@ std::string effectsText(std::string_view title, const std::vector<Effect>& effec
     return text;
 }
 
-// The optional properties of a note.
-std::string remarksText(const Note& note)
-{
-    std::vector<std::string> remarks;
-    if (note.vibrato.duration > 0) {
-        remarks.push_back(fmt::format("vibrato {}", note.vibrato.duration));
-    }
-    if (!note.attack.component.empty()) {
-        remarks.push_back("attack " + joined(note.attack.levelNames, "/"));
-    }
-    if (!note.release.component.empty()) {
-        remarks.push_back("release " + joined(note.release.levelNames, "/"));
-    }
-    if (note.skill.duration > 0) {
-        remarks.push_back(fmt::format("skill {}", note.skill.duration));
-    }
-    if (note.isProtected) {
-        remarks.emplace_back("protected");
-    }
-    return joined(remarks, ", ");
-}
-
 std::string notesText(const std::vector<Note>& notes, std::size_t width)
 {
     Table table({"Pos", "Length", "Pitch", "Vel", "Lyric", "Phonemes", "Also"});
@@ -176,6 +154,27 @@ std::string tagsText(const Tags& tags, Numbers numbers)
         }
     }
     return joined(groups, "; ");
+}
+
+std::string remarksText(const Note& note)
+{
+    std::vector<std::string> remarks;
+    if (note.vibrato.duration > 0) {
+        remarks.push_back(fmt::format("vibrato {}", note.vibrato.duration));
+    }
+    if (!note.attack.component.empty()) {
+        remarks.push_back("attack " + joined(note.attack.levelNames, "/"));
+    }
+    if (!note.release.component.empty()) {
+        remarks.push_back("release " + joined(note.release.levelNames, "/"));
+    }
+    if (note.skill.duration > 0) {
+        remarks.push_back(fmt::format("skill {}", note.skill.duration));
+    }
+    if (note.isProtected) {
+        remarks.emplace_back("protected");
+    }
+    return joined(remarks, ", ");
 }
 
 std::string describe(const Properties& clip, Numbers numbers)

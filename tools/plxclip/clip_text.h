@@ -16,6 +16,9 @@ std::string languageText(std::int64_t language, Numbers numbers);
 // Types, genres, singer groups and languages in one line.
 std::string tagsText(const Tags& tags, Numbers numbers);
 
+// The optional properties of a note, such as "vibrato 600, protected".
+std::string remarksText(const Note& note);
+
 std::string describe(const Properties& clip, Numbers numbers);
 std::string describe(const Part& part, Numbers numbers, std::size_t width);
 

@@ -1,5 +1,3 @@
-#include <filesystem>
-#include <fstream>
 #include <memory>
 
 #include <CLI/CLI.hpp>
@@ -12,7 +10,9 @@
 #include "json.h"
 #include "options.h"
 #include "reading.h"
+#include "roll/image.h"
 #include "roll/view_options.h"
+#include "safe_file.h"
 
 namespace plxclip {
 
@@ -23,9 +23,12 @@ struct ShowOptions {
     std::string clip;
     std::vector<std::string> userFolders;
     std::string svgFile;
+    std::string pngFile;
+    std::string pdfFile;
     roll::View view;
     bool isJson = false;
-    bool namesNumbers = false;
+
+    bool draws() const { return !svgFile.empty() || !pngFile.empty() || !pdfFile.empty(); }
 };
 
 void setBars(roll::View& view, const std::string& text)
@@ -41,7 +44,14 @@ void addPicture(CLI::App& command, ShowOptions& options)
 {
     const std::string group = "The picture (a clip holds neither meter nor time unit)";
     command
-        .add_option("--svg", options.svgFile, "Draw the piano roll into this file; \"-\" prints it")
+        .add_option("--svg", options.svgFile,
+                    "Draw the piano roll or the waveform into this file; \"-\" prints it")
+        ->type_name("FILE")
+        ->group(group);
+    command.add_option("--png", options.pngFile, "The same as PNG, if librsvg is installed")
+        ->type_name("FILE")
+        ->group(group);
+    command.add_option("--pdf", options.pdfFile, "The same as PDF, if librsvg is installed")
         ->type_name("FILE")
         ->group(group);
     roll::addMeter(command, options.view)->group(group);
@@ -58,33 +68,52 @@ void addPicture(CLI::App& command, ShowOptions& options)
         ->group(group);
 }
 
-void writeFile(const std::string& file, const std::string& text)
+roll::Picture pictureOf(const Properties& clip, const MidiPart& part, const roll::View& wanted)
 {
-    const std::filesystem::path path(std::u8string(file.begin(), file.end()));
-    std::ofstream stream(path, std::ios::binary);
-    stream << text;
-    stream.close();
-    if (!stream) {
-        throw Failure(fmt::format("\"{}\" cannot be written; see whether its folder is there and "
-                                  "may be written to",
-                                  file));
-    }
-}
-
-void drawRoll(const Properties& clip, const Part& part, const ShowOptions& options)
-{
-    const auto* const midi = std::get_if<MidiPart>(&part);
-    if (midi == nullptr) {
-        throw Failure("an audio clip has no notes to draw; leave out --svg");
-    }
-    const auto [first, last] = options.view.bars.value_or(roll::barsOf(*midi, options.view));
+    const roll::View view = roll::withMeter(wanted, part);
+    const auto [first, last] = view.bars.value_or(roll::barsOf(part, view));
     if (last - first >= roll::mostBars) {
         throw Failure(fmt::format("{} bars are too many for a picture; choose some, such as "
                                   "--bars 1-{}",
                                   last - first + 1, roll::mostBars));
     }
-    const std::string picture = roll::draw(clip, *midi, options.view);
-    options.svgFile == "-" ? void(print(picture)) : writeFile(options.svgFile, picture);
+    return roll::draw(clip, part, view);
+}
+
+roll::Picture pictureOf(const Properties& clip, const AudioPart& part, const roll::View& view)
+{
+    if (view.bars) {
+        throw Failure("an audio clip has no bars; leave out --bars");
+    }
+    const Wave wave = readWave(part.wavePath);
+    if (!wave.problem.empty()) {
+        throw Failure(fmt::format("{} It is \"{}\"", wave.problem, part.wavePath));
+    }
+    return roll::drawWave(clip, wave, view);
+}
+
+// A part that does not read has been refused before.
+roll::Picture pictureOf(const Properties& clip, const Part& part, const roll::View& view)
+{
+    const auto* const midi = std::get_if<MidiPart>(&part);
+    return midi != nullptr ? pictureOf(clip, *midi, view)
+                           : pictureOf(clip, std::get<AudioPart>(part), view);
+}
+
+void drawClip(const Properties& clip, const Part& part, const ShowOptions& options)
+{
+    const roll::Picture picture = pictureOf(clip, part, options.view);
+    if (!options.pngFile.empty()) {
+        writeWholeFile(options.pngFile, roll::pngOf(picture));
+    }
+    if (!options.pdfFile.empty()) {
+        writeWholeFile(options.pdfFile, roll::pdfOf(picture));
+    }
+    if (options.svgFile == "-") {
+        print(picture.svg);
+    } else if (!options.svgFile.empty()) {
+        writeWholeFile(options.svgFile, picture.svg);
+    }
 }
 
 void printClip(const Properties& clip, const Part& part, const ShowOptions& options)
@@ -93,7 +122,7 @@ void printClip(const Properties& clip, const Part& part, const ShowOptions& opti
         print(clipJson(clip, part));
         return;
     }
-    const Numbers numbers = options.namesNumbers ? Numbers::named : Numbers::plain;
+    const Numbers numbers = options.view.namesNumbers ? Numbers::named : Numbers::plain;
     const std::size_t width = isTerminal(Stream::output) ? terminalWidth() : 0;
     print(describe(clip, numbers) + describe(part, numbers, width));
 }
@@ -105,7 +134,7 @@ ExitStatus show(const ShowOptions& options)
     const bool isRead = clip.readPart();
     const Properties properties = propertiesOf(clip);
     const Part part = isRead ? partOf(clip) : Part();
-    if (options.svgFile.empty()) {
+    if (!options.draws()) {
         printClip(properties, part, options);
     }
     if (!isRead) {
@@ -113,8 +142,8 @@ ExitStatus show(const ShowOptions& options)
             fmt::format("the part of \"{}\" does not read; \"plxclip check\" tells why: {}",
                         properties.name, properties.path));
     }
-    if (!options.svgFile.empty()) {
-        drawRoll(properties, part, options);
+    if (options.draws()) {
+        drawClip(properties, part, options);
     }
     return exitDone;
 }
@@ -130,7 +159,7 @@ void addShow(CLI::App& app, Work& chosen)
         ->type_name("DIR")
         ->allow_extra_args(false);
     command->add_flag("--json", options->isJson, "Write JSON, for other programs");
-    command->add_flag("--names", options->namesNumbers,
+    command->add_flag("--names", options->view.namesNumbers,
                       "Name keys and languages as in the example clips");
     addPicture(*command, *options);
     command->footer("Examples:\n"

@@ -11,7 +11,7 @@ gallery.clip = (() => {
 
     const factsOf = (clip, part) => [
         ['Vendor', clip.vendor || 'none'], ['Part', clip.part], ['Key', data.keyText(clip.key)],
-        ['Tempo', data.tempoText(clip) || 'none'], ['Kind', `${clip.kind} clip`],
+        ['Tempo', data.tempoText(clip) || 'none'], ['Meter', part.meterText], ['Kind', `${clip.kind} clip`],
         ['Duration', part.notes ? `${part.duration} ticks` : part.wave ? wavesLength(part.wave) : ''],
         ['Voice', part.voice], ['Style', part.styleName], ['Style preset', part.stylePreset],
         ['Languages of the part', (part.languages ?? []).map(data.languageText).join(', ')],
@@ -67,7 +67,9 @@ gallery.clip = (() => {
         ...(part.notes.some(note => note.vibrato.duration > 0)
             ? ['A wavy line is a vibrato: higher waves are deeper, shorter ones faster.'] : []),
         ...(part.notes.some(note => note.attack.component || note.release.component)
-            ? ['A corner at the left of a note is an attack, at the right a release.'] : []),
+            ? ['A triangle at the left of a note is an attack, at the right a release.'] : []),
+        ...(part.notes.some(note => note.singingSkill.duration > 0) ? ['A diamond is a singing skill.'] : []),
+        ...(part.keys.length > 1 ? ['Keys far from all notes are folded.'] : []),
         'Click into the roll to go there.',
     ].join(' '));
 

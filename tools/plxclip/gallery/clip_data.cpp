@@ -2,10 +2,11 @@
 
 #include <algorithm>
 
-#include "gallery/wave.h"
 #include "json_pieces.h"
 #include "naming.h"
 #include "paths.h"
+#include "roll/keys.h"
+#include "wave.h"
 
 namespace plxclip::gallery {
 
@@ -29,11 +30,31 @@ bool isNoted(const Finding& finding)
     return finding.effect == check::effect::noted;
 }
 
+// A syllable that goes on over further notes is written like this.
+bool isHeld(std::string_view lyric)
+{
+    return lyric == "-" || lyric == "ー";
+}
+
+// What is sung, to be searched: syllables without anything between them, because no note says where a
+// word ends.
+std::string lyricsOf(const Part& part)
+{
+    std::string lyrics;
+    if (const auto* const midi = std::get_if<MidiPart>(&part)) {
+        for (const Note& note : midi->notes) {
+            lyrics += isHeld(note.lyric) ? "" : note.lyric;
+        }
+    }
+    return lyrics;
+}
+
 void writeEntry(CompactJson& json, const Entry& clip, const std::filesystem::path& folder)
 {
     Properties properties = clip.properties;
     properties.path = linkTo(properties.path, folder);
     writeProperties(json, properties);
+    json.member("lyrics", lyricsOf(clip.part));
     const auto noted = std::ranges::count_if(clip.findings, isNoted);
     json.member("reads", !std::holds_alternative<std::monostate>(clip.part));
     json.member("lost", clip.findings.size() - static_cast<std::size_t>(noted));
@@ -79,7 +100,6 @@ void writeView(CompactJson& json, const Contents& contents)
 {
     json.member("title", contents.title);
     json.member("ticksPerQuarter", static_cast<std::size_t>(contents.view.ticksPerQuarter));
-    json.list("meter", std::vector<std::int32_t>{contents.view.beats, contents.view.beatUnit});
     if (contents.namesNumbers) {
         writeNames(json, "keyNames", keyName);
         writeNames(json, "languageNames", languageName);
@@ -192,15 +212,28 @@ void writeWave(CompactJson& json, const std::string& path, const std::filesystem
     });
 }
 
+// What the picture is to be drawn with. Of each range of keys the lowest and the highest.
+void writePicture(CompactJson& json, const MidiPart& part, const roll::View& wanted)
+{
+    const roll::View view = roll::withMeter(wanted, part);
+    json.list("meter", std::vector<std::int32_t>{view.beats, view.beatUnit});
+    json.member("meterText", roll::meterText(view));
+    json.key("keys");
+    json.array(roll::keyRanges(part.notes), [&](const roll::KeyRange& range) {
+        json.value(range.lowest);
+        json.value(range.highest);
+    });
+}
+
 struct GalleryPartWriter {
     CompactJson& json;
-    const std::filesystem::path& folder;
+    const Contents& contents;
 
     void operator()(std::monostate) const {}
 
     void operator()(const AudioPart& part) const
     {
-        writeWave(json, part.wavePath, folder);
+        writeWave(json, part.wavePath, contents.folder);
         writeEffects(json, "audioEffects", part.audioEffects);
     }
 
@@ -211,6 +244,7 @@ struct GalleryPartWriter {
         json.list("languages", part.languages);
         json.member("styleName", part.styleName);
         json.member("stylePreset", part.stylePreset);
+        writePicture(json, part, contents.view);
         writeNotes(json, part.notes);
         writeLanes(json, part.lanes);
         writeEffects(json, "midiEffects", part.midiEffects);
@@ -240,11 +274,11 @@ std::string catalogueData(const Contents& contents)
     return json.text();
 }
 
-std::string partData(const Entry& clip, const std::filesystem::path& folder)
+std::string partData(const Entry& clip, const Contents& contents)
 {
     CompactJson json;
     json.object([&] {
-        std::visit(GalleryPartWriter{json, folder}, clip.part);
+        std::visit(GalleryPartWriter{json, contents}, clip.part);
         writeFindings(json, clip.findings, clip.properties.path);
     });
     return json.text();

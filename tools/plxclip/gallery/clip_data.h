@@ -29,6 +29,6 @@ struct Contents {
 
 // JSON without any blanks.
 std::string catalogueData(const Contents& contents);
-std::string partData(const Entry& clip, const std::filesystem::path& folder);
+std::string partData(const Entry& clip, const Contents& contents);
 
 } // namespace plxclip::gallery

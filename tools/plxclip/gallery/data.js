@@ -30,7 +30,11 @@ gallery.data = (() => {
         return note;
     };
 
+    // From the highest range to the lowest; between two of them the keys are folded.
+    const ranges = turns => points(turns).map(({pos, value}) => ({low: pos, high: value}));
+
     const unpacked = part => {
+        part.keys &&= ranges(part.keys);
         part.notes &&= part.notes.map(row => noteOf(row, part.usual));
         part.lanes &&= part.lanes.map(lane => ({...lane, events: points(lane.events)}));
         return part;
@@ -62,7 +66,6 @@ gallery.data = (() => {
     return {
         title: catalogue.title,
         ticksPerQuarter: catalogue.ticksPerQuarter,
-        meter: catalogue.meter,
         notListed: catalogue.notListed,
         clips, part, find, keyText, languageText, tempoText, link, isBlack, pitchText,
     };

@@ -45,7 +45,7 @@ void appendAllData(std::string& page, const Contents& contents)
 {
     appendData(page, "catalogue-data", catalogueData(contents));
     for (std::size_t i = 0; i < contents.clips.size(); ++i) {
-        appendData(page, fmt::format("part-{}", i), partData(contents.clips[i], contents.folder));
+        appendData(page, fmt::format("part-{}", i), partData(contents.clips[i], contents));
     }
 }
 

@@ -20,9 +20,23 @@ gallery.roll = (() => {
         (span, note) => ({begin: Math.min(span.begin, note.pos), end: Math.max(span.end, endOf(note))}),
         {begin: 0, end: part.duration});
 
-    const rangeOf = notes => notes.reduce(
-        (range, note) => ({low: Math.min(range.low, note.number), high: Math.max(range.high, note.number)}),
-        {low: 127, high: 0});
+    // Each key has its place below the top, folds between ranges theirs.
+    const placesOf = (ranges, rowHeight, foldHeight) => {
+        const tops = new Map();
+        const folds = [];
+        let top = 0;
+        ranges.forEach((range, index) => {
+            if (index > 0) {
+                folds.push({top, keys: ranges[index - 1].low - range.high - 1});
+                top += foldHeight;
+            }
+            for (let number = range.high; number >= range.low; --number) {
+                tops.set(number, top);
+                top += rowHeight;
+            }
+        });
+        return {tops, folds, height: top};
+    };
 
     // --- Pictures of cards ---------------------------------------------------------------------------
 
@@ -33,13 +47,13 @@ gallery.roll = (() => {
 
     const notesPath = part => {
         const span = spanOf(part);
-        const range = rangeOf(part.notes);
-        const rows = Math.max(range.high - range.low, pictureRows);
-        const middle = (range.high + range.low) / 2;
+        const places = placesOf(part.keys, 1, 2);
+        const rows = Math.max(places.height, pictureRows);
         const scale = (pictureWidth - 2 * margin) / (span.end - span.begin);
         return part.notes.map(note => {
             const x = margin + (note.pos - span.begin) * scale;
-            const y = pictureHeight / 2 - (note.number - middle) / rows * (pictureHeight - 2 * margin);
+            const place = places.tops.get(note.number) + 0.5 - places.height / 2;
+            const y = pictureHeight / 2 + place / rows * (pictureHeight - 2 * margin);
             return `M${round(x)} ${round(y)}h${round(Math.max(note.duration * scale - 1, 1))}`;
         }).join('');
     };
@@ -76,7 +90,8 @@ gallery.roll = (() => {
 
     // --- The piano roll ------------------------------------------------------------------------------
 
-    const rowHeight = 16;
+    const rowHeight = 18;
+    const foldHeight = 12;
     const headHeight = 20;
     const laneHeight = 48;
     const flatHeight = 18;
@@ -91,22 +106,23 @@ gallery.roll = (() => {
     const lanesOf = part => part.lanes.filter(lane => lane.events.length > 0);
 
     const makeLayout = (part, pixelsPerQuarter) => {
-        const ticksPerBeat = data.ticksPerQuarter * 4 / data.meter[1];
-        const ticksPerBar = ticksPerBeat * data.meter[0];
+        const ticksPerBeat = data.ticksPerQuarter * 4 / part.meter[1];
+        const ticksPerBar = ticksPerBeat * part.meter[0];
         const span = spanOf(part);
         const begin = Math.floor(span.begin / ticksPerBar) * ticksPerBar;
         const end = Math.ceil(span.end / ticksPerBar) * ticksPerBar;
-        const range = part.notes.length > 0 ? rangeOf(part.notes) : {low: 62, high: 70};
         const scale = Math.min(pixelsPerQuarter / data.ticksPerQuarter, widest / (end - begin));
+        const places = placesOf(part.keys, rowHeight, foldHeight);
         const layout = {
             begin, end, ticksPerBeat, ticksPerBar, scale,
-            low: Math.max(range.low - 2, 0), high: Math.min(range.high + 2, 127),
             width: (end - begin) * scale,
             x: tick => (tick - begin) * scale,
-            y: number => headHeight + (layout.high - number) * rowHeight,
+            y: number => headHeight + places.tops.get(number),
+            numbers: [...places.tops.keys()],
+            folds: places.folds.map(fold => ({...fold, top: headHeight + fold.top})),
             lanes: [],
         };
-        layout.bottom = layout.y(layout.low) + rowHeight;
+        layout.bottom = headHeight + places.height;
         layout.height = lanesOf(part).reduce((top, lane) => {
             const height = isFlat(lane) ? flatHeight : laneHeight;
             layout.lanes.push({lane, top, height});
@@ -115,16 +131,14 @@ gallery.roll = (() => {
         return layout;
     };
 
-    const rows = layout => {
-        const result = [];
-        for (let number = layout.low; number <= layout.high; ++number) {
-            result.push(svg('rect', {
-                class: data.isBlack(number) ? 'row black' : 'row', x: 0, y: layout.y(number),
-                width: layout.width, height: rowHeight,
-            }));
-        }
-        return result;
-    };
+    const rows = layout => layout.numbers.map(number => svg('rect', {
+        class: data.isBlack(number) ? 'row black' : 'row', x: 0, y: layout.y(number),
+        width: layout.width, height: rowHeight,
+    }));
+
+    const folds = layout => layout.folds.map(fold => svg('rect', {
+        class: 'fold', x: 0, y: fold.top, width: layout.width, height: foldHeight,
+    }));
 
     // Lines that would stand too close are left out.
     const gridLines = (layout, ticks, className) => {
@@ -159,19 +173,65 @@ gallery.roll = (() => {
     const textWidth = (text, size) =>
         [...text].reduce((width, letter) => width + (wide.test(letter) ? 1.05 : 0.62) * size, 0);
 
-    // The text in the greatest size that fits, or nothing when it could not be read.
-    const fitting = (text, className, size, smallest, room, x, y) => {
-        const fitted = Math.min(size, size * room / Math.max(textWidth(text, size), 0.1));
-        return text === '' || fitted < smallest ? [] : [
-            svg('text', {class: className, x: round(x), y: round(y), style: `font-size:${round(fitted)}px`},
-                text)];
+    // The text in the greatest size that fits; nothing when it could not be read.
+    const fitted = (text, size, smallest, room) => {
+        const width = textWidth(text, size);
+        const fitting = width <= room ? size : size * room / width;
+        return text === '' || fitting < smallest ? null : {text, size: fitting, width: Math.min(width, room)};
     };
 
+    const shortened = (text, size, room) => {
+        const letters = [...text];
+        while (letters.length > 0 && textWidth(`${letters.join('')}…`, size) > room) {
+            letters.pop();
+        }
+        return letters.length === 0 ? '' : `${letters.join('')}…`;
+    };
+
+    const drawText = (className, {text, size}, x, y) => svg('text', {
+        class: className, x: round(x), y: round(y), style: `font-size:${round(size)}px`,
+    }, text);
+
     // The words of a note may go on until the next note begins.
-    const roomsOf = (notes, layout) => notes.map((note, index) => {
+    const wordEnds = (notes, layout) => notes.map((note, index) => {
         const next = notes[index + 1]?.pos ?? 0;
-        return Math.max(note.duration, next - note.pos) * layout.scale - 5;
+        return layout.x(note.pos + Math.max(note.duration, next - note.pos));
     });
+
+    // What stands in the rows: words never lie on another note or on other words.
+    const makeWords = (notes, layout) => {
+        const bodies = new Map(layout.numbers.map(number => [number, []]));
+        const words = new Map(layout.numbers.map(number => [number, []]));
+        for (const note of notes) {
+            bodies.get(note.number).push([layout.x(note.pos), layout.x(endOf(note))]);
+        }
+        const isFree = (pieces, left, right) => pieces.every(piece => piece[0] >= right || piece[1] <= left);
+        const lyric = (note, left, end) => {
+            const next = bodies.get(note.number).reduce(
+                (nearest, [begin]) => begin > left ? Math.min(nearest, begin - 1) : nearest, end);
+            const room = next - left;
+            const text = fitted(note.lyric, 11, 6.6, room) ??
+                fitted(shortened(note.lyric, 6.6, room), 6.6, 6.6, room);
+            const row = words.get(note.number);
+            if (!text || !isFree(row, left, left + text.width)) {
+                return [];
+            }
+            row.push([left, left + text.width]);
+            return [drawText('lyric', text, left, layout.y(note.number) + 10.5)];
+        };
+        // Below their note if they are legible there and no longer than the note.
+        const phoneme = (note, left) => {
+            const row = words.get(note.number - 1);
+            const text = fitted(note.phoneme, 9, 7, layout.x(endOf(note)) - left);
+            if (!row || !text || !isFree(row, left, left + text.width) ||
+                !isFree(bodies.get(note.number - 1), left, left + text.width)) {
+                return [];
+            }
+            row.push([left, left + text.width]);
+            return [drawText('phoneme', text, left, layout.y(note.number) + rowHeight + 9)];
+        };
+        return {lyric, phoneme};
+    };
 
     // A curve of a vibrato runs straight from point to point.
     const valueAt = (points, pos, usual) => {
@@ -186,16 +246,16 @@ gallery.roll = (() => {
         return a.value + (b.value - a.value) * (pos - a.pos) / (b.pos - a.pos);
     };
 
-    // Deeper waves are higher, faster ones shorter.
+    // Deeper waves are higher, faster ones shorter. None leaves its note, where another one may be.
     const vibratoPath = (note, layout) => {
         const begin = endOf(note) - note.vibrato.duration;
         const length = note.vibrato.duration * layout.scale;
-        const middle = layout.y(note.number) + rowHeight - 4;
+        const middle = layout.y(note.number) + rowHeight - 3.8;
         let phase = 0;
         let path = '';
         for (let x = 0; x <= length; x += 1) {
             const pos = x / layout.scale;
-            const height = 0.6 + 3.4 * valueAt(note.vibrato.depths, pos, 64) / 127;
+            const height = 0.6 + 2.2 * valueAt(note.vibrato.depths, pos, 64) / 127;
             path += `${path === '' ? 'M' : 'L'}${round(layout.x(begin) + x)} ` +
                 `${round(middle - height * Math.sin(phase))}`;
             phase += 2 * Math.PI / (15 - 10 * valueAt(note.vibrato.rates, pos, 64) / 127);
@@ -203,36 +263,46 @@ gallery.roll = (() => {
         return path;
     };
 
-    const mark = (x, y, size) => svg('path', {d: `M${round(x)} ${y}h${size}L${round(x)} ${y + Math.abs(size)}z`});
-
-    // Marks in the corners: an attack at the left, a release at the right.
+    // Before the lyric an attack and a singing skill, at the end of the note a release. A mark is left out
+    // where its note is too short.
+    const markWidth = 6;
+    const markPaths = {attack: 'l4.5 3.5l-4.5 3.5z', skill: 'm0 3.5l2.5 -3.5l2.5 3.5l-2.5 3.5z', release: 'm4.5 0l-4.5 3.5l4.5 3.5z'};
     const marksOf = (note, layout) => {
-        const y = layout.y(note.number) + 1;
-        const size = 5;
-        return [
-            ...(note.attack.component ? [mark(layout.x(note.pos) + 1, y, size)] : []),
-            ...(note.release.component ? [mark(layout.x(endOf(note)) - 1, y, -size)] : []),
+        const wanted = [
+            ...(note.attack.component ? ['attack'] : []),
+            ...(note.singingSkill.duration > 0 ? ['skill'] : []),
+            ...(note.release.component ? ['release'] : []),
         ];
+        const width = note.duration * layout.scale;
+        return wanted.filter((name, index) => width >= (index + 1) * markWidth + 2);
     };
+
+    const drawMarks = (note, marks, layout) => marks.map((name, index) => {
+        const x = name === 'release' ? layout.x(endOf(note)) - markWidth : layout.x(note.pos) + 2 + index * markWidth;
+        return svg('path', {class: `mark ${name}`, d: `M${round(x)} ${layout.y(note.number) + 3}${markPaths[name]}`});
+    });
 
     const hintOf = note => `${note.lyric} [${note.phoneme}] ${data.pitchText(note.number)}, ` +
         `at ${note.pos}, ${note.duration} ticks, velocity ${note.velocity}`;
 
-    const noteGroup = (note, room, layout) => {
+    const noteGroup = (note, end, words, layout) => {
         const [x, y] = [layout.x(note.pos), layout.y(note.number)];
         const width = Math.max(note.duration * layout.scale, 1);
+        const marks = marksOf(note, layout);
+        const closing = marks.includes('release') ? 1 : 0;
         const group = svg('g', {class: note.vibrato.duration > 0 ? 'note swinging' : 'note'},
             svg('title', {}, hintOf(note)),
             svg('rect', {
                 x: round(x), y, width: round(width), height: rowHeight, rx: 2.5,
-                'fill-opacity': round(0.3 + 0.7 * note.velocity / 127),
+                'fill-opacity': Math.round(100 * (0.2 + 0.8 * note.velocity / 127)) / 100,
             }));
         if (note.vibrato.duration > 0) {
             group.append(svg('path', {class: 'vibrato', d: vibratoPath(note, layout)}));
         }
-        group.append(...marksOf(note, layout),
-            ...fitting(note.lyric, 'lyric', 11, 6, room, x + 4, y + 11.5),
-            ...fitting(note.phoneme, 'phoneme', 9, 7, room, x + 4, y + rowHeight + 9));
+        const room = closing > 0 ? layout.x(endOf(note)) - markWidth - 1 : end - 1;
+        group.append(...drawMarks(note, marks, layout),
+            ...words.lyric(note, x + 3 + (marks.length - closing) * markWidth, room),
+            ...words.phoneme(note, x + 3));
         return group;
     };
 
@@ -251,20 +321,44 @@ gallery.roll = (() => {
         }
         const first = round(layout.x(Math.max(lane.events[0].pos, layout.begin)));
         path += `H${round(layout.width)}`;
-        return {path, area: `${path}V${base}H${first}z`, zero: lane.least < 0 ? y(0) : y((lane.least + lane.most) / 2)};
+        return {
+            y, path, area: `${path}V${base}H${first}z`,
+            zero: lane.least < 0 ? y(0) : y((lane.least + lane.most) / 2),
+        };
     };
+
+    // The first of the highest and of the lowest values, which may stand close to each other.
+    const extremes = ({lane, top, height}, y, layout) => {
+        const values = lane.events.map(event => event.value);
+        const write = (value, isBelow) => {
+            const event = lane.events[values.indexOf(value)];
+            const width = textWidth(String(value), 9);
+            const right = Math.max(layout.x(event.pos), 0) + 3;
+            const x = right + width > layout.width ? right - width - 6 : right;
+            const place = y(value);
+            const below = place < top + 14 || (isBelow && place + 11 < top + height);
+            return svg('text', {class: 'extreme', x: round(x), y: round(place + (below ? 9 : -3.5))}, String(value));
+        };
+        const reach = (best, value) => value > best[1] ? [best[0], value] : value < best[0] ? [value, best[1]] : best;
+        const [least, most] = values.reduce(reach, [values[0], values[0]]);
+        return [write(most, false), write(least, true)];
+    };
+
+    const flatText = (first, layout) =>
+        first.pos <= layout.begin ? `${first.value} throughout` : `${first.value} from tick ${first.pos}`;
 
     const laneGroup = (place, layout) => {
         const {lane, top, height} = place;
         const frame = svg('rect', {class: 'frame', x: 0, y: top, width: layout.width, height});
         if (isFlat(lane)) {
             return svg('g', {}, frame, svg('text', {x: 6, y: top + 13, class: 'lane-text'},
-                `${lane.events[0].value} throughout`));
+                flatText(lane.events[0], layout)));
         }
         const drawn = steps(place, layout);
         return svg('g', {}, frame,
             svg('path', {class: 'zero', d: `M0 ${drawn.zero}H${round(layout.width)}`}),
-            svg('path', {class: 'area', d: drawn.area}), svg('path', {class: 'curve', d: drawn.path}));
+            svg('path', {class: 'area', d: drawn.area}), svg('path', {class: 'curve', d: drawn.path}),
+            ...extremes(place, drawn.y, layout));
     };
 
     const laneLabels = ({lane, top, height}) => {
@@ -280,7 +374,7 @@ gallery.roll = (() => {
 
     const keys = layout => {
         const result = svg('svg', {width: gutter, height: layout.height, class: 'keys', 'aria-hidden': 'true'});
-        for (let number = layout.low; number <= layout.high; ++number) {
+        for (const number of layout.numbers) {
             result.append(svg('rect', {
                 class: data.isBlack(number) ? 'key black' : 'key', x: gutter - keyWidth,
                 y: layout.y(number), width: data.isBlack(number) ? keyWidth * 0.62 : keyWidth,
@@ -291,13 +385,18 @@ gallery.roll = (() => {
                     data.pitchText(number)));
             }
         }
+        layout.folds.forEach(fold => result.append(svg('text', {
+            class: 'fold-text', x: gutter - 4, y: fold.top + foldHeight - 3,
+        }, `${fold.keys} keys`)));
         layout.lanes.forEach(lane => result.append(...laneLabels(lane)));
         return result;
     };
 
     const labelOf = (part, layout) => {
         const bars = Math.round((layout.end - layout.begin) / layout.ticksPerBar);
-        const range = rangeOf(part.notes);
+        const numbers = part.notes.map(note => note.number);
+        const range = numbers.reduce((found, number) =>
+            ({low: Math.min(found.low, number), high: Math.max(found.high, number)}), {low: 127, high: 0});
         return part.notes.length === 0 ? 'Piano roll without notes' :
             `Piano roll: ${part.notes.length} notes from ${data.pitchText(range.low)} to ` +
             `${data.pitchText(range.high)}, ${bars} bars. The table of notes below has them all.`;
@@ -306,12 +405,13 @@ gallery.roll = (() => {
     // The roll, with the moving line, and the groups of the notes in the order of the notes.
     const roll = (part, pixelsPerQuarter) => {
         const layout = makeLayout(part, pixelsPerQuarter);
-        const rooms = roomsOf(part.notes, layout);
-        const notes = part.notes.map((note, index) => noteGroup(note, rooms[index], layout));
+        const ends = wordEnds(part.notes, layout);
+        const words = makeWords(part.notes, layout);
+        const notes = part.notes.map((note, index) => noteGroup(note, ends[index], words, layout));
         const now = svg('line', {class: 'now', x1: 0, x2: 0, y1: 0, y2: layout.height});
         const sheet = svg('svg', {
             width: layout.width, height: layout.height, role: 'img', 'aria-label': labelOf(part, layout),
-        }, ...rows(layout), gridLines(layout, layout.ticksPerBeat, 'grid'),
+        }, ...rows(layout), ...folds(layout), gridLines(layout, layout.ticksPerBeat, 'grid'),
             gridLines(layout, layout.ticksPerBar, 'grid bars'), ...barNumbers(layout),
             beyondEnd(part, layout), ...notes,
             ...layout.lanes.map(lane => laneGroup(lane, layout)), now);

@@ -23,6 +23,7 @@ gallery.search = (() => {
         clip.name, clip.vendor, clip.id, clip.part, clip.kind,
         ...clip.tags.types, ...clip.tags.genres, ...clip.tags.singerGroups, ...clip.tags.singerIDs,
         ...clip.tags.languages.map(data.languageText), data.keyText(clip.key), data.tempoText(clip),
+        clip.lyrics,
     ].join('\n'));
 
     const texts = new Map();

@@ -7,7 +7,7 @@ namespace {
 
 void drawRow(const Sheet& sheet, std::uint32_t number)
 {
-    const double top = sheet.layout.rowTop(sheet.line, number);
+    const double top = sheet.line.rowTop(number);
     const double left = sheet.layout.left();
     const char* const rowClass = isBlackKey(number) ? "row black" : "row";
     sheet.svg.rectangle({left, top, sheet.layout.right(sheet.line) - left, rowHeight}, rowClass,
@@ -20,7 +20,7 @@ void drawRow(const Sheet& sheet, std::uint32_t number)
 
 void drawKey(const Sheet& sheet, std::uint32_t number)
 {
-    const double top = sheet.layout.rowTop(sheet.line, number);
+    const double top = sheet.line.rowTop(number);
     const double left = sheet.layout.left() - keyWidth;
     const bool isBlack = isBlackKey(number);
     sheet.svg.rectangle({left, top, keyWidth, rowHeight}, isBlack ? "key black" : "key");
@@ -31,10 +31,29 @@ void drawKey(const Sheet& sheet, std::uint32_t number)
                    pitchName(number));
 }
 
+void drawRows(const Sheet& sheet, const KeyRange& range)
+{
+    for (std::uint32_t number = range.lowest; number <= range.highest; ++number) {
+        drawRow(sheet, number);
+        drawKey(sheet, number);
+    }
+}
+
+// In place of the keys between two ranges.
+void drawFold(const Sheet& sheet, const KeyRange& upper, const KeyRange& lower)
+{
+    const std::uint32_t keys = upper.lowest - lower.highest - 1;
+    const double left = sheet.layout.left() - keyWidth;
+    const double top = sheet.line.rowTop(upper.lowest) + rowHeight;
+    sheet.svg.rectangle({left, top, sheet.layout.right(sheet.line) - left, foldHeight}, "fold",
+                        fmt::format("data-keys=\"{}\"", keys));
+    sheet.svg.text({left - 4, top + foldHeight - 3}, "fold-text", fmt::format("{} keys", keys));
+}
+
 void drawUpright(const Sheet& sheet, std::int64_t tick, std::string_view styleClass)
 {
     const double x = sheet.layout.x(sheet.line, tick);
-    sheet.svg.line({x, sheet.layout.rollTop(sheet.line)}, {x, sheet.layout.rollBottom(sheet.line)},
+    sheet.svg.line({x, sheet.line.rollTop()}, {x, sheet.line.rollBottom()},
                    styleClass);
 }
 
@@ -46,7 +65,7 @@ void drawBar(const Sheet& sheet, std::int64_t tick)
     }
     drawUpright(sheet, tick, "bar");
     const std::int64_t number = tick / view.ticksPerBar() + (tick < 0 ? 0 : 1);
-    sheet.svg.text({sheet.layout.x(sheet.line, tick) + 3, sheet.layout.rollTop(sheet.line) - 4},
+    sheet.svg.text({sheet.layout.x(sheet.line, tick) + 3, sheet.line.rollTop() - 4},
                    "bar-number", std::to_string(number));
 }
 
@@ -54,9 +73,11 @@ void drawBar(const Sheet& sheet, std::int64_t tick)
 
 void drawGrid(const Sheet& sheet)
 {
-    for (std::uint32_t number = sheet.layout.lowest; number <= sheet.layout.highest; ++number) {
-        drawRow(sheet, number);
-        drawKey(sheet, number);
+    for (std::size_t i = 0; i < sheet.line.keys.size(); ++i) {
+        drawRows(sheet, sheet.line.keys[i]);
+        if (i > 0) {
+            drawFold(sheet, sheet.line.keys[i - 1], sheet.line.keys[i]);
+        }
     }
     const std::int64_t bar = sheet.layout.view.ticksPerBar();
     for (std::int64_t tick = sheet.line.begin; tick < sheet.line.end; tick += bar) {
@@ -72,9 +93,9 @@ void drawEnd(const Sheet& sheet, std::int64_t duration)
         return;
     }
     const double left = sheet.layout.x(sheet.line, begin);
-    const double top = sheet.layout.rollTop(sheet.line);
+    const double top = sheet.line.rollTop();
     sheet.svg.rectangle({left, top, sheet.layout.right(sheet.line) - left,
-                         sheet.layout.rollBottom(sheet.line) - top},
+                         sheet.line.rollBottom() - top},
                         "end");
 }
 

@@ -6,6 +6,7 @@ namespace plxclip::roll {
 
 namespace {
 
+constexpr double valueSize = 8;
 constexpr double inset = 3; // so that a curve at a bound is not drawn on the frame
 
 // Converts the values of a lane to heights.
@@ -40,23 +41,6 @@ void drawFrame(const Sheet& sheet, const Lane& lane, const Scale& scale)
     sheet.svg.text({left - 6, scale.y(scale.least) + 1}, "lane-value", std::to_string(lane.least));
 }
 
-// A value holds until the next event; before the first there is none. Returns the points in this
-// line, beginning with the value that holds at its start.
-std::vector<Point> eventsIn(const Line& line, const Lane& lane)
-{
-    std::vector<Point> events;
-    for (const Point& event : lane.events) {
-        if (event.pos >= line.end) {
-            break;
-        }
-        if (event.pos <= line.begin) {
-            events.clear();
-        }
-        events.push_back(event);
-    }
-    return events;
-}
-
 std::vector<Place> stepsOf(const Sheet& sheet, const std::vector<Point>& events, const Scale& scale)
 {
     std::vector<Place> steps;
@@ -88,44 +72,127 @@ void drawEvent(const Sheet& sheet, const Point& event, Place place)
                         fmt::format("data-pos=\"{}\" data-value=\"{}\"", event.pos, event.value));
 }
 
-void drawValue(const Sheet& sheet, const Point& event, Place place, const Scale& scale)
+double valueWidth(const Point& event)
 {
-    const bool isHigh = place.y < scale.top + 14;
-    sheet.svg.text({place.x + 3, place.y + (isHigh ? 9.0 : -3.5)}, "event-value",
-                   std::to_string(event.value));
+    return textWidth(std::to_string(event.value), valueSize);
 }
 
-// Writes numbers only where the curve stays level long enough for them.
-void drawEvents(const Sheet& sheet, const std::vector<Point>& events, const Scale& scale)
-{
-    for (std::size_t i = 0; i < events.size(); ++i) {
-        const Point& event = events[i];
-        if (event.pos < sheet.line.begin) {
-            continue;
-        }
-        const Place place = {sheet.layout.x(sheet.line, event.pos), scale.y(event.value)};
-        const double end = i + 1 < events.size() ? sheet.layout.x(sheet.line, events[i + 1].pos)
-                                                 : sheet.layout.right(sheet.line);
-        drawEvent(sheet, event, place);
-        if (place.x + textWidth(std::to_string(event.value), 8) + 4 < end) {
-            drawValue(sheet, event, place, scale);
+// Numbers beside their events and inside the lane, never on each other.
+class Values {
+public:
+    Values(const Sheet& pictureSheet, const Scale& laneScale) : sheet(pictureSheet), scale(laneScale)
+    {
+    }
+
+    // At the right of the event, or at its left when there is no room; above it, or below it if there
+    // is no room or that is wanted.
+    void draw(const Point& event, std::string_view styleClass, bool isBelow = false)
+    {
+        const Place place = placeOf(event);
+        const double width = valueWidth(event);
+        const bool hasRoomBelow = place.y + 11 < scale.top + laneHeight;
+        const double y =
+            place.y + (place.y < scale.top + 14 || (isBelow && hasRoomBelow) ? 9.0 : -3.5);
+        for (const double left : {place.x + 3, place.x - 3 - width}) {
+            const Box box = {left, y - valueSize, width, valueSize + 2};
+            if (isInside(box) && std::ranges::none_of(taken, [&](const Box& other) {
+                    return overlap(box, other);
+                })) {
+                taken.push_back(box);
+                sheet.svg.text({left, y}, styleClass, std::to_string(event.value));
+                return;
+            }
         }
     }
+
+    Place placeOf(const Point& event) const
+    {
+        const std::int64_t pos = std::max<std::int64_t>(event.pos, sheet.line.begin);
+        return {sheet.layout.x(sheet.line, pos), scale.y(event.value)};
+    }
+
+private:
+    bool isInside(const Box& box) const
+    {
+        return box.x >= sheet.layout.left() && box.x + box.width <= sheet.layout.right(sheet.line);
+    }
+
+    const Sheet& sheet;
+    const Scale& scale;
+    std::vector<Box> taken;
+};
+
+// The first of the highest and of the lowest values.
+void drawExtremes(Values& values, const std::vector<Point>& events)
+{
+    const auto byValue = [](const Point& a, const Point& b) { return a.value < b.value; };
+    values.draw(*std::ranges::max_element(events, byValue), "event-value extreme");
+    values.draw(*std::ranges::min_element(events, byValue), "event-value extreme", true);
+}
+
+// Other numbers stand only where the curve stays level long enough for them.
+void drawLevels(const Sheet& sheet, Values& values, const std::vector<Point>& events)
+{
+    for (std::size_t i = 0; i < events.size(); ++i) {
+        const double end = i + 1 < events.size() ? sheet.layout.x(sheet.line, events[i + 1].pos)
+                                                 : sheet.layout.right(sheet.line);
+        if (events[i].pos >= sheet.line.begin &&
+            values.placeOf(events[i]).x + valueWidth(events[i]) + 4 < end) {
+            values.draw(events[i], "event-value");
+        }
+    }
+}
+
+void drawEvents(const Sheet& sheet, const std::vector<Point>& events, const Scale& scale)
+{
+    Values values(sheet, scale);
+    for (const Point& event : events) {
+        if (event.pos >= sheet.line.begin) {
+            drawEvent(sheet, event, values.placeOf(event));
+        }
+    }
+    drawExtremes(values, events);
+    drawLevels(sheet, values, events);
+}
+
+std::string flatText(const std::vector<Point>& events, std::int64_t begin)
+{
+    if (events.empty()) {
+        return "no events";
+    }
+    const Point& first = events.front();
+    return first.pos <= begin ? fmt::format("{} throughout", first.value)
+                              : fmt::format("{} from tick {}", first.value, first.pos);
 }
 
 } // namespace
 
-void drawLane(const Sheet& sheet, const Lane& lane, std::size_t place)
+void drawLane(const Sheet& sheet, const LanePlace& place)
 {
-    const Scale scale = {sheet.layout.laneTop(sheet.line, place), static_cast<double>(lane.least),
-                         static_cast<double>(lane.most)};
+    const Lane& lane = *place.lane;
+    const double top = sheet.line.rollBottom() + place.top;
+    if (place.isFlat) {
+        drawFlatLane(sheet, lane, top, sheet.line.begin, sheet.line.end);
+        return;
+    }
+    const Scale scale = {top, static_cast<double>(lane.least), static_cast<double>(lane.most)};
+    const std::vector<Point> events = eventsIn(lane, sheet.line.begin, sheet.line.end);
     sheet.svg.openGroup("controller");
     drawFrame(sheet, lane, scale);
-    const std::vector<Point> events = eventsIn(sheet.line, lane);
-    if (!events.empty()) {
-        drawCurve(sheet, stepsOf(sheet, events, scale), scale);
-        drawEvents(sheet, events, scale);
-    }
+    drawCurve(sheet, stepsOf(sheet, events, scale), scale);
+    drawEvents(sheet, events, scale);
+    sheet.svg.closeGroup();
+}
+
+void drawFlatLane(const Sheet& sheet, const Lane& lane, double top, std::int64_t begin,
+                  std::int64_t end)
+{
+    const double left = sheet.layout.left();
+    sheet.svg.openGroup("flat", fmt::format("data-lane=\"{}\"", laneName(lane.type)));
+    sheet.svg.rectangle({left, top, sheet.layout.right(sheet.line) - left, flatHeight}, "lane");
+    sheet.svg.text({left - 6, top + flatHeight - 4}, "lane-name", laneName(lane.type));
+    sheet.svg.text({left + 5, top + flatHeight - 4}, "flat-value",
+                   flatText(eventsIn(lane, begin, end), begin));
     sheet.svg.closeGroup();
 }
 

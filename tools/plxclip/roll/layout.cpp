@@ -11,31 +11,11 @@ namespace plxclip::roll {
 
 namespace {
 
+constexpr double letterWidth = 0.6; // of the font's size
 constexpr double mostPixelsPerQuarter = 150;
 constexpr double fewestPixelsPerQuarter = 30;
 constexpr double plentyOfPixels =
     100; // per quarter note: lyrics that still do not fit are squeezed
-
-std::int64_t barAt(std::int64_t tick, std::int64_t ticksPerBar)
-{
-    const std::int64_t bar = tick / ticksPerBar;
-    return tick % ticksPerBar < 0 ? bar - 1 : bar;
-}
-
-// Leaves an empty row above and below. A part without notes shows the octave of middle C.
-void setRows(Layout& layout, const std::vector<Note>& notes)
-{
-    if (notes.empty()) {
-        layout.lowest = 60;
-        layout.highest = 72;
-        return;
-    }
-    const auto [low, high] =
-        std::minmax_element(notes.begin(), notes.end(),
-                            [](const Note& a, const Note& b) { return a.number < b.number; });
-    layout.lowest = low->number > 1 ? low->number - 2 : 0;
-    layout.highest = std::min<std::uint32_t>(high->number + 2, 127);
-}
 
 // Lyrics that are squeezed a little are still easy to read.
 bool wordsFit(const Note& note, std::int64_t ticks, double pixelsPerTick)
@@ -80,7 +60,89 @@ void setScale(Layout& layout, const std::vector<Note>& notes)
     }
 }
 
+// The keys of the notes that sound in the line. In a line of rests it is the key of the note before it,
+// or of the first note.
+std::vector<KeyRange> keysOf(const Line& line, const std::vector<Note>& notes)
+{
+    KeySet wanted = {};
+    const Note* nearest = notes.empty() ? nullptr : &notes.front();
+    bool isSilent = true;
+    for (const Note& note : notes) {
+        nearest = note.pos < line.begin ? &note : nearest;
+        if (sounds(note, line.begin, line.end)) {
+            wanted[std::min(note.number, 127U)] = true;
+            isSilent = false;
+        }
+    }
+    if (isSilent && nearest != nullptr) {
+        wanted[std::min(nearest->number, 127U)] = true;
+    }
+    return keyRanges(wanted);
+}
+
+void placeLanes(Line& line, const Layout& layout, const std::vector<Lane>& lanes)
+{
+    double top = laneGap;
+    for (const Lane& lane : lanes) {
+        if (std::ranges::count(layout.flatLanes, &lane) == 0) {
+            const bool isFolded = isFlat(eventsIn(lane, line.begin, line.end));
+            line.lanes.push_back({&lane, top, isFolded});
+            top += isFolded ? flatHeight + flatGap : laneHeight + laneGap;
+        }
+    }
+}
+
+void setLines(Layout& layout, const MidiPart& part)
+{
+    for (const Lane& lane : part.lanes) {
+        if (isFlat(eventsIn(lane, layout.begin, layout.end))) {
+            layout.flatLanes.push_back(&lane);
+        }
+    }
+    const std::int64_t length = layout.barsPerLine * layout.view.ticksPerBar();
+    double top = headHeight;
+    for (std::int64_t tick = layout.begin; tick < layout.end; tick += length) {
+        Line line = {tick, std::min(tick + length, layout.end), top, {}, {}};
+        line.keys = keysOf(line, part.notes);
+        placeLanes(line, layout, part.lanes);
+        top = line.bottom() + lineGap;
+        layout.lines.push_back(std::move(line));
+    }
+}
+
 } // namespace
+
+std::int64_t barAt(std::int64_t tick, std::int64_t ticksPerBar)
+{
+    const std::int64_t bar = tick / ticksPerBar;
+    return tick % ticksPerBar < 0 ? bar - 1 : bar;
+}
+
+std::int64_t tickInBar(std::int64_t tick, std::int64_t ticksPerBar)
+{
+    return tick - barAt(tick, ticksPerBar) * ticksPerBar;
+}
+
+std::vector<Point> eventsIn(const Lane& lane, std::int64_t begin, std::int64_t end)
+{
+    std::vector<Point> events;
+    for (const Point& event : lane.events) {
+        if (event.pos >= end) {
+            break;
+        }
+        if (event.pos <= begin) {
+            events.clear();
+        }
+        events.push_back(event);
+    }
+    return events;
+}
+
+bool isFlat(const std::vector<Point>& events)
+{
+    return std::ranges::all_of(
+        events, [&](const Point& event) { return event.value == events.front().value; });
+}
 
 std::pair<std::int64_t, std::int64_t> barsOf(const MidiPart& part, const View& view)
 {
@@ -95,7 +157,13 @@ std::pair<std::int64_t, std::int64_t> barsOf(const MidiPart& part, const View& v
 
 double textWidth(std::string_view text, double fontSize)
 {
-    return 0.6 * fontSize * static_cast<double>(displayWidth(text));
+    return letterWidth * fontSize * static_cast<double>(displayWidth(text));
+}
+
+std::string shortenedTo(std::string_view text, double fontSize, double room)
+{
+    const double columns = room / (letterWidth * fontSize);
+    return columns < 2 ? std::string() : shortened(text, static_cast<std::size_t>(columns));
 }
 
 std::vector<std::int64_t> wordTicks(const std::vector<Note>& notes)
@@ -116,37 +184,35 @@ double Layout::x(const Line& line, std::int64_t tick) const
     return left() + static_cast<double>(tick - line.begin) * pixelsPerTick;
 }
 
-double Layout::rowTop(const Line& line, std::uint32_t number) const
+bool Line::shows(std::uint32_t number) const
 {
-    return rollTop(line) + rowHeight * (static_cast<double>(highest) - number);
+    return std::ranges::any_of(keys, [number](const KeyRange& range) {
+        return number >= range.lowest && number <= range.highest;
+    });
 }
 
-double Layout::rollBottom(const Line& line) const
+double Line::rowTop(std::uint32_t number) const
 {
-    return rowTop(line, lowest) + rowHeight;
-}
-
-double Layout::laneTop(const Line& line, std::size_t lane) const
-{
-    return rollBottom(line) + laneGap + static_cast<double>(lane) * (laneHeight + laneGap);
-}
-
-double Layout::lineHeight() const
-{
-    return barNumberHeight + rowHeight * (static_cast<double>(highest - lowest) + 1) +
-           static_cast<double>(lanes) * (laneHeight + laneGap);
-}
-
-std::vector<Line> Layout::lines() const
-{
-    std::vector<Line> lines;
-    const std::int64_t length = barsPerLine * view.ticksPerBar();
-    double top = headHeight;
-    for (std::int64_t tick = begin; tick < end; tick += length) {
-        lines.push_back({tick, std::min(tick + length, end), top});
-        top += lineHeight() + lineGap;
+    double y = rollTop();
+    for (const KeyRange& range : keys) {
+        if (number >= range.lowest) {
+            return y + rowHeight * (static_cast<double>(range.highest) - number);
+        }
+        y += rowHeight * range.size() + foldHeight;
     }
-    return lines;
+    return y;
+}
+
+double Line::rollBottom() const
+{
+    return rowTop(keys.back().lowest) + rowHeight;
+}
+
+double Line::bottom() const
+{
+    return lanes.empty()
+               ? rollBottom()
+               : rollBottom() + lanes.back().top + (lanes.back().isFlat ? flatHeight : laneHeight);
 }
 
 double Layout::width() const
@@ -155,9 +221,11 @@ double Layout::width() const
     return std::max(480.0, left() + ticks * pixelsPerTick + margin);
 }
 
-double Layout::height() const
+void Layout::moveDown(double distance)
 {
-    return headHeight + static_cast<double>(lines().size()) * (lineHeight() + lineGap);
+    for (Line& line : lines) {
+        line.top += distance;
+    }
 }
 
 Layout makeLayout(const MidiPart& part, const View& view)
@@ -167,11 +235,8 @@ Layout makeLayout(const MidiPart& part, const View& view)
     const auto [first, last] = view.bars.value_or(barsOf(part, view));
     layout.begin = (first - 1) * view.ticksPerBar();
     layout.end = last * view.ticksPerBar();
-    layout.lanes = static_cast<std::size_t>(
-        std::count_if(part.lanes.begin(), part.lanes.end(),
-                      [](const Lane& lane) { return !lane.events.empty(); }));
-    setRows(layout, part.notes);
     setScale(layout, part.notes);
+    setLines(layout, part);
     return layout;
 }
 

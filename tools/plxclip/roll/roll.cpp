@@ -7,51 +7,88 @@ namespace plxclip::roll {
 
 namespace {
 
-std::string aboutText(const Properties& clip, const MidiPart& part, const View& view)
+std::vector<std::string> aboutOf(const Properties& clip, const MidiPart& part, const View& view)
 {
-    std::string text = clip.vendor.empty() ? "" : clip.vendor + " · ";
-    text +=
-        fmt::format("{} · {} notes · key {}", nameOf(clip.partType), part.notes.size(), clip.key);
-    text += clip.tempo > 0 ? fmt::format(" · {} beats a minute", tempoText(clip.tempo)) : "";
-    text += part.styleName.empty() ? "" : " · " + part.styleName;
-    return text + fmt::format(" · drawn in {}/{} with {} ticks to the quarter note", view.beats,
-                              view.beatUnit, view.ticksPerQuarter);
-}
-
-void drawHead(Svg& svg, const Properties& clip, const MidiPart& part, const View& view)
-{
-    svg.title(clip.name);
-    svg.text({margin, 26}, "name", clip.name);
-    svg.text({margin, 43}, "about", aboutText(clip, part, view));
-}
-
-void drawLanes(const Sheet& sheet, const std::vector<Lane>& lanes)
-{
-    std::size_t place = 0;
-    for (const Lane& lane : lanes) {
-        if (!lane.events.empty()) {
-            drawLane(sheet, lane, place);
-            ++place;
-        }
+    std::vector<std::string> about = aboutClip(clip);
+    about.push_back(fmt::format("{} notes", part.notes.size()));
+    about.push_back(view.namesNumbers ? std::string(keyName(clip.key).value_or("no key"))
+                                      : fmt::format("key {}", clip.key));
+    if (clip.tempo > 0) {
+        about.push_back(fmt::format("{} beats a minute", tempoText(clip.tempo)));
     }
+    if (!part.styleName.empty()) {
+        about.push_back(part.styleName);
+    }
+    about.push_back(meterText(view));
+    about.push_back(fmt::format("{} ticks to the quarter note", view.ticksPerQuarter));
+    return about;
+}
+
+void drawLine(const Sheet& sheet, const MidiPart& part)
+{
+    sheet.svg.openGroup("line");
+    drawGrid(sheet);
+    drawEnd(sheet, part.duration);
+    drawNotes(sheet, part.notes);
+    for (const LanePlace& place : sheet.line.lanes) {
+        drawLane(sheet, place);
+    }
+    sheet.svg.closeGroup();
+}
+
+// Lanes that are flat all the time stand once, below all lines.
+void drawFlatLanes(Svg& svg, const Layout& layout, double top)
+{
+    const Sheet sheet = {svg, layout, layout.lines.front()};
+    for (const Lane* const lane : layout.flatLanes) {
+        drawFlatLane(sheet, *lane, top, layout.begin, layout.end);
+        top += flatHeight + flatGap;
+    }
+}
+
+double flatLanesHeight(const Layout& layout)
+{
+    return static_cast<double>(layout.flatLanes.size()) * (flatHeight + flatGap);
 }
 
 } // namespace
 
-std::string draw(const Properties& clip, const MidiPart& part, const View& view)
+View withMeter(View view, const MidiPart& part)
 {
-    const Layout layout = makeLayout(part, view);
-    Svg svg(layout.width(), layout.height());
-    drawHead(svg, clip, part, view);
-    for (const Line& line : layout.lines()) {
-        const Sheet sheet = {svg, layout, line};
-        svg.openGroup("line");
-        drawGrid(sheet);
-        drawEnd(sheet, part.duration);
-        drawNotes(sheet, part.notes);
-        drawLanes(sheet, part.lanes);
-        svg.closeGroup();
+    if (view.meterFrom == MeterFrom::option) {
+        return view;
     }
+    if (const auto meter = guessMeter(part.notes, view.ticksPerQuarter)) {
+        view.beats = meter->beats;
+        view.beatUnit = meter->beatUnit;
+        view.meterFrom = MeterFrom::notes;
+    }
+    return view;
+}
+
+std::string meterText(const View& view)
+{
+    const std::string_view source = view.meterFrom == MeterFrom::notes ? ", guessed from the notes"
+                                    : view.meterFrom == MeterFrom::nothing
+                                        ? ", as the notes fit no meter clearly"
+                                        : "";
+    return fmt::format("{}/{}{}", view.beats, view.beatUnit, source);
+}
+
+Picture draw(const Properties& clip, const MidiPart& part, const View& view)
+{
+    Layout layout = makeLayout(part, view);
+    const std::vector<std::string> about = aboutOf(clip, part, view);
+    layout.moveDown(headOverhang(about, layout.width()));
+    const double flatTop = layout.bottom() + lineGap;
+    const double legendTop = flatTop + flatLanesHeight(layout) + 4;
+    Svg svg(layout.width(), legendTop + legendHeight(layout, part.notes) + 4);
+    drawHead(svg, clip, about, layout.width());
+    for (const Line& line : layout.lines) {
+        drawLine({svg, layout, line}, part);
+    }
+    drawFlatLanes(svg, layout, flatTop);
+    drawLegend(svg, layout, part.notes, legendTop);
     return svg.finish();
 }
 

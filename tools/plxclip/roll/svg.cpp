@@ -23,10 +23,14 @@ text { font-family: "Noto Sans", "DejaVu Sans", "Noto Sans CJK JP", "Yu Gothic",
 .bar { stroke: #8e99a8; stroke-width: 1; }
 .bar-number { font-size: 10px; fill: #5b6675; }
 .end { fill: #5b6675; fill-opacity: 0.07; }
-.note { fill: #b9d3fb; stroke: #2f62b5; stroke-width: 1; }
+.fold { fill: #e4e8ee; stroke: #aeb6c2; stroke-width: 0.6; stroke-dasharray: 3 2; }
+.fold-text { font-size: 8.5px; fill: #5b6675; text-anchor: end; }
+.note, .shade { fill: #84b4f7; stroke: #2f62b5; stroke-width: 1; }
 .lyric { font-size: 11px; }
+.lyric.continued { font-style: italic; fill: #4a5565; }
 .phoneme { font-size: 8.5px; fill: #6a4a1f; }
-.vibrato { fill: none; stroke: #c2255c; stroke-width: 1.3; stroke-linejoin: round; }
+.vibrato, .vibrato-sample { fill: none; stroke: #c2255c; stroke-width: 1.3; stroke-linejoin: round; }
+.mark { fill: #8a1242; }
 .lane { fill: #fbfcfd; stroke: #c3cad5; stroke-width: 0.8; }
 .zero { stroke: #c3cad5; stroke-width: 0.8; stroke-dasharray: 3 3; }
 .lane-name { font-size: 10px; font-weight: bold; text-anchor: end; }
@@ -35,6 +39,10 @@ text { font-family: "Noto Sans", "DejaVu Sans", "Noto Sans CJK JP", "Yu Gothic",
 .curve { fill: none; stroke: #2b8a6e; stroke-width: 1.4; }
 .event { fill: #2b8a6e; }
 .event-value { font-size: 8px; fill: #1c5f4b; }
+.extreme { font-weight: bold; }
+.flat-value, .seconds { font-size: 9px; fill: #5b6675; }
+.legend-text { font-size: 9.5px; fill: #5b6675; }
+.wave { fill: #2b8a6e; stroke: #2b8a6e; stroke-width: 0.6; }
 </style>
 )";
 
@@ -99,8 +107,9 @@ std::string escaped(std::string_view text)
     return result;
 }
 
-Svg::Svg(double width, double height)
-    : output(fmt::format("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+Svg::Svg(double pictureWidth, double pictureHeight)
+    : width(pictureWidth), height(pictureHeight),
+      output(fmt::format("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
                          "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"{0:.0f}\" "
                          "height=\"{1:.0f}\" viewBox=\"0 0 {0:.0f} {1:.0f}\">\n",
                          width, height))
@@ -155,9 +164,9 @@ void Svg::title(std::string_view content)
     fmt::format_to(std::back_inserter(output), "<title>{}</title>\n", escaped(content));
 }
 
-std::string Svg::finish()
+Picture Svg::finish()
 {
-    return output + "</svg>\n";
+    return {output + "</svg>\n", width, height};
 }
 
 } // namespace plxclip::roll

@@ -22,6 +22,18 @@ struct Box {
     double height;
 };
 
+inline bool overlap(const Box& a, const Box& b)
+{
+    return a.x < b.x + b.width && b.x < a.x + a.width && a.y < b.y + b.height &&
+           b.y < a.y + a.height;
+}
+
+struct Picture {
+    std::string svg;
+    double width;
+    double height;
+};
+
 // Text for an element or an attribute. Characters that XML does not allow become U+FFFD.
 std::string escaped(std::string_view text);
 
@@ -43,9 +55,11 @@ public:
     void title(std::string_view content);
 
     // The whole picture; nothing can be added afterwards.
-    std::string finish();
+    Picture finish();
 
 private:
+    double width;
+    double height;
     std::string output;
 };
 

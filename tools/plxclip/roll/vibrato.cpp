@@ -27,10 +27,10 @@ double valueAt(const std::vector<Point>& points, double pos)
     return last.value + share * (next->value - last.value);
 }
 
-// Deeper waves are higher, faster ones shorter.
+// Deeper waves are higher, faster ones shorter. None leaves its note, where another one may be.
 double heightOf(double depth)
 {
-    return 0.8 + 4.2 * depth / most;
+    return 0.6 + 2.2 * depth / most;
 }
 
 double lengthOf(double rate)
@@ -40,14 +40,14 @@ double lengthOf(double rate)
 
 } // namespace
 
-// The vibrato is the last part of its note; its line runs along the upper edge, above the lyric.
+// The vibrato is the last part of its note; its line runs along the lower edge, below the lyric.
 void drawVibrato(const Sheet& sheet, const Note& note)
 {
     constexpr double step = 1;
     const Vibrato& vibrato = note.vibrato;
-    const std::int64_t end = std::int64_t{note.pos} + note.duration;
+    const std::int64_t end = endOf(note);
     const double origin = sheet.layout.x(sheet.line, end - vibrato.duration);
-    const double middle = sheet.layout.rowTop(sheet.line, note.number) - 5;
+    const double middle = sheet.line.rowTop(note.number) + rowHeight - 3.8;
     std::vector<Place> points;
     double phase = 0;
     for (double x = origin; x <= sheet.layout.x(sheet.line, end); x += step) {

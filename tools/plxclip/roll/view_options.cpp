@@ -14,6 +14,7 @@ void setMeter(View& view, const std::string& text)
     }
     view.beats = static_cast<int>(beats);
     view.beatUnit = static_cast<int>(unit);
+    view.meterFrom = MeterFrom::option;
 }
 
 } // namespace
@@ -38,7 +39,7 @@ CLI::Option* addMeter(CLI::App& command, View& view)
     return command
         .add_option_function<std::string>(
             "--meter", [&view](const std::string& text) { setMeter(view, text); },
-            "4/4 if not given")
+            "Guessed from the notes if not given, 4/4 if none fits clearly")
         ->type_name("N/M");
 }
 

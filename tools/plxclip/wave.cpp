@@ -1,4 +1,4 @@
-#include "gallery/wave.h"
+#include "wave.h"
 
 #include <algorithm>
 #include <array>
@@ -11,7 +11,7 @@
 
 #include "paths.h"
 
-namespace plxclip::gallery {
+namespace plxclip {
 
 namespace {
 
@@ -237,4 +237,4 @@ Wave readWave(const std::string& path)
                : waveWithout("The wave file cannot be read, so there is no waveform.");
 }
 
-} // namespace plxclip::gallery
+} // namespace plxclip

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-namespace plxclip::gallery {
+namespace plxclip {
 
 struct Wave {
     float seconds = 0;
@@ -20,4 +20,4 @@ struct Wave {
 // Reads PCM of 16, 24 and 32 bits and floats of 32 and 64 bits.
 Wave readWave(const std::string& path);
 
-} // namespace plxclip::gallery
+} // namespace plxclip
