@@ -362,6 +362,9 @@ class Picture(ToolTest):
         for index, (text, one) in enumerate(boxes):
             clashes = [other for other, place in boxes[index + 1:] if one.overlaps(place)]
             self.assertEqual(clashes, [], f"on {text}")
+        for group in drawing.groups("controller"):
+            values = drawing.all("text", "event-value", group)
+            self.assertLessEqual(len(values), 1 + len(drawing.all("rect", "event", group)), "none twice")
         bodies = [rectangle_box(each) for each in drawing.all("rect", "note")]
         for group in drawing.groups("sung"):
             body = rectangle_box(drawing.rectangles(group, "note")[0])

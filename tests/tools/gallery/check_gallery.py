@@ -56,7 +56,7 @@ class Output(GalleryTest):
         library = SOURCES / "examples/library"
         catalogue, _, _ = self.read(folder=library)
         listed = self.tool_json("list", PROGRAMS.path(library))["clips"]
-        own = ("index", "path", "reads", "lost", "noted")
+        own = ("index", "path", "reads", "lost", "noted", "lyrics")
         self.assertEqual([{key: value for key, value in clip.items() if key not in own}
                           for clip in catalogue["clips"]],
                          [{key: value for key, value in clip.items() if key != "path"} for clip in listed])
@@ -71,6 +71,56 @@ class Output(GalleryTest):
                 self.assertEqual(unpacked(part), expected(shown))
                 compared += 1
         self.assertGreaterEqual(compared, 5)
+
+    def parts_by_name(self, *options):
+        catalogue, parts, _ = self.read(*options)
+        return [(clip["name"], part) for clip, part in zip(catalogue["clips"], parts, strict=True)]
+
+    def test_meters(self):
+        """Only a meter that fits clearly is guessed; most songs of the library show one."""
+        library = SOURCES / "examples/library"
+        catalogue, parts, _ = self.read(folder=library)
+        meters = {clip["name"]: (part["meterText"].partition(",")[0] if "guessed" in part["meterText"] else None)
+                  for clip, part in zip(catalogue["clips"], parts, strict=True) if "notes" in part}
+        for name in ("Row, Row, Row Your Boat", "Greensleeves", "Stille Nacht", "Three Blind Mice"):
+            self.assertEqual(meters[name], "6/8", name)
+        for name in ("Guten Abend, gut' Nacht", "Amazing Grace"):
+            self.assertEqual(meters[name], "3/4", name)
+        for name in ("Jingle Bells", "Frère Jacques", "Auld Lang Syne", "ちょうちょう"):
+            self.assertEqual(meters[name], "4/4", name)
+        for name in ("Drunken Sailor", "La donna è mobile (opening)", "さくら (はじめ)"):
+            self.assertIsNone(meters[name], name)
+        self.assertEqual({tuple(part["meter"]) for part in parts if part.get("meterText", "").startswith("6/8")},
+                         {(6, 8)})
+
+    def test_a_meter_that_was_given(self):
+        write_clip(self.clips / "a", properties(1, "midi"), midi([note(each * 720, 720, 60) for each in range(20)]))
+        write_clip(self.clips / "b", properties(2, "midi"), midi(
+            [note(480 * each, 480, 60) for each in range(40)]))
+        write_clip(self.clips / "c", properties(3, "midi"), midi(
+            [note(bar * 2400 + pos, length, 60) for bar in range(6) for pos, length in ((0, 1440), (1440, 960))]))
+        write_clip(self.clips / "d", properties(4, "midi"), midi(
+            [note(bar * 1680 + pos, length, 60) for bar in range(-1, 6) for pos, length in ((0, 960), (960, 720))],
+            duration=10080))
+        texts = {name: part["meterText"] for name, part in self.parts_by_name()}
+        self.assertEqual(texts, {"Made 1": "6/8, guessed from the notes",
+                                 "Made 2": "4/4, as the notes fit no meter clearly",
+                                 "Made 3": "5/4, guessed from the notes", "Made 4": "7/8, guessed from the notes"})
+        self.assertEqual({(part["meterText"], *part["meter"]) for part in self.read("--meter", "2/4")[1]},
+                         {("2/4", 2, 4)})
+
+    def test_keys_far_from_all_notes_are_left_out(self):
+        write_clip(self.clips / "a", properties(1, "midi"), midi(
+            [note(0, 480, number) for number in (0, 60, 72, 84, 97, 127)]))
+        write_clip(self.clips / "b", properties(2, "midi"), midi([], duration=480))
+        self.assertEqual({name: part["keys"] for name, part in self.parts_by_name()},
+                         {"Made 1": [125, 127, 95, 99, 58, 86, 0, 2], "Made 2": [60, 72]})
+
+    def test_lyrics_to_search(self):
+        lyrics = ["Freu", "de", "-", "schö", "ner", "ー", "さ", ""]
+        write_clip(self.clips / "a", properties(1, "midi"), midi(
+            [note(480 * index, 480, 60, lyric=lyric) for index, lyric in enumerate(lyrics)]))
+        self.assertEqual(self.read()[0]["clips"][0]["lyrics"], "Freudeschönerさ")
 
     def test_findings_are_those_of_check(self):
         library = SOURCES / "examples/library"

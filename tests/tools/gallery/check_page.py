@@ -291,6 +291,22 @@ class Clip(PageTest):
             (part["usual"] | row[6])["vibrato"]["duration"] > 0 for row in part["notes"]))
         self.assertEqual(self.texts(".lane-name"), [lane["name"] for lane in part["lanes"] if lane["events"]])
 
+    def test_search_finds_lyrics(self):
+        for words, name in (("Freude schö", "An die Freude"), ("SCHONER gotter", "An die Freude"),
+                            ("やよい", "さくらさくら")):
+            self.type(words)
+            self.assertIn(name, self.names(), words)
+            self.assertLess(len(self.names()), 4, words)
+        self.type("Freude schörer")
+        self.assertEqual(self.names(), [])
+
+    def test_says_the_meter(self):
+        self.open(self.clip_named("Greensleeves")["id"])
+        facts = dict(zip(self.texts("dt"), self.texts("dd"), strict=True))
+        self.assertEqual(facts["Meter"], "6/8, guessed from the notes")
+        bars = self.texts(".bar-number")
+        self.assertEqual(bars, [str(bar) for bar in range(1, 18)])
+
     def test_table_of_notes_agrees_with_show(self):
         clip = self.clip_named("さくらさくら")
         self.open(clip["id"])
@@ -325,7 +341,7 @@ class Clip(PageTest):
         scale = width / row[1]
         for box, each in zip(boxes, part["notes"], strict=True):
             self.assertAlmostEqual(box[0] - x, (each[0] - row[0]) * scale, delta=0.2)
-            self.assertAlmostEqual(box[1] - y, (row[2] - each[2]) * 16, delta=0.01)
+            self.assertAlmostEqual(box[1] - y, (row[2] - each[2]) * 18, delta=0.01)
             self.assertAlmostEqual(box[2], each[1] * scale, delta=0.2)
 
     def test_effects(self):
@@ -549,6 +565,16 @@ class Strange(PageTest):
             duration=2147483647))
         write_clip(folder / "long", properties(3, "midi", name="long"), midi(
             [note(each * 60, 60, 40 + each % 40) for each in range(5000)]))
+        quality = {"compID": "soft", "levelNames": ["soft"]}
+        swing = {"type": 1, "duration": 1500, "depths": [{"pos": 0, "value": 127}], "rates": []}
+        long = "s t r e N T s k w I"
+        write_clip(folder / "ugly", properties(6, "midi", name="ugly"), midi(
+            [*(note(0, 1920, number, vibrato=swing) for number in (60, 61, 64)),
+             note(1920, 60, 60, lyric="strength", phoneme=long), note(1980, 420, 0, dvqm={"attack": quality}),
+             note(2400, 480, 127, velocity=0, dvqm={"attack": quality, "release": quality}),
+             note(2880, 480, 67, singingSkill={"duration": 240, "weight": {"pre": 64, "post": 64}})],
+            [("dynamics", [(0, 64), (480, 64)]), ("air", [(960, 3)]),
+             ("pitchBend", [(0, 0), (500, -4000), (520, 0), (1540, 8000), (1560, 0)])], duration=3840))
         write_clip(folder / "empty", properties(4, "midi", name="empty"), midi([], duration=1920))
         write_clip(folder / "mine #1?%41", properties(5, "audio", name="address"),
                    {"audio": {"wavFileName": "a #1?%41.wav"}})
@@ -597,6 +623,43 @@ class Strange(PageTest):
             self.one(".play").click()
             time.sleep(0.3)
             self.one(".play").click()
+
+    def check_tidy(self):
+        """Words lie neither on each other nor on other notes; waves and marks stay on their notes."""
+        clashes = self.run_script("""
+            const box = each => each.getBoundingClientRect();
+            const overlap = (a, b) => a.left + 1 < b.right && b.left + 1 < a.right &&
+                a.top + 3 < b.bottom && b.top + 3 < a.bottom;
+            const words = [...document.querySelectorAll('.note text')];
+            const bodies = [...document.querySelectorAll('.note rect')];
+            const outside = (inner, outer) => inner.left < outer.left - 1 || inner.right > outer.right + 1 ||
+                inner.top < outer.top - 1 || inner.bottom > outer.bottom + 1;
+            return [
+                ...words.filter(word => words.some(other => other !== word && overlap(box(word), box(other)))),
+                ...words.filter(word => bodies.some(body => body.parentNode !== word.parentNode &&
+                    overlap(box(word), box(body)))),
+                ...[...document.querySelectorAll('.note .vibrato, .note .mark')].filter(each =>
+                    outside(box(each), box(each.parentNode.querySelector('rect')))),
+            ].map(each => each.outerHTML);""")
+        self.assertEqual(clashes, [])
+
+    def test_ugly_notes_are_tidy(self):
+        self.open("made-6")
+        self.wait_for(lambda: self.all(".scroller svg"), "the roll")
+        self.check_tidy()
+        self.assertEqual(len(self.all(".row")), 3 + 12 + 3)
+        self.assertEqual(self.texts(".fold-text"), ["55 keys", "55 keys"])
+        self.assertEqual(len(self.texts(".phoneme")), 4, "not on a note, not too small, not below the last key")
+        self.assertIn("strength", "".join(self.texts(".note title")))
+        self.assertEqual([each.get_attribute("class") for each in self.all(".mark")],
+                         ["mark attack", "mark attack", "mark release", "mark skill"])
+        shades = [float(each.get_attribute("fill-opacity")) for each in self.all(".note rect")]
+        self.assertLess(shades[5] + 0.3, shades[0])
+        self.assertEqual(self.texts(".lane-text"), ["64 throughout", "3 from tick 960"])
+        self.assertEqual(self.texts(".extreme"), ["8000", "-4000"])
+        legend = self.one(".legend").text
+        for word in ("velocity", "vibrato", "attack", "release", "skill", "folded"):
+            self.assertIn(word, legend)
 
     def test_address_of_a_wave_file(self):
         self.open("made-5")

@@ -53,8 +53,7 @@ void drawFold(const Sheet& sheet, const KeyRange& upper, const KeyRange& lower)
 void drawUpright(const Sheet& sheet, std::int64_t tick, std::string_view styleClass)
 {
     const double x = sheet.layout.x(sheet.line, tick);
-    sheet.svg.line({x, sheet.line.rollTop()}, {x, sheet.line.rollBottom()},
-                   styleClass);
+    sheet.svg.line({x, sheet.line.rollTop()}, {x, sheet.line.rollBottom()}, styleClass);
 }
 
 void drawBar(const Sheet& sheet, std::int64_t tick)
@@ -65,8 +64,8 @@ void drawBar(const Sheet& sheet, std::int64_t tick)
     }
     drawUpright(sheet, tick, "bar");
     const std::int64_t number = tick / view.ticksPerBar() + (tick < 0 ? 0 : 1);
-    sheet.svg.text({sheet.layout.x(sheet.line, tick) + 3, sheet.line.rollTop() - 4},
-                   "bar-number", std::to_string(number));
+    sheet.svg.text({sheet.layout.x(sheet.line, tick) + 3, sheet.line.rollTop() - 4}, "bar-number",
+                   std::to_string(number));
 }
 
 } // namespace
@@ -94,9 +93,8 @@ void drawEnd(const Sheet& sheet, std::int64_t duration)
     }
     const double left = sheet.layout.x(sheet.line, begin);
     const double top = sheet.line.rollTop();
-    sheet.svg.rectangle({left, top, sheet.layout.right(sheet.line) - left,
-                         sheet.line.rollBottom() - top},
-                        "end");
+    sheet.svg.rectangle(
+        {left, top, sheet.layout.right(sheet.line) - left, sheet.line.rollBottom() - top}, "end");
 }
 
 } // namespace plxclip::roll

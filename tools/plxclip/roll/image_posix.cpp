@@ -46,8 +46,9 @@ public:
                                     find(library, status, "cairo_surface_status") &&
                                     find(library, destroySurface, "cairo_surface_destroy") &&
                                     find(library, writePng, "cairo_surface_write_to_png_stream"))) {
-            throw Failure("a PNG or a PDF needs librsvg 2.46 or later, which is not there (on Debian "
-                          "the package librsvg2-2); draw an SVG with --svg instead");
+            throw Failure(
+                "a PNG or a PDF needs librsvg 2.46 or later, which is not there (on Debian "
+                "the package librsvg2-2); draw an SVG with --svg instead");
         }
     }
 
@@ -93,7 +94,8 @@ void require(bool isDone)
     }
 }
 
-void draw(const Renderer& renderer, const Picture& picture, Surface* surface, const Rectangle& place)
+void draw(const Renderer& renderer, const Picture& picture, Surface* surface,
+          const Rectangle& place)
 {
     require(renderer.status(surface) == successful);
     const auto* const data = reinterpret_cast<const unsigned char*>(picture.svg.data());
@@ -112,9 +114,9 @@ std::string pngOf(const Picture& picture)
     const Renderer renderer;
     const Rectangle place = {0, 0, std::round(picture.width * pixels),
                              std::round(picture.height * pixels)};
-    const auto surface = owned(renderer.newImage(argb, static_cast<int>(place.width),
-                                                 static_cast<int>(place.height)),
-                               renderer.destroySurface);
+    const auto surface = owned(
+        renderer.newImage(argb, static_cast<int>(place.width), static_cast<int>(place.height)),
+        renderer.destroySurface);
     draw(renderer, picture, surface.get(), place);
     std::string bytes;
     require(renderer.writePng(surface.get(), append, &bytes) == successful);
@@ -127,8 +129,8 @@ std::string pdfOf(const Picture& picture)
     const Renderer renderer;
     const Rectangle place = {0, 0, picture.width * points, picture.height * points};
     std::string bytes;
-    const auto surface = owned(renderer.newPdf(append, &bytes, place.width, place.height),
-                               renderer.destroySurface);
+    const auto surface =
+        owned(renderer.newPdf(append, &bytes, place.width, place.height), renderer.destroySurface);
     draw(renderer, picture, surface.get(), place);
     renderer.finish(surface.get());
     require(renderer.status(surface.get()) == successful);

@@ -77,10 +77,11 @@ double valueWidth(const Point& event)
     return textWidth(std::to_string(event.value), valueSize);
 }
 
-// Numbers beside their events and inside the lane, never on each other.
+// Numbers beside their events and inside the lane, never on each other, and none twice.
 class Values {
 public:
-    Values(const Sheet& pictureSheet, const Scale& laneScale) : sheet(pictureSheet), scale(laneScale)
+    Values(const Sheet& pictureSheet, const Scale& laneScale)
+        : sheet(pictureSheet), scale(laneScale)
     {
     }
 
@@ -88,6 +89,9 @@ public:
     // is no room or that is wanted.
     void draw(const Point& event, std::string_view styleClass, bool isBelow = false)
     {
+        if (std::ranges::count(written, event.pos) > 0) {
+            return;
+        }
         const Place place = placeOf(event);
         const double width = valueWidth(event);
         const bool hasRoomBelow = place.y + 11 < scale.top + laneHeight;
@@ -99,6 +103,7 @@ public:
                     return overlap(box, other);
                 })) {
                 taken.push_back(box);
+                written.push_back(event.pos);
                 sheet.svg.text({left, y}, styleClass, std::to_string(event.value));
                 return;
             }
@@ -120,6 +125,7 @@ private:
     const Sheet& sheet;
     const Scale& scale;
     std::vector<Box> taken;
+    std::vector<std::int32_t> written; // the places of their events
 };
 
 // The first of the highest and of the lowest values.

@@ -80,8 +80,9 @@ void drawAttack(Svg& svg, Place at)
 void drawSkill(Svg& svg, Place at)
 {
     const double middle = at.y + markHeight / 2;
-    svg.path({{at.x, middle}, {at.x + 2.5, at.y}, {at.x + 5, middle}, {at.x + 2.5, at.y + markHeight}},
-             "mark skill", true);
+    svg.path(
+        {{at.x, middle}, {at.x + 2.5, at.y}, {at.x + 5, middle}, {at.x + 2.5, at.y + markHeight}},
+        "mark skill", true);
 }
 
 void drawRelease(Svg& svg, Place at)

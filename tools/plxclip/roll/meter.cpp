@@ -30,8 +30,8 @@ std::vector<std::int64_t> onsetsOf(const std::vector<Note>& notes)
 // How many places stand at this tick of a bar.
 std::int64_t countAt(const std::vector<std::int64_t>& onsets, std::int64_t tick, std::int64_t bar)
 {
-    return std::ranges::count_if(
-        onsets, [&](std::int64_t onset) { return tickInBar(onset, bar) == tick; });
+    return std::ranges::count_if(onsets,
+                                 [&](std::int64_t onset) { return tickInBar(onset, bar) == tick; });
 }
 
 bool crossesBar(const Note& note, std::int64_t bar)
@@ -73,8 +73,7 @@ struct Candidate {
 Meter threeQuartersOrSixEighths(const std::vector<std::int64_t>& onsets, std::int64_t quarter)
 {
     const std::int64_t bar = 3 * quarter;
-    const bool isInTwo =
-        2 * countAt(onsets, bar / 2, bar) > 3 * countAt(onsets, 2 * quarter, bar);
+    const bool isInTwo = 2 * countAt(onsets, bar / 2, bar) > 3 * countAt(onsets, 2 * quarter, bar);
     return isInTwo ? Meter{6, 8} : Meter{3, 4};
 }
 

@@ -40,7 +40,8 @@ double legendHeight(const Layout& layout, const std::vector<Note>& notes);
 void drawLegend(Svg& svg, const Layout& layout, const std::vector<Note>& notes, double top);
 
 // Name and properties of the clip, and the height by which they are more than usual.
-void drawHead(Svg& svg, const Properties& clip, const std::vector<std::string>& about, double width);
+void drawHead(Svg& svg, const Properties& clip, const std::vector<std::string>& about,
+              double width);
 double headOverhang(const std::vector<std::string>& about, double width);
 
 // The part of the head that all clips have.

@@ -37,8 +37,8 @@ double secondsStep(double seconds, double width)
     constexpr std::array<double, 14> steps = {0.01, 0.02, 0.05, 0.1, 0.2, 0.5, 1,
                                               2,    5,    10,   30,  60,  300, 3600};
     constexpr double room = 60;
-    const auto found = std::ranges::find_if(
-        steps, [&](double step) { return step / seconds * width >= room; });
+    const auto found =
+        std::ranges::find_if(steps, [&](double step) { return step / seconds * width >= room; });
     return found == steps.end() ? seconds : *found;
 }
 
