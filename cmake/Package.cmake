@@ -55,6 +55,7 @@ string(CONCAT CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION "${about}"
 set(CPACK_DEBIAN_TOOLS_PACKAGE_NAME krt-plx-tools)
 set(CPACK_DEBIAN_TOOLS_PACKAGE_SECTION sound)
 set(CPACK_DEBIAN_TOOLS_PACKAGE_DEPENDS "${this_library}")
+set(CPACK_DEBIAN_TOOLS_PACKAGE_SUGGESTS librsvg2-2) # loaded for PNG and PDF
 string(CONCAT CPACK_DEBIAN_TOOLS_DESCRIPTION "${about}"
     "This package has plxclip, which lists, shows, checks and edits clips.")
 
