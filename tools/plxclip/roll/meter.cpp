@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <functional>
+#include <tuple>
 
 #include "roll/layout.h"
 
@@ -22,8 +24,7 @@ std::vector<std::int64_t> onsetsOf(const std::vector<Note>& notes)
         onsets.push_back(note.pos);
     }
     std::ranges::sort(onsets);
-    const auto rest = std::ranges::unique(onsets);
-    onsets.erase(rest.begin(), rest.end());
+    onsets.erase(std::unique(onsets.begin(), onsets.end()), onsets.end());
     return onsets;
 }
 
