@@ -2,8 +2,8 @@
 #
 #     runtime       the shared library
 #     development   headers, import libraries, the static libraries for hosts, the CMake package, the
-#                   pkg-config files, the examples, the schemas, the manual
-#     tools         plxclip
+#                   pkg-config files, the examples, the manual
+#     tools         plxclip, the schemas
 
 set(KRT_PLX_HTML_MANUAL "${PROJECT_BINARY_DIR}/docs/html" CACHE PATH
     "The manual as scripts/docs has made it; installed when it is there")
@@ -97,12 +97,23 @@ function(krt_plx_install_tools)
     install(TARGETS plxclip DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT tools)
 endfunction()
 
+# For those who make clips, so with the tools, which find them there.
+function(krt_plx_install_schemas)
+    if(TARGET plxclip)
+        set(component tools)
+    else()
+        set(component development)
+    endif()
+    install(DIRECTORY "${PROJECT_SOURCE_DIR}/docs/schemas"
+        DESTINATION "${CMAKE_INSTALL_DATADIR}/krt_plx" COMPONENT ${component})
+endfunction()
+
 # The README is that of the package: that of the sources tells how to build what is built here.
 function(krt_plx_install_documents)
     install(FILES "${PROJECT_SOURCE_DIR}/docs/package/README.md" "${PROJECT_SOURCE_DIR}/CHANGELOG.md"
             "${PROJECT_SOURCE_DIR}/LICENSE" "${PROJECT_SOURCE_DIR}/docs/copyright"
         DESTINATION "${CMAKE_INSTALL_DOCDIR}" COMPONENT development)
-    install(DIRECTORY "${PROJECT_SOURCE_DIR}/docs/schemas" "${PROJECT_SOURCE_DIR}/examples"
+    install(DIRECTORY "${PROJECT_SOURCE_DIR}/examples"
         DESTINATION "${CMAKE_INSTALL_DATADIR}/krt_plx" COMPONENT development)
     install(DIRECTORY "${KRT_PLX_HTML_MANUAL}/"
         DESTINATION "${CMAKE_INSTALL_DOCDIR}/html" COMPONENT development OPTIONAL)
@@ -118,4 +129,5 @@ if(TARGET krt_plx_kit)
     krt_plx_install_pkgconfig_file(krt_plx_kit)
 endif()
 krt_plx_install_tools()
+krt_plx_install_schemas()
 krt_plx_install_documents()

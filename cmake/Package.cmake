@@ -48,6 +48,7 @@ set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libkrt-plx-dev)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_MULTIARCH same)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "${this_library}")
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SUGGESTS krt-plx-tools)
 string(CONCAT CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION "${about}"
     "This package has what hosts are built with: the headers for C and C++, the CMake package, the "
     "pkg-config files, the kit, examples and the manual.")
@@ -57,7 +58,8 @@ set(CPACK_DEBIAN_TOOLS_PACKAGE_SECTION sound)
 set(CPACK_DEBIAN_TOOLS_PACKAGE_DEPENDS "${this_library}")
 set(CPACK_DEBIAN_TOOLS_PACKAGE_SUGGESTS librsvg2-2) # loaded for PNG and PDF
 string(CONCAT CPACK_DEBIAN_TOOLS_DESCRIPTION "${about}"
-    "This package has plxclip, which lists, shows, checks and edits clips.")
+    "This package has plxclip, which lists, shows, checks and edits clips, and JSON Schemas of their "
+    "documents.")
 
 set(CPACK_DEBIAN_PYTHON_PACKAGE_NAME python3-korvel-plx)
 set(CPACK_DEBIAN_PYTHON_PACKAGE_SECTION python)

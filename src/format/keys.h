@@ -30,6 +30,10 @@ namespace Korvel::CANTORIS::PLX::format::keys {
 using Id = Shape::Id;
 inline constexpr Need required = Need::required;
 
+// A key of both documents that is for editors of text alone: it names the schema by which they complete
+// keys. It has no row, so reader and writer ignore it; but no listener is told that it is unknown.
+inline constexpr std::string_view schemaReference = "$schema";
+
 // Stores a value in a data member, without checking it.
 template <auto member>
 struct Into {

@@ -145,7 +145,9 @@ bool Walk::Key(const char* utf8, json::SizeType length, bool)
     const std::size_t place = find(level.shape->rows, key, level.next);
     level.row = noRow;
     if (place == noRow) {
-        trail_.lostKey(LossReason::unknownKey, key, utf8 - 1);
+        if (level.shape != &document_ || key != keys::schemaReference) {
+            trail_.lostKey(LossReason::unknownKey, key, utf8 - 1);
+        }
         return true;
     }
     level.next = static_cast<std::uint32_t>(place + 1);

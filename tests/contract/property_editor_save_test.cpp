@@ -98,6 +98,20 @@ TEST_F(PropertyEditorSave, EditsAClipThatWasJustSaved)
               R"({"id":")" + id + R"(","name":"new","part":{"type":"midi","key":0}})");
 }
 
+// --- A reference to a schema --------------------------------------------------------------------------
+
+// It is for editors of text; the library writes what it knows, and that alone.
+TEST_F(PropertyEditorSave, DropsAReferenceToASchema)
+{
+    support::addClip(folder(), R"({"$schema":"s","id":"ID","name":"old","part":{"type":"midi"}})",
+                     support::midiDocument());
+    openEditor();
+    EXPECT_EQ(utf8(KRT_PLX_Clip_name(clip)), "old");
+    EXPECT_TRUE(save());
+    EXPECT_EQ(support::readFile(document()),
+              R"({"id":"ID","name":"new","part":{"type":"midi","key":0}})");
+}
+
 // --- Vendor tags --------------------------------------------------------------------------------------
 
 std::uint64_t countVendors(KRT_PLX_ClipBase* clip)

@@ -58,7 +58,7 @@ class Tree(PackageTest):
         expected = headers | self.libraries() | {"lib/pkgconfig/krt_plx.pc", "lib/pkgconfig/krt_plx_kit.pc"}
         packages = {"krt_plxConfig.cmake", "krt_plxConfigVersion.cmake", "krt_plxTargets.cmake"}
         expected |= {f"lib/cmake/krt_plx/{name}" for name in packages}
-        expected.add("share/krt_plx/krt_plx.api.json")
+        expected |= {"share/krt_plx/krt_plx.api.json", f"bin/{self.surroundings.file_name('plxclip')}"}
         expected |= self.static_library("kit", "folding_table.c", "linked.c")
         expected |= self.static_library("loaded", "functions.c")
         expected |= self.sources_in("examples") | self.sources_in("docs/schemas")

@@ -71,7 +71,7 @@ class PackageTest(unittest.TestCase):
     """A test with the installed package in self.tree, which was moved after installing."""
 
     surroundings = None
-    components = ("runtime", "development")
+    components = ("runtime", "development", "tools")
 
     @classmethod
     def setUpClass(cls):

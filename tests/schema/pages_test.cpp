@@ -57,4 +57,20 @@ TEST_F(PagesTest, ClipFormat)
     expectGoodDocuments("docs/clip-format.md", 2);
 }
 
+// What an editor of text needs is a text by the schemas; the library ignores it, whatever it is.
+TEST_F(PagesTest, AReferenceToASchema)
+{
+    const std::string members =
+        R"("id":"a","name":"a","part":{"type":"midi"},)"
+        R"("midi":{"duration":1,"voice":{"compID":"0123456789ABCDEF","langID":0}}})";
+    for (const auto& [value, isGood] : {std::pair(R"("s")", true), std::pair("7", false)}) {
+        const std::string text = std::string(R"({"$schema":)") + value + "," + members;
+        for (const char* const name : {"property", "data", "standalone"}) {
+            EXPECT_EQ(Schema(name).accepts(schema::parse(text)), isGood) << name << " " << value;
+        }
+        EXPECT_NE(readProperties(text), nullptr);
+        EXPECT_NE(readPart(text), nullptr);
+    }
+}
+
 } // namespace

@@ -16,6 +16,7 @@ import subprocess
 import sys
 import tempfile
 import unittest
+import urllib.parse
 import wave
 import zlib
 
@@ -796,6 +797,40 @@ class Change(ToolTest):
             (0, 480, 60, "do", "do", 4), (480, 240, 62, "re", "re", 4), (960, 480, 66, "la", "la", 4),
             (1440, 960, 58, "ti", "ti", 4), (2400, 480, 127, "la", "la", 4)])
         self.run_tool("check", "--user", target, target)
+
+    def documents_of_new(self, target, *options):
+        """The documents of a clip that is made, as texts, by the names of their schemas."""
+        lines = self.run_tool("new", target, "--name", "Scale", "--voice", "voralin-alto-001", "--notes", "C4:1 do",
+                              *options).lines
+        folder = target / self.saved(lines)
+        return {"property": folder / "property.json", "data": folder / f"{folder.name}.kxclip"}
+
+    def test_new_names_the_schemas(self):
+        target = self.scratch / "new"
+        plain = {name: path.read_text(encoding="utf-8")
+                 for name, path in self.documents_of_new(target, "--no-schema").items()}
+        for name, path in self.documents_of_new(target).items():
+            with self.subTest(name):
+                text = path.read_text(encoding="utf-8")
+                url = json.loads(text)["$schema"]
+                self.assertTrue(text.startswith('{\n    "$schema": "'), text[:40])
+                self.assertNotIn("$schema", plain[name])
+                schema = pathlib.Path(urllib.parse.unquote(url).removeprefix("file://" + "/Z:" * bool(PROGRAMS.suffix)))
+                self.assertEqual(schema.read_bytes(),
+                                 (SOURCES / f"docs/schemas/{name}.schema.json").read_bytes())
+        self.assertEqual(self.json("check", "--user", target, target)["summary"]["noted"], 0)
+
+    def test_edit_keeps_the_schema_and_copy_drops_it(self):
+        target = self.scratch / "new"
+        documents = self.documents_of_new(target)
+        before = documents["property"].read_text(encoding="utf-8")
+        self.run_tool("edit", target, "Scale", "--name", "Ladder")
+        self.assertEqual(documents["property"].read_text(encoding="utf-8"), before.replace("Scale", "Ladder"))
+        lines = self.run_tool("copy", "--user", target, target, "Ladder", target).lines
+        copies = list((target / self.saved(lines)).iterdir())
+        self.assertEqual(len(copies), 2)
+        for path in copies:
+            self.assertNotIn("$schema", path.read_text(encoding="utf-8"))
 
     def test_new_for_an_ai_voice(self):
         target = self.scratch / "new"

@@ -138,6 +138,33 @@ TEST(FormatLosses, NameUnknownAndRepeatedKeys)
                             Told{LossReason::repeatedKey, "/midi/notes/0/exp/decay", "\"dec"}));
 }
 
+std::vector<Told> lossesOfProperties(const std::string& document)
+{
+    Notes notes;
+    std::string bytes = document;
+    plx::ClipProperties properties;
+    EXPECT_TRUE(format::DocumentReader().readProperties(bytes, properties, &notes));
+    return toldOf(notes.losses, document);
+}
+
+// It is for editors of text, and no host misses it.
+TEST(FormatLosses, LeaveOutTheReferenceToASchemaOfAWholeDocument)
+{
+    const std::string part = midi("").substr(1);
+    for (const char* const value : {"\"a.json\"", "5", "null", "[{}]"}) {
+        EXPECT_THAT(lossesOfPart(std::string(R"({"$schema":)") + value + "," + part), IsEmpty());
+        EXPECT_THAT(lossesOfProperties(std::string(R"({"$schema":)") + value +
+                                       R"(,"id":"a","name":"a","part":{"type":"midi"}})"),
+                    IsEmpty());
+    }
+    EXPECT_THAT(lossesOfPart(R"({"schema":"a",)" + part),
+                ElementsAre(Told{LossReason::unknownKey, "/schema", "\"sch"}));
+    EXPECT_THAT(lossesOfPart(midi(R"(,"$schema":"a")")),
+                ElementsAre(Told{LossReason::unknownKey, "/midi/$schema", "\"$sc"}));
+    EXPECT_THAT(lossesOfProperties(R"({"id":"a","name":"a","part":{"type":"midi","$schema":"a"}})"),
+                ElementsAre(Told{LossReason::unknownKey, "/part/$schema", "\"$sc"}));
+}
+
 TEST(FormatLosses, OfWhatWaitsForItsNoteHaveTheirOwnPlaces)
 {
     EXPECT_THAT(

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <filesystem>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -24,6 +25,9 @@ private:
 
 // The command line in UTF-8, the program's name first.
 std::vector<std::string> commandLine(int argc, char** argv);
+
+// The file of this program; empty if the system does not tell.
+std::filesystem::path programFile();
 
 enum class Stream { output, error };
 

@@ -16,6 +16,13 @@ std::vector<std::string> commandLine(int argc, char** argv)
     return {argv, argv + argc};
 }
 
+// Not every system of this kind has such a link.
+std::filesystem::path programFile()
+{
+    std::error_code error;
+    return std::filesystem::read_symlink("/proc/self/exe", error);
+}
+
 bool isTerminal(Stream stream)
 {
     return isatty(stream == Stream::output ? STDOUT_FILENO : STDERR_FILENO) != 0;

@@ -67,6 +67,14 @@ std::vector<std::string> commandLine(int argc, char** argv)
     return arguments;
 }
 
+std::filesystem::path programFile()
+{
+    constexpr std::size_t longestPath = 32768;
+    std::wstring path(longestPath, L'\0');
+    path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
+    return path;
+}
+
 bool isTerminal(Stream stream)
 {
     DWORD mode = 0;

@@ -10,6 +10,7 @@
 #include "naming.h"
 #include "options.h"
 #include "paths.h"
+#include "schema_reference.h"
 
 namespace plxclip {
 
@@ -30,6 +31,7 @@ struct NewOptions {
     std::vector<std::string> genres;
     std::int32_t ticks = 480;
     bool isForAi = false;
+    bool hasNoSchema = false;
 };
 
 [[noreturn]] void failToMake(const NewOptions& options, const std::string& why)
@@ -90,6 +92,11 @@ ExitStatus make(const NewOptions& options)
     if (!saved) {
         failToMake(options, std::string(plx::textOf(saved.code)));
     }
+    if (!options.hasNoSchema && !referToSchemas(pathOf(pathText(saved.clip.path())))) {
+        throw Failure(fmt::format("\"{}\" is saved, but \"$schema\" cannot be written into its "
+                                  "documents; see whether the disk is full: {}",
+                                  options.name, pathText(saved.clip.path())));
+    }
     print(fmt::format("{} {}\n{}\n", styled(Style::good, "Saved"), plx::toUtf8(saved.clip.id()),
                       pathText(saved.clip.path())));
     return exitDone;
@@ -122,6 +129,8 @@ void addDescription(CLI::App& command, NewOptions& options)
     command.add_option("--ticks", options.ticks, "Ticks to the beat")
         ->check(CLI::Range(1, 100000))
         ->capture_default_str();
+    command.add_flag("--no-schema", options.hasNoSchema,
+                     "Do not name the JSON Schemas, which editors of text use, in its documents");
     for (const auto& [name, tags] :
          {std::pair("--add-type", &options.types), std::pair("--add-genre", &options.genres)}) {
         command.add_option(name, *tags, "Give it this tag")

@@ -311,6 +311,15 @@ class Decisions(FixTest):
         self.fix(code=1)
         self.assertEqual(self.files(), before)
 
+    def test_a_reference_to_a_schema_is_no_unknown_key_and_stays(self):
+        data = DATA.replace("{", '{ "$schema": "data.schema.json",', 1).replace("}", ",}")
+        self.write_clip("a", properties=PROPERTIES.replace("{", '{ "$schema": "p",', 1).replace("11200", "11200.0"),
+                        data=data)
+        self.assertEqual(self.fix()["clips"][0]["left"], [])
+        for document in ("a/property.json", "a/clip.kxclip"):
+            self.assertIn('{ "$schema": ', self.read(document))
+        self.assertEqual(self.check(code=0)["a/clip.kxclip"]["findings"], [])
+
     def test_unknown_keys_order_and_indentation_stay(self):
         text = ('{\t"x": {"deep": [ 1,2 ]},\r\n  "part" :{"tempo":120.0,"type":"midi" , "y":1e5},\r\n\r\n'
                 '\t"name":"n", "id": "a","$schema": "s" }\r\n')
