@@ -3,7 +3,7 @@
 #     runtime       the shared library
 #     development   headers, import libraries, the static libraries for hosts, the CMake package, the
 #                   pkg-config files, the examples, the manual
-#     tools         plxclip, the schemas
+#     tools         plxclip, its completion in shells, its manual pages, the schemas
 
 set(KRT_PLX_HTML_MANUAL "${PROJECT_BINARY_DIR}/docs/html" CACHE PATH
     "The manual as scripts/docs has made it; installed when it is there")
@@ -97,6 +97,32 @@ function(krt_plx_install_tools)
     install(TARGETS plxclip DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT tools)
 endfunction()
 
+set(KRT_PLX_ZSH_COMPLETIONS "${CMAKE_INSTALL_DATADIR}/zsh/site-functions" CACHE STRING
+    "Where zsh looks for completion; distributions have folders of their own for it")
+
+# Where the shells and man look for it by themselves. PowerShell looks nowhere.
+function(krt_plx_install_help_of_tools)
+    if(NOT TARGET plxclip)
+        return()
+    endif()
+    set(completion "${PROJECT_SOURCE_DIR}/tools/plxclip/completion")
+    install(FILES "${completion}/plxclip.ps1"
+        DESTINATION "${CMAKE_INSTALL_DATADIR}/krt_plx/completion" COMPONENT tools)
+    if(WIN32)
+        return()
+    endif()
+    install(FILES "${completion}/plxclip.bash" RENAME plxclip
+        DESTINATION "${CMAKE_INSTALL_DATADIR}/bash-completion/completions" COMPONENT tools)
+    install(FILES "${completion}/_plxclip"
+        DESTINATION "${KRT_PLX_ZSH_COMPLETIONS}" COMPONENT tools)
+    install(FILES "${completion}/plxclip.fish"
+        DESTINATION "${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d" COMPONENT tools)
+    get_target_property(pages plxclip KRT_PLX_MANUAL_PAGES)
+    if(pages)
+        install(DIRECTORY "${pages}/" DESTINATION "${CMAKE_INSTALL_MANDIR}/man1" COMPONENT tools)
+    endif()
+endfunction()
+
 # For those who make clips, so with the tools, which find them there.
 function(krt_plx_install_schemas)
     if(TARGET plxclip)
@@ -129,5 +155,6 @@ if(TARGET krt_plx_kit)
     krt_plx_install_pkgconfig_file(krt_plx_kit)
 endif()
 krt_plx_install_tools()
+krt_plx_install_help_of_tools()
 krt_plx_install_schemas()
 krt_plx_install_documents()

@@ -7,6 +7,7 @@
 #include <fmt/format.h>
 
 #include "commands.h"
+#include "completion/service.h"
 #include "console.h"
 
 namespace plxclip {
@@ -83,6 +84,9 @@ int run(const std::vector<std::string>& arguments)
     Work chosen;
     describe(app);
     addCommands(app, chosen);
+    if (const auto status = completion::serve(app, arguments)) {
+        return *status;
+    }
     std::vector<const char*> pointers;
     for (const std::string& argument : arguments) {
         pointers.push_back(argument.c_str());

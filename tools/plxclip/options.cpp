@@ -31,6 +31,20 @@ void addClip(CLI::App& command, std::string& folder, std::string& clip)
         ->required();
 }
 
+std::vector<std::string> wordsOf(const CLI::Option& option)
+{
+    const std::string& description = option.get_description();
+    const std::size_t colon = description.rfind(": ");
+    if (option.get_type_name() != "WORD" || colon == std::string::npos) {
+        return {};
+    }
+    std::vector<std::string> words = CLI::detail::split(description.substr(colon + 2), ',');
+    for (std::string& word : words) {
+        CLI::detail::trim(word);
+    }
+    return words;
+}
+
 std::uint32_t parseTempo(const std::string& text)
 {
     char* end = nullptr;

@@ -67,6 +67,9 @@ CLI::Option* addWordOption(CLI::App& command, const std::string& name, Target& t
         ->type_name("WORD");
 }
 
+// The words that such an option takes, which are at the end of its description; none for another one.
+std::vector<std::string> wordsOf(const CLI::Option& option);
+
 // Hundredths of a beat a minute from text such as "112.5".
 std::uint32_t parseTempo(const std::string& text);
 
