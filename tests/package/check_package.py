@@ -52,6 +52,16 @@ class Tree(PackageTest):
         return {f"share/krt_plx/{root.name}/{path.relative_to(root)}" for path in root.rglob("*")
                 if path.is_file()}
 
+    def help_of_tools(self):
+        """Completion in shells, and manual pages."""
+        files = {"share/krt_plx/completion/plxclip.ps1"}
+        if self.surroundings.is_windows:
+            return files
+        pages = {f"share/man/man1/{path.name}" for path in (self.surroundings.build / "share/man/man1").iterdir()}
+        self.assertGreater(len(pages), 10)
+        return files | pages | {"share/bash-completion/completions/plxclip", "share/zsh/site-functions/_plxclip",
+                                "share/fish/vendor_completions.d/plxclip.fish"}
+
     def test_holds_what_a_host_needs(self):
         headers = self.headers()
         self.assertGreater(len(headers), 10)
@@ -64,6 +74,7 @@ class Tree(PackageTest):
         expected |= self.sources_in("examples") | self.sources_in("docs/schemas")
         expected |= {f"share/doc/krt_plx/{name}"
                      for name in ("README.md", "CHANGELOG.md", "LICENSE", "copyright")}
+        expected |= self.help_of_tools()
         self.assertEqual(expected - self.files(), set())
         foreign = {name for name in self.files() - expected
                    if not name.startswith(("share/doc/", "lib/cmake/krt_plx/krt_plxTargets-"))}
@@ -152,6 +163,9 @@ class DebianPackages(PackageTest):
             found = root / "usr/share/doc" / package.name.partition("_")[0] / "copyright"
             self.assertEqual(found.read_bytes(), expected.read_bytes(), package.name)
             self.assertEqual(list(root.rglob("LICENSE")), [])
+            self.assertEqual(list(root.rglob("man1/*.1")), [], "manual pages have to be compressed")
+        tools = next((self.folder / package.stem for package in packages if "tools" in package.name))
+        self.assertGreater(len(list(tools.glob("usr/share/man/man1/plxclip*.1.gz"))), 10)
 
 
 class Python(PackageTest):
