@@ -32,9 +32,9 @@ bool takesValue(const CLI::Option& option)
 // --- What stands on the line --------------------------------------------------------------------------
 
 struct Line {
-    const CLI::App* command = nullptr;      // null before there is one
-    const CLI::Option* awaiting = nullptr;  // an option whose value comes next
-    bool isBeyondOptions = false;           // behind "--"
+    const CLI::App* command = nullptr;     // null before there is one
+    const CLI::Option* awaiting = nullptr; // an option whose value comes next
+    bool isBeyondOptions = false;          // behind "--"
     bool makesSense = true;
     std::vector<std::string> positionals = {};
     std::vector<std::string> userFolders = {};
@@ -217,8 +217,8 @@ Answer optionNames(const CLI::App& command)
 {
     Answer answer;
     for (const CLI::Option* const option : optionsOf(command)) {
-        for (const std::string& name : option->get_group().empty() ? std::vector<std::string>()
-                                                                   : option->get_lnames()) {
+        for (const std::string& name :
+             option->get_group().empty() ? std::vector<std::string>() : option->get_lnames()) {
             answer.candidates.push_back({"--" + name, option->get_description()});
         }
     }

@@ -25,9 +25,8 @@ bool isSmall(const std::string& folder)
     std::error_code error;
     std::size_t entries = 0;
     // A library follows links, too.
-    for (fs::recursive_directory_iterator entry(pathOf(folder),
-                                                fs::directory_options::follow_directory_symlink,
-                                                error);
+    for (fs::recursive_directory_iterator entry(
+             pathOf(folder), fs::directory_options::follow_directory_symlink, error);
          !error && entry != fs::recursive_directory_iterator(); entry.increment(error)) {
         if (++entries > mostEntries) {
             return false;

@@ -105,11 +105,13 @@ Footer footerOf(const CLI::App& app)
 
 std::string textOf(const Footer& footer, const Footer& ofProgram)
 {
-    const std::string& status = footer.exitStatus.empty() ? ofProgram.exitStatus : footer.exitStatus;
+    const std::string& status =
+        footer.exitStatus.empty() ? ofProgram.exitStatus : footer.exitStatus;
     std::string text = footer.notes.empty() ? "" : section("NOTES") + footer.notes;
     text += section("EXIT STATUS") + status;
-    return footer.examples.empty() ? text
-                                   : text + section("EXAMPLES") + ".nf\n" + footer.examples + ".fi\n";
+    return footer.examples.empty()
+               ? text
+               : text + section("EXAMPLES") + ".nf\n" + footer.examples + ".fi\n";
 }
 
 // --- Options ------------------------------------------------------------------------------------------
@@ -159,7 +161,8 @@ std::string optionsText(const CLI::App& app)
     std::string text = section("OPTIONS");
     for (const std::string& group : app.get_groups()) {
         Options members = optionsOf(app, false);
-        std::erase_if(members, [&group](const auto* option) { return option->get_group() != group; });
+        std::erase_if(members,
+                      [&group](const auto* option) { return option->get_group() != group; });
         const bool hasTitle = group != "Options" && !members.empty();
         text += hasTitle ? fmt::format(".SS {}\n", roff(group)) : "";
         text += entriesOf(app, members);
@@ -214,9 +217,8 @@ std::string pageOf(const CLI::App& app, const CLI::App& command)
     const std::string description = command.get_description();
     return beginning(app.get_name() + "-" + command.get_name(), description) +
            synopsisOf(app, command) + section("DESCRIPTION") + roff(description) + ".\n" +
-           argumentsOf(command) + optionsText(command) +
-           textOf(footerOf(command), footerOf(app)) + section("SEE ALSO") +
-           reference(app.get_name()) + "\n";
+           argumentsOf(command) + optionsText(command) + textOf(footerOf(command), footerOf(app)) +
+           section("SEE ALSO") + reference(app.get_name()) + "\n";
 }
 
 std::string pageOfProgram(const CLI::App& app, const std::vector<const CLI::App*>& commands)
