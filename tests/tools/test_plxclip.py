@@ -849,8 +849,8 @@ class Change(ToolTest):
                 result = self.run_tool("new", target, "--name", "N", "--voice", "voralin-alto-001", "--notes", notes,
                                        code=USAGE)
                 self.assertIn(words, result.errors)
-        result = self.run_tool("new", target, "--name", "N", "--voice", "short", "--notes", "C4:1", code=PROBLEM)
-        self.assertIn("is not made", result.errors)
+        result = self.run_tool("new", target, "--name", "N", "--voice", "short", "--notes", "C4:1", code=USAGE)
+        self.assertIn("the ID of a voice has 16", result.errors)
         self.assertEqual(list(target.glob("*")), [])
 
     def test_remove_asks(self):
@@ -1002,10 +1002,10 @@ class Failures(ToolTest):
         self.assert_fails(PROBLEM, "cannot be written", "show", self.library, "Scala", "--svg", file)
 
     def test_wrong_command_lines(self):
-        commands = "list, show, check, gallery, fix, edit, remove, copy, new, clean"
+        commands = "list, show, check, gallery, fix, edit, remove, copy, new, clean, help"
         self.assert_fails(USAGE, f"no command given; there are {commands}")
         self.assert_fails(USAGE, f'"burn" is no command; there are {commands}', "burn", self.library)
-        self.assert_fails(USAGE, "--help", "show", self.library)
+        self.assert_fails(USAGE, "plxclip help show", "show", self.library)
         self.assert_fails(USAGE, "no DIR given", "list")
         self.assert_fails(USAGE, "audio, midi, midiAi", "list", self.library, "--part", "both")
         self.assert_fails(USAGE, "--tempo", "list", self.library, "--tempo", "fast")
@@ -1028,7 +1028,7 @@ class Console(ToolTest):
 
     def test_help(self):
         text = "\n".join(self.run_tool("--help").lines)
-        for command in ("list", "show", "check", "gallery", "fix", "edit", "remove", "copy", "new", "clean"):
+        for command in ("list", "show", "check", "gallery", "fix", "edit", "remove", "copy", "new", "clean", "help"):
             self.assertRegex(text, rf"(?m)^ +{command} ")
         self.assertIn("Exit status", text)
         self.assertIn("--tempo", "\n".join(self.run_tool("list", "--help").lines))

@@ -8,7 +8,7 @@
 
 #include "commands.h"
 #include "paths.h"
-#include "search.h"
+#include "plain.h"
 
 namespace plxclip {
 
@@ -23,12 +23,24 @@ bool isFolder(const files::path& path)
     return files::is_directory(path, error);
 }
 
+// The library separates folders by backslashes, on every system.
+void requireName(const std::string& folder)
+{
+    if (files::path::preferred_separator != '\\' && folder.find('\\') != std::string::npos) {
+        throw Failure(
+            fmt::format("\"{}\" has a \"\\\" in its name, which stands between folders in the "
+                        "library's paths; give it another name",
+                        folder));
+    }
+}
+
 void requireFolder(const std::string& folder)
 {
     if (!isFolder(pathOf(folder))) {
         throw Failure(fmt::format(
             "there is no folder \"{}\"; name a folder that has clips somewhere below it", folder));
     }
+    requireName(folder);
 }
 
 bool isLibrary(const std::string& folder)
@@ -79,18 +91,25 @@ std::string idsOf(const std::vector<plx::Clip>& clips)
 // A hint at what the user may have meant.
 std::string similarTo(const std::string& name, const std::vector<plx::Clip>& clips)
 {
+    constexpr std::size_t most = 10;
     std::string text;
+    std::size_t found = 0;
     for (const plx::Clip clip : clips) {
         const std::string candidate = plx::toUtf8(clip.name());
-        if (containsIgnoringCase(candidate, name)) {
-            text += fmt::format("\n  {}", candidate);
-        }
+        const bool isSimilar = isWantedText(candidate, name);
+        found += isSimilar ? 1 : 0;
+        text += isSimilar && found <= most ? fmt::format("\n  {}", candidate) : "";
     }
-    return text;
+    return found > most ? text + fmt::format("\n  and {} more", found - most) : text;
 }
 
 [[noreturn]] void failToFind(const std::string& idOrName, const std::vector<plx::Clip>& clips)
 {
+    if (clips.empty()) {
+        throw Failure(
+            "there are no clips; \"plxclip check\" tells whether there are clip files that are "
+            "not listed");
+    }
     const std::string similar = similarTo(idOrName, clips);
     throw Failure(fmt::format("no clip has the ID or the name \"{}\"; {}", idOrName,
                               similar.empty() ? "\"plxclip list --long\" shows those that there are"
@@ -106,12 +125,13 @@ Folders foldersOf(const std::vector<std::string>& folders,
         throw Failure("no DIR given: name a folder that has clips somewhere below it", exitUsage);
     }
     Folders result;
+    std::vector<std::string>& others = userFolders.empty() ? result.user : result.system;
     for (const std::string& folder : folders) {
         requireFolder(folder);
         if (isLibrary(folder)) {
             addLibrary(result, folder);
         } else {
-            result.system.push_back(folder);
+            others.push_back(folder);
         }
     }
     for (const std::string& folder : userFolders) {
@@ -123,22 +143,26 @@ Folders foldersOf(const std::vector<std::string>& folders,
 
 Folders foldersToChange(const std::string& folder)
 {
-    requireFolder(folder);
-    Folders result;
-    if (isLibrary(folder)) {
-        addLibrary(result, folder);
-    } else {
-        result.user.push_back(folder);
-    }
-    return result;
+    return foldersOf({folder}, {});
+}
+
+std::string folderToSaveInto(const std::string& target)
+{
+    requireName(target);
+    return isLibrary(target) ? textOf(pathOf(target) / "user") : target;
 }
 
 EmptyFolder::EmptyFolder()
 {
     std::random_device random;
+    std::error_code error;
     const files::path path =
-        files::temp_directory_path() / fmt::format("plxclip-{:08x}{:08x}", random(), random());
-    files::create_directory(path);
+        files::temp_directory_path(error) / fmt::format("plxclip-{:08x}{:08x}", random(), random());
+    if (error || !files::create_directory(path, error)) {
+        throw Failure(
+            "no temporary folder can be made; see whether TMPDIR (on Windows TEMP) names a "
+            "folder that may be written to, and whether the disk is full");
+    }
     folder = textOf(path);
 }
 

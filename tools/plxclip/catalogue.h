@@ -15,12 +15,16 @@ struct Folders {
 };
 
 // The folders that a command line means. One that contains the two folders "system" and "user"
-// means these; any other one has system clips.
+// means these. Any other one has user clips, which can be changed; when user folders are given, it
+// has system clips.
 Folders foldersOf(const std::vector<std::string>& folders,
                   const std::vector<std::string>& userFolders);
 
-// The same for a command that changes user clips: a folder without those two has user clips.
+// The same for a command that changes user clips.
 Folders foldersToChange(const std::string& folder);
+
+// The folder into which new clips are saved: the user clips of one that has those two folders.
+std::string folderToSaveInto(const std::string& target);
 
 // A temporary folder, for places where the library needs one.
 class EmptyFolder {

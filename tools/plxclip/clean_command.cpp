@@ -178,6 +178,7 @@ void addClean(CLI::App& app, Work& chosen)
         ->required();
     command->add_flag("--yes", options->isAgreed, "Do not ask");
     command->add_flag("--dry-run", options->isDryRun, "Only show what would be deleted");
+    excludeEachOther(*command, "--yes", "--dry-run");
     command->footer(
         "It finds folders directly in DIR that are named by a UUID, as those of saved clips\n"
         "are, and hold no clip file and nothing else but property.json and audio. What was\n"

@@ -29,7 +29,7 @@ std::string languagesText(const std::vector<Number>& languages, Numbers numbers)
 
 std::string field(std::string_view name, std::string_view value)
 {
-    return value.empty() ? std::string() : fmt::format("{:<11}{}\n", name, value);
+    return value.empty() ? std::string() : fmt::format("{:<11}{}\n", name, printable(value));
 }
 
 std::string heading(std::string_view text)
@@ -61,7 +61,7 @@ std::string effectsText(std::string_view title, const std::vector<Effect>& effec
 {
     std::string text = effects.empty() ? "" : heading(title);
     for (const Effect& effect : effects) {
-        text += effectText(effect) + "\n";
+        text += printable(effectText(effect)) + "\n";
     }
     return text;
 }
@@ -79,7 +79,7 @@ std::string notesText(const std::vector<Note>& notes, std::size_t width)
     return table.text(width);
 }
 
-std::string lanesText(const std::vector<Lane>& lanes)
+std::string lanesText(const std::vector<Lane>& lanes, std::size_t width)
 {
     Table table({"Lane", "Events", "Lowest", "Highest", "Range"});
     for (const std::size_t column : {1U, 2U, 3U}) {
@@ -95,7 +95,7 @@ std::string lanesText(const std::vector<Lane>& lanes)
                    isEmpty ? "-" : std::to_string(highest->value),
                    fmt::format("{} to {}", lane.least, lane.most)});
     }
-    return table.text(0);
+    return table.text(width);
 }
 
 struct PartText {
@@ -118,7 +118,8 @@ struct PartText {
         text += field("Duration", fmt::format("{} ticks", part.duration));
         text += heading(fmt::format("Notes: {}", part.notes.size()));
         text += part.notes.empty() ? "" : notesText(part.notes, width);
-        text += part.lanes.empty() ? "" : heading("Controller lanes") + lanesText(part.lanes);
+        text +=
+            part.lanes.empty() ? "" : heading("Controller lanes") + lanesText(part.lanes, width);
         text += effectsText("MIDI effects", part.midiEffects);
         return text + effectsText("Audio effects", part.audioEffects);
     }
@@ -179,7 +180,7 @@ std::string remarksText(const Note& note)
 
 std::string describe(const Properties& clip, Numbers numbers)
 {
-    std::string text = styled(Style::heading, clip.name) + "\n";
+    std::string text = styled(Style::heading, printable(clip.name)) + "\n";
     text += field("ID", clip.id);
     text += field("Vendor", clip.vendor);
     text += field("Kind", clip.isUserClip ? "user clip" : "system clip");

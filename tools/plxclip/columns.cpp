@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <numeric>
 #include <span>
 
 #include "console.h"
@@ -94,6 +95,20 @@ std::string shortened(std::string_view text, std::size_t columns)
     return std::string(text.substr(0, kept)) + "…";
 }
 
+std::string printable(std::string_view text, bool keepsLines)
+{
+    std::string result;
+    while (!text.empty()) {
+        const std::string_view rest = text;
+        const char32_t letter = takeCharacter(text);
+        const bool isControl = letter < 0x20 || (letter >= 0x7F && letter < 0xA0);
+        result += isControl && !(keepsLines && letter == '\n')
+                      ? "\xEF\xBF\xBD"
+                      : rest.substr(0, rest.size() - text.size());
+    }
+    return result;
+}
+
 Table::Table(std::vector<std::string> columnHeadings)
     : headings(std::move(columnHeadings)), rightAligned(headings.size())
 {
@@ -106,6 +121,9 @@ void Table::alignRight(std::size_t column)
 
 void Table::add(std::vector<std::string> cells)
 {
+    for (std::string& cell : cells) {
+        cell = printable(cell);
+    }
     content.push_back(std::move(cells));
 }
 
@@ -122,25 +140,35 @@ std::vector<std::size_t> Table::columnWidths() const
     return widths;
 }
 
+// The widest column gives way first, so that narrow ones stay whole.
+void Table::shorten(std::vector<std::size_t>& widths, std::size_t width) const
+{
+    std::size_t all = std::accumulate(widths.begin(), widths.end(), gap * (widths.size() - 1));
+    while (all > width) {
+        std::size_t widest = widths.size();
+        for (std::size_t column = 0; column < widths.size(); ++column) {
+            if (!rightAligned[column] &&
+                (widest == widths.size() || widths[column] > widths[widest])) {
+                widest = column;
+            }
+        }
+        if (widest == widths.size() || widths[widest] <= 1) {
+            return;
+        }
+        --widths[widest];
+        --all;
+    }
+}
+
 std::string Table::line(const std::vector<std::string>& cells,
-                        const std::vector<std::size_t>& widths, std::size_t width) const
+                        const std::vector<std::size_t>& widths) const
 {
     std::string line;
-    std::size_t begin = 0;
     for (std::size_t column = 0; column < cells.size(); ++column) {
-        const bool isLast = column + 1 == cells.size();
-        const std::size_t room = isLast && width > begin + 1 ? width - begin : std::string::npos;
-        const std::string cell = shortened(cells[column], room);
+        const std::string cell = shortened(cells[column], widths[column]);
         const std::size_t padding = widths[column] - std::min(widths[column], displayWidth(cell));
-        if (rightAligned[column]) {
-            line.append(padding, ' ').append(cell);
-        } else {
-            line.append(cell).append(isLast ? 0 : padding, ' ');
-        }
-        if (!isLast) {
-            line.append(gap, ' ');
-        }
-        begin += widths[column] + gap;
+        line.append(rightAligned[column] ? padding : 0, ' ').append(cell);
+        line.append((rightAligned[column] ? 0 : padding) + gap, ' ');
     }
     line.erase(line.find_last_not_of(' ') + 1);
     return line;
@@ -148,10 +176,13 @@ std::string Table::line(const std::vector<std::string>& cells,
 
 std::string Table::text(std::size_t width) const
 {
-    const std::vector<std::size_t> widths = columnWidths();
-    std::string text = styled(Style::heading, line(headings, widths, width)) + "\n";
+    std::vector<std::size_t> widths = columnWidths();
+    if (width > 0) {
+        shorten(widths, width);
+    }
+    std::string text = styled(Style::heading, line(headings, widths)) + "\n";
     for (const auto& cells : content) {
-        text += line(cells, widths, width) + "\n";
+        text += line(cells, widths) + "\n";
     }
     return text;
 }

@@ -17,7 +17,11 @@ std::size_t displayWidth(std::string_view text);
 // As much of the text as fits into the columns, with an ellipsis if something is cut off.
 std::string shortened(std::string_view text, std::size_t columns);
 
-// Rows of cells under headings; every column is as wide as its widest cell.
+// The text without characters that would move the cursor, end the line or change colours: names come
+// from documents. `keepsLines` keeps the ends of lines.
+std::string printable(std::string_view text, bool keepsLines = false);
+
+// Rows of cells under headings; every column is as wide as its widest cell, if there is room.
 class Table {
 public:
     explicit Table(std::vector<std::string> columnHeadings);
@@ -26,13 +30,15 @@ public:
     void add(std::vector<std::string> cells);
     std::size_t rows() const { return content.size(); }
 
-    // The lines, none wider than this: the last column is shortened. 0 means any width.
+    // The lines, none wider than this if at all possible: the widest columns are shortened, but not
+    // the right-aligned ones, which are numbers. 0 means any width.
     std::string text(std::size_t width) const;
 
 private:
     std::vector<std::size_t> columnWidths() const;
-    std::string line(const std::vector<std::string>& cells, const std::vector<std::size_t>& widths,
-                     std::size_t width) const;
+    void shorten(std::vector<std::size_t>& widths, std::size_t width) const;
+    std::string line(const std::vector<std::string>& cells,
+                     const std::vector<std::size_t>& widths) const;
 
     std::vector<std::string> headings;
     std::vector<std::vector<std::string>> content;

@@ -46,5 +46,6 @@ void addRemove(CLI::App& app, Work& chosen);
 void addCopy(CLI::App& app, Work& chosen);
 void addNew(CLI::App& app, Work& chosen);
 void addClean(CLI::App& app, Work& chosen);
+void addHelp(CLI::App& app, Work& chosen);
 
 } // namespace plxclip

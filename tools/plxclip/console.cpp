@@ -4,6 +4,9 @@
 #include <cstdlib>
 #include <iostream>
 
+#include "columns.h"
+#include "letters.h"
+
 namespace plxclip {
 
 namespace {
@@ -58,15 +61,28 @@ void printError(std::string_view text)
     std::fflush(stderr);
 }
 
+std::size_t outputWidth()
+{
+    if (!isTerminal(Stream::output)) {
+        return 0;
+    }
+    const char* const wanted = std::getenv("COLUMNS");
+    const unsigned long columns = wanted == nullptr ? 0 : std::strtoul(wanted, nullptr, 10);
+    return columns > 0 && columns < 10000 ? columns : terminalWidth();
+}
+
 bool confirm(std::string_view question)
 {
-    printError(question);
+    printError(printable(question));
     std::string answer;
-    std::getline(std::cin, answer);
-    while (!answer.empty() && (answer.back() == '\r' || answer.back() == ' ')) {
-        answer.pop_back();
+    if (!std::getline(std::cin, answer)) {
+        printError("\n"); // as the user's own line end would have done
+        return false;
     }
-    return answer == "y" || answer == "Y" || answer == "yes";
+    answer.erase(0, answer.find_first_not_of(' '));
+    answer.erase(answer.find_last_not_of(" \r") + 1);
+    answer = lowerCase(answer);
+    return answer == "y" || answer == "yes";
 }
 
 } // namespace plxclip

@@ -34,8 +34,12 @@ enum class Stream { output, error };
 bool isTerminal(Stream stream);
 bool isInputTerminal();
 
-// The width of the terminal in columns; a usual width when the output goes elsewhere.
+// The width of the terminal in columns; a usual width if it does not tell.
 std::size_t terminalWidth();
+
+// How wide a line of the output may be: COLUMNS, or the width of the terminal. 0 for any width, when
+// the output goes elsewhere.
+std::size_t outputWidth();
 
 enum class Style { plain, heading, dim, good, warning, bad };
 
@@ -47,7 +51,8 @@ std::string styled(Style style, std::string_view text, Stream stream = Stream::o
 bool print(std::string_view text);
 void printError(std::string_view text);
 
-// Prints the question on standard error and reads a line. True for "y" and "yes".
+// Prints the question on standard error and reads a line. True for "y" and "yes", in small letters or
+// capitals.
 bool confirm(std::string_view question);
 
 } // namespace plxclip

@@ -31,7 +31,10 @@ std::string utf8(const wchar_t* text)
     std::string result(static_cast<std::size_t>(size > 0 ? size : 1), '\0');
     WideCharToMultiByte(CP_UTF8, 0, text, -1, result.data(), size, nullptr, nullptr);
     result.pop_back(); // the zero at the end
-    return result;
+    // The conversion replaces half a pair of surrogates. A byte that UTF-8 does not have says so.
+    const bool isText = WideCharToMultiByte(CP_UTF8, WC_ERR_INVALID_CHARS, text, -1, nullptr, 0,
+                                            nullptr, nullptr) != 0;
+    return isText ? result : result + '\xFF';
 }
 
 } // namespace

@@ -31,7 +31,7 @@ struct CopyOptions {
 Folders foldersOfCopy(const CopyOptions& options)
 {
     Folders folders = foldersOf({options.folder}, options.userFolders);
-    folders.user.insert(folders.user.begin(), options.target);
+    folders.user.insert(folders.user.begin(), folderToSaveInto(options.target));
     return folders;
 }
 
@@ -126,12 +126,6 @@ void tell(plx::UserClip copy, const plx::Notices& notices)
     }
 }
 
-std::optional<std::uint32_t> findNoteLanguage(std::string_view text)
-{
-    const std::optional<std::int32_t> found = findLanguage(text);
-    return found && *found <= 127 ? std::optional<std::uint32_t>(*found) : std::nullopt;
-}
-
 ExitStatus copy(const CopyOptions& options)
 {
     const Catalogue catalogue(foldersOfCopy(options));
@@ -152,23 +146,20 @@ void addCopy(CLI::App& app, Work& chosen)
         app.add_subcommand("copy", "Save a clip as a new user clip, and say what that loses");
     const auto options = std::make_shared<CopyOptions>();
     addClip(*command, options->folder, options->clip);
-    command
-        ->add_option("TARGET", options->target,
-                     "The folder of user clips to save into; it is made if there is none")
+    command->add_option("TARGET", options->target, targetHelp)
         ->type_name("")
-        ->required();
-    command->add_option("--user", options->userFolders, "A folder to be read as user clips")
-        ->type_name("DIR")
-        ->allow_extra_args(false);
-    command->add_option("--name", options->name, "A name for the copy");
+        ->required()
+        ->check(notEmpty());
+    addUserFolders(*command, options->userFolders);
+    command->add_option("--name", options->name, "A name for the copy")->check(notEmpty());
     command
         ->add_option("--transpose", options->semitones,
                      "Move all notes by this many semitones; down when it is below 0")
         ->type_name("NUMBER")
-        ->check(CLI::Range(-127, 127));
+        ->check(between(-127, 127));
     addNumberOption(*command, "--language", options->language, findNoteLanguage,
                     "The language for notes that have none; without this, that of their part",
-                    "a language of notes: 0 to 127, or a name such as \"Japanese\"");
+                    noteLanguageValues);
     command->footer(
         "Example:\n"
         "  plxclip copy examples/library \"An die Freude\" my-clips --name Freude --transpose 2");

@@ -7,6 +7,7 @@
 #include "catalogue.h"
 #include "clip_names.h"
 #include "clip_text.h"
+#include "columns.h"
 #include "commands.h"
 #include "console.h"
 #include "document/tokens.h"
@@ -119,6 +120,7 @@ public:
         const Properties properties = propertiesOf(clip);
         const std::filesystem::path file = pathOf(pathText(clip.path()));
         const std::filesystem::path place = file.parent_path() / propertyName;
+        requireUse(properties, isAlone);
         const std::string before = documentOf(file, place);
         std::vector<std::string> missing;
         const auto after = editing::changed(before, options.changes, nameFor(properties), missing);
@@ -132,13 +134,23 @@ public:
         if (*after == before && fix::contentOf(place, format::propertyDocumentLimit)) {
             return;
         }
-        ++changed;
         options.isDryRun ? show(before, *after, place) : write(*after, place, properties);
+        ++changed;
     }
 
     std::size_t numberOfChanged() const { return changed; }
 
 private:
+    // Among many clips, one with nothing to change is no mistake.
+    void requireUse(const Properties& clip, bool isAlone) const
+    {
+        const editing::Changes& changes = options.changes;
+        if (isAlone && clip.partType == PartType::audio && (changes.key || changes.tempo)) {
+            throw Failure(
+                fmt::format("\"{}\" is an audio clip, which has neither key nor tempo", clip.name));
+        }
+    }
+
     std::optional<std::string> nameFor(const Properties& clip) const
     {
         return options.changes.name ? std::optional(filledIn(*options.changes.name, clip, number))
@@ -236,11 +248,11 @@ ExitStatus editAll(Editor& editor, const std::vector<plx::UserClip>& clips, bool
         try {
             editor.edit(clip, false);
         } catch (const Failure& failure) {
-            printError(fmt::format("{}\n", failure.what()));
+            printError(printable(failure.what(), true) + "\n");
             ++failures;
         }
     }
-    print(fmt::format("{} of {} clips {}\n", editor.numberOfChanged() - failures, clips.size(),
+    print(fmt::format("{} of {} clips {}\n", editor.numberOfChanged(), clips.size(),
                       isDryRun ? "would be changed" : "changed"));
     return failures == 0 ? exitDone : exitProblem;
 }
@@ -299,9 +311,10 @@ void addTagOptions(CLI::App& command, const std::string& what, editing::TagChang
 {
     addTagOption(command, "--add-" + what, change.key, change.added, "Give it this " + what);
     addTagOption(command, "--remove-" + what, change.key, change.removed,
-                 "Take this " + what + " from it");
-    command.add_flag("--clear-" + what + "s", change.isCleared,
-                     "Take all " + what + "s from it first");
+                 "Take this " + what + " from it; accents and capital letters do not matter");
+    command
+        .add_flag("--clear-" + what + "s", change.isCleared, "Take all " + what + "s from it first")
+        ->excludes(command.get_option("--remove-" + what));
 }
 
 void addClips(CLI::App& command, EditOptions& options)
@@ -313,8 +326,10 @@ void addClips(CLI::App& command, EditOptions& options)
         ->type_name("")
         ->required();
     command.add_option("CLIP", options.clips, "Clips: their IDs, or names that no others have")
-        ->type_name("");
-    command.add_flag("--all", options.isAll, "All user clips");
+        ->type_name("")
+        ->check(notEmpty());
+    command.add_flag("--all", options.isAll, "All user clips")
+        ->excludes(command.get_option("CLIP"));
     addFilters(command, options.search, "--only-");
 }
 
@@ -324,9 +339,7 @@ void addChanges(CLI::App& command, editing::Changes& changes)
         .add_option("--name", changes.name,
                     "Its new name, in which {name}, {id}, {vendor} and {number} stand for what the "
                     "clip has, and for its place among the chosen clips")
-        ->check([](const std::string& name) {
-            return name.empty() ? std::string("a name cannot be empty") : std::string();
-        });
+        ->check(notEmpty());
     command.add_option("--vendor", changes.vendor, "Its vendor");
     addNumberOption(command, "--key", changes.key, findKey,
                     "Its key: the number, or the name as in the example clips", keyValues);

@@ -16,16 +16,22 @@ const std::map<std::string, PartType> partNames = {
 
 void addFilters(CLI::App& command, Search& search, const std::string& prefix)
 {
-    const std::string group = "Which clips (all of those given must hold)";
+    const std::string group =
+        "Which clips (all of those given must hold; a TEXT is a part of what the "
+        "clip has, or \"=\" and all of it; accents and capital letters do not "
+        "matter)";
     const auto add = [&](const char* name, auto& value, const char* help) {
-        return command.add_option(prefix + name, value, help)->group(group);
+        command.add_option(prefix + name, value, help)
+            ->type_name("TEXT")
+            ->check(notEmpty())
+            ->group(group);
     };
     addWordOption(command, prefix + "part", search.part, partNames, "Its part")->group(group);
     add("type", search.type, "A type tag, such as Melody");
     add("genre", search.genre, "A genre tag");
     add("vendor", search.vendor, "Its vendor");
     add("singer-group", search.singerGroup, "A singer group tag");
-    add("name", search.name, "A part of its name");
+    add("name", search.name, "Its name");
     addNumberOption(command, prefix + "language", search.language, findLanguage,
                     "A language tag: its number, or its name as in the example clips",
                     languageValues)

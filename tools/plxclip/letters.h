@@ -1,8 +1,10 @@
-// Letters, whether capital or small.
+// Letters, whether capital or small, and words that are like others.
 #pragma once
 
 #include <algorithm>
+#include <span>
 #include <string>
+#include <string_view>
 
 namespace plxclip {
 
@@ -14,5 +16,9 @@ inline std::string lowerCase(std::string text)
     });
     return text;
 }
+
+// The known word that was probably meant by another one; empty if there is none. Up to a third of
+// the letters may differ, and capital letters do not matter.
+std::string_view nearestWord(std::span<const std::string_view> known, std::string_view word);
 
 } // namespace plxclip

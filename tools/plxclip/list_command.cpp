@@ -63,6 +63,11 @@ void addOutput(CLI::App& command, ListOptions& options)
     command.add_flag("--long", options.isLong, "Show ID, kind and file as well");
     command.add_flag("--names", options.namesNumbers,
                      "Name keys and languages as in the example clips");
+    for (const char* const name : {"--sort", "--reverse", "--long"}) {
+        excludeEachOther(command, name, "--count");
+    }
+    excludeEachOther(command, "--json", "--long");
+    excludeEachOther(command, "--json", "--names");
 }
 
 std::vector<std::string> cellsOf(const Properties& clip, const ListOptions& options)
@@ -91,7 +96,7 @@ void printTable(const std::vector<Properties>& clips, std::size_t total, const L
         table.add(cellsOf(clip, options));
     }
     if (!clips.empty()) {
-        print(table.text(isTerminal(Stream::output) ? terminalWidth() : 0));
+        print(table.text(outputWidth()));
     }
     const std::string_view unit = total == 1 ? "clip" : "clips";
     print(clips.size() == total ? fmt::format("{} {}\n", total, unit)
@@ -123,7 +128,7 @@ void printCounts(const std::vector<TagCount>& counts, const ListOptions& options
     for (const TagCount& count : counts) {
         table.add({std::to_string(count.clips), countedName(count.tag, options)});
     }
-    print(table.text(0));
+    print(table.text(outputWidth()));
 }
 
 ExitStatus list(const ListOptions& options)

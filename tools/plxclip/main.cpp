@@ -1,14 +1,19 @@
 #include <cstdio>
 #include <exception>
+#include <sstream>
 #include <string>
 #include <vector>
 
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
 
+#include "columns.h"
 #include "commands.h"
 #include "completion/service.h"
 #include "console.h"
+#include "paths.h"
+#include "unicode.h"
+#include "usage.h"
 
 namespace plxclip {
 
@@ -35,58 +40,63 @@ void addCommands(CLI::App& app, Work& chosen)
     addCopy(app, chosen);
     addNew(app, chosen);
     addClean(app, chosen);
+    addHelp(app, chosen);
 }
 
 void complain(std::string_view text)
 {
-    printError(fmt::format("{} {}\n", styled(Style::bad, "plxclip:", Stream::error), text));
+    printError(fmt::format("{} {}\n", styled(Style::bad, "plxclip:", Stream::error),
+                           printable(text, true)));
 }
 
-std::string wrongCommand(const CLI::App& app)
+// Only text can be the name of a clip or a folder.
+void requireText(const std::vector<std::string>& arguments)
 {
-    std::string known;
-    for (const CLI::App* const command : app.get_subcommands([](const CLI::App*) { return true; })) {
-        known += (known.empty() ? "" : ", ") + command->get_name();
+    for (const std::string& argument : arguments) {
+        if (!Korvel::CANTORIS::PLX::isValidUtf8(argument)) {
+            throw Failure(
+                fmt::format("an argument is not text in UTF-8: \"{}\"", textOfBytes(argument)),
+                exitUsage);
+        }
     }
-    const std::vector<std::string> others = app.remaining();
-    return others.empty() ? fmt::format("no command given; there are {}", known)
-                          : fmt::format("\"{}\" is no command; there are {}", others.front(), known);
+}
+
+void requireOutput()
+{
+    if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
+        throw Failure("the output cannot be written; see whether the disk is full");
+    }
 }
 
 // CLI11 reports help and version in the same way, but they are not errors.
 int answer(const CLI::App& app, const CLI::ParseError& error)
 {
     if (error.get_exit_code() == 0) {
-        return app.exit(error);
+        std::ostringstream text;
+        app.exit(error, text);
+        print(text.str());
+        requireOutput();
+        return exitDone;
     }
-    complain(app.get_subcommands().empty() ? wrongCommand(app) : error.what());
-    printError("Run \"plxclip --help\", or \"plxclip COMMAND --help\", to see what there is.\n");
+    complain(usageText(app, error));
+    const auto chosen = app.get_subcommands();
+    printError(fmt::format("Run \"plxclip help{}\" to see what there is.\n",
+                           chosen.empty() ? "" : " " + chosen.front()->get_name()));
     return exitUsage;
 }
 
-int perform(const Work& work)
+int run(const std::vector<std::string>& given)
 {
-    try {
-        const ExitStatus status = work();
-        if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
-            throw Failure("the output cannot be written; see whether the disk is full");
-        }
-        return status;
-    } catch (const Failure& failure) {
-        complain(failure.what());
-        return failure.status();
-    }
-}
-
-int run(const std::vector<std::string>& arguments)
-{
+    requireText(given);
     CLI::App app("Lists, shows, checks and edits clips.", "plxclip");
     Work chosen;
     describe(app);
     addCommands(app, chosen);
-    if (const auto status = completion::serve(app, arguments)) {
+    if (const auto status = completion::serve(app, given)) {
         return *status;
     }
+    takeValuesAsWritten(app);
+    const std::vector<std::string> arguments = argumentsAsWritten(app, given);
     std::vector<const char*> pointers;
     for (const std::string& argument : arguments) {
         pointers.push_back(argument.c_str());
@@ -96,7 +106,9 @@ int run(const std::vector<std::string>& arguments)
     } catch (const CLI::ParseError& error) {
         return answer(app, error);
     }
-    return perform(chosen);
+    const ExitStatus status = chosen();
+    requireOutput();
+    return status;
 }
 
 } // namespace
@@ -108,6 +120,9 @@ int main(int argc, char** argv)
     const plxclip::Console console;
     try {
         return plxclip::run(plxclip::commandLine(argc, argv));
+    } catch (const plxclip::Failure& failure) {
+        plxclip::complain(failure.what());
+        return failure.status();
     } catch (const std::exception& error) {
         plxclip::complain(error.what());
         return plxclip::exitProblem;

@@ -7,6 +7,8 @@
 
 #include <fmt/format.h>
 
+#include "letters.h"
+
 namespace plxclip {
 
 namespace {
@@ -32,7 +34,9 @@ std::optional<Number> numberOrPlace(std::string_view text, std::span<const std::
     if (error == std::errc() && rest == end) {
         return number;
     }
-    const auto found = std::find(names.begin(), names.end(), text);
+    const auto found = std::ranges::find_if(names, [text](std::string_view name) {
+        return lowerCase(std::string(name)) == lowerCase(std::string(text));
+    });
     if (found == names.end()) {
         return std::nullopt;
     }
@@ -97,6 +101,12 @@ std::optional<std::int32_t> findLanguage(std::string_view text)
 {
     const auto language = numberOrPlace<std::int32_t>(text, languageNames);
     return language && *language >= 0 ? language : std::nullopt;
+}
+
+std::optional<std::uint32_t> findNoteLanguage(std::string_view text)
+{
+    const std::optional<std::int32_t> found = findLanguage(text);
+    return found && *found <= 127 ? std::optional<std::uint32_t>(*found) : std::nullopt;
 }
 
 std::string tempoText(std::uint32_t tempo)

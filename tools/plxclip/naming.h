@@ -20,9 +20,11 @@ std::optional<std::uint32_t> findPitch(std::string_view text);
 std::optional<std::string_view> keyName(std::uint32_t key);
 std::optional<std::string_view> languageName(std::int64_t language);
 
-// The number that a text contains or names.
+// The number that a text contains or names; capital letters do not matter. Notes have fewer languages
+// than tags.
 std::optional<std::uint32_t> findKey(std::string_view text);
 std::optional<std::int32_t> findLanguage(std::string_view text);
+std::optional<std::uint32_t> findNoteLanguage(std::string_view text);
 
 // "112.5" for 11250, "-" for 0.
 std::string tempoText(std::uint32_t tempo);

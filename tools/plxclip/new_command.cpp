@@ -24,7 +24,7 @@ struct NewOptions {
     std::string notes;
     std::string voice;
     std::string vendor;
-    std::optional<std::int32_t> language;
+    std::optional<std::uint32_t> language;
     std::optional<std::uint32_t> key;
     std::optional<std::uint32_t> tempo;
     std::vector<std::string> types;
@@ -42,7 +42,7 @@ struct NewOptions {
 Folders foldersOfNew(const NewOptions& options)
 {
     Folders folders;
-    folders.user.push_back(options.target);
+    folders.user.push_back(folderToSaveInto(options.target));
     return folders;
 }
 
@@ -51,7 +51,7 @@ void setProperties(plx::MutableClip clip, const NewOptions& options)
     clip.setVendorName(plx::fromUtf8(options.vendor));
     clip.setPartKey(options.key.value_or(0));
     clip.setPartTempo(options.tempo.value_or(0));
-    clip.filter().addLanguage(*options.language);
+    clip.filter().addLanguage(static_cast<std::int32_t>(*options.language));
     for (const std::string& type : options.types) {
         clip.filter().addType(plx::fromUtf8(type));
     }
@@ -62,7 +62,7 @@ void setProperties(plx::MutableClip clip, const NewOptions& options)
 
 void addPart(plx::MutableClip clip, const Melody& melody, const NewOptions& options)
 {
-    const auto language = static_cast<std::uint32_t>(*options.language);
+    const std::uint32_t language = *options.language;
     const plx::String voice = plx::fromUtf8(options.voice);
     const plx::MutableMidiPart part =
         options.isForAi ? clip.createMidiAiPart() : clip.createMidiPart();
@@ -102,23 +102,30 @@ ExitStatus make(const NewOptions& options)
     return exitDone;
 }
 
+std::string voiceId(const std::string& text)
+{
+    constexpr std::size_t length = 16; // in UTF-16, as the library counts
+    const std::size_t given = plx::fromUtf8(text).size();
+    return given == length ? std::string()
+                           : fmt::format("\"{}\" has {} characters; the ID of a voice has {}", text,
+                                         given, length);
+}
+
 void addDescription(CLI::App& command, NewOptions& options)
 {
-    const auto notEmpty = [](const std::string& text) {
-        return text.empty() ? std::string("this cannot be empty") : std::string();
-    };
-    command.add_option("--name", options.name, "Its name")->required()->check(notEmpty);
+    command.add_option("--name", options.name, "Its name")->required()->check(notEmpty());
     command
         .add_option("--notes", options.notes, "The notes: pitch:beats and what is sung, for each")
         ->required();
     command.add_option("--voice", options.voice, "The ID of its voice, which has 16 characters")
-        ->required();
+        ->required()
+        ->check(voiceId);
     command.add_flag("--ai", options.isForAi, "The voice is an AI voice");
     command.add_option("--vendor", options.vendor, "Its vendor");
-    addNumberOption(command, "--language", options.language, findLanguage,
+    addNumberOption(command, "--language", options.language, findNoteLanguage,
                     "The language of its notes: the number, or the name as in the example clips; 1 "
                     "without this",
-                    languageValues);
+                    noteLanguageValues);
     addNumberOption(command, "--key", options.key, findKey,
                     "Its key: the number, or the name as in the example clips", keyValues);
     command
@@ -127,7 +134,7 @@ void addDescription(CLI::App& command, NewOptions& options)
             "Its tempo: 20 to 300 beats a minute, or 0 for none")
         ->type_name("BPM");
     command.add_option("--ticks", options.ticks, "Ticks to the beat")
-        ->check(CLI::Range(1, 100000))
+        ->check(between(1, 100000))
         ->capture_default_str();
     command.add_flag("--no-schema", options.hasNoSchema,
                      "Do not name the JSON Schemas, which editors of text use, in its documents");
@@ -136,7 +143,7 @@ void addDescription(CLI::App& command, NewOptions& options)
         command.add_option(name, *tags, "Give it this tag")
             ->type_name("TAG")
             ->allow_extra_args(false)
-            ->check(notEmpty);
+            ->check(notEmpty());
     }
 }
 
@@ -146,11 +153,10 @@ void addNew(CLI::App& app, Work& chosen)
 {
     CLI::App* const command = app.add_subcommand("new", "Make a user clip of a line of notes");
     const auto options = std::make_shared<NewOptions>();
-    command
-        ->add_option("TARGET", options->target,
-                     "The folder of user clips to save into; it is made if there is none")
+    command->add_option("TARGET", options->target, targetHelp)
         ->type_name("")
-        ->required();
+        ->required()
+        ->check(notEmpty());
     addDescription(*command, *options);
     command->footer(
         "A note is its pitch, a colon, its length in beats, and then what is sung; without\n"

@@ -1,7 +1,9 @@
 #include "options.h"
 
-#include <cmath>
-#include <cstdlib>
+#include <algorithm>
+#include <charconv>
+
+#include <fmt/format.h>
 
 namespace plxclip {
 
@@ -11,9 +13,19 @@ void addFolders(CLI::App& command, std::vector<std::string>& folders,
     command
         .add_option("DIR", folders,
                     "Folders with clips at any depth. One that has the folders \"system\" and "
-                    "\"user\" in it stands for these; any other is read as system clips")
+                    "\"user\" in it stands for these; any other has user clips, or system clips if "
+                    "--user is given")
         ->type_name("");
-    command.add_option("--user", userFolders, "A folder to be read as user clips")
+    addUserFolders(command, userFolders);
+}
+
+void addUserFolders(CLI::App& command, std::vector<std::string>& userFolders)
+{
+    command
+        .add_option(
+            "--user", userFolders,
+            "A folder with user clips; then DIR has system clips, unless it has the folders "
+            "\"system\" and \"user\" in it")
         ->type_name("DIR")
         ->allow_extra_args(false);
 }
@@ -28,7 +40,8 @@ void addClip(CLI::App& command, std::string& folder, std::string& clip)
         ->required();
     command.add_option("CLIP", clip, "The clip: its ID, or its name if no other has it")
         ->type_name("")
-        ->required();
+        ->required()
+        ->check(notEmpty());
 }
 
 std::vector<std::string> wordsOf(const CLI::Option& option)
@@ -45,14 +58,37 @@ std::vector<std::string> wordsOf(const CLI::Option& option)
     return words;
 }
 
+namespace {
+
+[[noreturn]] void failForTempo(const std::string& text, const std::string& why)
+{
+    throw CLI::ValidationError("--tempo", fmt::format("\"{}\" {}", text, why));
+}
+
+bool isNumber(std::string_view text)
+{
+    return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
+} // namespace
+
 std::uint32_t parseTempo(const std::string& text)
 {
-    char* end = nullptr;
-    const double tempo = std::strtod(text.c_str(), &end);
-    if (text.empty() || *end != '\0' || !(tempo >= 0 && tempo <= 1000)) {
-        throw CLI::ValidationError("--tempo", "\"" + text + "\" is no tempo in beats a minute");
+    constexpr std::size_t places = 2;
+    constexpr std::size_t longest = 4; // digits before the point
+    const std::size_t point = std::min(text.find('.'), text.size());
+    const std::string whole = text.substr(0, point);
+    std::string fraction = text.substr(std::min(point + 1, text.size()));
+    if (!isNumber(whole) || whole.size() > longest ||
+        (point < text.size() && !isNumber(fraction))) {
+        failForTempo(text, "is no tempo in beats a minute");
     }
-    return static_cast<std::uint32_t>(std::lround(tempo * 100));
+    fraction.erase(fraction.find_last_not_of('0') + 1);
+    if (fraction.size() > places) {
+        failForTempo(text, "has too many places; a tempo has two, such as 126.55");
+    }
+    fraction.resize(places, '0');
+    return static_cast<std::uint32_t>(std::stoul(whole + fraction));
 }
 
 std::uint32_t tempoToSet(const std::string& text)
@@ -66,11 +102,42 @@ std::uint32_t tempoToSet(const std::string& text)
 
 std::pair<std::uint32_t, std::uint32_t> parseTempoRange(const std::string& text)
 {
-    const std::size_t dash = text.find('-');
-    if (dash == std::string::npos) {
-        return {parseTempo(text), parseTempo(text)};
+    const std::size_t dash = std::min(text.find('-'), text.size());
+    const std::string first = text.substr(0, dash);
+    const std::string last = dash == text.size() ? first : text.substr(dash + 1);
+    const std::pair range(parseTempo(first), parseTempo(last));
+    if (range.first > range.second) {
+        failForTempo(text, fmt::format("goes down; write {}-{}", last, first));
     }
-    return {parseTempo(text.substr(0, dash)), parseTempo(text.substr(dash + 1))};
+    return range;
+}
+
+void excludeEachOther(CLI::App& command, const std::string& one, const std::string& other)
+{
+    command.get_option(one)->excludes(command.get_option(other));
+}
+
+CLI::Validator notEmpty()
+{
+    return {[](const std::string& text) {
+                return text.empty() ? std::string("this cannot be empty") : std::string();
+            },
+            ""};
+}
+
+CLI::Validator between(long long least, long long most)
+{
+    const std::string range = fmt::format("{} to {}", least, most);
+    return {[=](const std::string& text) {
+                long long number = 0;
+                const char* const end = text.data() + text.size();
+                const auto [rest, error] = std::from_chars(text.data(), end, number);
+                const bool isGood =
+                    error == std::errc() && rest == end && number >= least && number <= most;
+                return isGood ? std::string()
+                              : fmt::format("\"{}\" is not a whole number from {}", text, range);
+            },
+            range};
 }
 
 } // namespace plxclip

@@ -14,10 +14,8 @@ std::filesystem::path pathOf(std::string_view utf8)
     return {std::u8string(utf8.begin(), utf8.end())};
 }
 
-std::string textOf(const std::filesystem::path& path)
+std::string textOfBytes(std::string_view bytes)
 {
-    const std::u8string name = path.generic_u8string();
-    const std::string bytes(name.begin(), name.end());
     std::string text;
     for (std::string_view rest = bytes; !rest.empty();) {
         const std::size_t length = validUtf8Length(rest);
@@ -26,6 +24,12 @@ std::string textOf(const std::filesystem::path& path)
         rest.remove_prefix(std::min(length + 1, rest.size()));
     }
     return text;
+}
+
+std::string textOf(const std::filesystem::path& path)
+{
+    const std::u8string name = path.generic_u8string();
+    return textOfBytes(std::string(name.begin(), name.end()));
 }
 
 std::string pathText(plx::StringView path)

@@ -11,6 +11,9 @@ namespace plxclip {
 
 std::filesystem::path pathOf(std::string_view utf8);
 
+// In UTF-8; bytes that are not text are replaced.
+std::string textOfBytes(std::string_view bytes);
+
 // In UTF-8 and with slashes; bytes of a name that are not text are replaced.
 std::string textOf(const std::filesystem::path& path);
 

@@ -4,6 +4,7 @@
 #include <fmt/format.h>
 
 #include "catalogue.h"
+#include "columns.h"
 #include "commands.h"
 #include "console.h"
 #include "options.h"
@@ -36,7 +37,7 @@ ExitStatus removeClip(const RemoveOptions& options)
         throw Failure(fmt::format("\"{}\" is not removed; see whether you may delete {}",
                                   properties.name, properties.path));
     }
-    print(fmt::format("{} {}\n", styled(Style::good, "Removed"), properties.name));
+    print(fmt::format("{} {}\n", styled(Style::good, "Removed"), printable(properties.name)));
     return exitDone;
 }
 

@@ -4,7 +4,7 @@
 #include <map>
 #include <set>
 
-#include "letters.h"
+#include "plain.h"
 
 namespace plxclip {
 
@@ -22,10 +22,22 @@ bool is(const Value& value, const std::optional<Value>& wanted)
     return !wanted || value == *wanted;
 }
 
+bool isText(const std::string& text, const std::optional<std::string>& wanted)
+{
+    return !wanted || isWantedText(text, *wanted);
+}
+
+bool hasText(const std::vector<std::string>& texts, const std::optional<std::string>& wanted)
+{
+    return !wanted || std::ranges::any_of(texts, [&wanted](const std::string& text) {
+        return isWantedText(text, *wanted);
+    });
+}
+
 // A clip without any tags has no vendor tag either, but still a vendor.
 bool hasVendor(const Properties& clip, const std::optional<std::string>& wanted)
 {
-    return is(clip.vendor, wanted) || has(clip.tags.vendors, wanted);
+    return isText(clip.vendor, wanted) || hasText(clip.tags.vendors, wanted);
 }
 
 bool hasTempo(const Properties& clip, const Search& search)
@@ -96,18 +108,12 @@ std::set<std::string> tagsOf(const Properties& clip, Tag tag)
 
 } // namespace
 
-bool containsIgnoringCase(const std::string& text, const std::string& part)
-{
-    return lowerCase(text).find(lowerCase(part)) != std::string::npos;
-}
-
 bool matches(const Properties& clip, const Search& search)
 {
-    return is(clip.partType, search.part) && has(clip.tags.types, search.type) &&
-           has(clip.tags.genres, search.genre) && has(clip.tags.languages, search.language) &&
-           hasVendor(clip, search.vendor) && has(clip.tags.singerGroups, search.singerGroup) &&
-           is(clip.key, search.key) && hasTempo(clip, search) &&
-           (!search.name || containsIgnoringCase(clip.name, *search.name));
+    return is(clip.partType, search.part) && hasText(clip.tags.types, search.type) &&
+           hasText(clip.tags.genres, search.genre) && has(clip.tags.languages, search.language) &&
+           hasVendor(clip, search.vendor) && hasText(clip.tags.singerGroups, search.singerGroup) &&
+           is(clip.key, search.key) && hasTempo(clip, search) && isText(clip.name, search.name);
 }
 
 void sortClips(std::vector<Properties>& clips, Order order, bool reversed)

@@ -11,7 +11,8 @@
 
 namespace plxclip {
 
-// What a clip must have to be shown: it must match all fields that are set.
+// What a clip must have to be shown: it must match all fields that are set. Texts are compared by
+// isWantedText().
 struct Search {
     bool operator==(const Search&) const = default;
 
@@ -20,15 +21,13 @@ struct Search {
     std::optional<std::string> genre;
     std::optional<std::string> vendor;
     std::optional<std::string> singerGroup;
-    std::optional<std::string> name; // a part of it; the case of the letters A to Z does not matter
+    std::optional<std::string> name;
     std::optional<std::int32_t> language;
     std::optional<std::uint32_t> key;
     std::optional<std::pair<std::uint32_t, std::uint32_t>> tempo; // from and to, in hundredths
 };
 
 bool matches(const Properties& clip, const Search& search);
-
-bool containsIgnoringCase(const std::string& text, const std::string& part);
 
 enum class Order : std::uint8_t { found, name, vendor, part, key, tempo, id };
 

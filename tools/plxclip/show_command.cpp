@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <memory>
 
 #include <CLI/CLI.hpp>
@@ -47,12 +48,15 @@ void addPicture(CLI::App& command, ShowOptions& options)
         .add_option("--svg", options.svgFile,
                     "Draw the piano roll or the waveform into this file; \"-\" prints it")
         ->type_name("FILE")
+        ->check(notEmpty())
         ->group(group);
     command.add_option("--png", options.pngFile, "The same as PNG, if librsvg is installed")
         ->type_name("FILE")
+        ->check(notEmpty())
         ->group(group);
     command.add_option("--pdf", options.pdfFile, "The same as PDF, if librsvg is installed")
         ->type_name("FILE")
+        ->check(notEmpty())
         ->group(group);
     roll::addMeter(command, options.view)->group(group);
     command
@@ -63,20 +67,46 @@ void addPicture(CLI::App& command, ShowOptions& options)
         ->group(group);
     roll::addTicks(command, options.view)->group(group);
     command.add_option("--width", options.view.width, "Of the picture")
-        ->check(CLI::Range(480, 20000))
+        ->check(between(480, 20000))
         ->capture_default_str()
         ->group(group);
+    for (const char* const name : {"--svg", "--png", "--pdf", "--names"}) {
+        excludeEachOther(command, "--json", name);
+    }
+}
+
+void requirePicture(const CLI::App& command, const ShowOptions& options)
+{
+    for (const char* const name : {"--meter", "--bars", "--ticks", "--width"}) {
+        if (!options.draws() && command.count(name) > 0) {
+            throw CLI::ValidationError(name, "does nothing without --svg, --png or --pdf");
+        }
+    }
+}
+
+// All bars of the part, or those of them that are wanted.
+std::pair<std::int64_t, std::int64_t> barsToDraw(const MidiPart& part, const roll::View& view)
+{
+    const auto all = roll::barsOf(part, view);
+    if (!view.bars) {
+        return all;
+    }
+    if (view.bars->first > all.second) {
+        throw Failure(fmt::format("--bars: the clip ends with bar {}", all.second), exitUsage);
+    }
+    return {view.bars->first, std::min(view.bars->second, all.second)};
 }
 
 roll::Picture pictureOf(const Properties& clip, const MidiPart& part, const roll::View& wanted)
 {
-    const roll::View view = roll::withMeter(wanted, part);
-    const auto [first, last] = view.bars.value_or(roll::barsOf(part, view));
+    roll::View view = roll::withMeter(wanted, part);
+    const auto [first, last] = barsToDraw(part, view);
     if (last - first >= roll::mostBars) {
         throw Failure(fmt::format("{} bars are too many for a picture; choose some, such as "
                                   "--bars 1-{}",
                                   last - first + 1, roll::mostBars));
     }
+    view.bars = {first, last};
     return roll::draw(clip, part, view);
 }
 
@@ -123,7 +153,7 @@ void printClip(const Properties& clip, const Part& part, const ShowOptions& opti
         return;
     }
     const Numbers numbers = options.view.namesNumbers ? Numbers::named : Numbers::plain;
-    const std::size_t width = isTerminal(Stream::output) ? terminalWidth() : 0;
+    const std::size_t width = outputWidth();
     print(describe(clip, numbers) + describe(part, numbers, width));
 }
 
@@ -155,9 +185,7 @@ void addShow(CLI::App& app, Work& chosen)
     CLI::App* const command = app.add_subcommand("show", "Show all that a clip holds, or draw it");
     const auto options = std::make_shared<ShowOptions>();
     addClip(*command, options->folder, options->clip);
-    command->add_option("--user", options->userFolders, "A folder to be read as user clips")
-        ->type_name("DIR")
-        ->allow_extra_args(false);
+    addUserFolders(*command, options->userFolders);
     command->add_flag("--json", options->isJson, "Write JSON, for other programs");
     command->add_flag("--names", options->view.namesNumbers,
                       "Name keys and languages as in the example clips");
@@ -165,7 +193,10 @@ void addShow(CLI::App& app, Work& chosen)
     command->footer("Examples:\n"
                     "  plxclip show examples/library さくらさくら\n"
                     "  plxclip show examples/library \"An die Freude\" --svg freude.svg");
-    command->callback([options, &chosen] { chosen = [options] { return show(*options); }; });
+    command->callback([command, options, &chosen] {
+        requirePicture(*command, *options);
+        chosen = [options] { return show(*options); };
+    });
 }
 
 } // namespace plxclip

@@ -153,6 +153,7 @@ def damaged_clips():
     add_notes(make)
     add_lists(make)
     add_second_looks(make)
+    add_numbers(make)
     add_files(make)
     return make.clips
 
@@ -318,6 +319,27 @@ def add_lists(make):
               "/midi/audioEffects/0/parameters/0/value")
     make.loss("parameter-huge", '"value": 0.5', '"value": ⟦-1e300', "out-of-range",
               "/midi/audioEffects/0/parameters/0/value", "ignored")
+
+
+def add_numbers(make):
+    """Numbers of the wrong kind, in every object that has numbers, and a key that holds a list."""
+    ignored = {"effect": "ignored"}
+    make.properties("tempo-in-beats", "11200", "⟦112", "out-of-range", "/part/tempo", **ignored)
+    make.properties("key-float", '"key": 10', '"key": ⟦10.0', "wrong-type", "/part/key", **ignored)
+    make.part("duration-float", '"duration": 1920', '"duration": ⟦1.92e3', "wrong-type", "/midi/duration")
+    make.part("language-float", '001", "langID": 3', '001", "langID": ⟦3.0', "wrong-type",
+              "/midi/voice/langID")
+    make.loss("pos-float", '"pos": 480', '"pos": ⟦480.0', "wrong-type", "/midi/notes/1/pos")
+    event = '{ "pos": 0, "value": 80 }'
+    make.loss("event-float", event, event + ', { "pos": 9, "value": ⟦81.0 }', "wrong-type",
+              "/midi/controllers/0/events/1/value")
+    make.loss("depth-float", '"value": 40', '"value": ⟦40.0', "wrong-type",
+              "/midi/notes/0/vibrato/depths/0/value")
+    make.loss("speed-float", '"speed": 20', '"speed": ⟦20.0', "wrong-type",
+              "/midi/notes/1/dvqm/attack/speed", **ignored)
+    make.loss("factor-integer", "1.5", "⟦1", "wrong-type", "/midi/notes/1/dvqm/attack/topFactor", **ignored)
+    make.loss("controllers-capital", '"controllers"', '⟦"Controllers"', "unknown-key", "/midi/Controllers",
+              "ignored")
 
 
 def add_second_looks(make):

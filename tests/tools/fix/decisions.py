@@ -133,6 +133,17 @@ DECISIONS = {
     "notes-overlap": FINE,
     "note-without-language": FINE,
     "no-language-at-all": FINE,
+    # Numbers of the wrong kind.
+    "tempo-in-beats": properties('"tempo": 112 ', '"tempo": 11200 '),
+    "key-float": properties("10.0", "10"),
+    "duration-float": clip("1.92e3", "1920"),
+    "language-float": clip('"langID": 3.0', '"langID": 3'),
+    "pos-float": clip("480.0", "480"),
+    "event-float": clip("81.0", "81"),
+    "depth-float": clip("40.0", "40"),
+    "speed-float": clip("20.0", "20"),
+    "factor-integer": clip('"topFactor": 1 ', '"topFactor": 1.0 '),
+    "controllers-capital": clip('"Controllers"', '"controllers"'),
     # Files.
     "capital-extension": FINE,
     "no-property-document": MADE,

@@ -200,6 +200,7 @@ void addCheck(CLI::App& app, Work& chosen)
     addFolders(*command, options->folders, options->userFolders);
     command->add_flag("--json", options->isJson, "Write JSON, with the clips that are fine too");
     command->add_flag("--quiet", options->isQuiet, "Show the figures alone");
+    excludeEachOther(*command, "--quiet", "--json");
     command->footer("Places are FILE:LINE:COLUMN, with the JSON pointer of the value.\n"
                     "Exit status: 0 nothing is lost; 1 something is; 2 the command line makes no\n"
                     "sense.\n\n"

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <numeric>
 #include <vector>
 
 #include <fmt/format.h>
@@ -172,42 +171,15 @@ std::string outOfRange(const Loss& loss, std::string_view written)
                                       : "is longer than the note";
 }
 
-// --- Keys that are like others --------------------------------------------------------------------------
-
-// How many letters must be changed, inserted or removed to make one of the other.
-std::size_t distanceOf(const std::string& one, const std::string& other)
-{
-    std::vector<std::size_t> row(other.size() + 1);
-    std::iota(row.begin(), row.end(), 0);
-    for (const char letter : one) {
-        std::size_t diagonal = row[0]++;
-        for (std::size_t place = 1; place < row.size(); ++place) {
-            const std::size_t changed = diagonal + (letter == other[place - 1] ? 0 : 1);
-            diagonal = row[place];
-            row[place] = std::min({changed, row[place] + 1, row[place - 1] + 1});
-        }
-    }
-    return row.back();
-}
-
 } // namespace
 
-// The one that is most like the other: up to a third of its letters may differ, and capital letters do
-// not matter.
 std::string_view nearestKey(const keys::Shape& shape, std::string_view key)
 {
-    constexpr std::size_t longest = 64; // no key of the library is nearly as long
-    std::string_view nearest;
-    std::size_t least = std::max<std::size_t>(key.size() / 3, 1) + 1;
-    for (const keys::Row& row : key.size() > longest ? std::span<const keys::Row>() : shape.rows) {
-        const std::size_t distance =
-            distanceOf(lowerCase(std::string(key)), lowerCase(std::string(row.key)));
-        if (distance < least && distance < row.key.size()) {
-            least = distance;
-            nearest = row.key;
-        }
+    std::vector<std::string_view> known;
+    for (const keys::Row& row : shape.rows) {
+        known.push_back(row.key);
     }
-    return nearest;
+    return nearestWord(known, key);
 }
 
 namespace {

@@ -6,6 +6,7 @@
 #include "document/order.h"
 #include "format/keys.h"
 #include "model/codes.h"
+#include "plain.h"
 
 namespace plxclip::editing {
 
@@ -23,6 +24,14 @@ bool isSame(const Node& node, const std::string& json)
     return written == json ||
            (json.starts_with('"') && document::unquote(written) == document::unquote(json) &&
             node.first->kind == document::Kind::text);
+}
+
+// The tag that a user means, by the rule of the filters, but always all of it.
+bool isLike(const Node& node, const std::string& json)
+{
+    return json.starts_with('"') && node.first->kind == document::Kind::text
+               ? isSameText(document::unquote(node.first->text), document::unquote(json))
+               : isSame(node, json);
 }
 
 class Editing {
@@ -79,20 +88,21 @@ private:
     bool remove(Node* list, const std::string& tag)
     {
         bool isFound = false;
-        while (Node* const node = find(list, tag)) {
+        while (Node* const node = find(list, tag, isLike)) {
             document.remove(*node);
             isFound = true;
         }
         return isFound;
     }
 
-    static Node* find(Node* list, const std::string& tag)
+    static Node* find(Node* list, const std::string& tag,
+                      bool (*isEqual)(const Node&, const std::string&))
     {
         if (list == nullptr || !list->isList()) {
             return nullptr;
         }
-        const auto found = std::ranges::find_if(
-            list->inner, [&tag](const Node& each) { return isSame(each, tag); });
+        const auto found =
+            std::ranges::find_if(list->inner, [&](const Node& each) { return isEqual(each, tag); });
         return found == list->inner.end() ? nullptr : &*found;
     }
 
@@ -100,7 +110,7 @@ private:
     {
         Node& filter = container(root(), keys::shape<keys::PropertyDocument>, "filter", "{}");
         Node& list = container(filter, keys::shape<keys::FilterTable>, key, "[]");
-        if (find(&list, tag) == nullptr) {
+        if (find(&list, tag, isSame) == nullptr) {
             document.append(list, tag);
         }
     }

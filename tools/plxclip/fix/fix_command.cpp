@@ -206,18 +206,22 @@ void addFixOptions(CLI::App& command, FixOptions& options)
                      "Show what would be changed, and change nothing");
     command.add_flag("--yes", options.isAgreed,
                      "Rename keys that are like those of the library, without asking");
-    command.add_option("--id", options.given.id, "The ID of a clip that has none");
-    command.add_option("--name", options.given.name, "The name of clips that have none");
+    command.add_option("--id", options.given.id, "The ID of a clip that has none")
+        ->check(notEmpty());
+    command.add_option("--name", options.given.name, "The name of clips that have none")
+        ->check(notEmpty());
     command.add_option("--vendor", options.given.vendor,
                        "The vendor of clips that get a new property.json and tell none");
     command
         .add_option(
             "--originals", options.originals,
             "Keep the documents as they were in this folder, which must not be among the clips")
-        ->type_name("DIR");
+        ->type_name("DIR")
+        ->check(notEmpty());
     command.add_flag("--no-originals", options.keepsNoOriginals,
                      "Do not keep the documents as they were");
     command.add_flag("--json", options.isJson, "Write JSON, for other programs; does not ask");
+    excludeEachOther(command, "--originals", "--no-originals");
 }
 
 } // namespace

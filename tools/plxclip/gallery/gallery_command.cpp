@@ -102,9 +102,15 @@ void addGallery(CLI::App& app, Work& chosen)
     addFolders(*command, options->folders, options->userFolders);
     command->add_option("--output", options->output, "The HTML file; it replaces one of that name")
         ->type_name("FILE")
-        ->required();
+        ->required()
+        ->check(notEmpty())
+        ->check([](const std::string& file) {
+            return file == "-" ? std::string("the page is not printed; name a file")
+                               : std::string();
+        });
     command->add_option("--title", options->title, "Of the page")
         ->type_name("TEXT")
+        ->check(notEmpty())
         ->capture_default_str();
     command->add_flag("--names", options->namesNumbers,
                       "Name keys and languages as in the example clips");

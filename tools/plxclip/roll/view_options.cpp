@@ -1,6 +1,10 @@
 #include "roll/view_options.h"
 
+#include <bit>
+
 #include <fmt/format.h>
+
+#include "options.h"
 
 namespace plxclip::roll {
 
@@ -9,8 +13,11 @@ namespace {
 void setMeter(View& view, const std::string& text)
 {
     const auto [beats, unit] = parsePair("--meter", text, '/');
-    if (beats < 1 || beats > 32 || unit < 1 || unit > 32) {
-        throw CLI::ValidationError("--meter", "both numbers are 1 to 32");
+    if (beats < 1 || beats > 32) {
+        throw CLI::ValidationError("--meter", "the first number is 1 to 32");
+    }
+    if (unit < 1 || unit > 32 || !std::has_single_bit(static_cast<unsigned>(unit))) {
+        throw CLI::ValidationError("--meter", "the second number is 1, 2, 4, 8, 16 or 32");
     }
     view.beats = static_cast<int>(beats);
     view.beatUnit = static_cast<int>(unit);
@@ -46,7 +53,7 @@ CLI::Option* addMeter(CLI::App& command, View& view)
 CLI::Option* addTicks(CLI::App& command, View& view)
 {
     return command.add_option("--ticks", view.ticksPerQuarter, "Of a quarter note")
-        ->check(CLI::Range(32, 1'000'000))
+        ->check(between(32, 1'000'000))
         ->capture_default_str();
 }
 
