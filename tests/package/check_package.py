@@ -85,7 +85,7 @@ class Tree(PackageTest):
         for name in sorted(self.files()):
             content = (self.tree / name).read_bytes()
             for place in places:
-                self.assertNotIn(str(place).encode("utf-8"), content, name)
+                self.assertFalse(str(place).encode("utf-8") in content, f"{name} names {place}")
 
 
 class Manual(PackageTest):
