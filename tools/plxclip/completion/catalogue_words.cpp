@@ -16,8 +16,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// Of files and folders. The example library has less than 200; reading 5,000 clips takes a fifth of a
-// second.
+// Of files and folders. 5,000 clips have 15,000, and take a third of a second.
 constexpr std::size_t mostEntries = 20'000;
 
 bool isSmall(const std::string& folder)
