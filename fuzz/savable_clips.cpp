@@ -52,8 +52,8 @@ void addDvqm(KRT_PLX_DvqmBase* dvqm)
 
 void addNote(KRT_PLX_PartBase* part)
 {
-    KRT_PLX_NoteBase* const note = KRT_PLX_MutableMidiPart_insertNote(
-        part, 0, 480, word().c_str(), word().c_str(), 1);
+    KRT_PLX_NoteBase* const note =
+        KRT_PLX_MutableMidiPart_insertNote(part, 0, 480, word().c_str(), word().c_str(), 1);
     addDvqm(KRT_PLX_MutableNote_dvqm(note, true));
     addDvqm(KRT_PLX_MutableNote_dvqm(note, false));
     KRT_PLX_VibratoBase* const vibrato = KRT_PLX_MutableNote_vibrato(note);

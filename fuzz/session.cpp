@@ -80,8 +80,9 @@ const std::vector<support::Text>& Session::paths() const
 
 std::size_t Session::userEntries() const
 {
-    return static_cast<std::size_t>(std::distance(
-        std::filesystem::directory_iterator(place().user()), std::filesystem::directory_iterator()));
+    return static_cast<std::size_t>(
+        std::distance(std::filesystem::directory_iterator(place().user()),
+                      std::filesystem::directory_iterator()));
 }
 
 KRT_PLX_Manager* Session::createManager(std::string_view appID)

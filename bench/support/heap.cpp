@@ -67,7 +67,8 @@ HeapUse HeapMeter::use()
 
 void keepFreedMemory()
 {
-    constexpr int most = 32 * 1024 * 1024; // what glibc accepts as the smallest size of an own mapping
+    constexpr int most =
+        32 * 1024 * 1024; // what glibc accepts as the smallest size of an own mapping
     mallopt(M_MMAP_THRESHOLD, most);
     mallopt(M_TRIM_THRESHOLD, std::numeric_limits<int>::max());
     mallopt(M_MXFAST, 0);

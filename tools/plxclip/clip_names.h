@@ -21,8 +21,10 @@ struct Narrow {
     static constexpr std::string_view text{letters.data(), letters.size()};
 };
 
-inline constexpr std::string_view propertyName = Narrow<Korvel::CANTORIS::PLX::propertyFileName>::text;
+inline constexpr std::string_view propertyName =
+    Narrow<Korvel::CANTORIS::PLX::propertyFileName>::text;
 inline constexpr std::string_view audioName = Narrow<Korvel::CANTORIS::PLX::audioFolderName>::text;
-inline constexpr std::string_view clipExtension = Narrow<Korvel::CANTORIS::PLX::clipExtension>::text;
+inline constexpr std::string_view clipExtension =
+    Narrow<Korvel::CANTORIS::PLX::clipExtension>::text;
 
 } // namespace plxclip

@@ -123,8 +123,8 @@ std::vector<Finding> Document::findings() const
     for (Finding& finding : all) {
         finding.document = name;
         if (finding.place != Finding::nowhere) {
-            position =
-                document::behind(std::string_view(utf8).substr(place, finding.place - place), position);
+            position = document::behind(std::string_view(utf8).substr(place, finding.place - place),
+                                        position);
             place = finding.place;
             finding.position = position;
         }
