@@ -248,6 +248,21 @@ protected:
         }
     }
 
+    // Calls visit(property, index) with each property that a document with its object has.
+    template <class Visit>
+    void forEachWritten(Visit visit)
+    {
+        forEachObject([&]<class Handle>(Handle*) {
+            std::size_t index = 0;
+            forEachProperty<Handle>([&](const auto& property) {
+                if (isWritten(property.within)) {
+                    visit(property, index);
+                }
+                ++index;
+            });
+        });
+    }
+
     // With every property, and what is then read.
     template <class Handle>
     std::pair<Tree, Values<Handle>> everything()
@@ -355,28 +370,14 @@ void DocumentProperties::expectTakesItsKey(const Property<Handle, Value>& proper
 
 TEST_P(DocumentProperties, AreReadFromTheWholeKeyOnly)
 {
-    forEachObject([this]<class Handle>(Handle*) {
-        std::size_t index = 0;
-        forEachProperty<Handle>([&](const auto& property) {
-            if (isWritten(property.within)) {
-                expectTakesItsKey(property, index);
-            }
-            ++index;
-        });
-    });
+    forEachWritten(
+        [this](const auto& property, std::size_t index) { expectTakesItsKey(property, index); });
 }
 
 TEST_P(DocumentProperties, AreTakenWithinTheirRangeOnly)
 {
-    forEachObject([this]<class Handle>(Handle*) {
-        std::size_t index = 0;
-        forEachProperty<Handle>([&](const auto& property) {
-            if (isWritten(property.within)) {
-                expectTakesItsRange(property, index);
-            }
-            ++index;
-        });
-    });
+    forEachWritten(
+        [this](const auto& property, std::size_t index) { expectTakesItsRange(property, index); });
 }
 
 // An inner object that is empty, of another kind, or missing.
