@@ -160,16 +160,16 @@ std::string tagsText(const Tags& tags, Numbers numbers)
 std::string remarksText(const Note& note)
 {
     std::vector<std::string> remarks;
-    if (note.vibrato.duration > 0) {
+    if (hasVibrato(note)) {
         remarks.push_back(fmt::format("vibrato {}", note.vibrato.duration));
     }
-    if (!note.attack.component.empty()) {
+    if (hasAttack(note)) {
         remarks.push_back("attack " + joined(note.attack.levelNames, "/"));
     }
-    if (!note.release.component.empty()) {
+    if (hasRelease(note)) {
         remarks.push_back("release " + joined(note.release.levelNames, "/"));
     }
-    if (note.skill.duration > 0) {
+    if (hasSkill(note)) {
         remarks.push_back(fmt::format("skill {}", note.skill.duration));
     }
     if (note.isProtected) {

@@ -44,6 +44,16 @@ void addClip(CLI::App& command, std::string& folder, std::string& clip)
         ->check(notEmpty());
 }
 
+std::vector<const CLI::App*> commandsOf(const CLI::App& app)
+{
+    return app.get_subcommands([](const CLI::App*) { return true; });
+}
+
+bool takesValue(const CLI::Option& option)
+{
+    return option.get_items_expected_max() > 0;
+}
+
 std::vector<std::string> wordsOf(const CLI::Option& option)
 {
     const std::string& description = option.get_description();

@@ -81,6 +81,12 @@ CLI::Option* addWordOption(CLI::App& command, const std::string& name, Target& t
         ->type_name("WORD");
 }
 
+// All commands, whether they were given or not.
+std::vector<const CLI::App*> commandsOf(const CLI::App& app);
+
+// False for a flag.
+bool takesValue(const CLI::Option& option);
+
 // The words that such an option takes, which are at the end of its description; none for another one.
 std::vector<std::string> wordsOf(const CLI::Option& option);
 

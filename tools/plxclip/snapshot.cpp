@@ -18,4 +18,24 @@ std::string_view laneName(std::uint32_t type)
     return type < names.size() ? names[type] : "unknown";
 }
 
+bool hasAttack(const Note& note)
+{
+    return !note.attack.component.empty();
+}
+
+bool hasRelease(const Note& note)
+{
+    return !note.release.component.empty();
+}
+
+bool hasSkill(const Note& note)
+{
+    return note.skill.duration > 0;
+}
+
+bool hasVibrato(const Note& note)
+{
+    return note.vibrato.duration > 0;
+}
+
 } // namespace plxclip

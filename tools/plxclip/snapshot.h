@@ -98,6 +98,12 @@ struct Note {
     Vibrato vibrato;
 };
 
+// Whether a note has what is optional.
+bool hasAttack(const Note& note);
+bool hasRelease(const Note& note);
+bool hasSkill(const Note& note);
+bool hasVibrato(const Note& note);
+
 struct Lane {
     std::uint32_t type = 0;
     std::int32_t least = 0;

@@ -6,22 +6,13 @@
 #include <fmt/format.h>
 
 #include "letters.h"
+#include "options.h"
 
 namespace plxclip {
 
 namespace {
 
 using CLI::ExitCodes;
-
-bool isFlag(const CLI::Option& option)
-{
-    return option.get_items_expected_max() == 0;
-}
-
-std::vector<const CLI::App*> commandsOf(const CLI::App& app)
-{
-    return app.get_subcommands([](const CLI::App*) { return true; });
-}
 
 // The command that was given, or the program.
 const CLI::App& commandOf(const CLI::App& app)
@@ -148,7 +139,7 @@ std::string wrongValueText(const CLI::Option* option)
     if (option == nullptr) {
         return {};
     }
-    if (isFlag(*option)) {
+    if (!takesValue(*option)) {
         return fmt::format("{} takes no value", option->get_name());
     }
     if (option->count() > 1) {
@@ -178,11 +169,11 @@ std::string sentenceOf(const CLI::App& app, const CLI::ParseError& error)
     }
 }
 
-bool takesValue(const CLI::App& app, const std::string& name)
+bool hasOptionWithValue(const CLI::App& app, const std::string& name)
 {
     const auto has = [&name](const CLI::App* command) {
         return std::ranges::any_of(command->get_options(), [&name](const CLI::Option* option) {
-            return option->check_lname(name) && !isFlag(*option);
+            return option->check_lname(name) && takesValue(*option);
         });
     };
     return std::ranges::any_of(commandsOf(app), has);
@@ -193,7 +184,7 @@ bool isOptionWithoutValue(const CLI::App& app, const std::string& argument)
 {
     return argument.size() > 3 && argument.starts_with("--") &&
            argument.find('=') == argument.size() - 1 &&
-           takesValue(app, argument.substr(2, argument.size() - 3));
+           hasOptionWithValue(app, argument.substr(2, argument.size() - 3));
 }
 
 // Stands behind "[a, b]" while the parser reads it, so that it is one value.
@@ -212,7 +203,7 @@ std::string withoutGuard(std::string& value)
 void takeValuesAsWritten(CLI::App& app)
 {
     for (CLI::Option* const option : app.get_options()) {
-        if (isFlag(*option)) {
+        if (!takesValue(*option)) {
             option->disable_flag_override();
         } else {
             option->transform(CLI::Validator(withoutGuard, ""));

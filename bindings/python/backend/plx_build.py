@@ -8,10 +8,10 @@ distribution), or is made from the headers of the tree by clang, or was made the
 
 import base64
 import hashlib
-import importlib.util
 import json
 import os
 import pathlib
+import runpy
 import shutil
 import subprocess
 import sys
@@ -50,10 +50,7 @@ def make(folder, interface):
     target = pathlib.Path(folder) / PACKAGE
     shutil.copytree(HERE / PACKAGE, target, dirs_exist_ok=True,
                     ignore=shutil.ignore_patterns("__pycache__"))
-    spec = importlib.util.spec_from_file_location("make_package", HERE / "making/make_package.py")
-    module = importlib.util.module_from_spec(spec)
-    spec.loader.exec_module(module)
-    module.make(interface, target)
+    runpy.run_path(str(HERE / "making/make_package.py"))["make"](interface, target)
     return json.loads(pathlib.Path(interface).read_text(encoding="utf-8"))["version"]["text"]
 
 

@@ -14,19 +14,9 @@ namespace plxclip::completion {
 
 namespace {
 
-std::vector<const CLI::App*> commandsOf(const CLI::App& app)
-{
-    return app.get_subcommands([](const CLI::App*) { return true; });
-}
-
 std::vector<const CLI::Option*> optionsOf(const CLI::App& app)
 {
     return app.get_options([](const CLI::Option*) { return true; });
-}
-
-bool takesValue(const CLI::Option& option)
-{
-    return option.get_items_expected_max() > 0;
 }
 
 // --- What stands on the line --------------------------------------------------------------------------

@@ -9,6 +9,7 @@
 #include <fmt/format.h>
 
 #include "columns.h"
+#include "options.h"
 
 namespace plxclip::completion {
 
@@ -241,8 +242,7 @@ std::string pageOfProgram(const CLI::App& app, const std::vector<const CLI::App*
 
 std::map<std::string, std::string> manualPagesOf(const CLI::App& app)
 {
-    const std::vector<const CLI::App*> commands =
-        app.get_subcommands([](const CLI::App*) { return true; });
+    const std::vector<const CLI::App*> commands = commandsOf(app);
     std::map<std::string, std::string> pages = {
         {app.get_name() + ".1", pageOfProgram(app, commands)}};
     for (const CLI::App* const command : commands) {

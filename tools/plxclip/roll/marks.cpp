@@ -51,26 +51,6 @@ bool showsRelease(const Sheet& sheet, const Note& note)
 
 } // namespace
 
-bool hasAttack(const Note& note)
-{
-    return !note.attack.component.empty();
-}
-
-bool hasRelease(const Note& note)
-{
-    return !note.release.component.empty();
-}
-
-bool hasSkill(const Note& note)
-{
-    return note.skill.duration > 0;
-}
-
-bool hasVibrato(const Note& note)
-{
-    return note.vibrato.duration > 0;
-}
-
 void drawAttack(Svg& svg, Place at)
 {
     svg.path({at, {at.x + 4.5, at.y + markHeight / 2}, {at.x, at.y + markHeight}}, "mark attack",

@@ -6,11 +6,6 @@
 
 namespace plxclip::roll {
 
-bool hasAttack(const Note& note);
-bool hasRelease(const Note& note);
-bool hasSkill(const Note& note);
-bool hasVibrato(const Note& note);
-
 // Each with its left upper corner.
 void drawAttack(Svg& svg, Place at);
 void drawSkill(Svg& svg, Place at);
