@@ -23,6 +23,27 @@ function(krt_plx_add_test_program name)
     krt_plx_register_test_program(${name} ${arg_SHARDS})
 endfunction()
 
+# krt_plx_add_host_test_program(<name> [<shards>])
+#
+# The same for a program that sees nothing but what a host sees. Another build's program then shows as
+# much as one of this build, and takes no time to compile: KRT_PLX_HOST_PROGRAMS can be a folder that
+# has it.
+function(krt_plx_add_host_test_program name)
+    if(NOT KRT_PLX_HOST_PROGRAMS)
+        krt_plx_add_test_program(${name} krt_plx SHARDS ${ARGN})
+        return()
+    endif()
+    set(runtime "")
+    if(KRT_PLX_SANITIZERS)
+        # The program does not know that it needs it, and it must come before all other libraries.
+        execute_process(COMMAND "${CMAKE_CXX_COMPILER}" -print-file-name=libasan.so
+            OUTPUT_VARIABLE runtime OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+    endif()
+    krt_plx_register_test_shards(${name} "${ARGN}"
+        "LD_LIBRARY_PATH=$<TARGET_FILE_DIR:krt_plx>;LD_PRELOAD=${runtime};KRT_PLX_TEST_LIBRARY_FILE=$<TARGET_FILE:krt_plx>"
+        "${KRT_PLX_HOST_PROGRAMS}/${name}")
+endfunction()
+
 # krt_plx_choose_tests(<variable> <source>...): the sources that match KRT_PLX_TEST_SOURCES. Only
 # the path within the project is compared: the folders above it may have any names.
 function(krt_plx_choose_tests variable)
@@ -45,12 +66,9 @@ function(krt_plx_compile_fast name)
     if(KRT_PLX_SANITIZERS MATCHES "undefined")
         target_compile_options(${name} PRIVATE -fno-sanitize=undefined)
     endif()
-    if(KRT_PLX_SANITIZERS)
-        target_compile_definitions(${name} PRIVATE KRT_PLX_TESTS_SANITIZED)
-    endif()
-    # With it, linking for Windows takes half as long again.
+    # A test that fails names its line itself.
+    target_compile_options(${name} PRIVATE $<$<NOT:$<CONFIG:Debug>>:-g0>)
     if(WIN32)
-        target_compile_options(${name} PRIVATE -g0)
         krt_plx_link_fast(${name})
     endif()
     # It pays from the third unit on.
@@ -103,15 +121,19 @@ function(krt_plx_register_test_program name)
     else()
         set(launcher ${name})
     endif()
-    if(NOT ARGC GREATER 1)
-        krt_plx_register_test_run(${name} "" ${launcher})
+    krt_plx_register_test_shards(${name} "${ARGN}" "" ${launcher})
+endfunction()
+
+# krt_plx_register_test_shards(<name> <shards or nothing> <environment> <command>...)
+function(krt_plx_register_test_shards name shards environment)
+    if(NOT shards)
+        krt_plx_register_test_run(${name} "${environment}" ${ARGN})
         return()
     endif()
-    set(shards ${ARGV1})
     math(EXPR last "${shards} - 1")
     foreach(shard RANGE ${last})
         krt_plx_register_test_run(${name}.${shard}
-            "GTEST_TOTAL_SHARDS=${shards};GTEST_SHARD_INDEX=${shard}" ${launcher})
+            "${environment};GTEST_TOTAL_SHARDS=${shards};GTEST_SHARD_INDEX=${shard}" ${ARGN})
     endforeach()
 endfunction()
 

@@ -9,7 +9,7 @@ namespace {
 
 constexpr std::string_view properties = R"({"id": "ID", "name": "Name", "part": {"type": "midi"}})";
 
-Folder& folder()
+Folder& dataFolder()
 {
     static Folder one;
     static const bool isFilled =
@@ -41,16 +41,16 @@ Reading readingOf(KRT_PLX_ClipBase* clip)
 
 Reading readWhole(std::string_view bytes)
 {
-    folder().write(dataFile, bytes);
-    folder().remove(propertyFile);
-    return readingOf(folder().readUserClip());
+    dataFolder().write(dataFile, bytes);
+    dataFolder().remove(propertyFile);
+    return readingOf(dataFolder().readUserClip());
 }
 
 // Twice, for the second reading takes the place of the first.
 Reading readPart()
 {
-    folder().write(propertyFile, properties);
-    KRT_PLX_ClipBase* const clip = folder().readUserClip();
+    dataFolder().write(propertyFile, properties);
+    KRT_PLX_ClipBase* const clip = dataFolder().readUserClip();
     require(clip != nullptr, "a property document makes a clip");
     const bool taken = KRT_PLX_Clip_readPart(clip);
     const Reading first = readingOf(clip);

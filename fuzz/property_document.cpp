@@ -7,7 +7,7 @@ namespace fuzz {
 
 namespace {
 
-Folder& folder()
+Folder& propertyFolder()
 {
     static Folder one;
     static const bool isFilled = (one.write(dataFile, "{}"), true);
@@ -26,8 +26,8 @@ std::uint64_t digestOf(KRT_PLX_ClipBase* clip)
 
 std::uint64_t digestOfDocument(std::string_view bytes)
 {
-    folder().write(propertyFile, bytes);
-    return digestOf(folder().readUserClip());
+    propertyFolder().write(propertyFile, bytes);
+    return digestOf(propertyFolder().readUserClip());
 }
 
 // Saves new properties and reads them back.
@@ -39,7 +39,7 @@ std::uint64_t digestOfEdited(KRT_PLX_ClipBase* clip, std::uint32_t key)
     require(KRT_PLX_PropertyEditor_addFilterType(editor, text.c_str()), "a type can be added");
     require(KRT_PLX_PropertyEditor_setPartKey(editor, key), "a key can be set");
     require(KRT_PLX_PropertyEditor_save(editor), "what was read can be saved");
-    KRT_PLX_ClipBase* const reread = folder().readUserClip();
+    KRT_PLX_ClipBase* const reread = propertyFolder().readUserClip();
     require(reread != nullptr, "what was saved can be read");
     return digestOf(reread);
 }
@@ -54,10 +54,11 @@ void runPropertyDocument(Bytes input)
     if (document.isComparable) {
         require(digestOfDocument(document.text) == digest, "all encodings read alike");
     }
-    if (KRT_PLX_ClipBase* const clip = folder().readUserClip(); clip != nullptr) {
+    if (KRT_PLX_ClipBase* const clip = propertyFolder().readUserClip(); clip != nullptr) {
         const auto key = static_cast<std::uint32_t>(document.bytes.size() % 31);
         const std::uint64_t edited = digestOfEdited(clip, key);
-        require(digestOfEdited(KRT_PLX_Manager_userClip(folder().manager(), 0), key) == edited,
+        require(digestOfEdited(KRT_PLX_Manager_userClip(propertyFolder().manager(), 0), key) ==
+                    edited,
                 "the same edit again changes nothing");
     }
 }

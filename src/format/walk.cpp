@@ -4,6 +4,8 @@
 #include <cstring>
 #include <limits>
 
+#include "format/limits.h"
+
 namespace Korvel::CANTORIS::PLX::format {
 
 namespace {
@@ -339,7 +341,6 @@ void GenericReader<CheckedUtf8, CheckedUtf8, ThrowingAllocator>::ParseString<par
     char* const end = skipPlain(begin, walk.end());
     std::size_t length = static_cast<std::size_t>(end - begin);
     if (*end == '"') {
-        *end = '\0';
         text.src_ = end + 1;
     } else {
         text.src_ = begin;
@@ -350,7 +351,8 @@ void GenericReader<CheckedUtf8, CheckedUtf8, ThrowingAllocator>::ParseString<par
         }
         length = text.PutEnd(begin) - 1;
     }
-    RAPIDJSON_ASSERT(length <= std::numeric_limits<SizeType>::max());
+    // In UTF-8 a document may take half as much again.
+    static_assert(2 * dataDocumentLimit <= std::numeric_limits<SizeType>::max());
     const auto size = static_cast<SizeType>(length);
     if (!(isKey ? walk.Key(begin, size, false) : walk.String(begin, size, false))) {
         SetParseError(kParseErrorTermination, text.Tell());

@@ -342,8 +342,10 @@ std::vector<std::string> nearly(const std::string& key)
 {
     std::vector<std::string> all = {key + 'x', key + '~'};
     for (const int step : {-1, 1}) {
-        all.push_back(key);
-        all.back().back() = static_cast<char>(key.back() + step);
+        for (const std::size_t place : {std::size_t{0}, key.size() - 1}) {
+            all.push_back(key);
+            all.back()[place] = static_cast<char>(key[place] + step);
+        }
     }
     return all;
 }

@@ -47,7 +47,7 @@ bool isExhaustive()
 
 long every(long number)
 {
-    const long sample = support::isSlow ? 4 * number + 1 : number;
+    const long sample = support::isSlow() ? 4 * number + 1 : number;
     return isExhaustive() ? 1 : sample;
 }
 

@@ -3,6 +3,8 @@
 #include <cstring>
 #include <fstream>
 
+#include "support/library_file.h"
+
 namespace {
 
 Path fromUtf8(const std::string& text)
@@ -14,7 +16,7 @@ Path fromUtf8(const std::string& text)
 
 Path wholeLibrary()
 {
-    return fromUtf8(KRT_PLX_TEST_LIBRARY_FILE).make_preferred();
+    return fromUtf8(support::libraryFile(KRT_PLX_TEST_LIBRARY_FILE)).make_preferred();
 }
 
 Path partialLibrary()

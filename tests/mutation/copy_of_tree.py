@@ -104,6 +104,7 @@ class CopyOfTree:
         return sites.without_constants(sites.with_switches(source, own), kept)
 
     def write_source(self, file, change=None):
+        """With this one change and no switches, if there is one."""
         self.write(file, self.source(file, change).encode('utf-8'))
 
     def build_with_switches(self):
@@ -148,12 +149,3 @@ class CopyOfTree:
                                '--target', *targets, '--', '-k', '0', '--quiet'],
                               capture_output=True, text=True, check=False)
         return None if done.returncode == 0 else done.stdout + done.stderr
-
-    def build_change(self, site):
-        """Builds the library, and the tests that link it, with this one change and without switches in
-        its file."""
-        self.write_source(site.file, site)
-        return self.build('krt_plx', 'unit_tests')
-
-    def restore(self, site):
-        self.write_source(site.file)

@@ -38,6 +38,10 @@ BEGUN = re.compile(r'^\[ RUN      \] ([\w/]+\.[\w/]+)', re.MULTILINE)
 # For code that reads and writes files: the tests that observe a disk.
 UNITS_OF_STEPS = ['Fs*', 'Rewrite*', 'Patience*', 'SaveFolder*']
 UNITS_FIRST = ('src/fs/', 'src/format/rewrite.cpp')
+# For code whose own tests are much faster than those of a host.
+UNITS_ABOUT = {'src/format/number.cpp': ['Number*', 'Seeds/Number*'],
+               'src/format/decimal.cpp': ['Number*', 'Seeds/Number*'],
+               'src/format/decimal.h': ['Number*', 'Seeds/Number*']}
 # For all other code: the tests of faults that do not observe a disk but memory.
 FAULTS_OF_MEMORY = ['*Allocation*', '*Build*', '*EditableList*', 'Operations*', 'Reading*', 'Scan*']
 CONTRACTS_OF_STEPS = ['Catalogue*', 'ManagerCreation*', 'Neighbour*', 'PropertyEditor*', 'Remove*',
@@ -101,6 +105,8 @@ class Tests:
         ones."""
         contract, faults, unit = self.programs.contract, self.programs.faults, self.tree.unit_tests
         successful = self.successful[site.file][:8]
+        if site.file in UNITS_ABOUT:
+            yield unit, only(UNITS_ABOUT[site.file])
         for program in dict.fromkeys(program for program, _ in successful):
             yield program, only([suite for of, suite in successful if of == program])
         if site.is_of_steps:
@@ -111,8 +117,11 @@ class Tests:
         yield faults, only(['*'] if site.is_of_steps else FAULTS_OF_MEMORY)
         yield unit, only(['*']) if site.is_of_steps else all_but(UNITS_OF_STEPS)
 
-    def notice(self, site, identity):
+    def notice(self, site, identity, programs=None):
+        """The test that notices the change, among those of all programs or of some."""
         for program, suites in self.stages(site):
+            if programs is not None and program not in programs:
+                continue
             name = self.run(identity, suites, program)
             if name is not None:
                 self.remember(self.successful[site.file], program, name)
@@ -149,11 +158,22 @@ def run_switches(tree, tests, chosen, log, jobs):
         return list(pool.map(run, chosen))
 
 
+def notice_built(tree, tests, site):
+    """Most of these changes are in headers: the library is built again much faster than the unit
+    tests, which need not be when a host notices the change."""
+    for target, programs in (('krt_plx', [tests.programs.contract, tests.programs.faults]),
+                             ('unit_tests', [tree.unit_tests])):
+        name = 'compiler' if tree.build(target) is not None else tests.notice(site, -1, programs)
+        if name is not None:
+            return name
+    return None
+
+
 def run_built(tree, tests, chosen, log):
     for site in chosen:
-        is_refused = tree.build_change(site) is not None
-        yield show(site, 'compiler' if is_refused else tests.notice(site, -1), log)
-        tree.restore(site)
+        tree.write_source(site.file, site)
+        yield show(site, notice_built(tree, tests, site), log)
+        tree.write_source(site.file)
 
 
 @contextlib.contextmanager

@@ -1,25 +1,41 @@
-// How much the tests try where every step takes several times as long, under Wine and in sanitized
-// builds. The other builds run the same tests in full.
+// How much the tests try where every step takes several times as long, under Wine and with a sanitized
+// library. Elsewhere the same tests run in full.
 #pragma once
+
+#ifndef _WIN32
+#    include <dlfcn.h>
+#endif
 
 namespace support {
 
-#if defined(KRT_PLX_TESTS_SANITIZED)
-inline constexpr bool isSanitized = true; // the library, if not the tests
-#else
-inline constexpr bool isSanitized = false;
-#endif
+#ifdef _WIN32
+inline bool isSanitized()
+{
+    return false;
+}
 
-#if defined(_WIN32)
-inline constexpr bool isSlow = true;
+inline bool isSlow()
+{
+    return true;
+}
 #else
-inline constexpr bool isSlow = isSanitized;
+// Whether a sanitizer's runtime is in this process: the library needs it, the tests may be without.
+inline bool isSanitized()
+{
+    return dlsym(RTLD_DEFAULT, "__asan_init") != nullptr ||
+           dlsym(RTLD_DEFAULT, "__tsan_init") != nullptr;
+}
+
+inline bool isSlow()
+{
+    return isSanitized();
+}
 #endif
 
 // How many random clips or sequences.
-constexpr unsigned seeds(unsigned number)
+inline unsigned seeds(unsigned number)
 {
-    return isSlow ? (number + 2) / 3 : number;
+    return isSlow() ? (number + 2) / 3 : number;
 }
 
 } // namespace support

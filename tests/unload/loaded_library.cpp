@@ -10,11 +10,13 @@
 #    include <dlfcn.h>
 #endif
 
+#include "support/library_file.h"
+
 namespace {
 
 std::filesystem::path libraryFile()
 {
-    const std::string file = KRT_PLX_TEST_LIBRARY_FILE;
+    const std::string file = support::libraryFile(KRT_PLX_TEST_LIBRARY_FILE);
     return std::filesystem::path(std::u8string(file.begin(), file.end()));
 }
 

@@ -7,6 +7,7 @@
 #include <korvel/plx_loader.h>
 
 #include "support/files.h"
+#include "support/library_file.h"
 #include "support/text.h"
 
 namespace {
@@ -19,7 +20,8 @@ class LoadedKit : public testing::Test {
 protected:
     LoadedKit()
     {
-        const support::Path library = support::place(KRT_PLX_TEST_LIBRARY_FILE);
+        const support::Path library =
+            support::place(support::libraryFile(KRT_PLX_TEST_LIBRARY_FILE));
         const support::Path clips =
             support::place(KRT_PLX_TEST_SOURCE_FOLDER) / "examples" / "library";
         EXPECT_TRUE(KRT_PLX_load(&plx, library.c_str(), nullptr, nullptr));

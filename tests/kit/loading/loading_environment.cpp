@@ -5,6 +5,7 @@
 #include <korvel/plx_loaded.h>
 
 #include "support/files.h"
+#include "support/library_file.h"
 
 namespace {
 
@@ -12,7 +13,8 @@ class LoadingEnvironment : public testing::Environment {
 public:
     void SetUp() override
     {
-        const support::Path library = support::place(KRT_PLX_TEST_LIBRARY_FILE);
+        const support::Path library =
+            support::place(support::libraryFile(KRT_PLX_TEST_LIBRARY_FILE));
         ASSERT_TRUE(KRT_PLX_loadForAll(library.c_str(), nullptr, nullptr));
     }
     void TearDown() override { EXPECT_TRUE(KRT_PLX_unloadForAll()); }
