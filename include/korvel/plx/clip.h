@@ -384,8 +384,8 @@ KRT_PLX_API bool KRT_PLX_PropertyEditor_setPartTempo(
  * document: it fails when no name was set, when a text to be written holds a lone surrogate or the
  * document would be larger than #KRT_PLX_PROPERTY_DOCUMENT_LIMIT, when the file cannot be opened, is
  * a link or no plain file, when the disk is full, or when another program edits or removes the clip
- * and two seconds of waiting were in vain. The file holds a whole document at every moment, the old
- * or the new one; the page on reliability has the limits of that.
+ * for longer than the two seconds that the call waits. The file holds a whole document at every
+ * moment, the old or the new one; the page on reliability has the limits of that.
  *
  * In either case the texts of the clip's name, types and genres that were returned before are no
  * longer valid.
