@@ -116,6 +116,7 @@ endfunction()
 # krt_plx_register_test_program(<name> [<shards>]): registers the program as one test, or as several
 # that share its cases, so that they run on several processors.
 function(krt_plx_register_test_program name)
+    krt_plx_allow_long_paths(${name})
     if(KRT_PLX_SANITIZERS STREQUAL "thread")
         set(launcher "${PROJECT_SOURCE_DIR}/cmake/with-plain-addresses" $<TARGET_FILE:${name}>)
     else()

@@ -3,32 +3,12 @@
 import pathlib
 import re
 import shlex
-import struct
 import tempfile
 
 from surroundings import PackageTest, call, output_of, package_environment, tool
 
-from readme import blocks  # noqa: E402, surroundings shows where it is
-
-FIXED_FILE_INFO = 0xFEEF04BD
-
-
-def fixed_file_info(library):
-    """The file and the product version in a DLL's version resource, as two tuples of four numbers."""
-    content = library.read_bytes()
-    places = [match.start() for match in re.finditer(struct.pack("<I", FIXED_FILE_INFO), content)]
-    (place,) = places
-    halves = struct.unpack_from("<8H", content, place + 8)
-    file_version, product_version = halves[:4], halves[4:]
-    return tuple((v[1], v[0], v[3], v[2]) for v in (file_version, product_version))
-
-
-def version_string(library, key):
-    """The value of a key in a DLL's version resource."""
-    content = library.read_bytes()
-    place = content.index(f"{key}\0".encode("utf-16-le"))
-    text = content[place : place + 200].decode("utf-16-le", "replace")
-    return text[len(key) :].lstrip("\0").partition("\0")[0]
+from readme import blocks  # noqa: E402, surroundings shows where they are
+from windows_binary import WindowsBinary  # noqa: E402
 
 
 class Versions(PackageTest):
@@ -112,11 +92,33 @@ class SharedObjectVersion(PackageTest):
 
 
 class ResourceVersion(PackageTest):
+    """What the properties of a file show in Windows."""
+
+    KINDS = {"krt_plx.dll": 2, "plxclip.exe": 1}
+
+    def versions(self):
+        """For each binary its name and its version resource."""
+        for name in self.KINDS:
+            yield name, WindowsBinary(self.tree / "bin" / name).version()
+
     def test_numbers(self):
-        expected = (*self.version, 0)
-        self.assertEqual(fixed_file_info(self.tree / "bin/krt_plx.dll"), (expected, expected))
+        for name, version in self.versions():
+            self.assertEqual(version.file_version(), (*self.version, 0), name)
+            self.assertEqual(version.product_version(), (*self.version, 0), name)
+            self.assertEqual(version.kind(), self.KINDS[name])
 
     def test_texts(self):
-        for key in ("FileVersion", "ProductVersion"):
-            found = version_string(self.tree / "bin/krt_plx.dll", key)
-            self.assertEqual(found, self.version_text)
+        for name, version in self.versions():
+            for key in ("FileVersion", "ProductVersion"):
+                self.assertEqual(version.text(key), self.version_text, name)
+            self.assertEqual(version.text("OriginalFilename"), name)
+            self.assertEqual(version.text("InternalName"), name.partition(".")[0])
+            self.assertEqual(version.text("ProductName"), "krt_plx")
+
+    def test_descriptions(self):
+        """As CMake and the program's own help have them."""
+        descriptions = {name: version.text("FileDescription") for name, version in self.versions()}
+        project = (self.surroundings.sources / "CMakeLists.txt").read_text(encoding="utf-8")
+        self.assertIn(f'DESCRIPTION "{descriptions["krt_plx.dll"]}"', project)
+        help_text = output_of([*self.surroundings.launcher, self.tree / "bin/plxclip.exe", "--help"])
+        self.assertEqual(help_text.split("\n", 1)[0].strip(), descriptions["plxclip.exe"] + ".")
