@@ -160,6 +160,25 @@ TEST(FsSystemPathLength, MayExceedTheOldLimits)
     EXPECT_EQ(systemForm(deep.c_str(), "\\c"), R"(\\?\)" + deep + "\\c");
 }
 
+// The system counts a path's bytes in 16 bits, with the zero at the end.
+TEST(FsSystemPathLength, EndsWhereTheSystemStopsCounting)
+{
+    constexpr std::size_t longest = 0x7FFE;
+    const String given = text(R"(\\?\C:\a)");
+    for (const std::size_t length : {longest, longest + 1, 2 * longest, 4 * longest}) {
+        const String whole = given + String(length - given.size(), L'b');
+        const fs::SystemPath asGiven{whole};
+        const fs::SystemPath withNames{
+            {given + L'\\' + whole.substr(given.size() + 1), given.size()}};
+        for (const fs::SystemPath& path : {asGiven, withNames}) {
+            EXPECT_EQ(path.length(), length == longest ? longest : 0) << length;
+            EXPECT_EQ(path.isEmpty(), length != longest) << length;
+            EXPECT_EQ(path.error(), path.isEmpty() ? DWORD{ERROR_FILENAME_EXCED_RANGE}
+                                                   : DWORD{ERROR_PATH_NOT_FOUND});
+        }
+    }
+}
+
 TEST(FsSystemPathNul, LeadsNowhere)
 {
     EXPECT_TRUE(fs::SystemPath{text("C:\\clips") + Char{}}.isEmpty());

@@ -13,6 +13,9 @@ constexpr StringView prefixOfShares = LR"(\\?\UNC\)";
 constexpr StringView prefixOfDevices = LR"(\\.\)";
 constexpr StringView separators = LR"(\/)";
 
+// Calls of the system count the bytes of a path in 16 bits, with a zero at the end.
+constexpr std::size_t longest = 0x7FFE;
+
 bool isLetter(Char unit)
 {
     return (unit >= L'A' && unit <= L'Z') || (unit >= L'a' && unit <= L'z');
@@ -110,6 +113,10 @@ SystemPath::SystemPath(const Path& path) : error_(ERROR_PATH_NOT_FOUND)
         text_.pop_back();
     }
     appendNames(path.text.substr(given.size()));
+    if (text_.size() > longest) {
+        error_ = ERROR_FILENAME_EXCED_RANGE;
+        text_.clear();
+    }
 }
 
 void SystemPath::appendNames(StringView names)

@@ -9,7 +9,7 @@ namespace Korvel::CANTORIS::PLX::fs {
 // doubled.
 String entryPath(StringView folder, StringView name);
 
-// A path with the prefix that makes the system use it as it is: up to 32,767 units long, with names
+// A path with the prefix that makes the system use it as it is: up to 32,766 units long, with names
 // that end in blanks and dots, and with names that would mean a device without the prefix.
 //
 // The part that the host has passed is completed by the system first, once: relative paths, the
@@ -17,7 +17,7 @@ String entryPath(StringView folder, StringView name);
 // device is refused. The names after that part stay as they are; only "." and ".." among them,
 // which documents may contain, are resolved.
 //
-// Empty for a path that leads nowhere.
+// Empty for a path that leads nowhere, and for one that is longer: the system might use its beginning.
 class SystemPath {
 public:
     explicit SystemPath(const Path& path);

@@ -1,0 +1,165 @@
+// Folders whose paths are longer than Windows once allowed: 259 units for a file, 247 for a new folder.
+#ifdef _WIN32
+
+#    include "odd_paths.h"
+#    include "support/temp_dir.h"
+
+using support::Path;
+using support::Text;
+
+namespace {
+
+class LongPaths : public OddPaths {
+protected:
+    // The system counts the zero at the end, and the prefix.
+    static constexpr std::size_t longest = 32'766;
+    static constexpr std::size_t prefixLength = 4;
+
+    ~LongPaths() override { removeNamed(); }
+
+    // A folder of exactly that length below another; it is only named, and removed if something makes it.
+    Path folderOfLength(std::size_t length, const Path& above)
+    {
+        Text path = above.native();
+        while (path.size() + 1 < length) {
+            const std::size_t left = length - path.size() - 1;
+            path += L'\\' + Text(left > 202 ? 200 : left, L'x');
+        }
+        named.push_back({path, above.native().size()});
+        return path;
+    }
+    Path folderOfLength(std::size_t length) { return folderOfLength(length, scratch()); }
+
+    // The standard library of this compiler could not find folders with such paths.
+    void removeNamed()
+    {
+        for (auto& [path, lengthAbove] : named) {
+            for (; path.size() > lengthAbove; path.resize(path.rfind(L'\\'))) {
+                RemoveDirectoryW(longForm(path).c_str());
+            }
+        }
+        named.clear();
+    }
+
+    // Whether the system itself takes paths that are so much longer than the folder's.
+    bool canMake(const Path& folder, std::size_t more) const
+    {
+        const Path whole = folder.native() + L'\\' + Text(more, L'y');
+        Text path = longForm(whole);
+        for (std::size_t end = scratch().native().size() + prefixLength; end < path.size();) {
+            end = std::min(path.find(L'\\', end + 1), path.size());
+            CreateDirectoryW(path.substr(0, end).c_str(), nullptr);
+        }
+        return RemoveDirectoryW(path.c_str()) != 0;
+    }
+
+    // There are no clips, and none can be saved. Both leave everything as it was.
+    void expectRefused(const Text& user)
+    {
+        SCOPED_TRACE(user.size());
+        const support::Tree before = support::treeOf(scratch());
+        const support::OwnedManager own(create(user));
+        ASSERT_NE(own.get(), nullptr);
+        EXPECT_EQ(KRT_PLX_Manager_readAllClipFiles(own.get()), KRT_PLX_RESULT_OK);
+        EXPECT_EQ(support::userClipCount(own.get()), 0u);
+        KRT_PLX_ClipBase* const built = KRT_PLX_Manager_createMutableClip(own.get());
+        support::createMidiPart(built);
+        EXPECT_EQ(support::save(built).code, KRT_PLX_RESULT_DIRECTORY_NOT_CREATED);
+        EXPECT_EQ(support::treeOf(scratch()), before);
+    }
+
+    // What lies in the folder of a clip has a path so much longer: two identifiers and the extension.
+    static constexpr std::size_t inClip = 1 + 36 + 1 + 36 + 7;
+
+private:
+    struct Named {
+        Text path;
+        std::size_t lengthAbove;
+    };
+    std::vector<Named> named;
+};
+
+TEST_F(LongPaths, OnBothSidesOfTheOldLimits)
+{
+    for (const std::size_t length : {180, 247, 248, 259, 260, 261, 300, 1000}) {
+        const Path user = folderOfLength(length);
+        ASSERT_EQ(user.native().size(), length);
+        expectAllWorks(user.wstring(), user);
+    }
+}
+
+TEST_F(LongPaths, InEachFormThatTheSystemCompletes)
+{
+    const Path user = folderOfLength(600);
+    Text slashes = user.generic_wstring();
+    expectAllWorks(slashes, user);
+    expectAllWorks(user.wstring() + L"\\.\\inner\\..", user);
+    expectAllWorks(user.wstring() + L". ", user);
+    expectAllWorks(user.wstring() + L"\\", user);
+    expectAllWorks(prefix + user.wstring(), user);
+}
+
+TEST_F(LongPaths, BelowTheCurrentFolder)
+{
+    const Path user = folderOfLength(500);
+    const CurrentFolder current(scratch());
+    expectAllWorks(user.lexically_relative(scratch()).wstring(), user);
+}
+
+// A server that an emulated Windows keeps in its own folder of devices.
+TEST_F(LongPaths, OnAServer)
+{
+    const wchar_t* const devices = _wgetenv(L"WINECONFIGDIR");
+    if (devices == nullptr) {
+        GTEST_SKIP() << "there is no server that a test could make";
+    }
+    const Path server =
+        Path(Text(devices).substr(prefixLength)) / "dosdevices" / "unc" / "krt-plx-server";
+    std::filesystem::create_directories(server / "share");
+    const Path share = LR"(\\krt-plx-server\share)";
+    for (const std::size_t length : {40, 300, 1000}) {
+        const Path user = folderOfLength(length, share);
+        expectAllWorks(user.wstring(), user);
+        removeNamed();
+    }
+    std::filesystem::remove_all(server);
+}
+
+// Real systems take almost the length that is possible at all, emulated ones what their host takes.
+TEST_F(LongPaths, AsLongAsTheSystemTakes)
+{
+    for (const std::size_t length : {3'000, 30'000}) {
+        const Path user = folderOfLength(length);
+        const bool isPossible = canMake(user, inClip);
+        if (isPossible) {
+            expectAllWorks(user.wstring(), user);
+        }
+        removeNamed();
+        if (!isPossible) {
+            expectRefused(user.wstring());
+        }
+    }
+}
+
+TEST_F(LongPaths, LongerThanAnySystemTakesAreRefused)
+{
+    for (const std::size_t length :
+         {longest - prefixLength + 1, longest + 1, 2 * longest, 4 * longest}) {
+        const Path user = folderOfLength(length);
+        expectRefused(user.wstring());
+        expectRefused(prefix + user.wstring());
+    }
+}
+
+// The system counts the bytes of a path in 16 bits: a path that is cut off there must not lead elsewhere.
+TEST_F(LongPaths, AreNeverCutOff)
+{
+    const Path other = scratch() / "other";
+    support::addAudioClip(other / "one", "ID");
+    constexpr std::size_t round = 0x8000;
+    expectRefused(folderOfLength(round + other.native().size(), other).wstring());
+}
+
+} // namespace
+
+#endif
