@@ -887,6 +887,34 @@ class Change(ToolTest):
             self.assertIn("system clip", result.errors)
 
 
+class LongPaths(ToolTest):
+    """Folders whose paths are longer than Windows once allowed."""
+
+    def setUp(self):
+        super().setUp()
+        self.deep = self.scratch / "/".join(letter * 90 for letter in "abcd")
+        self.assertGreater(len(str(self.deep)), 360)
+        shutil.copytree(SOURCES / "examples/library", self.deep)
+
+    def test_all_clips_are_found_and_read(self):
+        self.assertEqual(self.json("list", self.deep)["total"], sum(documented_clips(SOURCES).values()))
+        self.assertEqual(self.json("show", self.deep, "Greensleeves")["name"], "Greensleeves")
+
+    def test_a_check_finds_what_it_finds_elsewhere(self):
+        def summary(library):
+            return self.run_tool("check", library, code=PROBLEM).lines[-1]
+
+        self.assertEqual(summary(self.deep), summary(self.library))
+
+    def test_clips_are_changed_and_removed(self):
+        (clip,) = (clip for clip in self.json("list", self.deep)["clips"] if clip["name"] == "Jingle Bells")
+        self.run_tool("edit", self.deep, clip["id"], "--name", "Deep")
+        self.assertEqual(self.json("show", self.deep, clip["id"])["name"], "Deep")
+        self.run_tool("copy", self.deep, "Deep", self.deep / "user", "--name", "Copy")
+        self.run_tool("remove", self.deep, "Copy", "--yes")
+        self.assertEqual(self.json("show", self.deep, clip["id"])["name"], "Deep")
+
+
 class Clean(ToolTest):
     """What interrupted saves and removals leave is found, and nothing else is deleted."""
 
