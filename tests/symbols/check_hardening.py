@@ -15,7 +15,8 @@ import sys
 
 from binary import fail, output_of
 
-PE_MARKS = ("HIGH_ENTROPY_VA", "DYNAMIC_BASE", "NX_COMPAT")
+PE_MARKS = ("DYNAMIC_BASE", "NX_COMPAT")
+PE_MARKS_OF_LONG_ADDRESSES = (*PE_MARKS, "HIGH_ENTROPY_VA")
 
 
 def elf_faults(readelf, binary, targets):
@@ -50,7 +51,8 @@ def faults_of_sizes(build, targets):
 
 def pe_faults(objdump, binary):
     headers = output_of(objdump, "--private-headers", binary)
-    yield from (f"lacks {mark}" for mark in PE_MARKS if not re.search(rf"^\s+{mark}$", headers, re.M))
+    marks = PE_MARKS_OF_LONG_ADDRESSES if "file format pei-x86-64" in headers else PE_MARKS
+    yield from (f"lacks {mark}" for mark in marks if not re.search(rf"^\s+{mark}$", headers, re.M))
     # Without relocations the loader cannot move it, whatever the mark says.
     if not re.search(r"^Entry 5 [0-9a-f]+ (?!0+ )[0-9a-f]+ Base Relocation", headers, re.M):
         yield "has no relocations"
