@@ -2,7 +2,7 @@
 #
 # A function is exported by a declaration of the form
 #
-#     KRT_PLX_API <type> KRT_PLX_<name>(<parameters>) KRT_PLX_NOEXCEPT;
+#     KRT_PLX_API <type> KRT_PLX_CALL KRT_PLX_<name>(<parameters>) KRT_PLX_NOEXCEPT;
 #
 # At build time this file, run as a script, writes into the folder of its output
 #
@@ -68,7 +68,7 @@ function(read_declaration declaration file)
     set(name "KRT_PLX_[A-Za-z0-9_]+")
     set(parameters "[A-Za-z0-9_ *,]+")
     if(NOT declaration MATCHES
-            "^KRT_PLX_API (${type})(${name}) ?\\((${parameters})\\) KRT_PLX_NOEXCEPT$")
+            "^KRT_PLX_API (${type})KRT_PLX_CALL (${name}) ?\\((${parameters})\\) KRT_PLX_NOEXCEPT$")
         message(FATAL_ERROR "${file}: not the form of an exported function: ${declaration}")
     endif()
     string(STRIP "${CMAKE_MATCH_1}" type)

@@ -46,8 +46,8 @@ endfunction()
 
 # A function's signature as a member of the table: a pointer of the same name and type.
 function(write_member name signature result)
-    string(REPLACE " ${name}(" " (*${name})(" member " ${signature}")
-    if(NOT member MATCHES "\\(\\*${name}\\)\\(")
+    string(REPLACE " ${name}(" " (KRT_PLX_CALL *${name})(" member " ${signature}")
+    if(NOT member MATCHES "\\(KRT_PLX_CALL \\*${name}\\)\\(")
         message(FATAL_ERROR "${name}: no place for a pointer in ${signature}")
     endif()
     string(STRIP "${member}" member)

@@ -11,7 +11,7 @@ import unittest
 from check_abi import BROKEN, GROWN, judge
 from description import INCLUDE, Incomplete, constants, describe, without_comments
 
-DECLARATION = re.compile(r"KRT_PLX_API ([\w\s*]+?)(KRT_PLX_\w+)\(([^)]*)\) KRT_PLX_NOEXCEPT;")
+DECLARATION = re.compile(r"KRT_PLX_API ([\w\s*]+?)KRT_PLX_CALL (KRT_PLX_\w+)\(([^)]*)\) KRT_PLX_NOEXCEPT;")
 SETTER = "KRT_PLX_MutableEffectParameter_setValueInt32"
 
 
@@ -57,7 +57,7 @@ class Notices(unittest.TestCase):
         self.assertEqual(self.judgement_after("effect.h", r"int32_t value\b", "int32_t number"), "")
 
     def test_a_function_that_is_gone(self):
-        self.assert_broken("effect.h", rf"KRT_PLX_API bool {SETTER}\(.*?;", "")
+        self.assert_broken("effect.h", rf"KRT_PLX_API bool KRT_PLX_CALL {SETTER}\(.*?;", "")
 
     def test_another_name(self):
         self.assert_broken("effect.h", rf"\b{SETTER}\(\s*KRT", f"{SETTER}s(KRT")
@@ -94,8 +94,8 @@ class Notices(unittest.TestCase):
 
     def test_one_function_more(self):
         report = self.judgement_after(
-            "effect.h", rf"KRT_PLX_API bool {SETTER}\(",
-            f"KRT_PLX_API bool KRT_PLX_Effect_isNew(bool now) KRT_PLX_NOEXCEPT;\n\\g<0>")
+            "effect.h", rf"KRT_PLX_API bool KRT_PLX_CALL {SETTER}\(",
+            f"KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_Effect_isNew(bool now) KRT_PLX_NOEXCEPT;\n\\g<0>")
         self.assertIn("KRT_PLX_Effect_isNew", report)
         self.assertIn(GROWN, report)
 

@@ -8,7 +8,7 @@ import re
 import sys
 
 DECLARATION = re.compile(
-    r"/\*\*((?:(?!\*/).)*?)\*/\s*(?:KRT_PLX_API )?([^;{}#/]*?)(KRT_PLX_\w+)\(([^;]*?)\) KRT_PLX_NOEXCEPT;",
+    r"/\*\*((?:(?!\*/).)*?)\*/\s*(?:KRT_PLX_API )?([^;{}#/]*?)(?:KRT_PLX_CALL )?(KRT_PLX_\w+)\(([^;]*?)\) KRT_PLX_NOEXCEPT;",
     re.DOTALL)
 
 

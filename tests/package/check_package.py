@@ -15,6 +15,7 @@ from readme_hosts import ReadmeHosts  # noqa: F401
 from surroundings import PackageTest, Surroundings, call, output_of, package_environment, tool
 from readme import figures  # noqa: E402, surroundings shows where it is
 from versions import ResourceVersion, SharedObjectVersion, Versions  # noqa: F401
+from windows_binary import WindowsBinary  # noqa: E402
 
 CONSUMER = pathlib.Path(__file__).parent / "consumer"
 MSVC = pathlib.Path(__file__).parent / "msvc"
@@ -260,18 +261,46 @@ class PkgConfigConsumers(Consumers):
 
 
 class MsvcConsumer(Consumers):
-    """A host made by tools that work only like Microsoft's."""
+    """A host made by tools that work only like Microsoft's, and without the headers of its C library."""
+
+    def compile(self, source, *options, processor=None):
+        """The object of a source that is compiled as `clang-cl` does."""
+        result = self.folder / f"{source.stem}.obj"
+        output_of([tool("clang", "clang-14"), f"--target={processor or self.processor()}-pc-windows-msvc",
+                   "-ffreestanding", "-Wall", "-Wextra", "-Wpedantic", "-Werror", f"-isystem{MSVC}",
+                   f"-I{self.tree / 'include'}", *options, "-c", source, "-o", result])
+        return result
+
+    def processor(self):
+        """That of the installed library."""
+        library = WindowsBinary(self.tree / "bin/krt_plx.dll")
+        return "x86_64" if library.has_long_addresses else "i686"
+
+    def called(self):
+        """The functions that the host calls."""
+        return set(re.findall(r"\b(KRT_PLX_\w+)\(", (MSVC / "host.c").read_text(encoding="utf-8")))
+
+    def imports_of(self, host):
+        """The pointers that an import library has to have for the host."""
+        symbols = output_of([tool("llvm-nm", "llvm-nm-14"), "--undefined-only", "--format=just-symbols", host])
+        return {name for name in symbols.split() if name != "__fltused"}
 
     def test_linked_with_the_import_library(self):
-        host = self.folder / "host.obj"
         program = self.folder / "host.exe"
-        output_of([tool("clang", "clang-14"), "--target=x86_64-pc-windows-msvc", "-ffreestanding",
-                   "-Wall", "-Wextra", "-Wpedantic", "-Werror", "-std=c99", f"-isystem{MSVC}",
-                   f"-I{self.tree / 'include'}", "-c", MSVC / "host.c", "-o", host])
         output_of([tool("lld-link", "lld-link-14"), "/nodefaultlib", "/entry:entry",
-                   "/subsystem:console", f"/out:{program}", host, self.tree / "lib/krt_plx.lib"])
+                   "/subsystem:console", f"/out:{program}", self.compile(MSVC / "host.c", "-std=c99"),
+                   self.tree / "lib/krt_plx.lib"])
+        self.assertEqual(set(WindowsBinary(program).imports()), {("krt_plx.dll", name) for name in self.called()})
         self.assertEqual(self.start_host(program, self.library_in_reach()).returncode,
                          sum(self.expected_clips()))
+
+    def test_calls_as_c_does_whatever_else_is_usual(self):
+        """Even where the compiler is told to call all functions in another way, which changes their names."""
+        for language in ("-std=c99", "-xc++"):
+            host = self.compile(MSVC / "host.c", language, "-mrtd", processor="i686")
+            self.assertEqual(self.imports_of(host), {f"__imp__{name}" for name in self.called()})
+        host = self.compile(MSVC / "host.c", "-xc++", processor="x86_64")
+        self.assertEqual(self.imports_of(host), {f"__imp_{name}" for name in self.called()})
 
 
 def main():

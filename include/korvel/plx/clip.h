@@ -37,7 +37,8 @@
  * @param clip  any clip
  * @return the manager; NULL for a null handle
  */
-KRT_PLX_API KRT_PLX_Manager* KRT_PLX_ClipBase_parent(KRT_PLX_ClipBase* clip) KRT_PLX_NOEXCEPT;
+KRT_PLX_API KRT_PLX_Manager* KRT_PLX_CALL KRT_PLX_ClipBase_parent(
+    KRT_PLX_ClipBase* clip) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns the vendor name.
@@ -47,7 +48,7 @@ KRT_PLX_API KRT_PLX_Manager* KRT_PLX_ClipBase_parent(KRT_PLX_ClipBase* clip) KRT
  *         clip lives, and for an editable clip until KRT_PLX_MutableClip_setVendorName(); NULL for
  *         a null handle
  */
-KRT_PLX_API const KRT_PLX_Char* KRT_PLX_ClipBase_vendorName(
+KRT_PLX_API const KRT_PLX_Char* KRT_PLX_CALL KRT_PLX_ClipBase_vendorName(
     KRT_PLX_ClipBase* clip) KRT_PLX_NOEXCEPT;
 
 /**
@@ -60,7 +61,8 @@ KRT_PLX_API const KRT_PLX_Char* KRT_PLX_ClipBase_vendorName(
  * @return a value of #KRT_PLX_PartType; #KRT_PLX_PART_NONE for an editable clip without a part and
  *         for a null handle
  */
-KRT_PLX_API uint32_t KRT_PLX_ClipBase_partType(KRT_PLX_ClipBase* clip) KRT_PLX_NOEXCEPT;
+KRT_PLX_API uint32_t KRT_PLX_CALL KRT_PLX_ClipBase_partType(
+    KRT_PLX_ClipBase* clip) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns the key of the part.
@@ -71,7 +73,7 @@ KRT_PLX_API uint32_t KRT_PLX_ClipBase_partType(KRT_PLX_ClipBase* clip) KRT_PLX_N
  * @param clip  any clip
  * @return 0 to 30; #KRT_PLX_NO_KEY for a null handle
  */
-KRT_PLX_API uint32_t KRT_PLX_ClipBase_partKey(KRT_PLX_ClipBase* clip) KRT_PLX_NOEXCEPT;
+KRT_PLX_API uint32_t KRT_PLX_CALL KRT_PLX_ClipBase_partKey(KRT_PLX_ClipBase* clip) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns the tempo of the part.
@@ -82,7 +84,8 @@ KRT_PLX_API uint32_t KRT_PLX_ClipBase_partKey(KRT_PLX_ClipBase* clip) KRT_PLX_NO
  * @return the tempo in hundredths of a beat per minute, 2000 to 30000 (12050 is 120.5 beats per
  *         minute); 0 when the clip has no tempo; #KRT_PLX_NO_TEMPO for a null handle
  */
-KRT_PLX_API uint32_t KRT_PLX_ClipBase_partTempo(KRT_PLX_ClipBase* clip) KRT_PLX_NOEXCEPT;
+KRT_PLX_API uint32_t KRT_PLX_CALL KRT_PLX_ClipBase_partTempo(
+    KRT_PLX_ClipBase* clip) KRT_PLX_NOEXCEPT;
 
 /** @} */
 
@@ -108,7 +111,8 @@ KRT_PLX_API uint32_t KRT_PLX_ClipBase_partTempo(KRT_PLX_ClipBase* clip) KRT_PLX_
  * @return text owned by the clip, never empty, valid as long as the clip lives; NULL for a handle
  *         that is null or no `Clip`
  */
-KRT_PLX_API const KRT_PLX_Char* KRT_PLX_Clip_id(KRT_PLX_ClipBase* clip) KRT_PLX_NOEXCEPT;
+KRT_PLX_API const KRT_PLX_Char* KRT_PLX_CALL KRT_PLX_Clip_id(
+    KRT_PLX_ClipBase* clip) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns the clip's name, for display.
@@ -117,7 +121,8 @@ KRT_PLX_API const KRT_PLX_Char* KRT_PLX_Clip_id(KRT_PLX_ClipBase* clip) KRT_PLX_
  * @return text owned by the clip, never empty, valid until the clip dies or a property editor of it
  *         is saved; NULL for a handle that is null or no `Clip`
  */
-KRT_PLX_API const KRT_PLX_Char* KRT_PLX_Clip_name(KRT_PLX_ClipBase* clip) KRT_PLX_NOEXCEPT;
+KRT_PLX_API const KRT_PLX_Char* KRT_PLX_CALL KRT_PLX_Clip_name(
+    KRT_PLX_ClipBase* clip) KRT_PLX_NOEXCEPT;
 
 /**
  * Tells whether the clip is a system or a user clip.
@@ -126,7 +131,7 @@ KRT_PLX_API const KRT_PLX_Char* KRT_PLX_Clip_name(KRT_PLX_ClipBase* clip) KRT_PL
  * @return #KRT_PLX_CLIP_SYSTEM or #KRT_PLX_CLIP_USER; #KRT_PLX_CLIP_NO_KIND for a handle that is
  *         null or no `Clip`, such as an editable clip's
  */
-KRT_PLX_API uint32_t KRT_PLX_Clip_type(KRT_PLX_ClipBase* clip) KRT_PLX_NOEXCEPT;
+KRT_PLX_API uint32_t KRT_PLX_CALL KRT_PLX_Clip_type(KRT_PLX_ClipBase* clip) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns the full path of the clip file.
@@ -138,7 +143,8 @@ KRT_PLX_API uint32_t KRT_PLX_Clip_type(KRT_PLX_ClipBase* clip) KRT_PLX_NOEXCEPT;
  * @return text owned by the clip, valid as long as the clip lives; NULL for a handle that is null
  *         or no `Clip`
  */
-KRT_PLX_API const KRT_PLX_Char* KRT_PLX_Clip_path(KRT_PLX_ClipBase* clip) KRT_PLX_NOEXCEPT;
+KRT_PLX_API const KRT_PLX_Char* KRT_PLX_CALL KRT_PLX_Clip_path(
+    KRT_PLX_ClipBase* clip) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns the clip's search tags.
@@ -147,7 +153,8 @@ KRT_PLX_API const KRT_PLX_Char* KRT_PLX_Clip_path(KRT_PLX_ClipBase* clip) KRT_PL
  * @return the filter, read-only, owned by the clip and valid as long as the clip lives; NULL for a
  *         handle that is null or no `Clip`
  */
-KRT_PLX_API KRT_PLX_Filter* KRT_PLX_Clip_filter(KRT_PLX_ClipBase* clip) KRT_PLX_NOEXCEPT;
+KRT_PLX_API KRT_PLX_Filter* KRT_PLX_CALL KRT_PLX_Clip_filter(
+    KRT_PLX_ClipBase* clip) KRT_PLX_NOEXCEPT;
 
 /**
  * Loads the clip's part from the clip file.
@@ -167,7 +174,7 @@ KRT_PLX_API KRT_PLX_Filter* KRT_PLX_Clip_filter(KRT_PLX_ClipBase* clip) KRT_PLX_
  * @param clip  a system or user clip
  * @return true when a part was loaded; false on failure and for a handle that is null or no `Clip`
  */
-KRT_PLX_API bool KRT_PLX_Clip_readPart(KRT_PLX_ClipBase* clip) KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_Clip_readPart(KRT_PLX_ClipBase* clip) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns the loaded part if it is an audio part.
@@ -177,7 +184,8 @@ KRT_PLX_API bool KRT_PLX_Clip_readPart(KRT_PLX_ClipBase* clip) KRT_PLX_NOEXCEPT;
  *         KRT_PLX_Clip_readPart() or the clip's end; NULL when no part is loaded, when it is a MIDI
  *         part, and for a handle that is null or no `Clip`
  */
-KRT_PLX_API KRT_PLX_PartBase* KRT_PLX_Clip_audioPart(KRT_PLX_ClipBase* clip) KRT_PLX_NOEXCEPT;
+KRT_PLX_API KRT_PLX_PartBase* KRT_PLX_CALL KRT_PLX_Clip_audioPart(
+    KRT_PLX_ClipBase* clip) KRT_PLX_NOEXCEPT;
 
 /**
  * Tells whether a handle is the clip's loaded audio part.
@@ -190,7 +198,7 @@ KRT_PLX_API KRT_PLX_PartBase* KRT_PLX_Clip_audioPart(KRT_PLX_ClipBase* clip) KRT
  * @return true when it is that part; false otherwise, for a null `element`, and for a handle that
  *         is null or no `Clip`
  */
-KRT_PLX_API bool KRT_PLX_Clip_hasAudioPart(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_Clip_hasAudioPart(
     KRT_PLX_ClipBase* clip, KRT_PLX_PartBase* element) KRT_PLX_NOEXCEPT;
 
 /**
@@ -201,7 +209,8 @@ KRT_PLX_API bool KRT_PLX_Clip_hasAudioPart(
  *         KRT_PLX_Clip_readPart() or the clip's end; NULL when no part is loaded, when it is an
  *         audio part, and for a handle that is null or no `Clip`
  */
-KRT_PLX_API KRT_PLX_PartBase* KRT_PLX_Clip_midiPart(KRT_PLX_ClipBase* clip) KRT_PLX_NOEXCEPT;
+KRT_PLX_API KRT_PLX_PartBase* KRT_PLX_CALL KRT_PLX_Clip_midiPart(
+    KRT_PLX_ClipBase* clip) KRT_PLX_NOEXCEPT;
 
 /**
  * Tells whether a handle is the clip's loaded MIDI part.
@@ -214,7 +223,7 @@ KRT_PLX_API KRT_PLX_PartBase* KRT_PLX_Clip_midiPart(KRT_PLX_ClipBase* clip) KRT_
  * @return true when it is that part; false otherwise, for a null `element`, and for a handle that
  *         is null or no `Clip`
  */
-KRT_PLX_API bool KRT_PLX_Clip_hasMidiPart(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_Clip_hasMidiPart(
     KRT_PLX_ClipBase* clip, KRT_PLX_PartBase* element) KRT_PLX_NOEXCEPT;
 
 /** @} */
@@ -259,7 +268,7 @@ KRT_PLX_API bool KRT_PLX_Clip_hasMidiPart(
  * @return true when the clip was removed; false when its clip file or `property.json` could not be
  *         deleted, and for a handle that is null or no `UserClip`
  */
-KRT_PLX_API bool KRT_PLX_UserClip_remove(KRT_PLX_ClipBase* clip) KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_UserClip_remove(KRT_PLX_ClipBase* clip) KRT_PLX_NOEXCEPT;
 
 /**
  * Creates a property editor for a user clip.
@@ -273,7 +282,7 @@ KRT_PLX_API bool KRT_PLX_UserClip_remove(KRT_PLX_ClipBase* clip) KRT_PLX_NOEXCEP
  *         KRT_PLX_UserClip_createPropertyEditor() or KRT_PLX_UserClip_destroyPropertyEditor() on
  *         this clip, or the clip's end; NULL for a handle that is null or no `UserClip`
  */
-KRT_PLX_API KRT_PLX_PropertyEditor* KRT_PLX_UserClip_createPropertyEditor(
+KRT_PLX_API KRT_PLX_PropertyEditor* KRT_PLX_CALL KRT_PLX_UserClip_createPropertyEditor(
     KRT_PLX_ClipBase* clip) KRT_PLX_NOEXCEPT;
 
 /**
@@ -287,7 +296,7 @@ KRT_PLX_API KRT_PLX_PropertyEditor* KRT_PLX_UserClip_createPropertyEditor(
  * @param clip    a user clip
  * @param editor  ignored; pass the editor for the reader's sake
  */
-KRT_PLX_API void KRT_PLX_UserClip_destroyPropertyEditor(
+KRT_PLX_API void KRT_PLX_CALL KRT_PLX_UserClip_destroyPropertyEditor(
     KRT_PLX_ClipBase* clip, KRT_PLX_PropertyEditor* editor) KRT_PLX_NOEXCEPT;
 
 /** @} */
@@ -315,7 +324,7 @@ KRT_PLX_API void KRT_PLX_UserClip_destroyPropertyEditor(
  * @return true; false, with the editor unchanged, when `text` is null or empty, and for a null
  *         handle
  */
-KRT_PLX_API bool KRT_PLX_PropertyEditor_setClipName(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_PropertyEditor_setClipName(
     KRT_PLX_PropertyEditor* editor, const KRT_PLX_Char* text) KRT_PLX_NOEXCEPT;
 
 /**
@@ -330,7 +339,7 @@ KRT_PLX_API bool KRT_PLX_PropertyEditor_setClipName(
  * @return true when it was added; false when it was there already, when `text` is null or empty,
  *         and for a null handle
  */
-KRT_PLX_API bool KRT_PLX_PropertyEditor_addFilterType(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_PropertyEditor_addFilterType(
     KRT_PLX_PropertyEditor* editor, const KRT_PLX_Char* text) KRT_PLX_NOEXCEPT;
 
 /**
@@ -345,7 +354,7 @@ KRT_PLX_API bool KRT_PLX_PropertyEditor_addFilterType(
  * @return true when it was added; false when it was there already, when `text` is null or empty,
  *         and for a null handle
  */
-KRT_PLX_API bool KRT_PLX_PropertyEditor_addFilterGenre(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_PropertyEditor_addFilterGenre(
     KRT_PLX_PropertyEditor* editor, const KRT_PLX_Char* text) KRT_PLX_NOEXCEPT;
 
 /**
@@ -355,7 +364,7 @@ KRT_PLX_API bool KRT_PLX_PropertyEditor_addFilterGenre(
  * @param value   the key, 0 to 30
  * @return true; false, with the editor unchanged, when `value` is above 30, and for a null handle
  */
-KRT_PLX_API bool KRT_PLX_PropertyEditor_setPartKey(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_PropertyEditor_setPartKey(
     KRT_PLX_PropertyEditor* editor, uint32_t value) KRT_PLX_NOEXCEPT;
 
 /**
@@ -365,7 +374,7 @@ KRT_PLX_API bool KRT_PLX_PropertyEditor_setPartKey(
  * @param value   0 for none, or 2000 to 30000 hundredths of a beat per minute
  * @return true; false, with the editor unchanged, for any other value and for a null handle
  */
-KRT_PLX_API bool KRT_PLX_PropertyEditor_setPartTempo(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_PropertyEditor_setPartTempo(
     KRT_PLX_PropertyEditor* editor, uint32_t value) KRT_PLX_NOEXCEPT;
 
 /**
@@ -393,7 +402,8 @@ KRT_PLX_API bool KRT_PLX_PropertyEditor_setPartTempo(
  * @param editor  a property editor
  * @return true when the file was written; false on failure and for a null handle
  */
-KRT_PLX_API bool KRT_PLX_PropertyEditor_save(KRT_PLX_PropertyEditor* editor) KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_PropertyEditor_save(
+    KRT_PLX_PropertyEditor* editor) KRT_PLX_NOEXCEPT;
 
 /** @} */
 
@@ -441,7 +451,7 @@ KRT_PLX_API bool KRT_PLX_PropertyEditor_save(KRT_PLX_PropertyEditor* editor) KRT
  *         or the clip is destroyed; NULL when the clip has no part or a MIDI part, and for a handle
  *         that is null or no `MutableClip`
  */
-KRT_PLX_API KRT_PLX_PartBase* KRT_PLX_MutableClip_audioPart(
+KRT_PLX_API KRT_PLX_PartBase* KRT_PLX_CALL KRT_PLX_MutableClip_audioPart(
     KRT_PLX_ClipBase* clip) KRT_PLX_NOEXCEPT;
 
 /**
@@ -452,7 +462,8 @@ KRT_PLX_API KRT_PLX_PartBase* KRT_PLX_MutableClip_audioPart(
  *         or the clip is destroyed; NULL when the clip has no part or an audio part, and for a
  *         handle that is null or no `MutableClip`
  */
-KRT_PLX_API KRT_PLX_PartBase* KRT_PLX_MutableClip_midiPart(KRT_PLX_ClipBase* clip) KRT_PLX_NOEXCEPT;
+KRT_PLX_API KRT_PLX_PartBase* KRT_PLX_CALL KRT_PLX_MutableClip_midiPart(
+    KRT_PLX_ClipBase* clip) KRT_PLX_NOEXCEPT;
 
 /**
  * Tells whether a handle is what KRT_PLX_MutableClip_audioPart() returns.
@@ -467,7 +478,7 @@ KRT_PLX_API KRT_PLX_PartBase* KRT_PLX_MutableClip_midiPart(KRT_PLX_ClipBase* cli
  * @return true when it is the clip's audio part, or when it is null and the clip has none; false
  *         otherwise, and for a `clip` that is null or no `MutableClip`
  */
-KRT_PLX_API bool KRT_PLX_MutableClip_hasAudioPart(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableClip_hasAudioPart(
     KRT_PLX_ClipBase* clip, KRT_PLX_PartBase* element) KRT_PLX_NOEXCEPT;
 
 /**
@@ -483,7 +494,7 @@ KRT_PLX_API bool KRT_PLX_MutableClip_hasAudioPart(
  * @return true when it is the clip's MIDI part, or when it is null and the clip has none; false
  *         otherwise, and for a `clip` that is null or no `MutableClip`
  */
-KRT_PLX_API bool KRT_PLX_MutableClip_hasMidiPart(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableClip_hasMidiPart(
     KRT_PLX_ClipBase* clip, KRT_PLX_PartBase* element) KRT_PLX_NOEXCEPT;
 
 /**
@@ -497,7 +508,7 @@ KRT_PLX_API bool KRT_PLX_MutableClip_hasMidiPart(
  *         part is created or the clip is destroyed; NULL for a handle that is null or no
  *         `MutableClip`, or when memory ran out (the old part then stays)
  */
-KRT_PLX_API KRT_PLX_PartBase* KRT_PLX_MutableClip_createAudioPart(
+KRT_PLX_API KRT_PLX_PartBase* KRT_PLX_CALL KRT_PLX_MutableClip_createAudioPart(
     KRT_PLX_ClipBase* clip) KRT_PLX_NOEXCEPT;
 
 /**
@@ -511,7 +522,7 @@ KRT_PLX_API KRT_PLX_PartBase* KRT_PLX_MutableClip_createAudioPart(
  *         part is created or the clip is destroyed; NULL for a handle that is null or no
  *         `MutableClip`, or when memory ran out (the old part then stays)
  */
-KRT_PLX_API KRT_PLX_PartBase* KRT_PLX_MutableClip_createMidiPart(
+KRT_PLX_API KRT_PLX_PartBase* KRT_PLX_CALL KRT_PLX_MutableClip_createMidiPart(
     KRT_PLX_ClipBase* clip) KRT_PLX_NOEXCEPT;
 
 /**
@@ -525,7 +536,7 @@ KRT_PLX_API KRT_PLX_PartBase* KRT_PLX_MutableClip_createMidiPart(
  *         next part is created or the clip is destroyed; NULL for a handle that is null or no
  *         `MutableClip`, or when memory ran out (the old part then stays)
  */
-KRT_PLX_API KRT_PLX_PartBase* KRT_PLX_MutableClip_createMidiAiPart(
+KRT_PLX_API KRT_PLX_PartBase* KRT_PLX_CALL KRT_PLX_MutableClip_createMidiAiPart(
     KRT_PLX_ClipBase* clip) KRT_PLX_NOEXCEPT;
 
 /**
@@ -536,7 +547,8 @@ KRT_PLX_API KRT_PLX_PartBase* KRT_PLX_MutableClip_createMidiAiPart(
  *         take; owned by the clip and valid as long as the clip lives; NULL for a handle that is
  *         null or no `MutableClip`
  */
-KRT_PLX_API KRT_PLX_Filter* KRT_PLX_MutableClip_filter(KRT_PLX_ClipBase* clip) KRT_PLX_NOEXCEPT;
+KRT_PLX_API KRT_PLX_Filter* KRT_PLX_CALL KRT_PLX_MutableClip_filter(
+    KRT_PLX_ClipBase* clip) KRT_PLX_NOEXCEPT;
 
 /**
  * Sets the part key. It starts at 0, and is saved for MIDI parts only.
@@ -546,7 +558,7 @@ KRT_PLX_API KRT_PLX_Filter* KRT_PLX_MutableClip_filter(KRT_PLX_ClipBase* clip) K
  * @return true; false, with the key unchanged, when `value` is above 30, and for a handle that is
  *         null or no `MutableClip`
  */
-KRT_PLX_API bool KRT_PLX_MutableClip_setPartKey(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableClip_setPartKey(
     KRT_PLX_ClipBase* clip, uint32_t value) KRT_PLX_NOEXCEPT;
 
 /**
@@ -557,7 +569,7 @@ KRT_PLX_API bool KRT_PLX_MutableClip_setPartKey(
  * @return true; false, with the tempo unchanged, for any other value and for a handle that is null
  *         or no `MutableClip`
  */
-KRT_PLX_API bool KRT_PLX_MutableClip_setPartTempo(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableClip_setPartTempo(
     KRT_PLX_ClipBase* clip, uint32_t value) KRT_PLX_NOEXCEPT;
 
 /**
@@ -567,7 +579,7 @@ KRT_PLX_API bool KRT_PLX_MutableClip_setPartTempo(
  * @param text  the vendor name; null empties it
  * @return true; false for a handle that is null or no `MutableClip`
  */
-KRT_PLX_API bool KRT_PLX_MutableClip_setVendorName(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableClip_setVendorName(
     KRT_PLX_ClipBase* clip, const KRT_PLX_Char* text) KRT_PLX_NOEXCEPT;
 
 /**
@@ -640,7 +652,7 @@ KRT_PLX_API bool KRT_PLX_MutableClip_setVendorName(
  *         its KRT_PLX_UserClip_remove() or the manager's end; NULL on failure and for a handle that
  *         is null or no `MutableClip`
  */
-KRT_PLX_API KRT_PLX_ClipBase* KRT_PLX_MutableClip_save(KRT_PLX_ClipBase* clip,
+KRT_PLX_API KRT_PLX_ClipBase* KRT_PLX_CALL KRT_PLX_MutableClip_save(KRT_PLX_ClipBase* clip,
     const KRT_PLX_Char* name,
     bool formatted,
     uint32_t* errorCode) KRT_PLX_NOEXCEPT;
@@ -652,7 +664,7 @@ KRT_PLX_API KRT_PLX_ClipBase* KRT_PLX_MutableClip_save(KRT_PLX_ClipBase* clip,
  * @param clip  an editable clip
  * @return true; false for a handle that is null or no `MutableClip`
  */
-KRT_PLX_API bool KRT_PLX_MutableClip_destroy(KRT_PLX_ClipBase* clip) KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableClip_destroy(KRT_PLX_ClipBase* clip) KRT_PLX_NOEXCEPT;
 
 /** @} */
 

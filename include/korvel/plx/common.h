@@ -69,6 +69,15 @@
 #    define KRT_PLX_VISIBLE __attribute__((visibility("default")))
 #endif
 
+/** @def KRT_PLX_CALL
+ *  The calling convention of an exported function: that of C, whatever a host's compiler is told to use for
+ *  other functions. Compilers have a choice only for 32-bit programs of Windows. */
+#if defined(_WIN32)
+#    define KRT_PLX_CALL __cdecl
+#else
+#    define KRT_PLX_CALL
+#endif
+
 /** @def KRT_PLX_API
  *  Marks the declaration of an exported function: C linkage, visible outside the library. */
 /** @def KRT_PLX_NOEXCEPT

@@ -71,7 +71,7 @@ typedef enum KRT_PLX_ControllerType {
  * @return #KRT_PLX_CONTROLLER_DYNAMICS to #KRT_PLX_CONTROLLER_CHARACTER; #KRT_PLX_CONTROLLER_NONE
  *         for a null handle
  */
-KRT_PLX_API uint32_t KRT_PLX_MidiControllerBase_type(
+KRT_PLX_API uint32_t KRT_PLX_CALL KRT_PLX_MidiControllerBase_type(
     KRT_PLX_MidiControllerBase* controller) KRT_PLX_NOEXCEPT;
 
 /**
@@ -80,7 +80,7 @@ KRT_PLX_API uint32_t KRT_PLX_MidiControllerBase_type(
  * @param controller  a read-only or editable lane
  * @return the bound, included; INT32_MAX, a bound that no value meets, for a null handle
  */
-KRT_PLX_API int32_t KRT_PLX_MidiControllerBase_minEventValue(
+KRT_PLX_API int32_t KRT_PLX_CALL KRT_PLX_MidiControllerBase_minEventValue(
     KRT_PLX_MidiControllerBase* controller) KRT_PLX_NOEXCEPT;
 
 /**
@@ -89,7 +89,7 @@ KRT_PLX_API int32_t KRT_PLX_MidiControllerBase_minEventValue(
  * @param controller  a read-only or editable lane
  * @return the bound, included; #KRT_PLX_NO_INT32, a bound that no value meets, for a null handle
  */
-KRT_PLX_API int32_t KRT_PLX_MidiControllerBase_maxEventValue(
+KRT_PLX_API int32_t KRT_PLX_CALL KRT_PLX_MidiControllerBase_maxEventValue(
     KRT_PLX_MidiControllerBase* controller) KRT_PLX_NOEXCEPT;
 
 /**
@@ -99,7 +99,7 @@ KRT_PLX_API int32_t KRT_PLX_MidiControllerBase_maxEventValue(
  * @param count       receives the number; left alone when the result is false
  * @return true; false when the handle or `count` is null
  */
-KRT_PLX_API bool KRT_PLX_MidiControllerBase_numEvents(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MidiControllerBase_numEvents(
     KRT_PLX_MidiControllerBase* controller, uint64_t* count) KRT_PLX_NOEXCEPT;
 
 /** @} */
@@ -117,7 +117,7 @@ KRT_PLX_API bool KRT_PLX_MidiControllerBase_numEvents(
  * @param controller  a read-only lane
  * @return the part, which owns the lane; NULL for a handle that is null or no MidiController
  */
-KRT_PLX_API KRT_PLX_PartBase* KRT_PLX_MidiController_parent(
+KRT_PLX_API KRT_PLX_PartBase* KRT_PLX_CALL KRT_PLX_MidiController_parent(
     KRT_PLX_MidiControllerBase* controller) KRT_PLX_NOEXCEPT;
 
 /**
@@ -128,7 +128,7 @@ KRT_PLX_API KRT_PLX_PartBase* KRT_PLX_MidiController_parent(
  * @return the event (MidiEvent), owned by the lane; NULL when `index` is not below the count and
  *         for a handle that is null or no MidiController
  */
-KRT_PLX_API KRT_PLX_MidiEventBase* KRT_PLX_MidiController_event(
+KRT_PLX_API KRT_PLX_MidiEventBase* KRT_PLX_CALL KRT_PLX_MidiController_event(
     KRT_PLX_MidiControllerBase* controller, uint64_t index) KRT_PLX_NOEXCEPT;
 
 /**
@@ -142,7 +142,7 @@ KRT_PLX_API KRT_PLX_MidiEventBase* KRT_PLX_MidiController_event(
  * @return true when that very event is in the lane; false otherwise, for a null element and for a
  *         handle that is null or no MidiController
  */
-KRT_PLX_API bool KRT_PLX_MidiController_hasEvent(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MidiController_hasEvent(
     KRT_PLX_MidiControllerBase* controller, KRT_PLX_MidiEventBase* element) KRT_PLX_NOEXCEPT;
 
 /** @} */
@@ -160,7 +160,7 @@ KRT_PLX_API bool KRT_PLX_MidiController_hasEvent(
  * @param controller  an editable lane
  * @return the part, which owns the lane; NULL for a handle that is null or no MutableMidiController
  */
-KRT_PLX_API KRT_PLX_PartBase* KRT_PLX_MutableMidiController_parent(
+KRT_PLX_API KRT_PLX_PartBase* KRT_PLX_CALL KRT_PLX_MutableMidiController_parent(
     KRT_PLX_MidiControllerBase* controller) KRT_PLX_NOEXCEPT;
 
 /**
@@ -171,7 +171,7 @@ KRT_PLX_API KRT_PLX_PartBase* KRT_PLX_MutableMidiController_parent(
  * @return the event (MutableMidiEvent), owned by the lane; NULL when `index` is not below the count
  *         and for a handle that is null or no MutableMidiController
  */
-KRT_PLX_API KRT_PLX_MidiEventBase* KRT_PLX_MutableMidiController_event(
+KRT_PLX_API KRT_PLX_MidiEventBase* KRT_PLX_CALL KRT_PLX_MutableMidiController_event(
     KRT_PLX_MidiControllerBase* controller, uint64_t index) KRT_PLX_NOEXCEPT;
 
 /**
@@ -185,7 +185,7 @@ KRT_PLX_API KRT_PLX_MidiEventBase* KRT_PLX_MutableMidiController_event(
  * @return true when that very event is in the lane; false otherwise, for a null element and for a
  *         handle that is null or no MutableMidiController
  */
-KRT_PLX_API bool KRT_PLX_MutableMidiController_hasEvent(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableMidiController_hasEvent(
     KRT_PLX_MidiControllerBase* controller, KRT_PLX_MidiEventBase* element) KRT_PLX_NOEXCEPT;
 
 /**
@@ -200,7 +200,7 @@ KRT_PLX_API bool KRT_PLX_MutableMidiController_hasEvent(
  *         changed, when `value` is out of range or for a handle that is null or no
  *         MutableMidiController
  */
-KRT_PLX_API KRT_PLX_MidiEventBase* KRT_PLX_MutableMidiController_insertEvent(
+KRT_PLX_API KRT_PLX_MidiEventBase* KRT_PLX_CALL KRT_PLX_MutableMidiController_insertEvent(
     KRT_PLX_MidiControllerBase* controller, int32_t pos, int32_t value) KRT_PLX_NOEXCEPT;
 
 /**
@@ -213,7 +213,7 @@ KRT_PLX_API KRT_PLX_MidiEventBase* KRT_PLX_MutableMidiController_insertEvent(
  * @return true when the lane was removed; false for a handle that is null or no
  *         MutableMidiController
  */
-KRT_PLX_API bool KRT_PLX_MutableMidiController_remove(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableMidiController_remove(
     KRT_PLX_MidiControllerBase* controller) KRT_PLX_NOEXCEPT;
 
 /** @} */
@@ -233,7 +233,8 @@ KRT_PLX_API bool KRT_PLX_MutableMidiController_remove(
  * @return #KRT_PLX_CONTROLLER_DYNAMICS to #KRT_PLX_CONTROLLER_CHARACTER; #KRT_PLX_CONTROLLER_NONE
  *         for a null handle
  */
-KRT_PLX_API uint32_t KRT_PLX_MidiEventBase_type(KRT_PLX_MidiEventBase* event) KRT_PLX_NOEXCEPT;
+KRT_PLX_API uint32_t KRT_PLX_CALL KRT_PLX_MidiEventBase_type(
+    KRT_PLX_MidiEventBase* event) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns the event's position in the part.
@@ -243,7 +244,8 @@ KRT_PLX_API uint32_t KRT_PLX_MidiEventBase_type(KRT_PLX_MidiEventBase* event) KR
  * @param event  a read-only or editable event
  * @return ticks, possibly negative; 0 for a null handle
  */
-KRT_PLX_API int32_t KRT_PLX_MidiEventBase_pos(KRT_PLX_MidiEventBase* event) KRT_PLX_NOEXCEPT;
+KRT_PLX_API int32_t KRT_PLX_CALL KRT_PLX_MidiEventBase_pos(
+    KRT_PLX_MidiEventBase* event) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns the event's value.
@@ -251,7 +253,8 @@ KRT_PLX_API int32_t KRT_PLX_MidiEventBase_pos(KRT_PLX_MidiEventBase* event) KRT_
  * @param event  a read-only or editable event
  * @return a value between the bounds of the lane; #KRT_PLX_NO_INT32 for a null handle
  */
-KRT_PLX_API int32_t KRT_PLX_MidiEventBase_value(KRT_PLX_MidiEventBase* event) KRT_PLX_NOEXCEPT;
+KRT_PLX_API int32_t KRT_PLX_CALL KRT_PLX_MidiEventBase_value(
+    KRT_PLX_MidiEventBase* event) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns the smallest value that the event may hold.
@@ -259,7 +262,8 @@ KRT_PLX_API int32_t KRT_PLX_MidiEventBase_value(KRT_PLX_MidiEventBase* event) KR
  * @param event  a read-only or editable event
  * @return the bound, included; INT32_MAX, a bound that no value meets, for a null handle
  */
-KRT_PLX_API int32_t KRT_PLX_MidiEventBase_minValue(KRT_PLX_MidiEventBase* event) KRT_PLX_NOEXCEPT;
+KRT_PLX_API int32_t KRT_PLX_CALL KRT_PLX_MidiEventBase_minValue(
+    KRT_PLX_MidiEventBase* event) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns the largest value that the event may hold.
@@ -267,7 +271,8 @@ KRT_PLX_API int32_t KRT_PLX_MidiEventBase_minValue(KRT_PLX_MidiEventBase* event)
  * @param event  a read-only or editable event
  * @return the bound, included; #KRT_PLX_NO_INT32, a bound that no value meets, for a null handle
  */
-KRT_PLX_API int32_t KRT_PLX_MidiEventBase_maxValue(KRT_PLX_MidiEventBase* event) KRT_PLX_NOEXCEPT;
+KRT_PLX_API int32_t KRT_PLX_CALL KRT_PLX_MidiEventBase_maxValue(
+    KRT_PLX_MidiEventBase* event) KRT_PLX_NOEXCEPT;
 
 /** @} */
 
@@ -284,7 +289,7 @@ KRT_PLX_API int32_t KRT_PLX_MidiEventBase_maxValue(KRT_PLX_MidiEventBase* event)
  * @param event  a read-only event
  * @return the lane, which owns the event; NULL for a handle that is null or no MidiEvent
  */
-KRT_PLX_API KRT_PLX_MidiControllerBase* KRT_PLX_MidiEvent_parent(
+KRT_PLX_API KRT_PLX_MidiControllerBase* KRT_PLX_CALL KRT_PLX_MidiEvent_parent(
     KRT_PLX_MidiEventBase* event) KRT_PLX_NOEXCEPT;
 
 /** @} */
@@ -303,7 +308,7 @@ KRT_PLX_API KRT_PLX_MidiControllerBase* KRT_PLX_MidiEvent_parent(
  * @param event  an editable event
  * @return the lane, which owns the event; NULL for a handle that is null or no MutableMidiEvent
  */
-KRT_PLX_API KRT_PLX_MidiControllerBase* KRT_PLX_MutableMidiEvent_parent(
+KRT_PLX_API KRT_PLX_MidiControllerBase* KRT_PLX_CALL KRT_PLX_MutableMidiEvent_parent(
     KRT_PLX_MidiEventBase* event) KRT_PLX_NOEXCEPT;
 
 /**
@@ -316,7 +321,7 @@ KRT_PLX_API KRT_PLX_MidiControllerBase* KRT_PLX_MutableMidiEvent_parent(
  * @param pos    ticks, any value
  * @return true, whatever the position; false for a handle that is null or no MutableMidiEvent
  */
-KRT_PLX_API bool KRT_PLX_MutableMidiEvent_move(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableMidiEvent_move(
     KRT_PLX_MidiEventBase* event, int32_t pos) KRT_PLX_NOEXCEPT;
 
 /**
@@ -327,7 +332,8 @@ KRT_PLX_API bool KRT_PLX_MutableMidiEvent_move(
  * @param event  an editable event
  * @return true when the event was removed; false for a handle that is null or no MutableMidiEvent
  */
-KRT_PLX_API bool KRT_PLX_MutableMidiEvent_remove(KRT_PLX_MidiEventBase* event) KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableMidiEvent_remove(
+    KRT_PLX_MidiEventBase* event) KRT_PLX_NOEXCEPT;
 
 /**
  * Sets the event's value.
@@ -337,7 +343,7 @@ KRT_PLX_API bool KRT_PLX_MutableMidiEvent_remove(KRT_PLX_MidiEventBase* event) K
  * @return true when stored; false, and nothing changed, when out of range or for a handle that is
  *         null or no MutableMidiEvent
  */
-KRT_PLX_API bool KRT_PLX_MutableMidiEvent_setValue(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableMidiEvent_setValue(
     KRT_PLX_MidiEventBase* event, int32_t value) KRT_PLX_NOEXCEPT;
 
 /** @} */

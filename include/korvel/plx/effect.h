@@ -71,7 +71,8 @@ typedef enum KRT_PLX_ValueType {
  * @return the text, never empty; it belongs to the effect and is valid as long as that lives; NULL
  *         for a null handle
  */
-KRT_PLX_API const KRT_PLX_Char* KRT_PLX_EffectBase_id(KRT_PLX_EffectBase* effect) KRT_PLX_NOEXCEPT;
+KRT_PLX_API const KRT_PLX_Char* KRT_PLX_CALL KRT_PLX_EffectBase_id(
+    KRT_PLX_EffectBase* effect) KRT_PLX_NOEXCEPT;
 
 /**
  * Tells audio effects and MIDI effects apart.
@@ -79,7 +80,8 @@ KRT_PLX_API const KRT_PLX_Char* KRT_PLX_EffectBase_id(KRT_PLX_EffectBase* effect
  * @param effect  any effect
  * @return #KRT_PLX_EFFECT_AUDIO or #KRT_PLX_EFFECT_MIDI; #KRT_PLX_EFFECT_NONE for a null handle
  */
-KRT_PLX_API uint32_t KRT_PLX_EffectBase_type(KRT_PLX_EffectBase* effect) KRT_PLX_NOEXCEPT;
+KRT_PLX_API uint32_t KRT_PLX_CALL KRT_PLX_EffectBase_type(
+    KRT_PLX_EffectBase* effect) KRT_PLX_NOEXCEPT;
 
 /**
  * Counts the effect's parameters.
@@ -88,7 +90,7 @@ KRT_PLX_API uint32_t KRT_PLX_EffectBase_type(KRT_PLX_EffectBase* effect) KRT_PLX
  * @param count   receives the number; left alone when the result is false
  * @return true; false when the handle or `count` is null
  */
-KRT_PLX_API bool KRT_PLX_EffectBase_numParameters(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_EffectBase_numParameters(
     KRT_PLX_EffectBase* effect, uint64_t* count) KRT_PLX_NOEXCEPT;
 
 /** @} */
@@ -108,7 +110,7 @@ KRT_PLX_API bool KRT_PLX_EffectBase_numParameters(
  * @return the parameter (EffectParameter), owned by the effect; NULL when `index` is not below the
  *         count and for a handle that is null or no Effect
  */
-KRT_PLX_API KRT_PLX_EffectParameterBase* KRT_PLX_Effect_parameter(
+KRT_PLX_API KRT_PLX_EffectParameterBase* KRT_PLX_CALL KRT_PLX_Effect_parameter(
     KRT_PLX_EffectBase* effect, uint64_t index) KRT_PLX_NOEXCEPT;
 
 /**
@@ -122,7 +124,7 @@ KRT_PLX_API KRT_PLX_EffectParameterBase* KRT_PLX_Effect_parameter(
  * @return true when that very parameter is among the effect's own; false otherwise, for a null
  *         element and for a handle that is null or no Effect
  */
-KRT_PLX_API bool KRT_PLX_Effect_hasParameter(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_Effect_hasParameter(
     KRT_PLX_EffectBase* effect, KRT_PLX_EffectParameterBase* element) KRT_PLX_NOEXCEPT;
 
 /**
@@ -132,7 +134,7 @@ KRT_PLX_API bool KRT_PLX_Effect_hasParameter(
  * @return the MIDI or audio part, which owns the effect; NULL for a handle that is null or no
  *         AudioEffect, so for a MidiEffect too
  */
-KRT_PLX_API KRT_PLX_PartBase* KRT_PLX_AudioEffect_parent(
+KRT_PLX_API KRT_PLX_PartBase* KRT_PLX_CALL KRT_PLX_AudioEffect_parent(
     KRT_PLX_EffectBase* effect) KRT_PLX_NOEXCEPT;
 
 /**
@@ -142,7 +144,7 @@ KRT_PLX_API KRT_PLX_PartBase* KRT_PLX_AudioEffect_parent(
  * @return the MIDI part, which owns the effect; NULL for a handle that is null or no MidiEffect, so
  *         for an AudioEffect too
  */
-KRT_PLX_API KRT_PLX_PartBase* KRT_PLX_MidiEffect_parent(
+KRT_PLX_API KRT_PLX_PartBase* KRT_PLX_CALL KRT_PLX_MidiEffect_parent(
     KRT_PLX_EffectBase* effect) KRT_PLX_NOEXCEPT;
 
 /** @} */
@@ -163,7 +165,7 @@ KRT_PLX_API KRT_PLX_PartBase* KRT_PLX_MidiEffect_parent(
  * @return the parameter (MutableEffectParameter), owned by the effect; NULL when `index` is not
  *         below the count and for a handle that is null or no MutableEffect
  */
-KRT_PLX_API KRT_PLX_EffectParameterBase* KRT_PLX_MutableEffect_parameter(
+KRT_PLX_API KRT_PLX_EffectParameterBase* KRT_PLX_CALL KRT_PLX_MutableEffect_parameter(
     KRT_PLX_EffectBase* effect, uint64_t index) KRT_PLX_NOEXCEPT;
 
 /**
@@ -177,7 +179,7 @@ KRT_PLX_API KRT_PLX_EffectParameterBase* KRT_PLX_MutableEffect_parameter(
  * @return true when that very parameter is among the effect's own; false otherwise, for a null
  *         element and for a handle that is null or no MutableEffect
  */
-KRT_PLX_API bool KRT_PLX_MutableEffect_hasParameter(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableEffect_hasParameter(
     KRT_PLX_EffectBase* effect, KRT_PLX_EffectParameterBase* element) KRT_PLX_NOEXCEPT;
 
 /**
@@ -191,7 +193,7 @@ KRT_PLX_API bool KRT_PLX_MutableEffect_hasParameter(
  * @return the new or existing parameter (MutableEffectParameter), owned by the effect; NULL for a
  *         NULL or empty name and for a handle that is null or no MutableEffect
  */
-KRT_PLX_API KRT_PLX_EffectParameterBase* KRT_PLX_MutableEffect_addParameter(
+KRT_PLX_API KRT_PLX_EffectParameterBase* KRT_PLX_CALL KRT_PLX_MutableEffect_addParameter(
     KRT_PLX_EffectBase* effect, const KRT_PLX_Char* name) KRT_PLX_NOEXCEPT;
 
 /**
@@ -205,7 +207,7 @@ KRT_PLX_API KRT_PLX_EffectParameterBase* KRT_PLX_MutableEffect_addParameter(
  *                the end
  * @return true when moved; false for a handle that is null or no MutableEffect
  */
-KRT_PLX_API bool KRT_PLX_MutableEffect_move(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableEffect_move(
     KRT_PLX_EffectBase* effect, uint64_t index) KRT_PLX_NOEXCEPT;
 
 /**
@@ -217,7 +219,8 @@ KRT_PLX_API bool KRT_PLX_MutableEffect_move(
  * @param effect  an editable effect
  * @return true when the effect was removed; false for a handle that is null or no MutableEffect
  */
-KRT_PLX_API bool KRT_PLX_MutableEffect_remove(KRT_PLX_EffectBase* effect) KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableEffect_remove(
+    KRT_PLX_EffectBase* effect) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns the part to which an editable audio effect belongs.
@@ -226,7 +229,7 @@ KRT_PLX_API bool KRT_PLX_MutableEffect_remove(KRT_PLX_EffectBase* effect) KRT_PL
  * @return the MIDI or audio part, which owns the effect; NULL for a handle that is null or no
  *         MutableAudioEffect, so for a MutableMidiEffect too
  */
-KRT_PLX_API KRT_PLX_PartBase* KRT_PLX_MutableAudioEffect_parent(
+KRT_PLX_API KRT_PLX_PartBase* KRT_PLX_CALL KRT_PLX_MutableAudioEffect_parent(
     KRT_PLX_EffectBase* effect) KRT_PLX_NOEXCEPT;
 
 /**
@@ -236,7 +239,7 @@ KRT_PLX_API KRT_PLX_PartBase* KRT_PLX_MutableAudioEffect_parent(
  * @return the MIDI part, which owns the effect; NULL for a handle that is null or no
  *         MutableMidiEffect, so for a MutableAudioEffect too
  */
-KRT_PLX_API KRT_PLX_PartBase* KRT_PLX_MutableMidiEffect_parent(
+KRT_PLX_API KRT_PLX_PartBase* KRT_PLX_CALL KRT_PLX_MutableMidiEffect_parent(
     KRT_PLX_EffectBase* effect) KRT_PLX_NOEXCEPT;
 
 /** @} */
@@ -258,7 +261,7 @@ KRT_PLX_API KRT_PLX_PartBase* KRT_PLX_MutableMidiEffect_parent(
  * @return the text, never empty; it belongs to the parameter and is valid as long as that lives;
  *         NULL for a null handle
  */
-KRT_PLX_API const KRT_PLX_Char* KRT_PLX_EffectParameterBase_name(
+KRT_PLX_API const KRT_PLX_Char* KRT_PLX_CALL KRT_PLX_EffectParameterBase_name(
     KRT_PLX_EffectParameterBase* parameter) KRT_PLX_NOEXCEPT;
 
 /**
@@ -268,7 +271,7 @@ KRT_PLX_API const KRT_PLX_Char* KRT_PLX_EffectParameterBase_name(
  * @return #KRT_PLX_VALUE_UNSET, #KRT_PLX_VALUE_INT32, #KRT_PLX_VALUE_FLOAT or
  *         #KRT_PLX_VALUE_STRING; #KRT_PLX_VALUE_NONE for a null handle
  */
-KRT_PLX_API uint32_t KRT_PLX_EffectParameterBase_type(
+KRT_PLX_API uint32_t KRT_PLX_CALL KRT_PLX_EffectParameterBase_type(
     KRT_PLX_EffectParameterBase* parameter) KRT_PLX_NOEXCEPT;
 
 /**
@@ -278,7 +281,7 @@ KRT_PLX_API uint32_t KRT_PLX_EffectParameterBase_type(
  * @return the value; #KRT_PLX_VALUE_UNSET_INT32 when the parameter holds no integer; 0 for a null
  *         handle
  */
-KRT_PLX_API int32_t KRT_PLX_EffectParameterBase_valueInt32(
+KRT_PLX_API int32_t KRT_PLX_CALL KRT_PLX_EffectParameterBase_valueInt32(
     KRT_PLX_EffectParameterBase* parameter) KRT_PLX_NOEXCEPT;
 
 /**
@@ -288,7 +291,7 @@ KRT_PLX_API int32_t KRT_PLX_EffectParameterBase_valueInt32(
  * @return the value; #KRT_PLX_VALUE_UNSET_FLOAT when the parameter holds no float; 0.0 for a null
  *         handle
  */
-KRT_PLX_API float KRT_PLX_EffectParameterBase_valueFloat(
+KRT_PLX_API float KRT_PLX_CALL KRT_PLX_EffectParameterBase_valueFloat(
     KRT_PLX_EffectParameterBase* parameter) KRT_PLX_NOEXCEPT;
 
 /**
@@ -298,7 +301,7 @@ KRT_PLX_API float KRT_PLX_EffectParameterBase_valueFloat(
  * @return the value, empty when the parameter holds no text; it belongs to the parameter and is
  *         valid until a value is set or the parameter dies; NULL for a null handle
  */
-KRT_PLX_API const KRT_PLX_Char* KRT_PLX_EffectParameterBase_valueString(
+KRT_PLX_API const KRT_PLX_Char* KRT_PLX_CALL KRT_PLX_EffectParameterBase_valueString(
     KRT_PLX_EffectParameterBase* parameter) KRT_PLX_NOEXCEPT;
 
 /** @} */
@@ -317,7 +320,7 @@ KRT_PLX_API const KRT_PLX_Char* KRT_PLX_EffectParameterBase_valueString(
  * @return the effect, which owns the parameter; NULL for a handle that is null or no
  *         EffectParameter
  */
-KRT_PLX_API KRT_PLX_EffectBase* KRT_PLX_EffectParameter_parent(
+KRT_PLX_API KRT_PLX_EffectBase* KRT_PLX_CALL KRT_PLX_EffectParameter_parent(
     KRT_PLX_EffectParameterBase* parameter) KRT_PLX_NOEXCEPT;
 
 /** @} */
@@ -338,7 +341,7 @@ KRT_PLX_API KRT_PLX_EffectBase* KRT_PLX_EffectParameter_parent(
  * @return the effect, which owns the parameter; NULL for a handle that is null or no
  *         MutableEffectParameter
  */
-KRT_PLX_API KRT_PLX_EffectBase* KRT_PLX_MutableEffectParameter_parent(
+KRT_PLX_API KRT_PLX_EffectBase* KRT_PLX_CALL KRT_PLX_MutableEffectParameter_parent(
     KRT_PLX_EffectParameterBase* parameter) KRT_PLX_NOEXCEPT;
 
 /**
@@ -350,7 +353,7 @@ KRT_PLX_API KRT_PLX_EffectBase* KRT_PLX_MutableEffectParameter_parent(
  * @return true when the parameter was removed; false for a handle that is null or no
  *         MutableEffectParameter
  */
-KRT_PLX_API bool KRT_PLX_MutableEffectParameter_remove(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableEffectParameter_remove(
     KRT_PLX_EffectParameterBase* parameter) KRT_PLX_NOEXCEPT;
 
 /**
@@ -363,7 +366,7 @@ KRT_PLX_API bool KRT_PLX_MutableEffectParameter_remove(
  * @param value      the new value, any
  * @return true, whatever the value; false for a handle that is null or no MutableEffectParameter
  */
-KRT_PLX_API bool KRT_PLX_MutableEffectParameter_setValueInt32(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableEffectParameter_setValueInt32(
     KRT_PLX_EffectParameterBase* parameter, int32_t value) KRT_PLX_NOEXCEPT;
 
 /**
@@ -377,7 +380,7 @@ KRT_PLX_API bool KRT_PLX_MutableEffectParameter_setValueInt32(
  * @param value      the new value, any
  * @return true, whatever the value; false for a handle that is null or no MutableEffectParameter
  */
-KRT_PLX_API bool KRT_PLX_MutableEffectParameter_setValueFloat(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableEffectParameter_setValueFloat(
     KRT_PLX_EffectParameterBase* parameter, float value) KRT_PLX_NOEXCEPT;
 
 /**
@@ -387,7 +390,7 @@ KRT_PLX_API bool KRT_PLX_MutableEffectParameter_setValueFloat(
  * @param text       the new value, copied; any text, NULL stands for the empty one
  * @return true, whatever the text; false for a handle that is null or no MutableEffectParameter
  */
-KRT_PLX_API bool KRT_PLX_MutableEffectParameter_setValueString(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableEffectParameter_setValueString(
     KRT_PLX_EffectParameterBase* parameter, const KRT_PLX_Char* text) KRT_PLX_NOEXCEPT;
 
 /** @} */

@@ -60,7 +60,7 @@ typedef enum KRT_PLX_VibratoPointKind {
  * @return true for one of an editable note (MutableDvqm); false for one of a read-only note (Dvqm)
  *         and for a null handle
  */
-KRT_PLX_API bool KRT_PLX_DvqmBase_isMutable(KRT_PLX_DvqmBase* dvqm) KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_DvqmBase_isMutable(KRT_PLX_DvqmBase* dvqm) KRT_PLX_NOEXCEPT;
 
 /**
  * Tells which of its note's two Dvqms this is.
@@ -68,7 +68,7 @@ KRT_PLX_API bool KRT_PLX_DvqmBase_isMutable(KRT_PLX_DvqmBase* dvqm) KRT_PLX_NOEX
  * @param dvqm  a read-only or editable Dvqm
  * @return true for the attack Dvqm; false for the release Dvqm and for a null handle
  */
-KRT_PLX_API bool KRT_PLX_DvqmBase_isAttack(KRT_PLX_DvqmBase* dvqm) KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_DvqmBase_isAttack(KRT_PLX_DvqmBase* dvqm) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns the ID of the voice-quality component.
@@ -77,7 +77,8 @@ KRT_PLX_API bool KRT_PLX_DvqmBase_isAttack(KRT_PLX_DvqmBase* dvqm) KRT_PLX_NOEXC
  * @return the text, empty when none is set; it belongs to the Dvqm and is valid until the ID is set
  *         or the note dies; NULL for a null handle
  */
-KRT_PLX_API const KRT_PLX_Char* KRT_PLX_DvqmBase_compID(KRT_PLX_DvqmBase* dvqm) KRT_PLX_NOEXCEPT;
+KRT_PLX_API const KRT_PLX_Char* KRT_PLX_CALL KRT_PLX_DvqmBase_compID(
+    KRT_PLX_DvqmBase* dvqm) KRT_PLX_NOEXCEPT;
 
 /**
  * Counts the level names.
@@ -86,7 +87,7 @@ KRT_PLX_API const KRT_PLX_Char* KRT_PLX_DvqmBase_compID(KRT_PLX_DvqmBase* dvqm) 
  * @param count  receives the number; left alone when the result is false
  * @return true; false when the handle or `count` is null
  */
-KRT_PLX_API bool KRT_PLX_DvqmBase_numLevelNames(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_DvqmBase_numLevelNames(
     KRT_PLX_DvqmBase* dvqm, uint64_t* count) KRT_PLX_NOEXCEPT;
 
 /**
@@ -97,7 +98,7 @@ KRT_PLX_API bool KRT_PLX_DvqmBase_numLevelNames(
  * @return the text; it belongs to the Dvqm and is valid until a level name is added or the note
  *         dies; NULL when `index` is not below the count and for a null handle
  */
-KRT_PLX_API const KRT_PLX_Char* KRT_PLX_DvqmBase_levelName(
+KRT_PLX_API const KRT_PLX_Char* KRT_PLX_CALL KRT_PLX_DvqmBase_levelName(
     KRT_PLX_DvqmBase* dvqm, uint64_t index) KRT_PLX_NOEXCEPT;
 
 /**
@@ -106,7 +107,7 @@ KRT_PLX_API const KRT_PLX_Char* KRT_PLX_DvqmBase_levelName(
  * @param dvqm  a read-only or editable Dvqm
  * @return the mark; false for a null handle
  */
-KRT_PLX_API bool KRT_PLX_DvqmBase_isProtected(KRT_PLX_DvqmBase* dvqm) KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_DvqmBase_isProtected(KRT_PLX_DvqmBase* dvqm) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns the component's speed.
@@ -114,7 +115,7 @@ KRT_PLX_API bool KRT_PLX_DvqmBase_isProtected(KRT_PLX_DvqmBase* dvqm) KRT_PLX_NO
  * @param dvqm  a read-only or editable Dvqm
  * @return 0 to 100, 50 by default; 0 for a null handle
  */
-KRT_PLX_API uint32_t KRT_PLX_DvqmBase_speed(KRT_PLX_DvqmBase* dvqm) KRT_PLX_NOEXCEPT;
+KRT_PLX_API uint32_t KRT_PLX_CALL KRT_PLX_DvqmBase_speed(KRT_PLX_DvqmBase* dvqm) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns the component's top factor.
@@ -122,7 +123,7 @@ KRT_PLX_API uint32_t KRT_PLX_DvqmBase_speed(KRT_PLX_DvqmBase* dvqm) KRT_PLX_NOEX
  * @param dvqm  a read-only or editable Dvqm
  * @return 0.0 to 2.0, 1.0 by default; 0.0 for a null handle
  */
-KRT_PLX_API float KRT_PLX_DvqmBase_topFactor(KRT_PLX_DvqmBase* dvqm) KRT_PLX_NOEXCEPT;
+KRT_PLX_API float KRT_PLX_CALL KRT_PLX_DvqmBase_topFactor(KRT_PLX_DvqmBase* dvqm) KRT_PLX_NOEXCEPT;
 
 /** @} */
 
@@ -139,7 +140,8 @@ KRT_PLX_API float KRT_PLX_DvqmBase_topFactor(KRT_PLX_DvqmBase* dvqm) KRT_PLX_NOE
  * @param dvqm  a read-only Dvqm
  * @return the note, which owns the Dvqm; NULL for a handle that is null or no Dvqm
  */
-KRT_PLX_API KRT_PLX_NoteBase* KRT_PLX_Dvqm_parent(KRT_PLX_DvqmBase* dvqm) KRT_PLX_NOEXCEPT;
+KRT_PLX_API KRT_PLX_NoteBase* KRT_PLX_CALL KRT_PLX_Dvqm_parent(
+    KRT_PLX_DvqmBase* dvqm) KRT_PLX_NOEXCEPT;
 
 /** @} */
 
@@ -157,7 +159,8 @@ KRT_PLX_API KRT_PLX_NoteBase* KRT_PLX_Dvqm_parent(KRT_PLX_DvqmBase* dvqm) KRT_PL
  * @param dvqm  an editable Dvqm
  * @return the note, which owns the Dvqm; NULL for a handle that is null or no MutableDvqm
  */
-KRT_PLX_API KRT_PLX_NoteBase* KRT_PLX_MutableDvqm_parent(KRT_PLX_DvqmBase* dvqm) KRT_PLX_NOEXCEPT;
+KRT_PLX_API KRT_PLX_NoteBase* KRT_PLX_CALL KRT_PLX_MutableDvqm_parent(
+    KRT_PLX_DvqmBase* dvqm) KRT_PLX_NOEXCEPT;
 
 /**
  * Sets the ID of the voice-quality component.
@@ -166,7 +169,7 @@ KRT_PLX_API KRT_PLX_NoteBase* KRT_PLX_MutableDvqm_parent(KRT_PLX_DvqmBase* dvqm)
  * @param text  the new ID, copied; any text, NULL empties the ID
  * @return true, whatever the text; false for a handle that is null or no MutableDvqm
  */
-KRT_PLX_API bool KRT_PLX_MutableDvqm_setCompID(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableDvqm_setCompID(
     KRT_PLX_DvqmBase* dvqm, const KRT_PLX_Char* text) KRT_PLX_NOEXCEPT;
 
 /**
@@ -181,7 +184,7 @@ KRT_PLX_API bool KRT_PLX_MutableDvqm_setCompID(
  * @return true when appended; false, and nothing changed, for a NULL or empty text, when there are
  *         five names already, or for a handle that is null or no MutableDvqm
  */
-KRT_PLX_API bool KRT_PLX_MutableDvqm_addLevelName(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableDvqm_addLevelName(
     KRT_PLX_DvqmBase* dvqm, const KRT_PLX_Char* text) KRT_PLX_NOEXCEPT;
 
 /**
@@ -194,7 +197,8 @@ KRT_PLX_API bool KRT_PLX_MutableDvqm_addLevelName(
  * @param value  the new mark
  * @return `value` itself; false for a handle that is null or no MutableDvqm
  */
-KRT_PLX_API bool KRT_PLX_MutableDvqm_protect(KRT_PLX_DvqmBase* dvqm, bool value) KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableDvqm_protect(
+    KRT_PLX_DvqmBase* dvqm, bool value) KRT_PLX_NOEXCEPT;
 
 /**
  * Sets the component's speed.
@@ -204,7 +208,7 @@ KRT_PLX_API bool KRT_PLX_MutableDvqm_protect(KRT_PLX_DvqmBase* dvqm, bool value)
  * @return true when stored; false, and nothing changed, when out of range or for a handle that is
  *         null or no MutableDvqm
  */
-KRT_PLX_API bool KRT_PLX_MutableDvqm_setSpeed(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableDvqm_setSpeed(
     KRT_PLX_DvqmBase* dvqm, uint32_t value) KRT_PLX_NOEXCEPT;
 
 /**
@@ -218,7 +222,7 @@ KRT_PLX_API bool KRT_PLX_MutableDvqm_setSpeed(
  * @return true when stored; false, and nothing changed, when out of range or for a handle that is
  *         null or no MutableDvqm
  */
-KRT_PLX_API bool KRT_PLX_MutableDvqm_setTopFactor(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableDvqm_setTopFactor(
     KRT_PLX_DvqmBase* dvqm, float value) KRT_PLX_NOEXCEPT;
 
 /** @} */
@@ -238,7 +242,7 @@ KRT_PLX_API bool KRT_PLX_MutableDvqm_setTopFactor(
  * @return true for one of an editable note (MutableSingingSkill); false for one of a read-only note
  *         (SingingSkill) and for a null handle
  */
-KRT_PLX_API bool KRT_PLX_SingingSkillBase_isMutable(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_SingingSkillBase_isMutable(
     KRT_PLX_SingingSkillBase* skill) KRT_PLX_NOEXCEPT;
 
 /**
@@ -247,7 +251,7 @@ KRT_PLX_API bool KRT_PLX_SingingSkillBase_isMutable(
  * @param skill  a read-only or editable singing skill
  * @return ticks, 0 or more, 0 by default; 0 for a null handle
  */
-KRT_PLX_API int32_t KRT_PLX_SingingSkillBase_duration(
+KRT_PLX_API int32_t KRT_PLX_CALL KRT_PLX_SingingSkillBase_duration(
     KRT_PLX_SingingSkillBase* skill) KRT_PLX_NOEXCEPT;
 
 /**
@@ -256,7 +260,7 @@ KRT_PLX_API int32_t KRT_PLX_SingingSkillBase_duration(
  * @param skill  a read-only or editable singing skill
  * @return 0 to 127, 64 by default; 0 for a null handle
  */
-KRT_PLX_API uint32_t KRT_PLX_SingingSkillBase_preWeight(
+KRT_PLX_API uint32_t KRT_PLX_CALL KRT_PLX_SingingSkillBase_preWeight(
     KRT_PLX_SingingSkillBase* skill) KRT_PLX_NOEXCEPT;
 
 /**
@@ -265,7 +269,7 @@ KRT_PLX_API uint32_t KRT_PLX_SingingSkillBase_preWeight(
  * @param skill  a read-only or editable singing skill
  * @return 0 to 127, 64 by default; 0 for a null handle
  */
-KRT_PLX_API uint32_t KRT_PLX_SingingSkillBase_postWeight(
+KRT_PLX_API uint32_t KRT_PLX_CALL KRT_PLX_SingingSkillBase_postWeight(
     KRT_PLX_SingingSkillBase* skill) KRT_PLX_NOEXCEPT;
 
 /** @} */
@@ -283,7 +287,7 @@ KRT_PLX_API uint32_t KRT_PLX_SingingSkillBase_postWeight(
  * @param skill  a read-only singing skill
  * @return the note, which owns the singing skill; NULL for a handle that is null or no SingingSkill
  */
-KRT_PLX_API KRT_PLX_NoteBase* KRT_PLX_SingingSkill_parent(
+KRT_PLX_API KRT_PLX_NoteBase* KRT_PLX_CALL KRT_PLX_SingingSkill_parent(
     KRT_PLX_SingingSkillBase* skill) KRT_PLX_NOEXCEPT;
 
 /** @} */
@@ -302,7 +306,7 @@ KRT_PLX_API KRT_PLX_NoteBase* KRT_PLX_SingingSkill_parent(
  * @return the note, which owns the singing skill; NULL for a handle that is null or no
  *         MutableSingingSkill
  */
-KRT_PLX_API KRT_PLX_NoteBase* KRT_PLX_MutableSingingSkill_parent(
+KRT_PLX_API KRT_PLX_NoteBase* KRT_PLX_CALL KRT_PLX_MutableSingingSkill_parent(
     KRT_PLX_SingingSkillBase* skill) KRT_PLX_NOEXCEPT;
 
 /**
@@ -316,7 +320,7 @@ KRT_PLX_API KRT_PLX_NoteBase* KRT_PLX_MutableSingingSkill_parent(
  * @return true when stored; false, and nothing changed, when out of range or for a handle that is
  *         null or no MutableSingingSkill
  */
-KRT_PLX_API bool KRT_PLX_MutableSingingSkill_setDuration(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableSingingSkill_setDuration(
     KRT_PLX_SingingSkillBase* skill, int32_t duration) KRT_PLX_NOEXCEPT;
 
 /**
@@ -327,7 +331,7 @@ KRT_PLX_API bool KRT_PLX_MutableSingingSkill_setDuration(
  * @return true when stored; false, and nothing changed, when out of range or for a handle that is
  *         null or no MutableSingingSkill
  */
-KRT_PLX_API bool KRT_PLX_MutableSingingSkill_setPreWeight(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableSingingSkill_setPreWeight(
     KRT_PLX_SingingSkillBase* skill, uint32_t value) KRT_PLX_NOEXCEPT;
 
 /**
@@ -338,7 +342,7 @@ KRT_PLX_API bool KRT_PLX_MutableSingingSkill_setPreWeight(
  * @return true when stored; false, and nothing changed, when out of range or for a handle that is
  *         null or no MutableSingingSkill
  */
-KRT_PLX_API bool KRT_PLX_MutableSingingSkill_setPostWeight(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableSingingSkill_setPostWeight(
     KRT_PLX_SingingSkillBase* skill, uint32_t value) KRT_PLX_NOEXCEPT;
 
 /** @} */
@@ -360,7 +364,8 @@ KRT_PLX_API bool KRT_PLX_MutableSingingSkill_setPostWeight(
  * @return true for one of an editable note (MutableVibrato); false for one of a read-only note
  *         (Vibrato) and for a null handle
  */
-KRT_PLX_API bool KRT_PLX_VibratoBase_isMutable(KRT_PLX_VibratoBase* vibrato) KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_VibratoBase_isMutable(
+    KRT_PLX_VibratoBase* vibrato) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns the vibrato's type, in the host's numbering.
@@ -368,7 +373,8 @@ KRT_PLX_API bool KRT_PLX_VibratoBase_isMutable(KRT_PLX_VibratoBase* vibrato) KRT
  * @param vibrato  a read-only or editable vibrato
  * @return 0 to 16, 0 by default; #KRT_PLX_VIBRATO_TYPE_NONE for a null handle
  */
-KRT_PLX_API uint32_t KRT_PLX_VibratoBase_type(KRT_PLX_VibratoBase* vibrato) KRT_PLX_NOEXCEPT;
+KRT_PLX_API uint32_t KRT_PLX_CALL KRT_PLX_VibratoBase_type(
+    KRT_PLX_VibratoBase* vibrato) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns how much of the note the vibrato takes.
@@ -376,7 +382,8 @@ KRT_PLX_API uint32_t KRT_PLX_VibratoBase_type(KRT_PLX_VibratoBase* vibrato) KRT_
  * @param vibrato  a read-only or editable vibrato
  * @return ticks, 0 or more, 0 by default; #KRT_PLX_NO_INT32 for a null handle
  */
-KRT_PLX_API int32_t KRT_PLX_VibratoBase_duration(KRT_PLX_VibratoBase* vibrato) KRT_PLX_NOEXCEPT;
+KRT_PLX_API int32_t KRT_PLX_CALL KRT_PLX_VibratoBase_duration(
+    KRT_PLX_VibratoBase* vibrato) KRT_PLX_NOEXCEPT;
 
 /**
  * Counts the points of one curve.
@@ -389,7 +396,7 @@ KRT_PLX_API int32_t KRT_PLX_VibratoBase_duration(KRT_PLX_VibratoBase* vibrato) K
  * @param count    receives the number; left alone when the result is false
  * @return true; false when the handle or `count` is null
  */
-KRT_PLX_API bool KRT_PLX_VibratoBase_numParameters(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_VibratoBase_numParameters(
     KRT_PLX_VibratoBase* vibrato, uint32_t type, uint64_t* count) KRT_PLX_NOEXCEPT;
 
 /** @} */
@@ -407,7 +414,8 @@ KRT_PLX_API bool KRT_PLX_VibratoBase_numParameters(
  * @param vibrato  a read-only vibrato
  * @return the note, which owns the vibrato; NULL for a handle that is null or no Vibrato
  */
-KRT_PLX_API KRT_PLX_NoteBase* KRT_PLX_Vibrato_parent(KRT_PLX_VibratoBase* vibrato) KRT_PLX_NOEXCEPT;
+KRT_PLX_API KRT_PLX_NoteBase* KRT_PLX_CALL KRT_PLX_Vibrato_parent(
+    KRT_PLX_VibratoBase* vibrato) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns one point of a curve.
@@ -418,7 +426,7 @@ KRT_PLX_API KRT_PLX_NoteBase* KRT_PLX_Vibrato_parent(KRT_PLX_VibratoBase* vibrat
  * @return the point (VibratoParameter), owned by the vibrato; NULL for another type, when `index`
  *         is not below the count, and for a handle that is null or no Vibrato
  */
-KRT_PLX_API KRT_PLX_VibratoParameterBase* KRT_PLX_Vibrato_parameter(
+KRT_PLX_API KRT_PLX_VibratoParameterBase* KRT_PLX_CALL KRT_PLX_Vibrato_parameter(
     KRT_PLX_VibratoBase* vibrato, uint32_t type, uint64_t index) KRT_PLX_NOEXCEPT;
 
 /**
@@ -433,7 +441,7 @@ KRT_PLX_API KRT_PLX_VibratoParameterBase* KRT_PLX_Vibrato_parameter(
  * @return true when that very point is in that curve; false otherwise, for a null element, for
  *         another type and for a handle that is null or no Vibrato
  */
-KRT_PLX_API bool KRT_PLX_Vibrato_hasParameter(KRT_PLX_VibratoBase* vibrato,
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_Vibrato_hasParameter(KRT_PLX_VibratoBase* vibrato,
     uint32_t type,
     KRT_PLX_VibratoParameterBase* element) KRT_PLX_NOEXCEPT;
 
@@ -453,7 +461,7 @@ KRT_PLX_API bool KRT_PLX_Vibrato_hasParameter(KRT_PLX_VibratoBase* vibrato,
  * @param vibrato  an editable vibrato
  * @return the note, which owns the vibrato; NULL for a handle that is null or no MutableVibrato
  */
-KRT_PLX_API KRT_PLX_NoteBase* KRT_PLX_MutableVibrato_parent(
+KRT_PLX_API KRT_PLX_NoteBase* KRT_PLX_CALL KRT_PLX_MutableVibrato_parent(
     KRT_PLX_VibratoBase* vibrato) KRT_PLX_NOEXCEPT;
 
 /**
@@ -464,7 +472,7 @@ KRT_PLX_API KRT_PLX_NoteBase* KRT_PLX_MutableVibrato_parent(
  * @return true when stored; false, and nothing changed, when out of range or for a handle that is
  *         null or no MutableVibrato
  */
-KRT_PLX_API bool KRT_PLX_MutableVibrato_setType(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableVibrato_setType(
     KRT_PLX_VibratoBase* vibrato, uint32_t type) KRT_PLX_NOEXCEPT;
 
 /**
@@ -480,7 +488,7 @@ KRT_PLX_API bool KRT_PLX_MutableVibrato_setType(
  * @return true when stored; false, and nothing changed, when out of range or for a handle that is
  *         null or no MutableVibrato
  */
-KRT_PLX_API bool KRT_PLX_MutableVibrato_setDuration(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableVibrato_setDuration(
     KRT_PLX_VibratoBase* vibrato, int32_t duration) KRT_PLX_NOEXCEPT;
 
 /**
@@ -492,7 +500,7 @@ KRT_PLX_API bool KRT_PLX_MutableVibrato_setDuration(
  * @return the point (MutableVibratoParameter), owned by the vibrato; NULL for another type, when
  *         `index` is not below the count, and for a handle that is null or no MutableVibrato
  */
-KRT_PLX_API KRT_PLX_VibratoParameterBase* KRT_PLX_MutableVibrato_parameter(
+KRT_PLX_API KRT_PLX_VibratoParameterBase* KRT_PLX_CALL KRT_PLX_MutableVibrato_parameter(
     KRT_PLX_VibratoBase* vibrato, uint32_t type, uint64_t index) KRT_PLX_NOEXCEPT;
 
 /**
@@ -507,7 +515,7 @@ KRT_PLX_API KRT_PLX_VibratoParameterBase* KRT_PLX_MutableVibrato_parameter(
  * @return true when that very point is in that curve; false otherwise, for a null element, for
  *         another type and for a handle that is null or no MutableVibrato
  */
-KRT_PLX_API bool KRT_PLX_MutableVibrato_hasParameter(KRT_PLX_VibratoBase* vibrato,
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableVibrato_hasParameter(KRT_PLX_VibratoBase* vibrato,
     uint32_t type,
     KRT_PLX_VibratoParameterBase* element) KRT_PLX_NOEXCEPT;
 
@@ -526,7 +534,7 @@ KRT_PLX_API bool KRT_PLX_MutableVibrato_hasParameter(KRT_PLX_VibratoBase* vibrat
  *         nothing changed, for another type, when `pos` or `value` is out of range, and for a
  *         handle that is null or no MutableVibrato
  */
-KRT_PLX_API KRT_PLX_VibratoParameterBase* KRT_PLX_MutableVibrato_insertParameter(
+KRT_PLX_API KRT_PLX_VibratoParameterBase* KRT_PLX_CALL KRT_PLX_MutableVibrato_insertParameter(
     KRT_PLX_VibratoBase* vibrato, uint32_t type, int32_t pos, uint32_t value) KRT_PLX_NOEXCEPT;
 
 /** @} */
@@ -545,7 +553,7 @@ KRT_PLX_API KRT_PLX_VibratoParameterBase* KRT_PLX_MutableVibrato_insertParameter
  * @return true for one of an editable vibrato (MutableVibratoParameter); false for one of a
  *         read-only vibrato (VibratoParameter) and for a null handle
  */
-KRT_PLX_API bool KRT_PLX_VibratoParameterBase_isMutable(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_VibratoParameterBase_isMutable(
     KRT_PLX_VibratoParameterBase* point) KRT_PLX_NOEXCEPT;
 
 /**
@@ -554,7 +562,7 @@ KRT_PLX_API bool KRT_PLX_VibratoParameterBase_isMutable(
  * @param point  a read-only or editable vibrato point
  * @return #KRT_PLX_VIBRATO_DEPTH or #KRT_PLX_VIBRATO_RATE; #KRT_PLX_VIBRATO_NONE for a null handle
  */
-KRT_PLX_API uint32_t KRT_PLX_VibratoParameterBase_type(
+KRT_PLX_API uint32_t KRT_PLX_CALL KRT_PLX_VibratoParameterBase_type(
     KRT_PLX_VibratoParameterBase* point) KRT_PLX_NOEXCEPT;
 
 /**
@@ -563,7 +571,7 @@ KRT_PLX_API uint32_t KRT_PLX_VibratoParameterBase_type(
  * @param point  a read-only or editable vibrato point
  * @return ticks, 0 or more; #KRT_PLX_NO_INT32 for a null handle
  */
-KRT_PLX_API int32_t KRT_PLX_VibratoParameterBase_pos(
+KRT_PLX_API int32_t KRT_PLX_CALL KRT_PLX_VibratoParameterBase_pos(
     KRT_PLX_VibratoParameterBase* point) KRT_PLX_NOEXCEPT;
 
 /**
@@ -572,7 +580,7 @@ KRT_PLX_API int32_t KRT_PLX_VibratoParameterBase_pos(
  * @param point  a read-only or editable vibrato point
  * @return 0 to 127; #KRT_PLX_NO_UINT32 for a null handle
  */
-KRT_PLX_API uint32_t KRT_PLX_VibratoParameterBase_value(
+KRT_PLX_API uint32_t KRT_PLX_CALL KRT_PLX_VibratoParameterBase_value(
     KRT_PLX_VibratoParameterBase* point) KRT_PLX_NOEXCEPT;
 
 /** @} */
@@ -590,7 +598,7 @@ KRT_PLX_API uint32_t KRT_PLX_VibratoParameterBase_value(
  * @param point  a read-only vibrato point
  * @return the vibrato, which owns the point; NULL for a handle that is null or no VibratoParameter
  */
-KRT_PLX_API KRT_PLX_VibratoBase* KRT_PLX_VibratoParameter_parent(
+KRT_PLX_API KRT_PLX_VibratoBase* KRT_PLX_CALL KRT_PLX_VibratoParameter_parent(
     KRT_PLX_VibratoParameterBase* point) KRT_PLX_NOEXCEPT;
 
 /** @} */
@@ -610,7 +618,7 @@ KRT_PLX_API KRT_PLX_VibratoBase* KRT_PLX_VibratoParameter_parent(
  * @return the vibrato, which owns the point; NULL for a handle that is null or no
  *         MutableVibratoParameter
  */
-KRT_PLX_API KRT_PLX_VibratoBase* KRT_PLX_MutableVibratoParameter_parent(
+KRT_PLX_API KRT_PLX_VibratoBase* KRT_PLX_CALL KRT_PLX_MutableVibratoParameter_parent(
     KRT_PLX_VibratoParameterBase* point) KRT_PLX_NOEXCEPT;
 
 /**
@@ -622,7 +630,7 @@ KRT_PLX_API KRT_PLX_VibratoBase* KRT_PLX_MutableVibratoParameter_parent(
  * @return true when the point was removed; false for a handle that is null or no
  *         MutableVibratoParameter
  */
-KRT_PLX_API bool KRT_PLX_MutableVibratoParameter_remove(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableVibratoParameter_remove(
     KRT_PLX_VibratoParameterBase* point) KRT_PLX_NOEXCEPT;
 
 /**
@@ -636,7 +644,7 @@ KRT_PLX_API bool KRT_PLX_MutableVibratoParameter_remove(
  * @return true when moved; false, and nothing changed, when out of range or for a handle that is
  *         null or no MutableVibratoParameter
  */
-KRT_PLX_API bool KRT_PLX_MutableVibratoParameter_move(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableVibratoParameter_move(
     KRT_PLX_VibratoParameterBase* point, int32_t pos) KRT_PLX_NOEXCEPT;
 
 /**
@@ -647,7 +655,7 @@ KRT_PLX_API bool KRT_PLX_MutableVibratoParameter_move(
  * @return true when stored; false, and nothing changed, when out of range or for a handle that is
  *         null or no MutableVibratoParameter
  */
-KRT_PLX_API bool KRT_PLX_MutableVibratoParameter_setValue(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableVibratoParameter_setValue(
     KRT_PLX_VibratoParameterBase* point, uint32_t value) KRT_PLX_NOEXCEPT;
 
 /** @} */

@@ -41,7 +41,8 @@
  * @param count   receives the number; left alone when the result is false
  * @return true; false when the handle or `count` is null
  */
-KRT_PLX_API bool KRT_PLX_Filter_numGenres(KRT_PLX_Filter* filter, uint64_t* count) KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_Filter_numGenres(
+    KRT_PLX_Filter* filter, uint64_t* count) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns a genre by its place.
@@ -51,7 +52,7 @@ KRT_PLX_API bool KRT_PLX_Filter_numGenres(KRT_PLX_Filter* filter, uint64_t* coun
  * @return text owned by the filter, never empty, valid until the genres change or the clip dies;
  *         NULL when `index` is not below the count, and for a null handle
  */
-KRT_PLX_API const KRT_PLX_Char* KRT_PLX_Filter_genre(
+KRT_PLX_API const KRT_PLX_Char* KRT_PLX_CALL KRT_PLX_Filter_genre(
     KRT_PLX_Filter* filter, uint64_t index) KRT_PLX_NOEXCEPT;
 
 /**
@@ -61,7 +62,7 @@ KRT_PLX_API const KRT_PLX_Char* KRT_PLX_Filter_genre(
  * @param count   receives the number; left alone when the result is false
  * @return true; false when the handle or `count` is null
  */
-KRT_PLX_API bool KRT_PLX_Filter_numLanguages(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_Filter_numLanguages(
     KRT_PLX_Filter* filter, uint64_t* count) KRT_PLX_NOEXCEPT;
 
 /**
@@ -72,7 +73,7 @@ KRT_PLX_API bool KRT_PLX_Filter_numLanguages(
  * @return the language number, 0 to 2147483647; #KRT_PLX_NO_INT32 when `index` is not below the
  *         count, and for a null handle
  */
-KRT_PLX_API int32_t KRT_PLX_Filter_language(
+KRT_PLX_API int32_t KRT_PLX_CALL KRT_PLX_Filter_language(
     KRT_PLX_Filter* filter, uint64_t index) KRT_PLX_NOEXCEPT;
 
 /**
@@ -82,7 +83,7 @@ KRT_PLX_API int32_t KRT_PLX_Filter_language(
  * @param count   receives the number; left alone when the result is false
  * @return true; false when the handle or `count` is null
  */
-KRT_PLX_API bool KRT_PLX_Filter_numSingerGroups(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_Filter_numSingerGroups(
     KRT_PLX_Filter* filter, uint64_t* count) KRT_PLX_NOEXCEPT;
 
 /**
@@ -93,7 +94,7 @@ KRT_PLX_API bool KRT_PLX_Filter_numSingerGroups(
  * @return text owned by the filter, never empty, valid until the singer groups change or the clip
  *         dies; NULL when `index` is not below the count, and for a null handle
  */
-KRT_PLX_API const KRT_PLX_Char* KRT_PLX_Filter_singerGroup(
+KRT_PLX_API const KRT_PLX_Char* KRT_PLX_CALL KRT_PLX_Filter_singerGroup(
     KRT_PLX_Filter* filter, uint64_t index) KRT_PLX_NOEXCEPT;
 
 /**
@@ -103,7 +104,7 @@ KRT_PLX_API const KRT_PLX_Char* KRT_PLX_Filter_singerGroup(
  * @param count   receives the number; left alone when the result is false
  * @return true; false when the handle or `count` is null
  */
-KRT_PLX_API bool KRT_PLX_Filter_numSingerIDs(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_Filter_numSingerIDs(
     KRT_PLX_Filter* filter, uint64_t* count) KRT_PLX_NOEXCEPT;
 
 /**
@@ -114,7 +115,7 @@ KRT_PLX_API bool KRT_PLX_Filter_numSingerIDs(
  * @return text owned by the filter, never empty, valid until the singer IDs change or the clip
  *         dies; NULL when `index` is not below the count, and for a null handle
  */
-KRT_PLX_API const KRT_PLX_Char* KRT_PLX_Filter_singerID(
+KRT_PLX_API const KRT_PLX_Char* KRT_PLX_CALL KRT_PLX_Filter_singerID(
     KRT_PLX_Filter* filter, uint64_t index) KRT_PLX_NOEXCEPT;
 
 /**
@@ -124,7 +125,8 @@ KRT_PLX_API const KRT_PLX_Char* KRT_PLX_Filter_singerID(
  * @param count   receives the number; left alone when the result is false
  * @return true; false when the handle or `count` is null
  */
-KRT_PLX_API bool KRT_PLX_Filter_numTypes(KRT_PLX_Filter* filter, uint64_t* count) KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_Filter_numTypes(
+    KRT_PLX_Filter* filter, uint64_t* count) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns a type by its place.
@@ -137,7 +139,7 @@ KRT_PLX_API bool KRT_PLX_Filter_numTypes(KRT_PLX_Filter* filter, uint64_t* count
  * @return text owned by the filter, never empty, valid until the types change or the clip dies;
  *         NULL when `index` is not below the count, and for a null handle
  */
-KRT_PLX_API const KRT_PLX_Char* KRT_PLX_Filter_type(
+KRT_PLX_API const KRT_PLX_Char* KRT_PLX_CALL KRT_PLX_Filter_type(
     KRT_PLX_Filter* filter, uint64_t index) KRT_PLX_NOEXCEPT;
 
 /**
@@ -147,7 +149,7 @@ KRT_PLX_API const KRT_PLX_Char* KRT_PLX_Filter_type(
  * @param count   receives the number; left alone when the result is false
  * @return true; false when the handle or `count` is null
  */
-KRT_PLX_API bool KRT_PLX_Filter_numVendors(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_Filter_numVendors(
     KRT_PLX_Filter* filter, uint64_t* count) KRT_PLX_NOEXCEPT;
 
 /**
@@ -158,7 +160,7 @@ KRT_PLX_API bool KRT_PLX_Filter_numVendors(
  * @return text owned by the filter, possibly empty (see the group's text), valid until the vendors
  *         change or the clip dies; NULL when `index` is not below the count, and for a null handle
  */
-KRT_PLX_API const KRT_PLX_Char* KRT_PLX_Filter_vendor(
+KRT_PLX_API const KRT_PLX_Char* KRT_PLX_CALL KRT_PLX_Filter_vendor(
     KRT_PLX_Filter* filter, uint64_t index) KRT_PLX_NOEXCEPT;
 
 /** @} */
@@ -193,7 +195,7 @@ KRT_PLX_API const KRT_PLX_Char* KRT_PLX_Filter_vendor(
  * @return true when it was added or already there; false when `text` is null or empty, and for a
  *         handle that is null or no `MutableFilter`
  */
-KRT_PLX_API bool KRT_PLX_MutableFilter_addGenre(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableFilter_addGenre(
     KRT_PLX_Filter* filter, const KRT_PLX_Char* text) KRT_PLX_NOEXCEPT;
 
 /**
@@ -204,7 +206,7 @@ KRT_PLX_API bool KRT_PLX_MutableFilter_addGenre(
  * @return true when it was added or already there; false when it is negative, and for a handle that
  *         is null or no `MutableFilter`
  */
-KRT_PLX_API bool KRT_PLX_MutableFilter_addLanguage(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableFilter_addLanguage(
     KRT_PLX_Filter* filter, int32_t language) KRT_PLX_NOEXCEPT;
 
 /**
@@ -215,7 +217,7 @@ KRT_PLX_API bool KRT_PLX_MutableFilter_addLanguage(
  * @return true when it was added or already there; false when `text` is null or empty, and for a
  *         handle that is null or no `MutableFilter`
  */
-KRT_PLX_API bool KRT_PLX_MutableFilter_addSingerGroup(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableFilter_addSingerGroup(
     KRT_PLX_Filter* filter, const KRT_PLX_Char* text) KRT_PLX_NOEXCEPT;
 
 /**
@@ -226,7 +228,7 @@ KRT_PLX_API bool KRT_PLX_MutableFilter_addSingerGroup(
  * @return true when it was added or already there; false when `text` is null or empty, and for a
  *         handle that is null or no `MutableFilter`
  */
-KRT_PLX_API bool KRT_PLX_MutableFilter_addSingerID(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableFilter_addSingerID(
     KRT_PLX_Filter* filter, const KRT_PLX_Char* text) KRT_PLX_NOEXCEPT;
 
 /**
@@ -237,7 +239,7 @@ KRT_PLX_API bool KRT_PLX_MutableFilter_addSingerID(
  * @return true when it was added or already there; false when `text` is null or empty, and for a
  *         handle that is null or no `MutableFilter`
  */
-KRT_PLX_API bool KRT_PLX_MutableFilter_addType(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableFilter_addType(
     KRT_PLX_Filter* filter, const KRT_PLX_Char* text) KRT_PLX_NOEXCEPT;
 
 /**
@@ -248,7 +250,7 @@ KRT_PLX_API bool KRT_PLX_MutableFilter_addType(
  * @return true when it was added or already there; false when `text` is null, and for a handle that
  *         is null or no `MutableFilter`
  */
-KRT_PLX_API bool KRT_PLX_MutableFilter_addVendor(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableFilter_addVendor(
     KRT_PLX_Filter* filter, const KRT_PLX_Char* text) KRT_PLX_NOEXCEPT;
 
 /**
@@ -259,7 +261,7 @@ KRT_PLX_API bool KRT_PLX_MutableFilter_addVendor(
  * @return true when it was found and removed; false when `text` is null or not in the list, and for
  *         a handle that is null or no `MutableFilter`
  */
-KRT_PLX_API bool KRT_PLX_MutableFilter_removeGenre(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableFilter_removeGenre(
     KRT_PLX_Filter* filter, const KRT_PLX_Char* text) KRT_PLX_NOEXCEPT;
 
 /**
@@ -270,7 +272,7 @@ KRT_PLX_API bool KRT_PLX_MutableFilter_removeGenre(
  * @return true when it was found and removed; false when it is not in the list, and for a handle
  *         that is null or no `MutableFilter`
  */
-KRT_PLX_API bool KRT_PLX_MutableFilter_removeLanguage(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableFilter_removeLanguage(
     KRT_PLX_Filter* filter, int32_t language) KRT_PLX_NOEXCEPT;
 
 /**
@@ -281,7 +283,7 @@ KRT_PLX_API bool KRT_PLX_MutableFilter_removeLanguage(
  * @return true when it was found and removed; false when `text` is null or not in the list, and for
  *         a handle that is null or no `MutableFilter`
  */
-KRT_PLX_API bool KRT_PLX_MutableFilter_removeSingerGroup(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableFilter_removeSingerGroup(
     KRT_PLX_Filter* filter, const KRT_PLX_Char* text) KRT_PLX_NOEXCEPT;
 
 /**
@@ -292,7 +294,7 @@ KRT_PLX_API bool KRT_PLX_MutableFilter_removeSingerGroup(
  * @return true when it was found and removed; false when `text` is null or not in the list, and for
  *         a handle that is null or no `MutableFilter`
  */
-KRT_PLX_API bool KRT_PLX_MutableFilter_removeSingerID(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableFilter_removeSingerID(
     KRT_PLX_Filter* filter, const KRT_PLX_Char* text) KRT_PLX_NOEXCEPT;
 
 /**
@@ -303,7 +305,7 @@ KRT_PLX_API bool KRT_PLX_MutableFilter_removeSingerID(
  * @return true when it was found and removed; false when `text` is null or not in the list, and for
  *         a handle that is null or no `MutableFilter`
  */
-KRT_PLX_API bool KRT_PLX_MutableFilter_removeType(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableFilter_removeType(
     KRT_PLX_Filter* filter, const KRT_PLX_Char* text) KRT_PLX_NOEXCEPT;
 
 /**
@@ -314,7 +316,7 @@ KRT_PLX_API bool KRT_PLX_MutableFilter_removeType(
  * @return true when it was found and removed; false when `text` is null or not in the list, and for
  *         a handle that is null or no `MutableFilter`
  */
-KRT_PLX_API bool KRT_PLX_MutableFilter_removeVendor(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableFilter_removeVendor(
     KRT_PLX_Filter* filter, const KRT_PLX_Char* text) KRT_PLX_NOEXCEPT;
 
 /** @} */

@@ -83,7 +83,7 @@
  * @return the manager, owned by the library and valid until KRT_PLX_Manager_destroy() or until the
  *         library is unloaded; NULL on every failure
  */
-KRT_PLX_API KRT_PLX_Manager* KRT_PLX_CreateManager(const KRT_PLX_Char* appID,
+KRT_PLX_API KRT_PLX_Manager* KRT_PLX_CALL KRT_PLX_CreateManager(const KRT_PLX_Char* appID,
     const KRT_PLX_Char* systemClipDirPath,
     const KRT_PLX_Char* userClipDirPath,
     const KRT_PLX_Char* const* extraSystemDirs,
@@ -102,7 +102,7 @@ KRT_PLX_API KRT_PLX_Manager* KRT_PLX_CreateManager(const KRT_PLX_Char* appID,
  * @param manager  any manager handle, alive or dead
  * @return true when it is alive; false otherwise and for null
  */
-KRT_PLX_API bool KRT_PLX_HasManager(KRT_PLX_Manager* manager) KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_HasManager(KRT_PLX_Manager* manager) KRT_PLX_NOEXCEPT;
 
 /** @name What the manager was created with
  * @{
@@ -114,7 +114,8 @@ KRT_PLX_API bool KRT_PLX_HasManager(KRT_PLX_Manager* manager) KRT_PLX_NOEXCEPT;
  * @param manager  a manager
  * @return text owned by the manager, valid as long as it lives; NULL for a null handle
  */
-KRT_PLX_API const KRT_PLX_Char* KRT_PLX_Manager_appID(KRT_PLX_Manager* manager) KRT_PLX_NOEXCEPT;
+KRT_PLX_API const KRT_PLX_Char* KRT_PLX_CALL KRT_PLX_Manager_appID(
+    KRT_PLX_Manager* manager) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns the main system clip directory, exactly as it was passed at creation.
@@ -122,7 +123,7 @@ KRT_PLX_API const KRT_PLX_Char* KRT_PLX_Manager_appID(KRT_PLX_Manager* manager) 
  * @param manager  a manager
  * @return text owned by the manager, valid as long as it lives; NULL for a null handle
  */
-KRT_PLX_API const KRT_PLX_Char* KRT_PLX_Manager_systemClipDirPath(
+KRT_PLX_API const KRT_PLX_Char* KRT_PLX_CALL KRT_PLX_Manager_systemClipDirPath(
     KRT_PLX_Manager* manager) KRT_PLX_NOEXCEPT;
 
 /**
@@ -132,7 +133,7 @@ KRT_PLX_API const KRT_PLX_Char* KRT_PLX_Manager_systemClipDirPath(
  * @param manager  a manager
  * @return text owned by the manager, valid as long as it lives; NULL for a null handle
  */
-KRT_PLX_API const KRT_PLX_Char* KRT_PLX_Manager_userClipDirPath(
+KRT_PLX_API const KRT_PLX_Char* KRT_PLX_CALL KRT_PLX_Manager_userClipDirPath(
     KRT_PLX_Manager* manager) KRT_PLX_NOEXCEPT;
 
 /** @} */
@@ -168,7 +169,8 @@ KRT_PLX_API const KRT_PLX_Char* KRT_PLX_Manager_userClipDirPath(
  *         user directory is no existing directory; #KRT_PLX_RESULT_NO_MANAGER for a null handle or
  *         when memory ran out
  */
-KRT_PLX_API uint32_t KRT_PLX_Manager_readAllClipFiles(KRT_PLX_Manager* manager) KRT_PLX_NOEXCEPT;
+KRT_PLX_API uint32_t KRT_PLX_CALL KRT_PLX_Manager_readAllClipFiles(
+    KRT_PLX_Manager* manager) KRT_PLX_NOEXCEPT;
 
 /**
  * Reads the user clip directories and builds the list of user clips anew.
@@ -185,7 +187,8 @@ KRT_PLX_API uint32_t KRT_PLX_Manager_readAllClipFiles(KRT_PLX_Manager* manager) 
  * @return #KRT_PLX_RESULT_OK; #KRT_PLX_RESULT_DIRECTORY_MISSING when the main user directory is no
  *         existing directory; #KRT_PLX_RESULT_NO_MANAGER for a null handle or when memory ran out
  */
-KRT_PLX_API uint32_t KRT_PLX_Manager_readUserClipFiles(KRT_PLX_Manager* manager) KRT_PLX_NOEXCEPT;
+KRT_PLX_API uint32_t KRT_PLX_CALL KRT_PLX_Manager_readUserClipFiles(
+    KRT_PLX_Manager* manager) KRT_PLX_NOEXCEPT;
 
 /** @} */
 
@@ -200,7 +203,7 @@ KRT_PLX_API uint32_t KRT_PLX_Manager_readUserClipFiles(KRT_PLX_Manager* manager)
  * @param count    receives the number; left alone when the result is false
  * @return true; false when the handle or `count` is null
  */
-KRT_PLX_API bool KRT_PLX_Manager_numSystemClips(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_Manager_numSystemClips(
     KRT_PLX_Manager* manager, uint64_t* count) KRT_PLX_NOEXCEPT;
 
 /**
@@ -212,7 +215,7 @@ KRT_PLX_API bool KRT_PLX_Manager_numSystemClips(
  *         KRT_PLX_Manager_readAllClipFiles() or the manager's end; NULL when `index` is not below
  *         the count, and for a null handle
  */
-KRT_PLX_API KRT_PLX_ClipBase* KRT_PLX_Manager_systemClip(
+KRT_PLX_API KRT_PLX_ClipBase* KRT_PLX_CALL KRT_PLX_Manager_systemClip(
     KRT_PLX_Manager* manager, uint64_t index) KRT_PLX_NOEXCEPT;
 
 /**
@@ -225,7 +228,7 @@ KRT_PLX_API KRT_PLX_ClipBase* KRT_PLX_Manager_systemClip(
  * @param element  any clip handle, alive or dead
  * @return true when it is listed; false otherwise, for a null `element` and for a null handle
  */
-KRT_PLX_API bool KRT_PLX_Manager_hasSystemClip(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_Manager_hasSystemClip(
     KRT_PLX_Manager* manager, KRT_PLX_ClipBase* element) KRT_PLX_NOEXCEPT;
 
 /** @} */
@@ -244,7 +247,7 @@ KRT_PLX_API bool KRT_PLX_Manager_hasSystemClip(
  * @param count    receives the number; left alone when the result is false
  * @return true; false when the handle or `count` is null
  */
-KRT_PLX_API bool KRT_PLX_Manager_numUserClips(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_Manager_numUserClips(
     KRT_PLX_Manager* manager, uint64_t* count) KRT_PLX_NOEXCEPT;
 
 /**
@@ -259,7 +262,7 @@ KRT_PLX_API bool KRT_PLX_Manager_numUserClips(
  *         KRT_PLX_UserClip_remove() or the manager's end; NULL when `index` is not below the count,
  *         and for a null handle
  */
-KRT_PLX_API KRT_PLX_ClipBase* KRT_PLX_Manager_userClip(
+KRT_PLX_API KRT_PLX_ClipBase* KRT_PLX_CALL KRT_PLX_Manager_userClip(
     KRT_PLX_Manager* manager, uint64_t index) KRT_PLX_NOEXCEPT;
 
 /**
@@ -272,7 +275,7 @@ KRT_PLX_API KRT_PLX_ClipBase* KRT_PLX_Manager_userClip(
  * @param element  any clip handle, alive or dead
  * @return true when it is listed; false otherwise, for a null `element` and for a null handle
  */
-KRT_PLX_API bool KRT_PLX_Manager_hasUserClip(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_Manager_hasUserClip(
     KRT_PLX_Manager* manager, KRT_PLX_ClipBase* element) KRT_PLX_NOEXCEPT;
 
 /** @} */
@@ -292,7 +295,7 @@ KRT_PLX_API bool KRT_PLX_Manager_hasUserClip(
  * @return the editable clip, owned by the manager and valid until its KRT_PLX_MutableClip_destroy()
  *         or the manager's end; NULL for a null handle or when memory ran out
  */
-KRT_PLX_API KRT_PLX_ClipBase* KRT_PLX_Manager_createMutableClip(
+KRT_PLX_API KRT_PLX_ClipBase* KRT_PLX_CALL KRT_PLX_Manager_createMutableClip(
     KRT_PLX_Manager* manager) KRT_PLX_NOEXCEPT;
 
 /**
@@ -305,7 +308,7 @@ KRT_PLX_API KRT_PLX_ClipBase* KRT_PLX_Manager_createMutableClip(
  * @param element  any clip handle, alive or dead
  * @return true when it is one of them; false otherwise, for a null `element` and for a null handle
  */
-KRT_PLX_API bool KRT_PLX_Manager_hasMutableClip(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_Manager_hasMutableClip(
     KRT_PLX_Manager* manager, KRT_PLX_ClipBase* element) KRT_PLX_NOEXCEPT;
 
 /** @} */
@@ -325,7 +328,7 @@ KRT_PLX_API bool KRT_PLX_Manager_hasMutableClip(
  * @param manager  a manager, or the handle of one that is already destroyed
  * @return true for every handle that is not null; false for null
  */
-KRT_PLX_API bool KRT_PLX_Manager_destroy(KRT_PLX_Manager* manager) KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_Manager_destroy(KRT_PLX_Manager* manager) KRT_PLX_NOEXCEPT;
 
 /** @} */
 

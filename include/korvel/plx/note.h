@@ -51,7 +51,7 @@
  * @return true for an editable note (MutableNote); false for a read-only one (Note) and for a null
  *         handle
  */
-KRT_PLX_API bool KRT_PLX_NoteBase_isMutable(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_NoteBase_isMutable(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns the lyric: the syllable as it is shown to the user.
@@ -60,7 +60,8 @@ KRT_PLX_API bool KRT_PLX_NoteBase_isMutable(KRT_PLX_NoteBase* note) KRT_PLX_NOEX
  * @return the text, never empty; it belongs to the note and is valid until the lyric is set or the
  *         note dies; NULL for a null handle
  */
-KRT_PLX_API const KRT_PLX_Char* KRT_PLX_NoteBase_lyric(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
+KRT_PLX_API const KRT_PLX_Char* KRT_PLX_CALL KRT_PLX_NoteBase_lyric(
+    KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns the phonemes that are sung for the lyric, in the notation of the host's voices.
@@ -69,7 +70,8 @@ KRT_PLX_API const KRT_PLX_Char* KRT_PLX_NoteBase_lyric(KRT_PLX_NoteBase* note) K
  * @return the text, never empty; it belongs to the note and is valid until the phonemes are set or
  *         the note dies; NULL for a null handle
  */
-KRT_PLX_API const KRT_PLX_Char* KRT_PLX_NoteBase_phoneme(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
+KRT_PLX_API const KRT_PLX_Char* KRT_PLX_CALL KRT_PLX_NoteBase_phoneme(
+    KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns the language in which the note is sung, in the host's numbering.
@@ -78,7 +80,7 @@ KRT_PLX_API const KRT_PLX_Char* KRT_PLX_NoteBase_phoneme(KRT_PLX_NoteBase* note)
  * @return 0 to 127; #KRT_PLX_NO_LANGUAGE for a note without language; #KRT_PLX_NO_UINT32 for a null
  *         handle
  */
-KRT_PLX_API uint32_t KRT_PLX_NoteBase_langID(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
+KRT_PLX_API uint32_t KRT_PLX_CALL KRT_PLX_NoteBase_langID(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns the protection mark.
@@ -89,7 +91,7 @@ KRT_PLX_API uint32_t KRT_PLX_NoteBase_langID(KRT_PLX_NoteBase* note) KRT_PLX_NOE
  * @param note  a read-only or editable note
  * @return the mark; false for a null handle
  */
-KRT_PLX_API bool KRT_PLX_NoteBase_isProtected(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_NoteBase_isProtected(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns the note's start in the part.
@@ -97,7 +99,7 @@ KRT_PLX_API bool KRT_PLX_NoteBase_isProtected(KRT_PLX_NoteBase* note) KRT_PLX_NO
  * @param note  a read-only or editable note
  * @return ticks, possibly negative; INT32_MAX, which is no note's position, for a null handle
  */
-KRT_PLX_API int32_t KRT_PLX_NoteBase_pos(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
+KRT_PLX_API int32_t KRT_PLX_CALL KRT_PLX_NoteBase_pos(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns the note's length.
@@ -106,7 +108,7 @@ KRT_PLX_API int32_t KRT_PLX_NoteBase_pos(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEP
  * @return ticks, 1 or more; position plus duration never exceeds INT32_MAX; #KRT_PLX_NO_INT32 for a
  *         null handle
  */
-KRT_PLX_API int32_t KRT_PLX_NoteBase_duration(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
+KRT_PLX_API int32_t KRT_PLX_CALL KRT_PLX_NoteBase_duration(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns the pitch as a MIDI note number.
@@ -114,7 +116,7 @@ KRT_PLX_API int32_t KRT_PLX_NoteBase_duration(KRT_PLX_NoteBase* note) KRT_PLX_NO
  * @param note  a read-only or editable note
  * @return 0 to 127, 60 is middle C; #KRT_PLX_NO_UINT32 for a null handle
  */
-KRT_PLX_API uint32_t KRT_PLX_NoteBase_number(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
+KRT_PLX_API uint32_t KRT_PLX_CALL KRT_PLX_NoteBase_number(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns the velocity, in the sense of MIDI: the force with which the note begins.
@@ -122,7 +124,8 @@ KRT_PLX_API uint32_t KRT_PLX_NoteBase_number(KRT_PLX_NoteBase* note) KRT_PLX_NOE
  * @param note  a read-only or editable note
  * @return 0 to 127; #KRT_PLX_NO_UINT32 for a null handle
  */
-KRT_PLX_API uint32_t KRT_PLX_NoteBase_velocity(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
+KRT_PLX_API uint32_t KRT_PLX_CALL KRT_PLX_NoteBase_velocity(
+    KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns the accent: how strongly the start of the note is stressed.
@@ -130,7 +133,7 @@ KRT_PLX_API uint32_t KRT_PLX_NoteBase_velocity(KRT_PLX_NoteBase* note) KRT_PLX_N
  * @param note  a read-only or editable note
  * @return 0 to 100, 50 by default; #KRT_PLX_NO_UINT32 for a null handle
  */
-KRT_PLX_API uint32_t KRT_PLX_NoteBase_accent(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
+KRT_PLX_API uint32_t KRT_PLX_CALL KRT_PLX_NoteBase_accent(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns the bend depth: how far the pitch is bent at the start of the note.
@@ -138,7 +141,8 @@ KRT_PLX_API uint32_t KRT_PLX_NoteBase_accent(KRT_PLX_NoteBase* note) KRT_PLX_NOE
  * @param note  a read-only or editable note
  * @return 0 to 100, 0 by default; #KRT_PLX_NO_UINT32 for a null handle
  */
-KRT_PLX_API uint32_t KRT_PLX_NoteBase_bendDepth(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
+KRT_PLX_API uint32_t KRT_PLX_CALL KRT_PLX_NoteBase_bendDepth(
+    KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns the bend length: how much of the note that bend takes.
@@ -146,7 +150,8 @@ KRT_PLX_API uint32_t KRT_PLX_NoteBase_bendDepth(KRT_PLX_NoteBase* note) KRT_PLX_
  * @param note  a read-only or editable note
  * @return 0 to 100, 0 by default; #KRT_PLX_NO_UINT32 for a null handle
  */
-KRT_PLX_API uint32_t KRT_PLX_NoteBase_bendLength(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
+KRT_PLX_API uint32_t KRT_PLX_CALL KRT_PLX_NoteBase_bendLength(
+    KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns the decay: how the loudness falls in the course of the note.
@@ -154,7 +159,7 @@ KRT_PLX_API uint32_t KRT_PLX_NoteBase_bendLength(KRT_PLX_NoteBase* note) KRT_PLX
  * @param note  a read-only or editable note
  * @return 0 to 100, 50 by default; #KRT_PLX_NO_UINT32 for a null handle
  */
-KRT_PLX_API uint32_t KRT_PLX_NoteBase_decay(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
+KRT_PLX_API uint32_t KRT_PLX_CALL KRT_PLX_NoteBase_decay(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns the opening: how wide the singer's mouth is open.
@@ -162,7 +167,7 @@ KRT_PLX_API uint32_t KRT_PLX_NoteBase_decay(KRT_PLX_NoteBase* note) KRT_PLX_NOEX
  * @param note  a read-only or editable note
  * @return 0 to 127, 127 (wide open) by default; #KRT_PLX_NO_UINT32 for a null handle
  */
-KRT_PLX_API uint32_t KRT_PLX_NoteBase_opening(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
+KRT_PLX_API uint32_t KRT_PLX_CALL KRT_PLX_NoteBase_opening(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
 
 /**
  * Tells whether the note is sung with portamento at a falling interval.
@@ -170,7 +175,7 @@ KRT_PLX_API uint32_t KRT_PLX_NoteBase_opening(KRT_PLX_NoteBase* note) KRT_PLX_NO
  * @param note  a read-only or editable note
  * @return the flag, false by default; false for a null handle
  */
-KRT_PLX_API bool KRT_PLX_NoteBase_fallPort(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_NoteBase_fallPort(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
 
 /**
  * Tells whether the note is sung with portamento at a rising interval.
@@ -178,7 +183,7 @@ KRT_PLX_API bool KRT_PLX_NoteBase_fallPort(KRT_PLX_NoteBase* note) KRT_PLX_NOEXC
  * @param note  a read-only or editable note
  * @return the flag, false by default; false for a null handle
  */
-KRT_PLX_API bool KRT_PLX_NoteBase_risePort(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_NoteBase_risePort(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
 
 /** @} */
 
@@ -198,7 +203,7 @@ KRT_PLX_API bool KRT_PLX_NoteBase_risePort(KRT_PLX_NoteBase* note) KRT_PLX_NOEXC
  * @param note  a read-only or editable note
  * @return 0.0 to 1.0; 0.5 for a null handle
  */
-KRT_PLX_API float KRT_PLX_NoteBase_pitchFine(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
+KRT_PLX_API float KRT_PLX_CALL KRT_PLX_NoteBase_pitchFine(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns the AI expression value for the drift of the pitch at the start of the note.
@@ -206,7 +211,8 @@ KRT_PLX_API float KRT_PLX_NoteBase_pitchFine(KRT_PLX_NoteBase* note) KRT_PLX_NOE
  * @param note  a read-only or editable note
  * @return 0.0 to 1.0; 0.5 for a null handle
  */
-KRT_PLX_API float KRT_PLX_NoteBase_pitchDriftStart(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
+KRT_PLX_API float KRT_PLX_CALL KRT_PLX_NoteBase_pitchDriftStart(
+    KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns the AI expression value for the drift of the pitch at the end of the note.
@@ -214,7 +220,8 @@ KRT_PLX_API float KRT_PLX_NoteBase_pitchDriftStart(KRT_PLX_NoteBase* note) KRT_P
  * @param note  a read-only or editable note
  * @return 0.0 to 1.0; 0.5 for a null handle
  */
-KRT_PLX_API float KRT_PLX_NoteBase_pitchDriftEnd(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
+KRT_PLX_API float KRT_PLX_CALL KRT_PLX_NoteBase_pitchDriftEnd(
+    KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns the AI expression value for the centre of the pitch scaling.
@@ -222,7 +229,8 @@ KRT_PLX_API float KRT_PLX_NoteBase_pitchDriftEnd(KRT_PLX_NoteBase* note) KRT_PLX
  * @param note  a read-only or editable note
  * @return 0.0 to 1.0; 0.5 for a null handle
  */
-KRT_PLX_API float KRT_PLX_NoteBase_pitchScalingCenter(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
+KRT_PLX_API float KRT_PLX_CALL KRT_PLX_NoteBase_pitchScalingCenter(
+    KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns the AI expression value for the origin of the pitch scaling.
@@ -230,7 +238,8 @@ KRT_PLX_API float KRT_PLX_NoteBase_pitchScalingCenter(KRT_PLX_NoteBase* note) KR
  * @param note  a read-only or editable note
  * @return 0.0 to 1.0; 0.5 for a null handle
  */
-KRT_PLX_API float KRT_PLX_NoteBase_pitchScalingOrigin(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
+KRT_PLX_API float KRT_PLX_CALL KRT_PLX_NoteBase_pitchScalingOrigin(
+    KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns the AI expression value for the pitch transition at the start of the note.
@@ -238,7 +247,8 @@ KRT_PLX_API float KRT_PLX_NoteBase_pitchScalingOrigin(KRT_PLX_NoteBase* note) KR
  * @param note  a read-only or editable note
  * @return 0.0 to 1.0; 0.5 for a null handle
  */
-KRT_PLX_API float KRT_PLX_NoteBase_pitchTransitionStart(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
+KRT_PLX_API float KRT_PLX_CALL KRT_PLX_NoteBase_pitchTransitionStart(
+    KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns the AI expression value for the pitch transition at the end of the note.
@@ -246,7 +256,8 @@ KRT_PLX_API float KRT_PLX_NoteBase_pitchTransitionStart(KRT_PLX_NoteBase* note) 
  * @param note  a read-only or editable note
  * @return 0.0 to 1.0; 0.5 for a null handle
  */
-KRT_PLX_API float KRT_PLX_NoteBase_pitchTransitionEnd(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
+KRT_PLX_API float KRT_PLX_CALL KRT_PLX_NoteBase_pitchTransitionEnd(
+    KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns the AI expression value for the loudness over the whole note.
@@ -254,7 +265,8 @@ KRT_PLX_API float KRT_PLX_NoteBase_pitchTransitionEnd(KRT_PLX_NoteBase* note) KR
  * @param note  a read-only or editable note
  * @return 0.0 to 1.0; 0.5 for a null handle
  */
-KRT_PLX_API float KRT_PLX_NoteBase_amplitudeWhole(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
+KRT_PLX_API float KRT_PLX_CALL KRT_PLX_NoteBase_amplitudeWhole(
+    KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns the AI expression value for the loudness at the start of the note.
@@ -262,7 +274,8 @@ KRT_PLX_API float KRT_PLX_NoteBase_amplitudeWhole(KRT_PLX_NoteBase* note) KRT_PL
  * @param note  a read-only or editable note
  * @return 0.0 to 1.0; 0.5 for a null handle
  */
-KRT_PLX_API float KRT_PLX_NoteBase_amplitudeStart(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
+KRT_PLX_API float KRT_PLX_CALL KRT_PLX_NoteBase_amplitudeStart(
+    KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns the AI expression value for the loudness at the end of the note.
@@ -270,7 +283,8 @@ KRT_PLX_API float KRT_PLX_NoteBase_amplitudeStart(KRT_PLX_NoteBase* note) KRT_PL
  * @param note  a read-only or editable note
  * @return 0.0 to 1.0; 0.5 for a null handle
  */
-KRT_PLX_API float KRT_PLX_NoteBase_amplitudeEnd(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
+KRT_PLX_API float KRT_PLX_CALL KRT_PLX_NoteBase_amplitudeEnd(
+    KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns the AI expression value for the formants over the whole note.
@@ -278,7 +292,8 @@ KRT_PLX_API float KRT_PLX_NoteBase_amplitudeEnd(KRT_PLX_NoteBase* note) KRT_PLX_
  * @param note  a read-only or editable note
  * @return 0.0 to 1.0; 0.5 for a null handle
  */
-KRT_PLX_API float KRT_PLX_NoteBase_formantWhole(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
+KRT_PLX_API float KRT_PLX_CALL KRT_PLX_NoteBase_formantWhole(
+    KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns the AI expression value for the formants at the start of the note.
@@ -286,7 +301,8 @@ KRT_PLX_API float KRT_PLX_NoteBase_formantWhole(KRT_PLX_NoteBase* note) KRT_PLX_
  * @param note  a read-only or editable note
  * @return 0.0 to 1.0; 0.5 for a null handle
  */
-KRT_PLX_API float KRT_PLX_NoteBase_formantStart(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
+KRT_PLX_API float KRT_PLX_CALL KRT_PLX_NoteBase_formantStart(
+    KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns the AI expression value for the formants at the end of the note.
@@ -294,7 +310,7 @@ KRT_PLX_API float KRT_PLX_NoteBase_formantStart(KRT_PLX_NoteBase* note) KRT_PLX_
  * @param note  a read-only or editable note
  * @return 0.0 to 1.0; 0.5 for a null handle
  */
-KRT_PLX_API float KRT_PLX_NoteBase_formantEnd(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
+KRT_PLX_API float KRT_PLX_CALL KRT_PLX_NoteBase_formantEnd(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
 
 /** @} */
 
@@ -311,7 +327,8 @@ KRT_PLX_API float KRT_PLX_NoteBase_formantEnd(KRT_PLX_NoteBase* note) KRT_PLX_NO
  * @param note  a read-only note
  * @return the part, which owns the note; NULL for a handle that is null or no Note
  */
-KRT_PLX_API KRT_PLX_PartBase* KRT_PLX_Note_parent(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
+KRT_PLX_API KRT_PLX_PartBase* KRT_PLX_CALL KRT_PLX_Note_parent(
+    KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns the note's attack or release Dvqm.
@@ -321,7 +338,7 @@ KRT_PLX_API KRT_PLX_PartBase* KRT_PLX_Note_parent(KRT_PLX_NoteBase* note) KRT_PL
  * @return the Dvqm, never NULL for a Note; it lives as long as the note; NULL for a handle that is
  *         null or no Note
  */
-KRT_PLX_API KRT_PLX_DvqmBase* KRT_PLX_Note_dvqm(
+KRT_PLX_API KRT_PLX_DvqmBase* KRT_PLX_CALL KRT_PLX_Note_dvqm(
     KRT_PLX_NoteBase* note, bool isAttack) KRT_PLX_NOEXCEPT;
 
 /**
@@ -331,7 +348,7 @@ KRT_PLX_API KRT_PLX_DvqmBase* KRT_PLX_Note_dvqm(
  * @return the singing skill, never NULL for a Note; it lives as long as the note; NULL for a handle
  *         that is null or no Note
  */
-KRT_PLX_API KRT_PLX_SingingSkillBase* KRT_PLX_Note_singingSkill(
+KRT_PLX_API KRT_PLX_SingingSkillBase* KRT_PLX_CALL KRT_PLX_Note_singingSkill(
     KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
 
 /**
@@ -341,7 +358,8 @@ KRT_PLX_API KRT_PLX_SingingSkillBase* KRT_PLX_Note_singingSkill(
  * @return the vibrato, never NULL for a Note; it lives as long as the note; NULL for a handle that
  *         is null or no Note
  */
-KRT_PLX_API KRT_PLX_VibratoBase* KRT_PLX_Note_vibrato(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
+KRT_PLX_API KRT_PLX_VibratoBase* KRT_PLX_CALL KRT_PLX_Note_vibrato(
+    KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
 
 /** @} */
 
@@ -360,7 +378,8 @@ KRT_PLX_API KRT_PLX_VibratoBase* KRT_PLX_Note_vibrato(KRT_PLX_NoteBase* note) KR
  * @param note  an editable note
  * @return the part, which owns the note; NULL for a handle that is null or no MutableNote
  */
-KRT_PLX_API KRT_PLX_PartBase* KRT_PLX_MutableNote_parent(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
+KRT_PLX_API KRT_PLX_PartBase* KRT_PLX_CALL KRT_PLX_MutableNote_parent(
+    KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns the note's attack or release Dvqm, for editing.
@@ -370,7 +389,7 @@ KRT_PLX_API KRT_PLX_PartBase* KRT_PLX_MutableNote_parent(KRT_PLX_NoteBase* note)
  * @return the Dvqm, never NULL for a MutableNote; it lives as long as the note; NULL for a handle
  *         that is null or no MutableNote
  */
-KRT_PLX_API KRT_PLX_DvqmBase* KRT_PLX_MutableNote_dvqm(
+KRT_PLX_API KRT_PLX_DvqmBase* KRT_PLX_CALL KRT_PLX_MutableNote_dvqm(
     KRT_PLX_NoteBase* note, bool isAttack) KRT_PLX_NOEXCEPT;
 
 /**
@@ -380,7 +399,7 @@ KRT_PLX_API KRT_PLX_DvqmBase* KRT_PLX_MutableNote_dvqm(
  * @return the singing skill, never NULL for a MutableNote; it lives as long as the note; NULL for a
  *         handle that is null or no MutableNote
  */
-KRT_PLX_API KRT_PLX_SingingSkillBase* KRT_PLX_MutableNote_singingSkill(
+KRT_PLX_API KRT_PLX_SingingSkillBase* KRT_PLX_CALL KRT_PLX_MutableNote_singingSkill(
     KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
 
 /**
@@ -390,7 +409,7 @@ KRT_PLX_API KRT_PLX_SingingSkillBase* KRT_PLX_MutableNote_singingSkill(
  * @return the vibrato, never NULL for a MutableNote; it lives as long as the note; NULL for a
  *         handle that is null or no MutableNote
  */
-KRT_PLX_API KRT_PLX_VibratoBase* KRT_PLX_MutableNote_vibrato(
+KRT_PLX_API KRT_PLX_VibratoBase* KRT_PLX_CALL KRT_PLX_MutableNote_vibrato(
     KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
 
 /**
@@ -402,7 +421,7 @@ KRT_PLX_API KRT_PLX_VibratoBase* KRT_PLX_MutableNote_vibrato(
  * @param note  an editable note
  * @return true when the note was removed; false for a handle that is null or no MutableNote
  */
-KRT_PLX_API bool KRT_PLX_MutableNote_remove(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableNote_remove(KRT_PLX_NoteBase* note) KRT_PLX_NOEXCEPT;
 
 /**
  * Sets the note's start and brings the note to its place in the part's order.
@@ -416,7 +435,8 @@ KRT_PLX_API bool KRT_PLX_MutableNote_remove(KRT_PLX_NoteBase* note) KRT_PLX_NOEX
  * @return true when moved; false, and nothing changed, when out of range or for a handle that is
  *         null or no MutableNote
  */
-KRT_PLX_API bool KRT_PLX_MutableNote_move(KRT_PLX_NoteBase* note, int32_t pos) KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableNote_move(
+    KRT_PLX_NoteBase* note, int32_t pos) KRT_PLX_NOEXCEPT;
 
 /**
  * Sets the note's length.
@@ -431,7 +451,7 @@ KRT_PLX_API bool KRT_PLX_MutableNote_move(KRT_PLX_NoteBase* note, int32_t pos) K
  * @return true when stored; false, and nothing changed, when out of range or for a handle that is
  *         null or no MutableNote
  */
-KRT_PLX_API bool KRT_PLX_MutableNote_setDuration(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableNote_setDuration(
     KRT_PLX_NoteBase* note, int32_t duration) KRT_PLX_NOEXCEPT;
 
 /**
@@ -442,7 +462,7 @@ KRT_PLX_API bool KRT_PLX_MutableNote_setDuration(
  * @return true when stored; false, and nothing changed, for a NULL or empty text or for a handle
  *         that is null or no MutableNote
  */
-KRT_PLX_API bool KRT_PLX_MutableNote_setLyric(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableNote_setLyric(
     KRT_PLX_NoteBase* note, const KRT_PLX_Char* text) KRT_PLX_NOEXCEPT;
 
 /**
@@ -455,7 +475,7 @@ KRT_PLX_API bool KRT_PLX_MutableNote_setLyric(
  * @return true when stored; false, and nothing changed, for a NULL or empty text or for a handle
  *         that is null or no MutableNote
  */
-KRT_PLX_API bool KRT_PLX_MutableNote_setPhoneme(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableNote_setPhoneme(
     KRT_PLX_NoteBase* note, const KRT_PLX_Char* text) KRT_PLX_NOEXCEPT;
 
 /**
@@ -468,7 +488,7 @@ KRT_PLX_API bool KRT_PLX_MutableNote_setPhoneme(
  * @return true when stored; false, and nothing changed, when out of range or for a handle that is
  *         null or no MutableNote
  */
-KRT_PLX_API bool KRT_PLX_MutableNote_setLangID(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableNote_setLangID(
     KRT_PLX_NoteBase* note, uint32_t value) KRT_PLX_NOEXCEPT;
 
 /**
@@ -478,7 +498,7 @@ KRT_PLX_API bool KRT_PLX_MutableNote_setLangID(
  * @param value  the new mark
  * @return true, whatever the value; false for a handle that is null or no MutableNote
  */
-KRT_PLX_API bool KRT_PLX_MutableNote_setProtected(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableNote_setProtected(
     KRT_PLX_NoteBase* note, bool value) KRT_PLX_NOEXCEPT;
 
 /**
@@ -489,7 +509,7 @@ KRT_PLX_API bool KRT_PLX_MutableNote_setProtected(
  * @return true when stored; false, and nothing changed, when out of range or for a handle that is
  *         null or no MutableNote
  */
-KRT_PLX_API bool KRT_PLX_MutableNote_setNumber(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableNote_setNumber(
     KRT_PLX_NoteBase* note, uint32_t value) KRT_PLX_NOEXCEPT;
 
 /**
@@ -500,7 +520,7 @@ KRT_PLX_API bool KRT_PLX_MutableNote_setNumber(
  * @return true when stored; false, and nothing changed, when out of range or for a handle that is
  *         null or no MutableNote
  */
-KRT_PLX_API bool KRT_PLX_MutableNote_setVelocity(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableNote_setVelocity(
     KRT_PLX_NoteBase* note, uint32_t value) KRT_PLX_NOEXCEPT;
 
 /**
@@ -511,7 +531,7 @@ KRT_PLX_API bool KRT_PLX_MutableNote_setVelocity(
  * @return true when stored; false, and nothing changed, when out of range or for a handle that is
  *         null or no MutableNote
  */
-KRT_PLX_API bool KRT_PLX_MutableNote_setAccent(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableNote_setAccent(
     KRT_PLX_NoteBase* note, uint32_t value) KRT_PLX_NOEXCEPT;
 
 /**
@@ -522,7 +542,7 @@ KRT_PLX_API bool KRT_PLX_MutableNote_setAccent(
  * @return true when stored; false, and nothing changed, when out of range or for a handle that is
  *         null or no MutableNote
  */
-KRT_PLX_API bool KRT_PLX_MutableNote_setBendDepth(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableNote_setBendDepth(
     KRT_PLX_NoteBase* note, uint32_t value) KRT_PLX_NOEXCEPT;
 
 /**
@@ -533,7 +553,7 @@ KRT_PLX_API bool KRT_PLX_MutableNote_setBendDepth(
  * @return true when stored; false, and nothing changed, when out of range or for a handle that is
  *         null or no MutableNote
  */
-KRT_PLX_API bool KRT_PLX_MutableNote_setBendLength(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableNote_setBendLength(
     KRT_PLX_NoteBase* note, uint32_t value) KRT_PLX_NOEXCEPT;
 
 /**
@@ -544,7 +564,7 @@ KRT_PLX_API bool KRT_PLX_MutableNote_setBendLength(
  * @return true when stored; false, and nothing changed, when out of range or for a handle that is
  *         null or no MutableNote
  */
-KRT_PLX_API bool KRT_PLX_MutableNote_setDecay(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableNote_setDecay(
     KRT_PLX_NoteBase* note, uint32_t value) KRT_PLX_NOEXCEPT;
 
 /**
@@ -555,7 +575,7 @@ KRT_PLX_API bool KRT_PLX_MutableNote_setDecay(
  * @return true when stored; false, and nothing changed, when out of range or for a handle that is
  *         null or no MutableNote
  */
-KRT_PLX_API bool KRT_PLX_MutableNote_setOpening(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableNote_setOpening(
     KRT_PLX_NoteBase* note, uint32_t value) KRT_PLX_NOEXCEPT;
 
 /**
@@ -565,7 +585,7 @@ KRT_PLX_API bool KRT_PLX_MutableNote_setOpening(
  * @param value  true to sing the note with portamento there
  * @return true, whatever the value; false for a handle that is null or no MutableNote
  */
-KRT_PLX_API bool KRT_PLX_MutableNote_setFallPort(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableNote_setFallPort(
     KRT_PLX_NoteBase* note, bool value) KRT_PLX_NOEXCEPT;
 
 /**
@@ -575,7 +595,7 @@ KRT_PLX_API bool KRT_PLX_MutableNote_setFallPort(
  * @param value  true to sing the note with portamento there
  * @return true, whatever the value; false for a handle that is null or no MutableNote
  */
-KRT_PLX_API bool KRT_PLX_MutableNote_setRisePort(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableNote_setRisePort(
     KRT_PLX_NoteBase* note, bool value) KRT_PLX_NOEXCEPT;
 
 /** @} */
@@ -601,7 +621,7 @@ KRT_PLX_API bool KRT_PLX_MutableNote_setRisePort(
  * @return true when stored; false, and nothing changed, when out of range or for a handle that is
  *         null or no MutableNote
  */
-KRT_PLX_API bool KRT_PLX_MutableNote_setPitchFine(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableNote_setPitchFine(
     KRT_PLX_NoteBase* note, float value) KRT_PLX_NOEXCEPT;
 
 /**
@@ -612,7 +632,7 @@ KRT_PLX_API bool KRT_PLX_MutableNote_setPitchFine(
  * @return true when stored; false, and nothing changed, when out of range or for a handle that is
  *         null or no MutableNote
  */
-KRT_PLX_API bool KRT_PLX_MutableNote_setPitchDriftStart(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableNote_setPitchDriftStart(
     KRT_PLX_NoteBase* note, float value) KRT_PLX_NOEXCEPT;
 
 /**
@@ -623,7 +643,7 @@ KRT_PLX_API bool KRT_PLX_MutableNote_setPitchDriftStart(
  * @return true when stored; false, and nothing changed, when out of range or for a handle that is
  *         null or no MutableNote
  */
-KRT_PLX_API bool KRT_PLX_MutableNote_setPitchDriftEnd(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableNote_setPitchDriftEnd(
     KRT_PLX_NoteBase* note, float value) KRT_PLX_NOEXCEPT;
 
 /**
@@ -634,7 +654,7 @@ KRT_PLX_API bool KRT_PLX_MutableNote_setPitchDriftEnd(
  * @return true when stored; false, and nothing changed, when out of range or for a handle that is
  *         null or no MutableNote
  */
-KRT_PLX_API bool KRT_PLX_MutableNote_setPitchScalingCenter(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableNote_setPitchScalingCenter(
     KRT_PLX_NoteBase* note, float value) KRT_PLX_NOEXCEPT;
 
 /**
@@ -645,7 +665,7 @@ KRT_PLX_API bool KRT_PLX_MutableNote_setPitchScalingCenter(
  * @return true when stored; false, and nothing changed, when out of range or for a handle that is
  *         null or no MutableNote
  */
-KRT_PLX_API bool KRT_PLX_MutableNote_setPitchScalingOrigin(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableNote_setPitchScalingOrigin(
     KRT_PLX_NoteBase* note, float value) KRT_PLX_NOEXCEPT;
 
 /**
@@ -656,7 +676,7 @@ KRT_PLX_API bool KRT_PLX_MutableNote_setPitchScalingOrigin(
  * @return true when stored; false, and nothing changed, when out of range or for a handle that is
  *         null or no MutableNote
  */
-KRT_PLX_API bool KRT_PLX_MutableNote_setPitchTransitionStart(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableNote_setPitchTransitionStart(
     KRT_PLX_NoteBase* note, float value) KRT_PLX_NOEXCEPT;
 
 /**
@@ -667,7 +687,7 @@ KRT_PLX_API bool KRT_PLX_MutableNote_setPitchTransitionStart(
  * @return true when stored; false, and nothing changed, when out of range or for a handle that is
  *         null or no MutableNote
  */
-KRT_PLX_API bool KRT_PLX_MutableNote_setPitchTransitionEnd(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableNote_setPitchTransitionEnd(
     KRT_PLX_NoteBase* note, float value) KRT_PLX_NOEXCEPT;
 
 /**
@@ -678,7 +698,7 @@ KRT_PLX_API bool KRT_PLX_MutableNote_setPitchTransitionEnd(
  * @return true when stored; false, and nothing changed, when out of range or for a handle that is
  *         null or no MutableNote
  */
-KRT_PLX_API bool KRT_PLX_MutableNote_setAmplitudeWhole(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableNote_setAmplitudeWhole(
     KRT_PLX_NoteBase* note, float value) KRT_PLX_NOEXCEPT;
 
 /**
@@ -689,7 +709,7 @@ KRT_PLX_API bool KRT_PLX_MutableNote_setAmplitudeWhole(
  * @return true when stored; false, and nothing changed, when out of range or for a handle that is
  *         null or no MutableNote
  */
-KRT_PLX_API bool KRT_PLX_MutableNote_setAmplitudeStart(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableNote_setAmplitudeStart(
     KRT_PLX_NoteBase* note, float value) KRT_PLX_NOEXCEPT;
 
 /**
@@ -700,7 +720,7 @@ KRT_PLX_API bool KRT_PLX_MutableNote_setAmplitudeStart(
  * @return true when stored; false, and nothing changed, when out of range or for a handle that is
  *         null or no MutableNote
  */
-KRT_PLX_API bool KRT_PLX_MutableNote_setAmplitudeEnd(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableNote_setAmplitudeEnd(
     KRT_PLX_NoteBase* note, float value) KRT_PLX_NOEXCEPT;
 
 /**
@@ -711,7 +731,7 @@ KRT_PLX_API bool KRT_PLX_MutableNote_setAmplitudeEnd(
  * @return true when stored; false, and nothing changed, when out of range or for a handle that is
  *         null or no MutableNote
  */
-KRT_PLX_API bool KRT_PLX_MutableNote_setFormantWhole(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableNote_setFormantWhole(
     KRT_PLX_NoteBase* note, float value) KRT_PLX_NOEXCEPT;
 
 /**
@@ -722,7 +742,7 @@ KRT_PLX_API bool KRT_PLX_MutableNote_setFormantWhole(
  * @return true when stored; false, and nothing changed, when out of range or for a handle that is
  *         null or no MutableNote
  */
-KRT_PLX_API bool KRT_PLX_MutableNote_setFormantStart(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableNote_setFormantStart(
     KRT_PLX_NoteBase* note, float value) KRT_PLX_NOEXCEPT;
 
 /**
@@ -733,7 +753,7 @@ KRT_PLX_API bool KRT_PLX_MutableNote_setFormantStart(
  * @return true when stored; false, and nothing changed, when out of range or for a handle that is
  *         null or no MutableNote
  */
-KRT_PLX_API bool KRT_PLX_MutableNote_setFormantEnd(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableNote_setFormantEnd(
     KRT_PLX_NoteBase* note, float value) KRT_PLX_NOEXCEPT;
 
 /** @} */

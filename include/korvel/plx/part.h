@@ -47,7 +47,7 @@
  * @return true for a part of an editable clip; false for a part of a catalogue clip and for a null
  *         handle
  */
-KRT_PLX_API bool KRT_PLX_PartBase_isMutable(KRT_PLX_PartBase* part) KRT_PLX_NOEXCEPT;
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_PartBase_isMutable(KRT_PLX_PartBase* part) KRT_PLX_NOEXCEPT;
 
 /**
  * Tells the part type.
@@ -56,7 +56,7 @@ KRT_PLX_API bool KRT_PLX_PartBase_isMutable(KRT_PLX_PartBase* part) KRT_PLX_NOEX
  * @return #KRT_PLX_PART_AUDIO, #KRT_PLX_PART_MIDI_AI or #KRT_PLX_PART_MIDI; #KRT_PLX_PART_NONE for
  *         a null handle
  */
-KRT_PLX_API uint32_t KRT_PLX_PartBase_type(KRT_PLX_PartBase* part) KRT_PLX_NOEXCEPT;
+KRT_PLX_API uint32_t KRT_PLX_CALL KRT_PLX_PartBase_type(KRT_PLX_PartBase* part) KRT_PLX_NOEXCEPT;
 
 /** @} */
 
@@ -81,7 +81,7 @@ KRT_PLX_API uint32_t KRT_PLX_PartBase_type(KRT_PLX_PartBase* part) KRT_PLX_NOEXC
  *         KRT_PLX_MidiPartBase_aiLangIDSize(); #KRT_PLX_NO_UINT32 for a handle that is null or no
  *         `MidiPartBase`
  */
-KRT_PLX_API uint32_t KRT_PLX_MidiPartBase_aiLangIDByIndex(
+KRT_PLX_API uint32_t KRT_PLX_CALL KRT_PLX_MidiPartBase_aiLangIDByIndex(
     KRT_PLX_PartBase* part, uint64_t index) KRT_PLX_NOEXCEPT;
 
 /**
@@ -90,7 +90,8 @@ KRT_PLX_API uint32_t KRT_PLX_MidiPartBase_aiLangIDByIndex(
  * @param part  a MIDI part
  * @return the number; 0 for a handle that is null or no `MidiPartBase`
  */
-KRT_PLX_API uint64_t KRT_PLX_MidiPartBase_aiLangIDSize(KRT_PLX_PartBase* part) KRT_PLX_NOEXCEPT;
+KRT_PLX_API uint64_t KRT_PLX_CALL KRT_PLX_MidiPartBase_aiLangIDSize(
+    KRT_PLX_PartBase* part) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns the ID of the AI voice bank.
@@ -99,7 +100,7 @@ KRT_PLX_API uint64_t KRT_PLX_MidiPartBase_aiLangIDSize(KRT_PLX_PartBase* part) K
  * @return text of 16 UTF-16 units, or empty; owned by the part; NULL for a handle that is null or
  *         no `MidiPartBase`
  */
-KRT_PLX_API const KRT_PLX_Char* KRT_PLX_MidiPartBase_aiVoiceBankID(
+KRT_PLX_API const KRT_PLX_Char* KRT_PLX_CALL KRT_PLX_MidiPartBase_aiVoiceBankID(
     KRT_PLX_PartBase* part) KRT_PLX_NOEXCEPT;
 
 /**
@@ -110,7 +111,8 @@ KRT_PLX_API const KRT_PLX_Char* KRT_PLX_MidiPartBase_aiVoiceBankID(
  * @return the duration in ticks, 1 to 2147483647, 1 by default; #KRT_PLX_NO_INT32 for a handle that
  *         is null or no `MidiPartBase`
  */
-KRT_PLX_API int32_t KRT_PLX_MidiPartBase_duration(KRT_PLX_PartBase* part) KRT_PLX_NOEXCEPT;
+KRT_PLX_API int32_t KRT_PLX_CALL KRT_PLX_MidiPartBase_duration(
+    KRT_PLX_PartBase* part) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns the language of the part.
@@ -119,7 +121,8 @@ KRT_PLX_API int32_t KRT_PLX_MidiPartBase_duration(KRT_PLX_PartBase* part) KRT_PL
  * @return the language, 0 to 127; #KRT_PLX_NO_LANGUAGE when none was set; #KRT_PLX_NO_UINT32 for a
  *         handle that is null or no `MidiPartBase`
  */
-KRT_PLX_API uint32_t KRT_PLX_MidiPartBase_langID(KRT_PLX_PartBase* part) KRT_PLX_NOEXCEPT;
+KRT_PLX_API uint32_t KRT_PLX_CALL KRT_PLX_MidiPartBase_langID(
+    KRT_PLX_PartBase* part) KRT_PLX_NOEXCEPT;
 
 /**
  * Tells how many audio effects there are.
@@ -128,7 +131,7 @@ KRT_PLX_API uint32_t KRT_PLX_MidiPartBase_langID(KRT_PLX_PartBase* part) KRT_PLX
  * @param count  receives the number; left alone when the result is false
  * @return true; false when `count` is null, and for a handle that is null or no `MidiPartBase`
  */
-KRT_PLX_API bool KRT_PLX_MidiPartBase_numAudioEffects(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MidiPartBase_numAudioEffects(
     KRT_PLX_PartBase* part, uint64_t* count) KRT_PLX_NOEXCEPT;
 
 /**
@@ -138,7 +141,7 @@ KRT_PLX_API bool KRT_PLX_MidiPartBase_numAudioEffects(
  * @param count  receives the number; left alone when the result is false
  * @return true; false when `count` is null, and for a handle that is null or no `MidiPartBase`
  */
-KRT_PLX_API bool KRT_PLX_MidiPartBase_numMidiEffects(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MidiPartBase_numMidiEffects(
     KRT_PLX_PartBase* part, uint64_t* count) KRT_PLX_NOEXCEPT;
 
 /**
@@ -148,7 +151,7 @@ KRT_PLX_API bool KRT_PLX_MidiPartBase_numMidiEffects(
  * @param count  receives the number; left alone when the result is false
  * @return true; false when `count` is null, and for a handle that is null or no `MidiPartBase`
  */
-KRT_PLX_API bool KRT_PLX_MidiPartBase_numNotes(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MidiPartBase_numNotes(
     KRT_PLX_PartBase* part, uint64_t* count) KRT_PLX_NOEXCEPT;
 
 /**
@@ -158,7 +161,7 @@ KRT_PLX_API bool KRT_PLX_MidiPartBase_numNotes(
  * @return text owned by the part, possibly empty; NULL for a handle that is null or no
  *         `MidiPartBase`
  */
-KRT_PLX_API const KRT_PLX_Char* KRT_PLX_MidiPartBase_styleName(
+KRT_PLX_API const KRT_PLX_Char* KRT_PLX_CALL KRT_PLX_MidiPartBase_styleName(
     KRT_PLX_PartBase* part) KRT_PLX_NOEXCEPT;
 
 /**
@@ -168,7 +171,7 @@ KRT_PLX_API const KRT_PLX_Char* KRT_PLX_MidiPartBase_styleName(
  * @return text owned by the part, possibly empty; NULL for a handle that is null or no
  *         `MidiPartBase`
  */
-KRT_PLX_API const KRT_PLX_Char* KRT_PLX_MidiPartBase_stylePresetID(
+KRT_PLX_API const KRT_PLX_Char* KRT_PLX_CALL KRT_PLX_MidiPartBase_stylePresetID(
     KRT_PLX_PartBase* part) KRT_PLX_NOEXCEPT;
 
 /**
@@ -178,7 +181,7 @@ KRT_PLX_API const KRT_PLX_Char* KRT_PLX_MidiPartBase_stylePresetID(
  * @return text of 16 UTF-16 units, or empty; owned by the part; NULL for a handle that is null or
  *         no `MidiPartBase`
  */
-KRT_PLX_API const KRT_PLX_Char* KRT_PLX_MidiPartBase_voiceBankID(
+KRT_PLX_API const KRT_PLX_Char* KRT_PLX_CALL KRT_PLX_MidiPartBase_voiceBankID(
     KRT_PLX_PartBase* part) KRT_PLX_NOEXCEPT;
 
 /** @} */
@@ -197,7 +200,8 @@ KRT_PLX_API const KRT_PLX_Char* KRT_PLX_MidiPartBase_voiceBankID(
  * @param part  a read-only MIDI part
  * @return the clip; NULL for a handle that is null or no `MidiPart`
  */
-KRT_PLX_API KRT_PLX_ClipBase* KRT_PLX_MidiPart_parent(KRT_PLX_PartBase* part) KRT_PLX_NOEXCEPT;
+KRT_PLX_API KRT_PLX_ClipBase* KRT_PLX_CALL KRT_PLX_MidiPart_parent(
+    KRT_PLX_PartBase* part) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns a note by its place. Notes stand in ascending order of position; notes at one position
@@ -208,7 +212,7 @@ KRT_PLX_API KRT_PLX_ClipBase* KRT_PLX_MidiPart_parent(KRT_PLX_PartBase* part) KR
  * @return a read-only note (note.h), owned by the part; NULL when `index` is not below the count,
  *         and for a handle that is null or no `MidiPart`
  */
-KRT_PLX_API KRT_PLX_NoteBase* KRT_PLX_MidiPart_note(
+KRT_PLX_API KRT_PLX_NoteBase* KRT_PLX_CALL KRT_PLX_MidiPart_note(
     KRT_PLX_PartBase* part, uint64_t index) KRT_PLX_NOEXCEPT;
 
 /**
@@ -222,7 +226,7 @@ KRT_PLX_API KRT_PLX_NoteBase* KRT_PLX_MidiPart_note(
  * @return true when it is; false otherwise, for a null `element`, and for a handle that is null or
  *         no `MidiPart`
  */
-KRT_PLX_API bool KRT_PLX_MidiPart_hasNote(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MidiPart_hasNote(
     KRT_PLX_PartBase* part, KRT_PLX_NoteBase* element) KRT_PLX_NOEXCEPT;
 
 /**
@@ -234,7 +238,7 @@ KRT_PLX_API bool KRT_PLX_MidiPart_hasNote(
  * @return a read-only lane, owned by the part; NULL when the part has none of this type, and for a
  *         handle that is null or no `MidiPart`
  */
-KRT_PLX_API KRT_PLX_MidiControllerBase* KRT_PLX_MidiPart_midiController(
+KRT_PLX_API KRT_PLX_MidiControllerBase* KRT_PLX_CALL KRT_PLX_MidiPart_midiController(
     KRT_PLX_PartBase* part, uint32_t type) KRT_PLX_NOEXCEPT;
 
 /**
@@ -248,7 +252,7 @@ KRT_PLX_API KRT_PLX_MidiControllerBase* KRT_PLX_MidiPart_midiController(
  * @return true when it is; false otherwise, for a null `element`, and for a handle that is null or
  *         no `MidiPart`
  */
-KRT_PLX_API bool KRT_PLX_MidiPart_hasMidiController(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MidiPart_hasMidiController(
     KRT_PLX_PartBase* part, KRT_PLX_MidiControllerBase* element) KRT_PLX_NOEXCEPT;
 
 /**
@@ -259,7 +263,7 @@ KRT_PLX_API bool KRT_PLX_MidiPart_hasMidiController(
  * @return a read-only MIDI effect (effect.h), owned by the part; NULL when `index` is not below the
  *         count, and for a handle that is null or no `MidiPart`
  */
-KRT_PLX_API KRT_PLX_EffectBase* KRT_PLX_MidiPart_midiEffect(
+KRT_PLX_API KRT_PLX_EffectBase* KRT_PLX_CALL KRT_PLX_MidiPart_midiEffect(
     KRT_PLX_PartBase* part, uint64_t index) KRT_PLX_NOEXCEPT;
 
 /**
@@ -273,7 +277,7 @@ KRT_PLX_API KRT_PLX_EffectBase* KRT_PLX_MidiPart_midiEffect(
  * @return true when it is; false otherwise, for a null `element`, and for a handle that is null or
  *         no `MidiPart`
  */
-KRT_PLX_API bool KRT_PLX_MidiPart_hasMidiEffect(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MidiPart_hasMidiEffect(
     KRT_PLX_PartBase* part, KRT_PLX_EffectBase* element) KRT_PLX_NOEXCEPT;
 
 /**
@@ -284,7 +288,7 @@ KRT_PLX_API bool KRT_PLX_MidiPart_hasMidiEffect(
  * @return a read-only audio effect (effect.h), owned by the part; NULL when `index` is not below
  *         the count, and for a handle that is null or no `MidiPart`
  */
-KRT_PLX_API KRT_PLX_EffectBase* KRT_PLX_MidiPart_audioEffect(
+KRT_PLX_API KRT_PLX_EffectBase* KRT_PLX_CALL KRT_PLX_MidiPart_audioEffect(
     KRT_PLX_PartBase* part, uint64_t index) KRT_PLX_NOEXCEPT;
 
 /**
@@ -298,7 +302,7 @@ KRT_PLX_API KRT_PLX_EffectBase* KRT_PLX_MidiPart_audioEffect(
  * @return true when it is; false otherwise, for a null `element`, and for a handle that is null or
  *         no `MidiPart`
  */
-KRT_PLX_API bool KRT_PLX_MidiPart_hasAudioEffect(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MidiPart_hasAudioEffect(
     KRT_PLX_PartBase* part, KRT_PLX_EffectBase* element) KRT_PLX_NOEXCEPT;
 
 /** @} */
@@ -326,7 +330,7 @@ KRT_PLX_API bool KRT_PLX_MidiPart_hasAudioEffect(
  * @param part  an editable MIDI part
  * @return the editable clip; NULL for a handle that is null or no `MutableMidiPart`
  */
-KRT_PLX_API KRT_PLX_ClipBase* KRT_PLX_MutableMidiPart_parent(
+KRT_PLX_API KRT_PLX_ClipBase* KRT_PLX_CALL KRT_PLX_MutableMidiPart_parent(
     KRT_PLX_PartBase* part) KRT_PLX_NOEXCEPT;
 
 /** @name Notes
@@ -342,7 +346,7 @@ KRT_PLX_API KRT_PLX_ClipBase* KRT_PLX_MutableMidiPart_parent(
  *         dies; NULL when `index` is not below the count, and for a handle that is null or no
  *         `MutableMidiPart`
  */
-KRT_PLX_API KRT_PLX_NoteBase* KRT_PLX_MutableMidiPart_note(
+KRT_PLX_API KRT_PLX_NoteBase* KRT_PLX_CALL KRT_PLX_MutableMidiPart_note(
     KRT_PLX_PartBase* part, uint64_t index) KRT_PLX_NOEXCEPT;
 
 /**
@@ -356,7 +360,7 @@ KRT_PLX_API KRT_PLX_NoteBase* KRT_PLX_MutableMidiPart_note(
  * @return true when it is; false otherwise, for a null `element`, and for a handle that is null or
  *         no `MutableMidiPart`
  */
-KRT_PLX_API bool KRT_PLX_MutableMidiPart_hasNote(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableMidiPart_hasNote(
     KRT_PLX_PartBase* part, KRT_PLX_NoteBase* element) KRT_PLX_NOEXCEPT;
 
 /**
@@ -379,7 +383,8 @@ KRT_PLX_API bool KRT_PLX_MutableMidiPart_hasNote(
  *         with nothing inserted, when an argument is outside its range, and for a handle that is
  *         null or no `MutableMidiPart`
  */
-KRT_PLX_API KRT_PLX_NoteBase* KRT_PLX_MutableMidiPart_insertNote(KRT_PLX_PartBase* part,
+KRT_PLX_API KRT_PLX_NoteBase* KRT_PLX_CALL KRT_PLX_MutableMidiPart_insertNote(
+    KRT_PLX_PartBase* part,
     int32_t pos,
     int32_t duration,
     const KRT_PLX_Char* lyric,
@@ -402,7 +407,7 @@ KRT_PLX_API KRT_PLX_NoteBase* KRT_PLX_MutableMidiPart_insertNote(KRT_PLX_PartBas
  *         when the part has none of this type, and for a handle that is null or no
  *         `MutableMidiPart`
  */
-KRT_PLX_API KRT_PLX_MidiControllerBase* KRT_PLX_MutableMidiPart_midiController(
+KRT_PLX_API KRT_PLX_MidiControllerBase* KRT_PLX_CALL KRT_PLX_MutableMidiPart_midiController(
     KRT_PLX_PartBase* part, uint32_t type) KRT_PLX_NOEXCEPT;
 
 /**
@@ -416,7 +421,7 @@ KRT_PLX_API KRT_PLX_MidiControllerBase* KRT_PLX_MutableMidiPart_midiController(
  * @return true when it is; false otherwise, for a null `element`, and for a handle that is null or
  *         no `MutableMidiPart`
  */
-KRT_PLX_API bool KRT_PLX_MutableMidiPart_hasMidiController(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableMidiPart_hasMidiController(
     KRT_PLX_PartBase* part, KRT_PLX_MidiControllerBase* element) KRT_PLX_NOEXCEPT;
 
 /**
@@ -432,7 +437,7 @@ KRT_PLX_API bool KRT_PLX_MutableMidiPart_hasMidiController(
  *         when the part has a lane of this type, when `type` is above 11, and for a handle that is
  *         null or no `MutableMidiPart`
  */
-KRT_PLX_API KRT_PLX_MidiControllerBase* KRT_PLX_MutableMidiPart_addMidiController(
+KRT_PLX_API KRT_PLX_MidiControllerBase* KRT_PLX_CALL KRT_PLX_MutableMidiPart_addMidiController(
     KRT_PLX_PartBase* part, uint32_t type) KRT_PLX_NOEXCEPT;
 
 /** @} */
@@ -454,7 +459,7 @@ KRT_PLX_API KRT_PLX_MidiControllerBase* KRT_PLX_MutableMidiPart_addMidiControlle
  *         the part dies; NULL when `index` is not below the count, and for a handle that is null or
  *         no `MutableMidiPart`
  */
-KRT_PLX_API KRT_PLX_EffectBase* KRT_PLX_MutableMidiPart_midiEffect(
+KRT_PLX_API KRT_PLX_EffectBase* KRT_PLX_CALL KRT_PLX_MutableMidiPart_midiEffect(
     KRT_PLX_PartBase* part, uint64_t index) KRT_PLX_NOEXCEPT;
 
 /**
@@ -468,7 +473,7 @@ KRT_PLX_API KRT_PLX_EffectBase* KRT_PLX_MutableMidiPart_midiEffect(
  * @return true when it is; false otherwise, for a null `element`, and for a handle that is null or
  *         no `MutableMidiPart`
  */
-KRT_PLX_API bool KRT_PLX_MutableMidiPart_hasMidiEffect(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableMidiPart_hasMidiEffect(
     KRT_PLX_PartBase* part, KRT_PLX_EffectBase* element) KRT_PLX_NOEXCEPT;
 
 /**
@@ -485,7 +490,7 @@ KRT_PLX_API bool KRT_PLX_MutableMidiPart_hasMidiEffect(
  *         removed or the part dies; NULL when `id` is null or empty, and for a handle that is null
  *         or no `MutableMidiPart`
  */
-KRT_PLX_API KRT_PLX_EffectBase* KRT_PLX_MutableMidiPart_insertMidiEffect(
+KRT_PLX_API KRT_PLX_EffectBase* KRT_PLX_CALL KRT_PLX_MutableMidiPart_insertMidiEffect(
     KRT_PLX_PartBase* part, uint64_t index, const KRT_PLX_Char* id) KRT_PLX_NOEXCEPT;
 
 /**
@@ -497,7 +502,7 @@ KRT_PLX_API KRT_PLX_EffectBase* KRT_PLX_MutableMidiPart_insertMidiEffect(
  *         the part dies; NULL when `index` is not below the count, and for a handle that is null or
  *         no `MutableMidiPart`
  */
-KRT_PLX_API KRT_PLX_EffectBase* KRT_PLX_MutableMidiPart_audioEffect(
+KRT_PLX_API KRT_PLX_EffectBase* KRT_PLX_CALL KRT_PLX_MutableMidiPart_audioEffect(
     KRT_PLX_PartBase* part, uint64_t index) KRT_PLX_NOEXCEPT;
 
 /**
@@ -511,7 +516,7 @@ KRT_PLX_API KRT_PLX_EffectBase* KRT_PLX_MutableMidiPart_audioEffect(
  * @return true when it is; false otherwise, for a null `element`, and for a handle that is null or
  *         no `MutableMidiPart`
  */
-KRT_PLX_API bool KRT_PLX_MutableMidiPart_hasAudioEffect(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableMidiPart_hasAudioEffect(
     KRT_PLX_PartBase* part, KRT_PLX_EffectBase* element) KRT_PLX_NOEXCEPT;
 
 /**
@@ -528,7 +533,7 @@ KRT_PLX_API bool KRT_PLX_MutableMidiPart_hasAudioEffect(
  *         removed or the part dies; NULL when `id` is null or empty, and for a handle that is null
  *         or no `MutableMidiPart`
  */
-KRT_PLX_API KRT_PLX_EffectBase* KRT_PLX_MutableMidiPart_insertAudioEffect(
+KRT_PLX_API KRT_PLX_EffectBase* KRT_PLX_CALL KRT_PLX_MutableMidiPart_insertAudioEffect(
     KRT_PLX_PartBase* part, uint64_t index, const KRT_PLX_Char* id) KRT_PLX_NOEXCEPT;
 
 /** @} */
@@ -546,7 +551,7 @@ KRT_PLX_API KRT_PLX_EffectBase* KRT_PLX_MutableMidiPart_insertAudioEffect(
  * @return true; false, with nothing added, when `langID` is above 127, and for a handle that is
  *         null or no `MutableMidiPart`
  */
-KRT_PLX_API bool KRT_PLX_MutableMidiPart_addAiLangID(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableMidiPart_addAiLangID(
     KRT_PLX_PartBase* part, uint32_t langID) KRT_PLX_NOEXCEPT;
 
 /**
@@ -557,7 +562,7 @@ KRT_PLX_API bool KRT_PLX_MutableMidiPart_addAiLangID(
  * @return true; false, with the ID unchanged, when `text` is null or of another length, and for a
  *         handle that is null or no `MutableMidiPart`
  */
-KRT_PLX_API bool KRT_PLX_MutableMidiPart_setAiVoiceBankID(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableMidiPart_setAiVoiceBankID(
     KRT_PLX_PartBase* part, const KRT_PLX_Char* text) KRT_PLX_NOEXCEPT;
 
 /**
@@ -568,7 +573,7 @@ KRT_PLX_API bool KRT_PLX_MutableMidiPart_setAiVoiceBankID(
  * @return true; false, with the duration unchanged, when `duration` is below 1, and for a handle
  *         that is null or no `MutableMidiPart`
  */
-KRT_PLX_API bool KRT_PLX_MutableMidiPart_setDuration(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableMidiPart_setDuration(
     KRT_PLX_PartBase* part, int32_t duration) KRT_PLX_NOEXCEPT;
 
 /**
@@ -579,7 +584,7 @@ KRT_PLX_API bool KRT_PLX_MutableMidiPart_setDuration(
  * @return true; false, with the language unchanged, when `langID` is above 127, and for a handle
  *         that is null or no `MutableMidiPart`
  */
-KRT_PLX_API bool KRT_PLX_MutableMidiPart_setLangID(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableMidiPart_setLangID(
     KRT_PLX_PartBase* part, uint32_t langID) KRT_PLX_NOEXCEPT;
 
 /**
@@ -589,7 +594,7 @@ KRT_PLX_API bool KRT_PLX_MutableMidiPart_setLangID(
  * @param text  the name; null empties it
  * @return true; false for a handle that is null or no `MutableMidiPart`
  */
-KRT_PLX_API bool KRT_PLX_MutableMidiPart_setStyleName(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableMidiPart_setStyleName(
     KRT_PLX_PartBase* part, const KRT_PLX_Char* text) KRT_PLX_NOEXCEPT;
 
 /**
@@ -599,7 +604,7 @@ KRT_PLX_API bool KRT_PLX_MutableMidiPart_setStyleName(
  * @param text  the ID; null empties it
  * @return true; false for a handle that is null or no `MutableMidiPart`
  */
-KRT_PLX_API bool KRT_PLX_MutableMidiPart_setStylePresetID(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableMidiPart_setStylePresetID(
     KRT_PLX_PartBase* part, const KRT_PLX_Char* text) KRT_PLX_NOEXCEPT;
 
 /**
@@ -610,7 +615,7 @@ KRT_PLX_API bool KRT_PLX_MutableMidiPart_setStylePresetID(
  * @return true; false, with the ID unchanged, when `text` is null or of another length, and for a
  *         handle that is null or no `MutableMidiPart`
  */
-KRT_PLX_API bool KRT_PLX_MutableMidiPart_setVoiceBankID(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableMidiPart_setVoiceBankID(
     KRT_PLX_PartBase* part, const KRT_PLX_Char* text) KRT_PLX_NOEXCEPT;
 
 /** @} */
@@ -631,7 +636,8 @@ KRT_PLX_API bool KRT_PLX_MutableMidiPart_setVoiceBankID(
  * @param part  an audio part
  * @return 0; #KRT_PLX_NO_INT32 for a handle that is null or no `AudioPartBase`
  */
-KRT_PLX_API int32_t KRT_PLX_AudioPartBase_begin(KRT_PLX_PartBase* part) KRT_PLX_NOEXCEPT;
+KRT_PLX_API int32_t KRT_PLX_CALL KRT_PLX_AudioPartBase_begin(
+    KRT_PLX_PartBase* part) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns the end of the region of the wave file that the part plays. No operation and no file sets
@@ -640,7 +646,7 @@ KRT_PLX_API int32_t KRT_PLX_AudioPartBase_begin(KRT_PLX_PartBase* part) KRT_PLX_
  * @param part  an audio part
  * @return 0; #KRT_PLX_NO_INT32 for a handle that is null or no `AudioPartBase`
  */
-KRT_PLX_API int32_t KRT_PLX_AudioPartBase_end(KRT_PLX_PartBase* part) KRT_PLX_NOEXCEPT;
+KRT_PLX_API int32_t KRT_PLX_CALL KRT_PLX_AudioPartBase_end(KRT_PLX_PartBase* part) KRT_PLX_NOEXCEPT;
 
 /**
  * Tells how many audio effects there are.
@@ -649,7 +655,7 @@ KRT_PLX_API int32_t KRT_PLX_AudioPartBase_end(KRT_PLX_PartBase* part) KRT_PLX_NO
  * @param count  receives the number; left alone when the result is false
  * @return true; false when `count` is null, and for a handle that is null or no `AudioPartBase`
  */
-KRT_PLX_API bool KRT_PLX_AudioPartBase_numAudioEffects(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_AudioPartBase_numAudioEffects(
     KRT_PLX_PartBase* part, uint64_t* count) KRT_PLX_NOEXCEPT;
 
 /**
@@ -662,7 +668,7 @@ KRT_PLX_API bool KRT_PLX_AudioPartBase_numAudioEffects(
  * @param part  an audio part
  * @return text owned by the part; NULL for a handle that is null or no `AudioPartBase`
  */
-KRT_PLX_API const KRT_PLX_Char* KRT_PLX_AudioPartBase_wavFilePath(
+KRT_PLX_API const KRT_PLX_Char* KRT_PLX_CALL KRT_PLX_AudioPartBase_wavFilePath(
     KRT_PLX_PartBase* part) KRT_PLX_NOEXCEPT;
 
 /** @} */
@@ -681,7 +687,8 @@ KRT_PLX_API const KRT_PLX_Char* KRT_PLX_AudioPartBase_wavFilePath(
  * @param part  a read-only audio part
  * @return the clip; NULL for a handle that is null or no `AudioPart`
  */
-KRT_PLX_API KRT_PLX_ClipBase* KRT_PLX_AudioPart_parent(KRT_PLX_PartBase* part) KRT_PLX_NOEXCEPT;
+KRT_PLX_API KRT_PLX_ClipBase* KRT_PLX_CALL KRT_PLX_AudioPart_parent(
+    KRT_PLX_PartBase* part) KRT_PLX_NOEXCEPT;
 
 /**
  * Returns an audio effect by its place in the chain.
@@ -691,7 +698,7 @@ KRT_PLX_API KRT_PLX_ClipBase* KRT_PLX_AudioPart_parent(KRT_PLX_PartBase* part) K
  * @return a read-only audio effect (effect.h), owned by the part; NULL when `index` is not below
  *         the count, and for a handle that is null or no `AudioPart`
  */
-KRT_PLX_API KRT_PLX_EffectBase* KRT_PLX_AudioPart_audioEffect(
+KRT_PLX_API KRT_PLX_EffectBase* KRT_PLX_CALL KRT_PLX_AudioPart_audioEffect(
     KRT_PLX_PartBase* part, uint64_t index) KRT_PLX_NOEXCEPT;
 
 /**
@@ -705,7 +712,7 @@ KRT_PLX_API KRT_PLX_EffectBase* KRT_PLX_AudioPart_audioEffect(
  * @return true when it is; false otherwise, for a null `element`, and for a handle that is null or
  *         no `AudioPart`
  */
-KRT_PLX_API bool KRT_PLX_AudioPart_hasAudioEffect(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_AudioPart_hasAudioEffect(
     KRT_PLX_PartBase* part, KRT_PLX_EffectBase* element) KRT_PLX_NOEXCEPT;
 
 /** @} */
@@ -725,7 +732,7 @@ KRT_PLX_API bool KRT_PLX_AudioPart_hasAudioEffect(
  * @param part  an editable audio part
  * @return the editable clip; NULL for a handle that is null or no `MutableAudioPart`
  */
-KRT_PLX_API KRT_PLX_ClipBase* KRT_PLX_MutableAudioPart_parent(
+KRT_PLX_API KRT_PLX_ClipBase* KRT_PLX_CALL KRT_PLX_MutableAudioPart_parent(
     KRT_PLX_PartBase* part) KRT_PLX_NOEXCEPT;
 
 /**
@@ -737,7 +744,7 @@ KRT_PLX_API KRT_PLX_ClipBase* KRT_PLX_MutableAudioPart_parent(
  *         the part dies; NULL when `index` is not below the count, and for a handle that is null or
  *         no `MutableAudioPart`
  */
-KRT_PLX_API KRT_PLX_EffectBase* KRT_PLX_MutableAudioPart_audioEffect(
+KRT_PLX_API KRT_PLX_EffectBase* KRT_PLX_CALL KRT_PLX_MutableAudioPart_audioEffect(
     KRT_PLX_PartBase* part, uint64_t index) KRT_PLX_NOEXCEPT;
 
 /**
@@ -751,7 +758,7 @@ KRT_PLX_API KRT_PLX_EffectBase* KRT_PLX_MutableAudioPart_audioEffect(
  * @return true when it is; false otherwise, for a null `element`, and for a handle that is null or
  *         no `MutableAudioPart`
  */
-KRT_PLX_API bool KRT_PLX_MutableAudioPart_hasAudioEffect(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableAudioPart_hasAudioEffect(
     KRT_PLX_PartBase* part, KRT_PLX_EffectBase* element) KRT_PLX_NOEXCEPT;
 
 /**
@@ -768,7 +775,7 @@ KRT_PLX_API bool KRT_PLX_MutableAudioPart_hasAudioEffect(
  *         removed or the part dies; NULL when `id` is null or empty, and for a handle that is null
  *         or no `MutableAudioPart`
  */
-KRT_PLX_API KRT_PLX_EffectBase* KRT_PLX_MutableAudioPart_insertAudioEffect(
+KRT_PLX_API KRT_PLX_EffectBase* KRT_PLX_CALL KRT_PLX_MutableAudioPart_insertAudioEffect(
     KRT_PLX_PartBase* part, uint64_t index, const KRT_PLX_Char* id) KRT_PLX_NOEXCEPT;
 
 /**
@@ -781,7 +788,7 @@ KRT_PLX_API KRT_PLX_EffectBase* KRT_PLX_MutableAudioPart_insertAudioEffect(
  * @param end    any value
  * @return true; false for a handle that is null or no `MutableAudioPart`
  */
-KRT_PLX_API bool KRT_PLX_MutableAudioPart_setRegion(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableAudioPart_setRegion(
     KRT_PLX_PartBase* part, int32_t begin, int32_t end) KRT_PLX_NOEXCEPT;
 
 /**
@@ -800,7 +807,7 @@ KRT_PLX_API bool KRT_PLX_MutableAudioPart_setRegion(
  * @return true; false, with the old path kept, when `path` is null or does not exist, and for a
  *         handle that is null or no `MutableAudioPart`
  */
-KRT_PLX_API bool KRT_PLX_MutableAudioPart_setWavFilePath(
+KRT_PLX_API bool KRT_PLX_CALL KRT_PLX_MutableAudioPart_setWavFilePath(
     KRT_PLX_PartBase* part, const KRT_PLX_Char* path) KRT_PLX_NOEXCEPT;
 
 /** @} */
