@@ -9,9 +9,13 @@ function(krt_plx_add_msvc_import_library target definition)
         message(STATUS "No llvm-dlltool: no import library for Microsoft's linker")
         return()
     endif()
+    set(machine i386:x86-64)
+    if(CMAKE_SIZEOF_VOID_P EQUAL 4)
+        set(machine i386)
+    endif()
     set(library "${CMAKE_ARCHIVE_OUTPUT_DIRECTORY}/${target}.lib")
     add_custom_command(TARGET ${target} POST_BUILD VERBATIM BYPRODUCTS "${library}"
-        COMMAND "${KRT_PLX_LLVM_DLLTOOL}" --machine i386:x86-64 --input-def "${definition}"
+        COMMAND "${KRT_PLX_LLVM_DLLTOOL}" --machine ${machine} --input-def "${definition}"
             --dllname $<TARGET_FILE_NAME:${target}> --output-lib "${library}")
     set_target_properties(${target} PROPERTIES KRT_PLX_MSVC_LIBRARY "${library}")
 endfunction()

@@ -81,8 +81,10 @@ add_library(krt_plx_hardening INTERFACE)
 if(WIN32)
     # No stack protector: on this system the compiler's protector calls other libraries while the
     # loader still holds its lock.
-    target_link_options(krt_plx_hardening INTERFACE
-        -Wl,--dynamicbase,--high-entropy-va,--nxcompat)
+    target_link_options(krt_plx_hardening INTERFACE -Wl,--dynamicbase,--nxcompat)
+    if(CMAKE_SIZEOF_VOID_P EQUAL 8)
+        target_link_options(krt_plx_hardening INTERFACE -Wl,--high-entropy-va)
+    endif()
 else()
     target_compile_options(krt_plx_hardening INTERFACE -fstack-protector-strong)
     target_link_options(krt_plx_hardening INTERFACE -Wl,-z,relro,-z,now,-z,noexecstack)

@@ -1,12 +1,28 @@
-# Builds for 64-bit Windows with mingw-w64; programs run under Wine.
+# Builds for Windows with mingw-w64; programs run under Wine.
+#
+#   KRT_PLX_WINDOWS_PROCESSOR   x86_64; or i686 for 32-bit programs
+list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES KRT_PLX_WINDOWS_PROCESSOR)
+if(NOT KRT_PLX_WINDOWS_PROCESSOR)
+    set(KRT_PLX_WINDOWS_PROCESSOR x86_64)
+endif()
+
 set(CMAKE_SYSTEM_NAME Windows)
-set(CMAKE_SYSTEM_PROCESSOR x86_64)
+set(CMAKE_SYSTEM_PROCESSOR ${KRT_PLX_WINDOWS_PROCESSOR})
 
-set(CMAKE_C_COMPILER x86_64-w64-mingw32-gcc-posix)
-set(CMAKE_CXX_COMPILER x86_64-w64-mingw32-g++-posix)
-set(CMAKE_RC_COMPILER x86_64-w64-mingw32-windres)
+set(triple ${KRT_PLX_WINDOWS_PROCESSOR}-w64-mingw32)
+set(CMAKE_C_COMPILER ${triple}-gcc-posix)
+set(CMAKE_CXX_COMPILER ${triple}-g++-posix)
+set(CMAKE_RC_COMPILER ${triple}-windres)
 
-set(CMAKE_FIND_ROOT_PATH /usr/x86_64-w64-mingw32)
+if(KRT_PLX_WINDOWS_PROCESSOR STREQUAL "i686")
+    # Numbers with a fraction are then computed as on all other processors. Windows 8 and later run only on
+    # processors that can. Hosts of other compilers align their stack to four bytes.
+    set(for_i686 "-msse2 -mfpmath=sse -mstackrealign")
+    set(CMAKE_C_FLAGS_INIT "${for_i686}")
+    set(CMAKE_CXX_FLAGS_INIT "${for_i686}")
+endif()
+
+set(CMAKE_FIND_ROOT_PATH /usr/${triple})
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)

@@ -25,7 +25,8 @@ public:
     std::uint64_t numLanguages() const noexcept override { return tags_.languages().size(); }
     std::int32_t language(std::uint64_t index) const noexcept override
     {
-        return index < numLanguages() ? tags_.languages()[index] : KRT_PLX_NO_INT32;
+        return index < numLanguages() ? tags_.languages()[static_cast<std::size_t>(index)]
+                                      : KRT_PLX_NO_INT32;
     }
     std::uint64_t numSingerIDs() const noexcept override { return count(Tag::singerID); }
     const Char* singerID(std::uint64_t index) const noexcept override
@@ -44,7 +45,8 @@ private:
     std::uint64_t count(Tag tag) const { return tags_.texts(tag).size(); }
     const Char* text(Tag tag, std::uint64_t index) const
     {
-        return index < count(tag) ? tags_.texts(tag)[index].data() : nullptr;
+        return index < count(tag) ? tags_.texts(tag)[static_cast<std::size_t>(index)].data()
+                                  : nullptr;
     }
 
     Tags tags_;

@@ -14,7 +14,8 @@ std::uint64_t DvqmBaseImpl::numLevelNames() const noexcept
 
 const Char* DvqmBaseImpl::levelName(std::uint64_t index) const noexcept
 {
-    return index < numLevelNames() ? component_->levelNames[index].c_str() : nullptr;
+    return index < numLevelNames() ? component_->levelNames[static_cast<std::size_t>(index)].c_str()
+                                   : nullptr;
 }
 
 void DvqmBaseImpl::assignCompID(StringView text)

@@ -29,7 +29,7 @@ public:
 
     Element* at(std::uint64_t index) const
     {
-        return index < elements_.size() ? elements_[index] : nullptr;
+        return index < elements_.size() ? elements_[static_cast<std::size_t>(index)] : nullptr;
     }
 
     // Identity under the family's root interface. `element` is compared, never looked into: it may

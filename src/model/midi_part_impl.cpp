@@ -4,7 +4,8 @@ namespace Korvel::CANTORIS::PLX {
 
 std::uint32_t MidiPartBaseImpl::aiLangIDByIndex(std::uint64_t index) const noexcept
 {
-    return index < aiLangIDs_.size() ? aiLangIDs_[index] : KRT_PLX_NO_LANGUAGE;
+    return index < aiLangIDs_.size() ? aiLangIDs_[static_cast<std::size_t>(index)]
+                                     : KRT_PLX_NO_LANGUAGE;
 }
 
 bool MidiPartBaseImpl::assignVoiceBankID(StringView text)
