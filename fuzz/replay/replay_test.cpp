@@ -25,7 +25,7 @@ void PrintTo(const Replayed& replayed, std::ostream* stream)
 
 Path corpusOf(const fuzz::Harness& harness)
 {
-    return Path(KRT_PLX_TEST_SOURCE_FOLDER) / "fuzz" / "corpus" / harness.name;
+    return support::sourceFolder(KRT_PLX_TEST_SOURCE_FOLDER) / "fuzz" / "corpus" / harness.name;
 }
 
 std::vector<Replayed> allInputs()

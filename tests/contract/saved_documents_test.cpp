@@ -14,7 +14,8 @@ namespace {
 
 Path expectedFolder(const std::string& name)
 {
-    return support::place(KRT_PLX_TEST_SOURCE_FOLDER) / "tests" / "contract" / "expected" / name;
+    return support::sourceFolder(KRT_PLX_TEST_SOURCE_FOLDER) / "tests" / "contract" / "expected" /
+           name;
 }
 
 // --- What all three have in common ------------------------------------------------------------------

@@ -44,7 +44,7 @@ protected:
     }
 
     const support::Path clips_ =
-        support::place(KRT_PLX_TEST_SOURCE_FOLDER) / "examples" / "library";
+        support::sourceFolder(KRT_PLX_TEST_SOURCE_FOLDER) / "examples" / "library";
 
 private:
     support::ScratchFolder scratch_;

@@ -116,9 +116,9 @@ protected:
 TEST_F(KitCopy, OfEveryClipOfAFolderIsEqualOrTold)
 {
     const std::string folder = setting("KRT_PLX_KIT_CLIPS");
-    const Tally tally =
-        copyAll(folder.empty() ? support::place(KRT_PLX_TEST_SOURCE_FOLDER) / "examples" / "library"
-                               : support::place(folder));
+    const Tally tally = copyAll(folder.empty() ? support::sourceFolder(KRT_PLX_TEST_SOURCE_FOLDER) /
+                                                     "examples" / "library"
+                                               : support::place(folder));
     std::cout << "copied " << tally.copied << ", unreadable " << tally.unreadable << "\n";
     EXPECT_TRUE(tally.copied >= 30 || !folder.empty());
 }

@@ -14,7 +14,7 @@ namespace {
 
 Path libraryFolder()
 {
-    return support::place(KRT_PLX_TEST_SOURCE_FOLDER) / "examples" / "library";
+    return support::sourceFolder(KRT_PLX_TEST_SOURCE_FOLDER) / "examples" / "library";
 }
 
 // Some stand in other encodings; null where the file is missing or no JSON.

@@ -11,7 +11,8 @@ namespace {
 
 std::vector<Document> documentsOf(const char* page)
 {
-    const std::string text = support::readFile(support::place(KRT_PLX_TEST_SOURCE_FOLDER) / page);
+    const std::string text =
+        support::readFile(support::sourceFolder(KRT_PLX_TEST_SOURCE_FOLDER) / page);
     constexpr std::string_view fence = "\n```json\n";
     std::vector<Document> documents;
     for (std::size_t at = text.find(fence); at != std::string::npos; at = text.find(fence, at)) {

@@ -13,7 +13,8 @@ namespace {
 
 Document readSchema(const std::string& fileName)
 {
-    const support::Path folder = support::place(KRT_PLX_TEST_SOURCE_FOLDER) / "docs" / "schemas";
+    const support::Path folder =
+        support::sourceFolder(KRT_PLX_TEST_SOURCE_FOLDER) / "docs" / "schemas";
     Document document = parse(support::readFile(folder / fileName));
     if (!document.IsObject()) {
         throw std::runtime_error(fileName + " is no JSON object");

@@ -14,7 +14,7 @@ import sys
 
 LANGUAGES = (".c", ".cpp")
 # Compiled by tests of their own, or only for a fuzzer.
-OTHERS = ("src/fs/win32/", "src/process/win32/", "tests/package/", "tests/face/codegen_",
+OTHERS = ("src/fs/win32/", "src/process/win32/", "tests/archive/", "tests/package/", "tests/face/codegen_",
           "fuzz/entry.cpp", "fuzz/json_")
 
 

@@ -1,6 +1,7 @@
 #include "support/files.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <random>
@@ -12,6 +13,16 @@ namespace support {
 Path place(std::string_view utf8)
 {
     return Path(std::u8string(utf8.begin(), utf8.end()));
+}
+
+Path sourceFolder(std::string_view whenBuilt)
+{
+#ifdef _WIN32
+    const wchar_t* const now = _wgetenv(L"KRT_PLX_TEST_SOURCE_FOLDER");
+#else
+    const char* const now = std::getenv("KRT_PLX_TEST_SOURCE_FOLDER");
+#endif
+    return now != nullptr ? Path(now) : place(whenBuilt);
 }
 
 Text pathText(const Path& path)

@@ -16,6 +16,10 @@ using Path = std::filesystem::path;
 // A name written in UTF-8: folder / place("さくら").
 Path place(std::string_view utf8);
 
+// The sources' folder, whose data the tests read: where the environment's KRT_PLX_TEST_SOURCE_FOLDER says that
+// it is now, otherwise where it was when the program was built.
+Path sourceFolder(std::string_view whenBuilt);
+
 // The path as the library takes and returns it: backslashes, on every system.
 Text pathText(const Path& path);
 
