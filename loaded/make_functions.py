@@ -35,12 +35,20 @@ PROCEDURE = """
 # A host for Windows is compiled with declarations that say that the functions are imported, and calls
 # each by the pointer that an import library would have.
 IMPORTS = """
+#if defined(_WIN64)
+#    define POINTER_TO(name) __imp_##name
+#elif defined(_WIN32)
+/* For 32-bit programs, each name of C gets an underscore: the one between "__imp_" and the name, and
+   another one in front of all. */
+#    define POINTER_TO(name) _imp__##name
+#endif
+
 #if defined(_WIN32)
 {pointers}
 #endif
 """
 
-POINTER = "void (*const __imp_{name})(void) = (void (*)(void)){name};"
+POINTER = "void (*const POINTER_TO({name}))(void) = (void (*)(void)){name};"
 
 
 def literal(result):
