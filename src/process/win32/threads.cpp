@@ -55,7 +55,11 @@ struct Exceptions {
 std::byte** copies()
 {
     std::byte** place = nullptr;
+#ifdef _WIN64
     asm("mov %%gs:0x58, %0" : "=r"(place));
+#else
+    asm("mov %%fs:0x2C, %0" : "=r"(place));
+#endif
     return place;
 }
 
