@@ -32,7 +32,7 @@ def function(entry):
     name = entry["name"].removeprefix(PREFIX)
     parameters = ", ".join(map(parameter, entry["parameters"]))
     yield summary(entry["comment"])
-    yield f'    [DllImport("krt_plx", EntryPoint = "{entry["name"]}")]'
+    yield f'    [DllImport("krt_plx", EntryPoint = "{entry["name"]}", CallingConvention = CallingConvention.Cdecl)]'
     if result == "bool":
         yield "    [return: MarshalAs(UnmanagedType.U1)]"
     yield f"    public static extern {TYPES.get(result, 'IntPtr')} {name}({parameters});"

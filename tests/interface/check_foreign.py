@@ -50,6 +50,7 @@ class CSharp(Foreign):
     def test_prints_what_the_page_says(self):
         self.expect_as_on_page("bindings.md", "csharp", "host.cs")
         self.expect_all_functions("Plx.cs", "public static extern")
+        self.expect_all_functions("Plx.cs", r"CallingConvention = CallingConvention\.Cdecl\)\]")
 
 
 class Pascal(Foreign):
