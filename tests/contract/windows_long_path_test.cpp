@@ -53,19 +53,36 @@ protected:
         return RemoveDirectoryW(path.c_str()) != 0;
     }
 
-    // There are no clips, and none can be saved. Both leave everything as it was.
-    void expectRefused(const Text& user)
+    // Nothing can be in such a folder: it is neither the user directory nor the system directory, and has no
+    // clips as a further one. Everything stays as it was.
+    void expectRefused(const Text& folder)
     {
-        SCOPED_TRACE(user.size());
+        SCOPED_TRACE(folder.size());
+        std::filesystem::create_directories(systemFolder());
+        std::filesystem::create_directories(userFolder());
         const support::Tree before = support::treeOf(scratch());
-        const support::OwnedManager own(create(user));
+        const Text system = systemFolder().wstring();
+        const Text user = userFolder().wstring();
+        expectNoManager(system, folder, KRT_PLX_RESULT_DIRECTORY_NOT_CREATED);
+        expectNoManager(folder, user, KRT_PLX_RESULT_DIRECTORY_MISSING);
+        const wchar_t* further[] = {folder.c_str()};
+        const support::OwnedManager own(KRT_PLX_CreateManager(support::uniqueAppID().c_str(),
+                                                              system.c_str(), user.c_str(), further,
+                                                              1, further, 1, nullptr));
         ASSERT_NE(own.get(), nullptr);
         EXPECT_EQ(KRT_PLX_Manager_readAllClipFiles(own.get()), KRT_PLX_RESULT_OK);
         EXPECT_EQ(support::userClipCount(own.get()), 0u);
-        KRT_PLX_ClipBase* const built = KRT_PLX_Manager_createMutableClip(own.get());
-        support::createMidiPart(built);
-        EXPECT_EQ(support::save(built).code, KRT_PLX_RESULT_DIRECTORY_NOT_CREATED);
+        EXPECT_EQ(support::systemClipCount(own.get()), 0u);
         EXPECT_EQ(support::treeOf(scratch()), before);
+    }
+
+    static void expectNoManager(const Text& system, const Text& user, std::uint32_t expected)
+    {
+        std::uint32_t code = KRT_PLX_RESULT_OK;
+        EXPECT_EQ(KRT_PLX_CreateManager(support::uniqueAppID().c_str(), system.c_str(),
+                                        user.c_str(), nullptr, 0, nullptr, 0, &code),
+                  nullptr);
+        EXPECT_EQ(code, expected);
     }
 
     // What lies in the folder of a clip has a path so much longer: two identifiers and the extension.
