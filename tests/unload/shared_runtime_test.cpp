@@ -31,11 +31,10 @@ TEST(SharedRuntime, OfTheHostLeavesTheLibraryItsExceptions)
     auto* const create = library.function<decltype(KRT_PLX_CreateManager)>("KRT_PLX_CreateManager");
     const support::Text folder = text("none");
     const HMODULE module = GetModuleHandleW(L"krt_plx.dll");
-    void* const real =
-        support::replaceImport(module, "malloc", reinterpret_cast<void*>(&noMemory));
+    void* const real = support::replaceImport(module, "malloc", reinterpret_cast<void*>(&noMemory));
     std::uint32_t code = KRT_PLX_RESULT_OK;
-    KRT_PLX_Manager* const manager = create(folder.c_str(), folder.c_str(), folder.c_str(), nullptr,
-                                            0, nullptr, 0, &code);
+    KRT_PLX_Manager* const manager =
+        create(folder.c_str(), folder.c_str(), folder.c_str(), nullptr, 0, nullptr, 0, &code);
     support::replaceImport(module, "malloc", real);
     EXPECT_EQ(manager, nullptr);
     EXPECT_EQ(code, KRT_PLX_RESULT_OUT_OF_MEMORY);
