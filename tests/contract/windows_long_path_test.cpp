@@ -160,6 +160,7 @@ TEST_F(LongPaths, AsLongAsTheSystemTakes)
         } else {
             expectRefused(user.wstring());
         }
+        removeNamed();
     }
 }
 
