@@ -69,10 +69,10 @@ class Notices(unittest.TestCase):
         self.assert_broken("effect.h", r"\bint32_t value\b", "uint32_t value")
 
     def test_another_handle(self):
-        self.assert_broken("effect.h", rf"(bool {SETTER}\(\s*)KRT_PLX_\w+", r"\1KRT_PLX_NoteBase")
+        self.assert_broken("effect.h", rf"(bool KRT_PLX_CALL {SETTER}\(\s*)KRT_PLX_\w+", r"\1KRT_PLX_NoteBase")
 
     def test_another_result(self):
-        self.assert_broken("effect.h", rf"bool {SETTER}\(", f"int32_t {SETTER}(")
+        self.assert_broken("effect.h", rf"bool KRT_PLX_CALL {SETTER}\(", f"int32_t KRT_PLX_CALL {SETTER}(")
 
     def test_one_parameter_more(self):
         self.assert_broken("effect.h", r"\bint32_t value\)", "int32_t value, bool now)")
