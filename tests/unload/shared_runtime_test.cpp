@@ -29,7 +29,8 @@ TEST(SharedRuntime, OfTheHostLeavesTheLibraryItsExceptions)
     auto* const create = library.function<decltype(KRT_PLX_CreateManager)>("KRT_PLX_CreateManager");
     const support::Text folder = text("none");
     const HMODULE module = GetModuleHandleW(L"krt_plx.dll");
-    void* const real = support::replaceImport(module, "malloc", reinterpret_cast<void*>(&nothingLeft));
+    void* const real =
+        support::replaceImport(module, "malloc", reinterpret_cast<void*>(&nothingLeft));
     KRT_PLX_Manager* const manager =
         create(folder.c_str(), folder.c_str(), folder.c_str(), nullptr, 0, nullptr, 0, nullptr);
     support::replaceImport(module, "malloc", real);
