@@ -59,7 +59,7 @@ private:
             add(folder, reason::unreadable, "the folder cannot be listed");
             return;
         }
-        open.push_back(wholePathOf(folder));
+        open.push_back(fs::canonical(folder, error));
         for (; !error && entries != fs::directory_iterator(); entries.increment(error)) {
             std::error_code unknown;
             if (!entries->is_directory(unknown)) {
@@ -71,22 +71,13 @@ private:
         open.pop_back();
     }
 
-    // Without links, as far as the standard library can tell: that of one compiler for Windows cannot where
-    // paths are long.
-    static fs::path wholePathOf(const fs::path& folder)
-    {
-        std::error_code error;
-        fs::path whole = fs::canonical(folder, error);
-        return error ? fs::absolute(folder, error).lexically_normal() : whole;
-    }
-
     bool isWorthEntering(const fs::directory_entry& folder)
     {
         std::error_code error;
         if (!folder.is_symlink(error)) {
             return true;
         }
-        const fs::path target = wholePathOf(folder.path());
+        const fs::path target = fs::canonical(folder.path(), error);
         return std::ranges::find(open, target) == open.end() && linked.insert(target).second;
     }
 
