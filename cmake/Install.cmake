@@ -2,8 +2,14 @@
 #
 #     runtime       the shared library
 #     development   headers, import libraries, the static libraries for hosts, the CMake package, the
-#                   pkg-config files, the examples, the manual
+#                   pkg-config files, the examples
+#     manual        the manual, if it has been made
 #     tools         plxclip, its completion in shells, its manual pages, the schemas
+#     python        the package for Python
+#     runtime_symbols, tools_symbols
+#                   what a debugger needs to read a crash in the library or in plxclip; only when asked for
+
+include(Symbols)
 
 set(KRT_PLX_HTML_MANUAL "${PROJECT_BINARY_DIR}/docs/html" CACHE PATH
     "The manual as scripts/docs has made it; installed when it is there")
@@ -140,9 +146,28 @@ function(krt_plx_install_documents)
             "${PROJECT_SOURCE_DIR}/LICENSE" "${PROJECT_SOURCE_DIR}/docs/copyright"
         DESTINATION "${CMAKE_INSTALL_DOCDIR}" COMPONENT development)
     install(DIRECTORY "${PROJECT_SOURCE_DIR}/examples"
-        DESTINATION "${CMAKE_INSTALL_DATADIR}/krt_plx" COMPONENT development)
+        DESTINATION "${CMAKE_INSTALL_DATADIR}/krt_plx" COMPONENT development
+        PATTERN ".git*" EXCLUDE)
     install(DIRECTORY "${KRT_PLX_HTML_MANUAL}/"
-        DESTINATION "${CMAKE_INSTALL_DOCDIR}/html" COMPONENT development OPTIONAL)
+        DESTINATION "${CMAKE_INSTALL_DOCDIR}/html" COMPONENT manual OPTIONAL)
+endfunction()
+
+function(krt_plx_install_interface)
+    if(TARGET krt_plx_interface)
+        install(FILES "${KRT_PLX_INTERFACE_FILE}"
+            DESTINATION "${CMAKE_INSTALL_DATADIR}/krt_plx" COMPONENT development)
+    endif()
+endfunction()
+
+function(krt_plx_install_python)
+    if(NOT TARGET krt_plx_python)
+        return()
+    endif()
+    install(DIRECTORY "${KRT_PLX_PYTHON_FOLDER}/korvel_plx"
+        DESTINATION "lib/python3/dist-packages" COMPONENT python
+        PATTERN "__pycache__" EXCLUDE)
+    install(PROGRAMS "${PROJECT_SOURCE_DIR}/bindings/python/plxsong"
+        DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT python)
 endfunction()
 
 krt_plx_install_library()
@@ -158,3 +183,9 @@ krt_plx_install_tools()
 krt_plx_install_help_of_tools()
 krt_plx_install_schemas()
 krt_plx_install_documents()
+krt_plx_install_interface()
+krt_plx_install_python()
+krt_plx_install_symbols(krt_plx runtime)
+if(TARGET plxclip)
+    krt_plx_install_symbols(plxclip tools)
+endif()

@@ -27,6 +27,4 @@ function(krt_plx_add_interface)
         COMMENT "Making krt_plx.api.json from the public headers"
         VERBATIM)
     add_custom_target(krt_plx_interface ALL DEPENDS "${KRT_PLX_INTERFACE_FILE}")
-    install(FILES "${KRT_PLX_INTERFACE_FILE}"
-        DESTINATION "${CMAKE_INSTALL_DATADIR}/krt_plx" COMPONENT development)
 endfunction()

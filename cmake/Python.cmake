@@ -20,8 +20,4 @@ function(krt_plx_add_python)
         COMMENT "Making the package for Python"
         VERBATIM)
     add_custom_target(krt_plx_python ALL DEPENDS "${stamp}")
-    install(DIRECTORY "${KRT_PLX_PYTHON_FOLDER}/korvel_plx"
-        DESTINATION "lib/python3/dist-packages" COMPONENT python
-        PATTERN "__pycache__" EXCLUDE)
-    install(PROGRAMS "${folder}/plxsong" DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT python)
 endfunction()

@@ -1,7 +1,9 @@
-# How every target of this build is compiled.
+# How every target of this build is compiled. Nothing here reaches the targets of a project that takes this
+# one in: no cached setting of CMake's own is changed, and options of directories hold in this one and below.
 
-option(KRT_PLX_TESTS "Build the tests" ON)
-option(KRT_PLX_EXAMPLES "Build the example hosts" ON)
+option(KRT_PLX_TESTS "Build the tests" ${PROJECT_IS_TOP_LEVEL})
+option(KRT_PLX_EXAMPLES "Build the example hosts" ${PROJECT_IS_TOP_LEVEL})
+option(KRT_PLX_INSTALL "Install the library with the project that takes it in" ${PROJECT_IS_TOP_LEVEL})
 set(KRT_PLX_FS linux CACHE STRING "Which system's calls the file layer uses, but on Windows: linux, or posix for those that any POSIX system has")
 set_property(CACHE KRT_PLX_FS PROPERTY STRINGS linux posix)
 option(KRT_PLX_BENCHMARKS "Build the benchmarks" OFF)
@@ -26,10 +28,23 @@ set(CMAKE_C_VISIBILITY_PRESET hidden)
 set(CMAKE_CXX_VISIBILITY_PRESET hidden)
 set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 
-# One folder for programs and library, because on Windows a program finds the DLL beside itself.
-set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
-set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
+# One folder for programs and library, because on Windows a program finds the DLL beside itself. A project
+# that takes this one in may have set its own.
+foreach(kind IN ITEMS RUNTIME LIBRARY)
+    if(PROJECT_IS_TOP_LEVEL OR NOT CMAKE_${kind}_OUTPUT_DIRECTORY)
+        set(CMAKE_${kind}_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
+    endif()
+endforeach()
 set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/lib")
+
+# The same sources give the same bytes, wherever and whenever they are built: no path of this build, no time.
+set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
+if(WIN32)
+    add_link_options(-Wl,--no-insert-timestamp)
+elseif(NOT APPLE)
+    # By this number a debugger finds the symbols of a binary.
+    add_link_options(-Wl,--build-id=sha1)
+endif()
 
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     # A unique symbol would keep the library mapped after the host has closed it.
@@ -71,7 +86,9 @@ endif()
 
 add_library(krt_plx_warnings INTERFACE)
 target_compile_options(krt_plx_warnings INTERFACE
-    -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror
+    -Wall -Wextra -Wpedantic -Wconversion -Wshadow
+    # Other compilers warn of other things, which must not stop somebody else's build.
+    $<$<BOOL:${PROJECT_IS_TOP_LEVEL}>:-Werror>
     # Where several sources are compiled at once, a local name in one may hide one in another.
     $<$<BOOL:$<TARGET_PROPERTY:UNITY_BUILD>>:-Wno-shadow>)
 

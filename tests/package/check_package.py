@@ -3,15 +3,17 @@
 check_package.py CASE SOURCES BUILD CMAKE C_COMPILER CPP_COMPILER [LAUNCHER...]
 """
 
-import os
 import pathlib
 import re
 import shlex
 import sys
 import unittest
 
+from in_tree import Components, InTree, InTreeRuns  # noqa: F401
 from installed_examples import PackageExamples, PackageReadme  # noqa: F401
+from packed import Archive, DebianPackages  # noqa: F401
 from readme_hosts import ReadmeHosts  # noqa: F401
+from recipes import ConanRecipe, VcpkgPort  # noqa: F401
 from surroundings import PackageTest, Surroundings, call, output_of, package_environment, tool
 from readme import figures  # noqa: E402, surroundings shows where it is
 from versions import ResourceVersion, SharedObjectVersion, Versions  # noqa: F401
@@ -51,7 +53,7 @@ class Tree(PackageTest):
         """The files of a folder of the sources, as they are installed."""
         root = self.surroundings.sources / folder
         return {f"share/krt_plx/{root.name}/{path.relative_to(root)}" for path in root.rglob("*")
-                if path.is_file()}
+                if path.is_file() and not path.name.startswith(".git")}
 
     def help_of_tools(self):
         """Completion in shells, and manual pages."""
@@ -146,27 +148,6 @@ class Licences(PackageTest):
         stanza = self.stanza_of("Files: rapidjson/*")
         self.assertIn(f"{years} {holder}\n", stanza)
         self.assertIn(f"\nLicense: {licence}\n", stanza)
-
-
-class DebianPackages(PackageTest):
-    """Each package has the copyright file, where Debian looks for it."""
-
-    def test_copyright(self):
-        made = call([tool("cpack"), "-G", "DEB", "-B", self.folder / "packages", "--config",
-                     self.surroundings.build / "CPackConfig.cmake"], env=dict(os.environ, LC_ALL="C.UTF-8"))
-        self.assertEqual(made.returncode, 0, made.stderr)
-        packages = sorted((self.folder / "packages").glob("*.deb"))
-        self.assertEqual(len(packages), 4)
-        expected = self.surroundings.sources / "docs/copyright"
-        for package in packages:
-            root = self.folder / package.stem
-            output_of([tool("dpkg-deb"), "--extract", package, root])
-            found = root / "usr/share/doc" / package.name.partition("_")[0] / "copyright"
-            self.assertEqual(found.read_bytes(), expected.read_bytes(), package.name)
-            self.assertEqual(list(root.rglob("LICENSE")), [])
-            self.assertEqual(list(root.rglob("man1/*.1")), [], "manual pages have to be compressed")
-        tools = next((self.folder / package.stem for package in packages if "tools" in package.name))
-        self.assertGreater(len(list(tools.glob("usr/share/man/man1/plxclip*.1.gz"))), 10)
 
 
 class Python(PackageTest):

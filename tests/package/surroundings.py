@@ -30,9 +30,9 @@ class Surroundings:
         return f"{program}.exe" if self.is_windows else program
 
 
-def call(command, **options):
+def call(command, timeout=110, **options):
     command = [str(word) for word in command]
-    return subprocess.run(command, check=False, capture_output=True, timeout=110, **options)
+    return subprocess.run(command, check=False, capture_output=True, timeout=timeout, **options)
 
 
 def checked(result):
@@ -71,7 +71,7 @@ class PackageTest(unittest.TestCase):
     """A test with the installed package in self.tree, which was moved after installing."""
 
     surroundings = None
-    components = ("runtime", "development", "tools")
+    components = ("runtime", "development", "manual", "tools")
 
     @classmethod
     def setUpClass(cls):

@@ -1,0 +1,16 @@
+# What CPack does differently for archives and for Debian; it reads this when it knows which it makes.
+
+if(CPACK_GENERATOR STREQUAL "DEB")
+    set(CPACK_COMPONENTS_GROUPING IGNORE)
+else()
+    set(CPACK_ARCHIVE_COMPONENT_INSTALL ON)
+    set(CPACK_COMPONENT_INCLUDE_TOPLEVEL_DIRECTORY ON)
+    set(CPACK_COMPONENTS_GROUPING ONE_PER_GROUP)
+    foreach(component IN LISTS CPACK_COMPONENTS_ALL)
+        string(TOUPPER "${component}" variable)
+        set(CPACK_COMPONENT_${variable}_GROUP package)
+        if(component MATCHES "symbols$")
+            set(CPACK_COMPONENT_${variable}_GROUP symbols)
+        endif()
+    endforeach()
+endif()
