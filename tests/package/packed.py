@@ -49,6 +49,15 @@ class Packed(PackageTest):
     def kind(cls):
         return "ZIP" if cls.surroundings.is_windows else "TGZ"
 
+    def test_is_the_same_on_another_day_in_another_folder(self):
+        again = self.folder / "another folder + some blanks"
+        pack(self.surroundings, self.kind(), again, launcher=[tool("faketime"), "-f", "+400d"],
+             NO_FAKE_STAT="1", TZ="Asia/Tokyo", HOME=str(self.folder))
+        first, second = ({file.name: hashlib.sha256(file.read_bytes()).hexdigest() for file in folder.iterdir()}
+                         for folder in (self.packages, again))
+        self.assertGreaterEqual(len(first), 3)
+        self.assertEqual(first, second)
+
     def package(self, pattern):
         (package,) = self.packages.glob(pattern)
         return package
@@ -180,15 +189,6 @@ class Archive(Bill, Packed):
         (archive,) = (file for file in self.packages.iterdir()
                       if file != symbols and not file.name.endswith(".json"))
         return archive, symbols
-
-    def test_is_the_same_on_another_day_in_another_folder(self):
-        again = self.folder / "another folder + some blanks"
-        pack(self.surroundings, self.kind(), again, launcher=[tool("faketime"), "-f", "+400d"],
-             NO_FAKE_STAT="1", TZ="Asia/Tokyo", HOME=str(self.folder))
-        files = {file.name: hashlib.sha256(file.read_bytes()).hexdigest() for file in self.packages.iterdir()}
-        self.assertEqual(len(files), 3)
-        self.assertEqual({file.name: hashlib.sha256(file.read_bytes()).hexdigest() for file in again.iterdir()},
-                         files)
 
     def owners(self, archive):
         """Who owns the files in it, as far as an archive of its kind says so."""
