@@ -9,9 +9,10 @@ file(MAKE_DIRECTORY "${KRT_PLX_RAPIDJSON_INCLUDE}")
 file(CREATE_LINK "${KRT_PLX_RAPIDJSON_PARENT}/rapidjson" "${KRT_PLX_RAPIDJSON_INCLUDE}/rapidjson"
     SYMBOLIC)
 
-# GoogleTest as it is packaged serves the builds for this system. A cross build and a build in which
-# each access to memory is watched compile its packaged source.
-if(KRT_PLX_TESTS AND NOT CMAKE_CROSSCOMPILING AND NOT KRT_PLX_SANITIZERS MATCHES "thread|fuzzer")
+# GoogleTest as it is packaged serves the builds for this system. A cross build, a build with another
+# C++ library and one in which each access to memory is watched compile its packaged source.
+if(KRT_PLX_TESTS AND NOT CMAKE_CROSSCOMPILING AND NOT CMAKE_CXX_FLAGS MATCHES "-stdlib=libc\\+\\+"
+        AND NOT KRT_PLX_SANITIZERS MATCHES "thread|fuzzer")
     find_package(GTest CONFIG QUIET)
 endif()
 if(KRT_PLX_TESTS AND NOT TARGET GTest::gmock_main)

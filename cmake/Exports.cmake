@@ -9,6 +9,7 @@
 #     exports.txt            the names, sorted, one a line
 #     exports.map            the version script for the ELF linker
 #     exports.def            the module definition for the Windows linker
+#     exports.symbols        the list of symbols for the linker of macOS
 #     exported_functions.h   for tests: names, signatures and a visitor of all functions
 #
 # A header that declares a function in any other way fails the build.
@@ -21,7 +22,7 @@ set(KRT_PLX_EXPORTS_DIR "${CMAKE_BINARY_DIR}/generated/exports")
 # Makes the target krt_plx_exports, which writes the files into KRT_PLX_EXPORTS_DIR.
 function(krt_plx_add_exports)
     file(GLOB headers CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/include/korvel/plx/*.h")
-    set(files exports.txt exports.map exports.def exported_functions.h)
+    set(files exports.txt exports.map exports.def exports.symbols exported_functions.h)
     list(TRANSFORM files PREPEND "${KRT_PLX_EXPORTS_DIR}/")
     add_custom_command(OUTPUT ${files}
         COMMAND "${CMAKE_COMMAND}" "-DHEADERS=${PROJECT_SOURCE_DIR}/include/korvel/plx"
@@ -116,6 +117,12 @@ function(write_definition names file)
     file(CONFIGURE OUTPUT "${file}" CONTENT "LIBRARY @LIBRARY@\nEXPORTS\n@lines@\n" @ONLY)
 endfunction()
 
+# There, C names have an underscore before them.
+function(write_symbols names file)
+    list(TRANSFORM names PREPEND "_")
+    write_names("${names}" "${file}")
+endfunction()
+
 function(write_test_header names file)
     foreach(name IN LISTS names)
         string(APPEND rows
@@ -163,5 +170,6 @@ if(CMAKE_SCRIPT_MODE_FILE STREQUAL CMAKE_CURRENT_LIST_FILE)
     write_names("${names}" "${FOLDER}/exports.txt")
     write_map("${names}" "${FOLDER}/exports.map")
     write_definition("${names}" "${FOLDER}/exports.def")
+    write_symbols("${names}" "${FOLDER}/exports.symbols")
     write_test_header("${names}" "${FOLDER}/exported_functions.h")
 endif()

@@ -147,7 +147,7 @@ function(krt_plx_register_test_run name environment)
     add_test(NAME ${name} COMMAND ${ARGN})
     set_tests_properties(${name} PROPERTIES
         ENVIRONMENT "${environment}" LABELS program TIMEOUT 600)
-    if(CMAKE_CROSSCOMPILING)
+    if(KRT_PLX_UNDER_WINE)
         set_tests_properties(${name} PROPERTIES FIXTURES_REQUIRED wine)
     endif()
 endfunction()

@@ -12,7 +12,7 @@ function(krt_plx_add_program_checks prefix script label)
             "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}" "${CMAKE_EXECUTABLE_SUFFIX}"
             "${KRT_PLX_TEST_ROOT}" ${CMAKE_CROSSCOMPILING_EMULATOR})
         set_tests_properties(${name} PROPERTIES LABELS ${label} TIMEOUT 300)
-        if(CMAKE_CROSSCOMPILING)
+        if(KRT_PLX_UNDER_WINE)
             set_tests_properties(${name} PROPERTIES FIXTURES_REQUIRED wine)
         endif()
     endforeach()

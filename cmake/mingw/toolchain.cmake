@@ -30,3 +30,5 @@ set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 
 set(CMAKE_CROSSCOMPILING_EMULATOR
     "${CMAKE_CURRENT_LIST_DIR}/run-under-wine;${CMAKE_BINARY_DIR}/wine")
+# The tests start Wine's server before the programs, and end it after them.
+set(KRT_PLX_UNDER_WINE ON)

@@ -156,4 +156,5 @@ def main():
     unittest.main(argv=[sys.argv[0], case], verbosity=2)
 
 
-main()
+if __name__ == "__main__":
+    main()

@@ -4,8 +4,10 @@
 
 #    include <cerrno>
 #    include <chrono>
+#    include <cstdint>
 #    include <cstdlib>
 #    include <ctime>
+#    include <filesystem>
 #    include <optional>
 #    include <string>
 #    include <thread>
@@ -43,7 +45,7 @@ void setAge(const String& path, std::chrono::seconds age)
 {
     std::timespec then{};
     ::clock_gettime(CLOCK_REALTIME, &then);
-    then.tv_sec -= age.count();
+    then.tv_sec -= static_cast<std::time_t>(age.count());
     const std::timespec times[] = {then, then};
     EXPECT_EQ(::utimensat(AT_FDCWD, hostPath(path).c_str(), times, 0), 0);
 }
@@ -76,6 +78,25 @@ protected:
     fs::Patience patience{60s};
     std::string content;
 };
+
+// --- Files of any size and date -----------------------------------------------------------------------
+
+// The year's number of seconds no longer fits into 32 bits.
+TEST_F(FsReadPosix, AFileDatedIn2100IsReadLikeAnyOther)
+{
+    writeBytes(dir / "file", "{}");
+    setAge(dir / "file", -std::chrono::years(75));
+    EXPECT_TRUE(fs::isPlainFile(dir / "file"));
+    EXPECT_EQ(read(), ReadResult::read);
+}
+
+TEST_F(FsReadPosix, AFileOfThreeGibibytesIsAFile)
+{
+    writeBytes(dir / "file", "{}");
+    std::filesystem::resize_file(hostPath(dir / "file"), std::uintmax_t{3} << 30);
+    EXPECT_TRUE(fs::isPlainFile(dir / "file"));
+    EXPECT_EQ(read({.limit = 100}), ReadResult::refused);
+}
 
 // --- Others who change the file -----------------------------------------------------------------------
 

@@ -61,10 +61,13 @@ bool fails(Kind kind)
     return failed || error != 0;
 }
 
+// Where sizes and times have 32 bits by default, a call for wider ones has another name, and a
+// definition here gets that name too.
 template <typename Function>
-Function next(const char* name)
+Function next(const char* name, const char* wideName = nullptr)
 {
-    return reinterpret_cast<Function>(::dlsym(RTLD_NEXT, name));
+    const bool isWide = wideName != nullptr && sizeof(off_t) > sizeof(long);
+    return reinterpret_cast<Function>(::dlsym(RTLD_NEXT, isWide ? wideName : name));
 }
 
 } // namespace
@@ -165,7 +168,7 @@ extern "C" {
 
 int open(const char* path, int flags, ...)
 {
-    static const auto call = next<int (*)(const char*, int, ...)>("open");
+    static const auto call = next<int (*)(const char*, int, ...)>("open", "open64");
     std::va_list arguments;
     va_start(arguments, flags);
     const mode_t mode = modeOf(flags, arguments);
@@ -176,7 +179,7 @@ int open(const char* path, int flags, ...)
 
 int openat(int folder, const char* path, int flags, ...)
 {
-    static const auto call = next<int (*)(int, const char*, int, ...)>("openat");
+    static const auto call = next<int (*)(int, const char*, int, ...)>("openat", "openat64");
     std::va_list arguments;
     va_start(arguments, flags);
     const mode_t mode = modeOf(flags, arguments);
@@ -187,6 +190,11 @@ int openat(int folder, const char* path, int flags, ...)
 
 // The compiler turns an open() without a mode into this when it checks the arguments.
 int __openat_2(int folder, const char* path, int flags)
+{
+    return ::openat(folder, path, flags);
+}
+
+int __openat64_2(int folder, const char* path, int flags)
 {
     return ::openat(folder, path, flags);
 }
@@ -213,19 +221,19 @@ ssize_t write(int file, const void* bytes, std::size_t size)
 
 ssize_t pread(int file, void* bytes, std::size_t size, off_t place)
 {
-    static const auto call = next<decltype(&::pread)>("pread");
+    static const auto call = next<decltype(&::pread)>("pread", "pread64");
     return fails() ? -1 : call(file, bytes, std::min(size, longest), place);
 }
 
 ssize_t pwrite(int file, const void* bytes, std::size_t size, off_t place)
 {
-    static const auto call = next<decltype(&::pwrite)>("pwrite");
+    static const auto call = next<decltype(&::pwrite)>("pwrite", "pwrite64");
     return fails() ? -1 : call(file, bytes, std::min(size, longest), place);
 }
 
 int ftruncate(int file, off_t size) noexcept
 {
-    static const auto call = next<decltype(&::ftruncate)>("ftruncate");
+    static const auto call = next<decltype(&::ftruncate)>("ftruncate", "ftruncate64");
     return fails() ? -1 : call(file, size);
 }
 
@@ -247,19 +255,19 @@ int flock(int file, int operation) noexcept
 
 int stat(const char* path, struct stat* status) noexcept
 {
-    static const auto call = next<int (*)(const char*, struct stat*)>("stat");
+    static const auto call = next<int (*)(const char*, struct stat*)>("stat", "__stat64_time64");
     return fails() ? -1 : call(path, status);
 }
 
 int fstat(int file, struct stat* status) noexcept
 {
-    static const auto call = next<int (*)(int, struct stat*)>("fstat");
+    static const auto call = next<int (*)(int, struct stat*)>("fstat", "__fstat64_time64");
     return fails() ? -1 : call(file, status);
 }
 
 int fstatat(int folder, const char* path, struct stat* status, int flags) noexcept
 {
-    static const auto call = next<decltype(&::fstatat)>("fstatat");
+    static const auto call = next<decltype(&::fstatat)>("fstatat", "__fstatat64_time64");
     return fails() ? -1 : call(folder, path, status, flags);
 }
 
