@@ -254,8 +254,8 @@ void ClipFolders::change(Input& input)
 {
     constexpr int mostChanges = 4;
     for (int changes = 0; changes < mostChanges && count() > 0; ++changes) {
-        KRT_PLX_ClipBase* const clip =
-            KRT_PLX_Manager_userClip(folder_.manager(), input.below(count()));
+        KRT_PLX_ClipBase* const clip = KRT_PLX_Manager_userClip(
+            folder_.manager(), input.below(static_cast<std::size_t>(count())));
         if (input.below(2) == 0) {
             edit(clip);
         } else {
