@@ -93,6 +93,11 @@ function(krt_plx_link_fast name)
     endif()
 endfunction()
 
+# Of a test program, in seconds. An emulator's toolchain can allow more.
+if(NOT DEFINED KRT_PLX_TEST_TIMEOUT)
+    set(KRT_PLX_TEST_TIMEOUT 600)
+endif()
+
 # How to compile, in the calling folder, the source whose definitions replace those of the C library.
 function(krt_plx_prepare_allocations)
     set(source "${PROJECT_SOURCE_DIR}/tests/faults/allocations.cpp")
@@ -146,7 +151,7 @@ function(krt_plx_register_test_run name environment)
         "TSAN_OPTIONS=halt_on_error=1:second_deadlock_stack=1")
     add_test(NAME ${name} COMMAND ${ARGN})
     set_tests_properties(${name} PROPERTIES
-        ENVIRONMENT "${environment}" LABELS program TIMEOUT 600)
+        ENVIRONMENT "${environment}" LABELS program TIMEOUT ${KRT_PLX_TEST_TIMEOUT})
     if(KRT_PLX_UNDER_WINE)
         set_tests_properties(${name} PROPERTIES FIXTURES_REQUIRED wine)
     endif()

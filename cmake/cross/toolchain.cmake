@@ -20,6 +20,7 @@ set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 
 if(KRT_PLX_EMULATOR)
     set(CMAKE_CROSSCOMPILING_EMULATOR "${KRT_PLX_EMULATOR};-L;${root}")
+    set(KRT_PLX_TEST_TIMEOUT 3600)
 else()
     # The loader and the libraries are not where programs look for them by themselves.
     file(GLOB loader "${root}/lib/ld-linux*.so.*")
