@@ -1,8 +1,10 @@
-// How much the tests try where every step takes several times as long, under Wine and with a sanitized
-// library. Elsewhere the same tests run in full.
+// How much the tests try where every step takes several times as long: under Wine, with a sanitized
+// library, and in an emulator. Elsewhere the same tests run in full.
 #pragma once
 
 #ifndef _WIN32
+#    include <cstdlib>
+
 #    include <dlfcn.h>
 #endif
 
@@ -26,9 +28,15 @@ inline bool isSanitized()
            dlsym(RTLD_DEFAULT, "__tsan_init") != nullptr;
 }
 
+// scripts/portability says so.
+inline bool isEmulated()
+{
+    return std::getenv("KRT_PLX_TEST_EMULATED") != nullptr;
+}
+
 inline bool isSlow()
 {
-    return isSanitized();
+    return isSanitized() || isEmulated();
 }
 #endif
 
