@@ -82,7 +82,8 @@ class Tests:
         self.scratch = scratch
         self.programs = programs
         self.tree = tree
-        self.environment = {**os.environ, 'LD_LIBRARY_PATH': str(tree.library_folder)}
+        self.environment = {**os.environ, 'LD_LIBRARY_PATH': str(tree.library_folder),
+                            'KRT_PLX_TEST_LIBRARY_FILE': str(tree.library_folder / 'libkrt_plx.so')}
         self.environment.pop('GTEST_OUTPUT', None)
         self.successful = collections.defaultdict(list)  # (program, suite) that noticed, by file, last first
 
