@@ -364,6 +364,19 @@ int unlinkat(int folder, const char* path, int flags) noexcept
                  Change::Kind::remove, std::pair(folder, path));
 }
 
+DIR* fdopendir(int folder)
+{
+    static const auto real = next<decltype(&::fdopendir)>("fdopendir");
+    return disturbed("fdopendir", folder, static_cast<DIR*>(nullptr), [=] { return real(folder); });
+}
+
+dirent* readdir(DIR* stream)
+{
+    static const auto real = next<decltype(&::readdir)>("readdir");
+    return disturbed("readdir", ::dirfd(stream), static_cast<dirent*>(nullptr),
+                     [=] { return real(stream); });
+}
+
 ssize_t getdents64(int folder, void* buffer, std::size_t size)
 {
     static const auto real = next<decltype(&::getdents64)>("getdents64");

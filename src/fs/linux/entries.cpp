@@ -41,7 +41,7 @@ Entry::Kind kindOf(unsigned char type)
 
 } // namespace
 
-void visitEntries(Descriptor folder, void* visitor, void (*visit)(void* visitor, const Entry&))
+bool visitEntries(Descriptor folder, void* visitor, void (*visit)(void* visitor, const Entry&))
 {
     Block block; // NOLINT(cppcoreguidelines-pro-type-member-init): 16 KiB, and the system fills it
     while (readBlock(folder.number(), block)) {
@@ -53,6 +53,7 @@ void visitEntries(Descriptor folder, void* visitor, void (*visit)(void* visitor,
             }
         }
     }
+    return true;
 }
 
 } // namespace Korvel::CANTORIS::PLX::fs

@@ -1,5 +1,6 @@
 #include "fs/posix/entries.h"
 
+#include <cerrno>
 #include <memory>
 
 #include <dirent.h>
@@ -14,10 +15,23 @@ struct Close {
 
 using Stream = std::unique_ptr<DIR, Close>;
 
+// Calls again while a signal interrupts the call. `errno` is 0 when there was nothing to return.
+template <class Call>
+auto* uninterruptedPointer(Call call)
+{
+    while (true) {
+        errno = 0;
+        auto* const result = call();
+        if (result != nullptr || errno != EINTR) {
+            return result;
+        }
+    }
+}
+
 // The stream closes the folder from now on.
 Stream streamOf(Descriptor folder)
 {
-    Stream stream(::fdopendir(folder.number()));
+    Stream stream(uninterruptedPointer([&] { return ::fdopendir(folder.number()); }));
     if (stream) {
         folder.release();
     }
@@ -26,15 +40,20 @@ Stream streamOf(Descriptor folder)
 
 } // namespace
 
-void visitEntries(Descriptor folder, void* visitor, void (*visit)(void* visitor, const Entry&))
+bool visitEntries(Descriptor folder, void* visitor, void (*visit)(void* visitor, const Entry&))
 {
     const int number = folder.number();
     const Stream stream = streamOf(std::move(folder));
-    while (const dirent* const entry = stream ? ::readdir(stream.get()) : nullptr) {
+    if (!stream) {
+        return errno != ENOMEM;
+    }
+    const auto next = [&] { return ::readdir(stream.get()); };
+    while (const dirent* const entry = uninterruptedPointer(next)) {
         if (!isSelfOrParent(entry->d_name)) {
             visit(visitor, {number, entry->d_name, Entry::Kind::unknown});
         }
     }
+    return true;
 }
 
 } // namespace Korvel::CANTORIS::PLX::fs

@@ -14,14 +14,15 @@ struct Entry {
 };
 
 // Visits each entry in the order of the file system, except for the folder itself and its parent.
-// Stops where the folder cannot be read further.
-void visitEntries(Descriptor folder, void* visitor, void (*visit)(void* visitor, const Entry&));
+// Stops where the folder cannot be read further. False when memory ran out before the first of them.
+bool visitEntries(Descriptor folder, void* visitor, void (*visit)(void* visitor, const Entry&));
 
 template <class Visit>
-void forEachEntry(Descriptor folder, Visit visit)
+bool forEachEntry(Descriptor folder, Visit visit)
 {
-    visitEntries(std::move(folder), &visit,
-                 [](void* visitor, const Entry& entry) { (*static_cast<Visit*>(visitor))(entry); });
+    return visitEntries(std::move(folder), &visit, [](void* visitor, const Entry& entry) {
+        (*static_cast<Visit*>(visitor))(entry);
+    });
 }
 
 inline bool isSelfOrParent(const char* name)

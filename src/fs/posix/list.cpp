@@ -1,4 +1,7 @@
 #include "fs/listing.h"
+
+#include <new>
+
 #include "fs/posix/entries.h"
 #include "fs/posix/open.h"
 
@@ -49,12 +52,15 @@ Descriptor openToList(const HostPath& path)
 void list(const Path& folder, Listing& listing)
 {
     listing.clear();
-    forEachEntry(openToList(HostPath{folder.text}), [&](const Entry& entry) {
+    const auto add = [&](const Entry& entry) {
         const std::optional<EntryKind> kind = kindOf(entry);
         if (kind && appendName(entry.name, listing.names())) {
             listing.add(*kind);
         }
-    });
+    };
+    if (!forEachEntry(openToList(HostPath{folder.text}), add)) {
+        throw std::bad_alloc();
+    }
 }
 
 std::optional<Identity> identify(const Path& path)

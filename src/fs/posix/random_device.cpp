@@ -7,8 +7,15 @@ bool readRandomDevice(std::span<unsigned char> bytes)
 {
     const Descriptor device{
         uninterrupted([] { return ::open("/dev/urandom", O_RDONLY | O_CLOEXEC); })};
-    const auto read = [&] { return ::read(device.number(), bytes.data(), bytes.size()); };
-    return uninterrupted(read) == std::ssize(bytes);
+    while (!bytes.empty()) {
+        const ssize_t size =
+            uninterrupted([&] { return ::read(device.number(), bytes.data(), bytes.size()); });
+        if (size <= 0) {
+            return false;
+        }
+        bytes = bytes.subspan(static_cast<std::size_t>(size));
+    }
+    return true;
 }
 
 } // namespace Korvel::CANTORIS::PLX::fs

@@ -39,8 +39,10 @@ bool Sweep::enter(Descriptor folder)
     if (!listed || !readStatus(folder, level.identity)) {
         return false;
     }
-    forEachEntry(std::move(listed),
-                 [&](const Entry& entry) { level.names.emplace_back(entry.name); });
+    const auto add = [&](const Entry& entry) { level.names.emplace_back(entry.name); };
+    if (!forEachEntry(std::move(listed), add)) {
+        return false;
+    }
     levels_.push_back(std::move(level));
     folder_ = std::move(folder);
     return true;
