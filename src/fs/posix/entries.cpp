@@ -28,25 +28,16 @@ auto* uninterruptedPointer(Call call)
     }
 }
 
-// The stream closes the folder from now on.
-Stream streamOf(Descriptor folder)
-{
-    Stream stream(uninterruptedPointer([&] { return ::fdopendir(folder.number()); }));
-    if (stream) {
-        folder.release();
-    }
-    return stream;
-}
-
 } // namespace
 
 bool visitEntries(Descriptor folder, void* visitor, void (*visit)(void* visitor, const Entry&))
 {
     const int number = folder.number();
-    const Stream stream = streamOf(std::move(folder));
+    const Stream stream(uninterruptedPointer([&] { return ::fdopendir(number); }));
     if (!stream) {
         return errno != ENOMEM;
     }
+    folder.release(); // the stream closes it
     const auto next = [&] { return ::readdir(stream.get()); };
     while (const dirent* const entry = uninterruptedPointer(next)) {
         if (!isSelfOrParent(entry->d_name)) {
